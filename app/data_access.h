@@ -1,0 +1,40 @@
+// The helpers through which forms ask the database single questions, and the two that join a value into a
+// statement. Statements are text: text values between apostrophes, numbers bare; nothing is escaped.
+#pragma once
+
+#include "platform/dao/database.h"
+
+#include <QString>
+
+/// First field of the first row as text; "" when there is no row, the field is null or the statement fails (a
+/// box then tells the error).
+QString GetStr(const QString& sql);
+/// The same, silent on error.
+QString GetStrQuiet(const QString& sql);
+/// First field of the first row as a number; 0 when there is no row, the field is null or the statement
+/// fails.
+double GetVal(const QString& sql);
+
+/// The same questions put to a given database, for the computations, which know no session.
+QString GetStr(dao::Database& db, const QString& sql);
+QString GetStrQuiet(dao::Database& db, const QString& sql);
+double GetVal(dao::Database& db, const QString& sql);
+
+/// Hands the text back unchanged for every language flag.
+QString LangText(const QString& text);
+/// Rounds to one decimal by the number format "#0.0".
+double Round1(double value);
+/// Trims, replaces each apostrophe by ’, removes line breaks; stored back and returned.
+QString CleanText(QString& text);
+/// Turns a combo text (code, point, name) into the code, in the caller's variable too, and gives the F2 of
+/// that row of the table; "" if there is none.
+QString CodeToName(QString& text, const QString& table);
+QString CodeToName(dao::Database& db, QString& text, const QString& table);
+
+/// The trimmed text before its first point, or all of it: the code of a combo text.
+QString CodePart(const QString& comboText);
+
+/// A value between apostrophes, as it stands.
+inline QString Quoted(const QString& value) {
+    return u'\'' + value + u'\'';
+}

@@ -1,0 +1,23 @@
+// The session's globals, alive for the whole run: who works, what that operator may do, the one open
+// database. Forms read and write them directly; platform/ and the computations know none of them.
+#pragma once
+
+#include "platform/dao/database.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+
+extern QString NumFormat;                  ///< "#0.00", the format of amounts in the ledgers
+extern std::int16_t LangFlag;              ///< 0 English or unknown, 1 Simplified, 2 Traditional Chinese
+extern QString MsgTitle;                   ///< title of message boxes
+extern QString AppFolder;                  ///< the program's folder, always ending in a separator
+extern QString DbFile;                     ///< AppFolder + "tessik.dat"
+extern std::unique_ptr<dao::Database> Db;  ///< the one open database; empty after a backup or restore
+extern QString OperatorCode;               ///< "001" is the administrator, by its code alone
+extern QString OperatorName;
+extern bool EditInProgress;   ///< some record form is in add or edit state
+extern bool CanEditReleased;  ///< may edit a waybill that is already released
+extern bool CanSeeFigures;    ///< sees weights, cost and prices on the waybill
+extern bool CanEditLedger;    ///< may edit and delete ledger entries

@@ -1,0 +1,1 @@
+#include "platform/dao/database.h"

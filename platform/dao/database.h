@@ -1,0 +1,47 @@
+// The one door to the database file: statements are text in the system's own dialect, translated by tokens
+// for the engine underneath.
+//
+// Always holds: the first write opens a commit group; the end of the command closes it (sys::CloseCommand). A
+// group is never rolled back because a statement failed: what ran, stays. A full disk, an I/O error or a
+// failed commit loses the group, and the DatabaseError says so (GroupLost).
+#pragma once
+
+#include "platform/dao/recordset.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace dao {
+
+class Database {
+  public:
+    /// Opens an existing file; connect is ";PWD=..." or "". Raises DatabaseError with the engine's words for
+    /// a file that is missing, empty, damaged, read-only, locked, without the operator table, or of another
+    /// password. vfs names the engine's storage layer, for tests ("" is the engine's own).
+    static std::unique_ptr<Database> Open(const QString& path, const QString& connect,
+                                          const QString& vfs = {});
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    /// Runs an INSERT, UPDATE or DELETE. Raises DatabaseError.
+    void Execute(const QString& statement);
+    /// Runs a SELECT. A snapshot is a copy of the rows at that moment; a dynaset can be written to.
+    Recordset OpenRecordset(const QString& statement, RecordsetType type = RecordsetType::Snapshot);
+
+    /// Commits what is open. Raises DatabaseError (GroupLost) if it cannot be kept.
+    void CloseGroup();
+    bool InGroup() const;
+
+    /// Commits, checkpoints into one single file and lets go of it. Every later call raises.
+    void Close();
+
+    struct Impl;
+
+  private:
+    explicit Database(std::unique_ptr<Impl> impl);
+    std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace dao

@@ -1,0 +1,64 @@
+// Rows of a SELECT with a cursor, read by ordinal from 0 or by name (case-blind).
+//
+// A field reads as text: numbers in general text (5, not 5.0), booleans as 0 or -1, dates as stored.
+// Raises RuntimeError for a field that is not there (在此集合中找不到该项目) and for reading where no row is.
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <memory>
+
+namespace dao {
+
+/// Snapshot: a copy of the rows at that moment. Dynaset: can be written to with Edit, SetValue, Update.
+enum class RecordsetType { Dynaset = 2, Snapshot = 4 };
+
+struct RecordsetData;
+
+/// A field of the current row. Valid until the cursor moves.
+class Field {
+  public:
+    bool IsNull() const;
+    /// The value as text; "" for null.
+    QString Text() const;
+    /// The value as a number; a text by its leading number; 0 for null.
+    double Number() const;
+
+  private:
+    friend class Recordset;
+    Field(const RecordsetData* data, int column) : data_(data), column_(column) {}
+    const RecordsetData* data_;
+    int column_;
+};
+
+class Recordset {
+  public:
+    explicit Recordset(std::unique_ptr<RecordsetData> data);
+    Recordset(Recordset&&) noexcept;
+    Recordset& operator=(Recordset&&) noexcept;
+    ~Recordset();
+
+    bool Eof() const;
+    bool Bof() const;
+    void MoveFirst();
+    void MoveNext();
+    void MoveLast();
+    /// 0 for an empty set; the true number only after MoveLast, 1 before it.
+    int RecordCount() const;
+
+    int FieldCount() const;
+    Field Fields(int ordinal) const;
+    Field Fields(QStringView name) const;
+
+    void Edit();
+    void SetValue(QStringView name, double value);
+    void Update();
+
+    void Close();
+
+  private:
+    std::unique_ptr<RecordsetData> data_;
+};
+
+}  // namespace dao

@@ -1,0 +1,136 @@
+#include "platform/system/guard.h"
+
+#include "platform/errors.h"
+#include "platform/system/seams.h"
+
+#include <QCoreApplication>
+
+#include <map>
+#include <new>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace sys {
+namespace {
+
+std::optional<int> ended;
+
+class HookList {
+  public:
+    int Add(std::function<void()> hook) {
+        hooks_.emplace(++last_, std::move(hook));
+        return last_;
+    }
+    void Remove(int handle) { hooks_.erase(handle); }
+    void Run() const {
+        const auto copy = hooks_;  // a hook may remove itself
+        for (const auto& [handle, hook] : copy) hook();
+    }
+
+  private:
+    std::map<int, std::function<void()>> hooks_;
+    int last_ = 0;
+};
+
+HookList& CommandEnd() {
+    static HookList list;
+    return list;
+}
+
+HookList& ProgramEnd() {
+    static HookList list;
+    return list;
+}
+
+/// Shows what escaped and ends. Committing what was executed before may fail in its turn; the box then says
+/// so.
+[[noreturn]] void Report(QString text, const QString& statement, bool groupLost) {
+    if (!groupLost) {
+        try {
+            CloseCommand();
+        } catch (const DatabaseError& error) {
+            text += u"\r\r"_s + error.Text();
+            groupLost = true;
+        }
+    }
+    if (groupLost) text += u"\r\r本次操作已写入的内容未能保存，全部撤回。"_s;
+    BoxRequest request;
+    request.text = text + u"\r\r程序即将结束。"_s;
+    request.title = QCoreApplication::applicationName();
+    request.icon = BoxIcon::Critical;
+    request.detail = statement;
+    request.keepsGroup = true;  // it was closed or lost above
+    MsgBox(request);
+    EndProgram(1);
+}
+
+void ReportCurrent() {
+    try {
+        throw;
+    } catch (const DatabaseError& error) {
+        Report(error.Text(), error.Statement(), error.GroupLost());
+    } catch (const PlatformError& error) {
+        Report(error.Text(), QString(), false);
+    } catch (const std::bad_alloc&) {
+        Report(u"内存溢出"_s, QString(), false);
+    } catch (const std::exception& error) {
+        Report(QString::fromUtf8(error.what()), QString(), false);
+    }
+}
+
+}  // namespace
+
+void Guarded(const std::function<void()>& body) {
+    if (ended) return;
+    try {
+        try {
+            body();
+            CloseCommand();
+        } catch (const ProgramEnded&) {
+            throw;
+        } catch (...) {
+            ReportCurrent();
+        }
+    } catch (const ProgramEnded& end) {
+        if (!ended) ended = end.status;
+    }
+}
+
+bool HasEnded() {
+    return ended.has_value();
+}
+
+void ThrowIfEnded() {
+    if (ended) throw ProgramEnded{*ended};
+}
+
+void ForgetEnd() {
+    ended.reset();
+}
+
+int AddCommandEndHook(std::function<void()> hook) {
+    return CommandEnd().Add(std::move(hook));
+}
+
+void RemoveCommandEndHook(int handle) {
+    CommandEnd().Remove(handle);
+}
+
+void CloseCommand() {
+    CommandEnd().Run();
+}
+
+int AddProgramEndHook(std::function<void()> hook) {
+    return ProgramEnd().Add(std::move(hook));
+}
+
+void RemoveProgramEndHook(int handle) {
+    ProgramEnd().Remove(handle);
+}
+
+void RunProgramEndHooks() {
+    ProgramEnd().Run();
+}
+
+}  // namespace sys

@@ -1,0 +1,59 @@
+// Every event enters the program's own code through one guard, because an exception must not travel through
+// the toolkit. What escapes an event is the platform's default error report: the error's text and the failing
+// statement, and then the program ends with status 1. What was executed before stays executed.
+//
+// Always holds: when a guarded event ends, at any depth, what it wrote is committed.
+#pragma once
+
+#include <functional>
+#include <utility>
+
+namespace sys {
+
+/// Thrown in tests in place of the process's end; the guard records it.
+struct ProgramEnded {
+    int status;
+};
+
+/// Runs one event. Does nothing any more once the program has ended (which only a test outlives).
+void Guarded(const std::function<void()>& body);
+
+/// True once a ProgramEnded was recorded.
+bool HasEnded();
+/// For the places that wait or call back (boxes, modal forms, a row assignment): nothing after an end may
+/// run.
+void ThrowIfEnded();
+/// For tests: forget the recorded end.
+void ForgetEnd();
+
+/// Called at the end of every guarded event and before a box or a modal form waits. Returns a handle for
+/// removal.
+int AddCommandEndHook(std::function<void()> hook);
+void RemoveCommandEndHook(int handle);
+/// Runs the hooks: commits what the command has written so far.
+void CloseCommand();
+
+/// Called by EndProgram after CloseCommand, to leave one whole file behind.
+int AddProgramEndHook(std::function<void()> hook);
+void RemoveProgramEndHook(int handle);
+void RunProgramEndHooks();
+
+/// An event of a control: a form assigns a function, the control fires it through the guard.
+template <class... Args>
+class Event {
+  public:
+    template <class F>
+    Event& operator=(F handler) {
+        handler_ = std::move(handler);
+        return *this;
+    }
+    explicit operator bool() const { return static_cast<bool>(handler_); }
+    void operator()(Args... args) const {
+        if (handler_) Guarded([&] { handler_(args...); });
+    }
+
+  private:
+    std::function<void(Args...)> handler_;
+};
+
+}  // namespace sys

@@ -1,0 +1,126 @@
+#include "platform/system/seams.h"
+
+#include "platform/errors.h"
+#include "platform/system/guard.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+#include <QProcess>
+#include <QSaveFile>
+#include <QSettings>
+
+#include <cstdio>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace sys {
+namespace {
+
+/// The per-user settings store: application "Mirelsoft", section "Express".
+QSettings UserSettings() {
+    return QSettings(QSettings::IniFormat, QSettings::UserScope, u"Mirelsoft"_s, u"Express"_s);
+}
+
+/// Whole-file copy that never leaves half a target: the bytes go to a file beside it, which then takes its
+/// place.
+bool CopyWhole(const QString& from, const QString& to) {
+    QFile source(from);
+    QSaveFile target(to);
+    if (!source.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly)) return false;
+    while (!source.atEnd()) {
+        const QByteArray block = source.read(1 << 20);
+        if (block.isEmpty() || target.write(block) != block.size()) return false;
+    }
+    return source.error() == QFileDevice::NoError && target.commit();
+}
+
+bool StartDetached(const QString& path) {
+    return QProcess::startDetached(path, {}, QFileInfo(path).absolutePath());
+}
+
+[[noreturn]] void LeaveProcess(int status) {
+    std::fflush(nullptr);
+    ::_exit(status);
+}
+
+Seams Real() {
+    Seams real;
+    real.now = [] { return QDateTime::currentDateTime(); };
+    real.localeName = [] { return QLocale::system().name(); };
+    real.startProgram = StartDetached;
+    real.openAddress = [](const QString&) {};
+    real.switchInputMethod = [] {};
+    real.readSetting = [](const QString& entry) { return UserSettings().value(entry).toString(); };
+    real.writeSetting = [](const QString& entry, const QString& value) {
+        UserSettings().setValue(entry, value);
+    };
+    real.copyFile = CopyWhole;
+    real.leave = LeaveProcess;
+    // Without a screen a box is a line on the error output, and the safe answer is taken.
+    real.showBox = [](const BoxRequest& request) {
+        std::fprintf(stderr, "%s\n", qUtf8Printable(request.text + u"\n"_s + request.detail));
+        return request.buttons == BoxButtons::Ok ? BoxAnswer::Ok : BoxAnswer::No;
+    };
+    real.askFile = [](const FileRequest&) { return QString(); };
+    return real;
+}
+
+}  // namespace
+
+Seams& seams() {
+    static Seams inUse = Real();
+    return inUse;
+}
+
+BoxAnswer MsgBox(const BoxRequest& request) {
+    if (!request.keepsGroup) CloseCommand();
+    const BoxAnswer answer = seams().showBox(request);
+    ThrowIfEnded();
+    return answer;
+}
+
+void Inform(const QString& text, const QString& title) {
+    MsgBox({.text = text, .title = title});
+}
+
+void Warn(const QString& text, const QString& title) {
+    MsgBox({.text = text, .title = title, .icon = BoxIcon::Warning});
+}
+
+bool Ask(const QString& text, const QString& title) {
+    return MsgBox({.text = text,
+                   .title = title,
+                   .icon = BoxIcon::Question,
+                   .buttons = BoxButtons::YesNo,
+                   .defaultButton = BoxAnswer::Yes}) == BoxAnswer::Yes;
+}
+
+QString AskFile(const FileRequest& request) {
+    CloseCommand();
+    const QString path = seams().askFile(request);
+    ThrowIfEnded();
+    return path;
+}
+
+QDateTime Now() {
+    return seams().now();
+}
+
+QDate Today() {
+    return Now().date();
+}
+
+void EndProgram(int status) {
+    try {
+        CloseCommand();
+        RunProgramEndHooks();
+    } catch (const PlatformError& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+    }
+    seams().leave(status);
+    ::_exit(status);  // a seam that returned would break the promise
+}
+
+}  // namespace sys

@@ -1,0 +1,197 @@
+#include "platform/text/numbers.h"
+
+#include "platform/errors.h"
+
+#include <QByteArray>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace text {
+namespace {
+
+bool IsDigit(QChar c) {
+    return c >= u'0' && c <= u'9';
+}
+
+[[noreturn]] void Overflow() {
+    throw RuntimeError(u"溢出"_s);
+}
+
+/// A number as its significant digits and the decimal exponent of the first one: 12.5 is "125", 1.
+struct Decimal {
+    bool negative = false;
+    QByteArray digits;
+    int exponent = 0;
+};
+
+Decimal ToDecimal(double value, int precision) {
+    if (!std::isfinite(value)) Overflow();
+    char buffer[40];
+    std::snprintf(buffer, sizeof buffer, "%.*e", precision - 1, value);
+    const QByteArray shown(buffer);
+    const qsizetype e = shown.indexOf('e');
+    Decimal decimal;
+    decimal.negative = shown.startsWith('-');
+    decimal.exponent = shown.mid(e + 1).toInt();
+    decimal.digits = shown.left(e).replace("-", "").replace(".", "");
+    while (decimal.digits.size() > 1 && decimal.digits.endsWith('0')) decimal.digits.chop(1);
+    if (decimal.digits == "0") decimal = Decimal{false, "0", 0};
+    return decimal;
+}
+
+/// The digits with a point behind the one whose exponent is 0, zeros filled in on either side.
+QByteArray Plain(const Decimal& decimal) {
+    QByteArray digits = decimal.digits;
+    int whole = decimal.exponent + 1;  // digits before the point
+    if (whole <= 0) {
+        digits.prepend(QByteArray(1 - whole, '0'));
+        whole = 1;
+    }
+    if (whole >= digits.size()) return digits + QByteArray(whole - digits.size(), '0');
+    return digits.left(whole) + '.' + digits.mid(whole);
+}
+
+QString General(double value, int precision) {
+    const Decimal decimal = ToDecimal(value, precision);
+    const int behindPoint = static_cast<int>(decimal.digits.size()) - 1 - decimal.exponent;
+    QByteArray shown;
+    if (decimal.exponent < precision && behindPoint <= precision) {
+        shown = Plain(decimal);
+    } else {
+        shown = decimal.digits.left(1);
+        if (decimal.digits.size() > 1) shown += '.' + decimal.digits.mid(1);
+        const int exponent = std::abs(decimal.exponent);
+        shown += decimal.exponent < 0 ? "E-" : "E+";
+        shown += QByteArray::number(exponent).rightJustified(2, '0');
+    }
+    if (decimal.negative) shown.prepend('-');
+    return QString::fromLatin1(shown);
+}
+
+template <class Whole>
+Whole RoundTo(double value) {
+    const double rounded = std::nearbyint(value);  // the default rounding mode is half to even
+    if (!(rounded >= std::numeric_limits<Whole>::min() && rounded <= std::numeric_limits<Whole>::max()))
+        Overflow();
+    return static_cast<Whole>(rounded);
+}
+
+}  // namespace
+
+QString Trim(QStringView value) {
+    while (value.startsWith(u' ')) value = value.mid(1);
+    while (value.endsWith(u' ')) value.chop(1);
+    return value.toString();
+}
+
+double Val(QStringView value) {
+    qsizetype i = 0;
+    QByteArray number;
+    const auto at = [&](qsizetype k) { return k < value.size() ? value[k] : QChar(); };
+    const auto digits = [&] {
+        while (IsDigit(at(i))) number += value[i++].toLatin1();
+    };
+    while (at(i) == u' ') ++i;
+    const bool negative = at(i) == u'-';
+    if (at(i) == u'-' || at(i) == u'+') ++i;
+    digits();
+    if (at(i) == u'.') {
+        number += '.';
+        ++i;
+        digits();
+    }
+    if (number.isEmpty() || number == ".") return 0;
+    if (at(i) == u'e' || at(i) == u'E') {
+        const bool sign = at(i + 1) == u'-' || at(i + 1) == u'+';
+        if (IsDigit(at(i + (sign ? 2 : 1)))) {
+            number += 'e';
+            if (at(i + 1) == u'-') number += '-';
+            i += sign ? 2 : 1;
+            digits();
+        }
+    }
+    double result = 0;
+    const auto [end, error] = std::from_chars(number.constData(), number.constData() + number.size(), result);
+    if (error == std::errc::result_out_of_range) {
+        // Both ends of the range answer alike: what is too small to hold is nothing, what is too large fails.
+        result = number.contains("e-") || number.startsWith('0') || number.startsWith('.') ? 0 : HUGE_VAL;
+    }
+    if (!std::isfinite(result)) Overflow();
+    return negative ? -result : result;
+}
+
+QString GeneralText(double value) {
+    return General(value, 15);
+}
+
+QString GeneralText(float value) {
+    return General(static_cast<double>(value), 7);
+}
+
+QString GeneralText(int value) {
+    return QString::number(value);
+}
+
+QString FormatFixed(double value, int decimals) {
+    Decimal decimal = ToDecimal(value, 15);
+    // Number of digits that stay; the next one decides.
+    const int kept = decimal.exponent + 1 + decimals;
+    if (kept < 0) {
+        decimal.digits = "0";
+        decimal.exponent = 0;
+    } else if (kept < decimal.digits.size()) {
+        const bool up = decimal.digits[kept] >= '5';
+        decimal.digits.truncate(kept);
+        decimal.digits.prepend('0');  // room for a carry
+        ++decimal.exponent;
+        if (up) {
+            qsizetype i = decimal.digits.size() - 1;
+            while (decimal.digits[i] == '9') decimal.digits[i--] = '0';
+            ++decimal.digits[i];
+        }
+        while (decimal.digits.size() > 1 && decimal.digits.startsWith('0')) {
+            decimal.digits.remove(0, 1);
+            --decimal.exponent;
+        }
+    }
+    QByteArray shown = Plain(decimal);
+    const qsizetype point = shown.indexOf('.');
+    const qsizetype have = point < 0 ? 0 : shown.size() - point - 1;
+    if (point < 0 && decimals > 0) shown += '.';
+    if (have < decimals) shown += QByteArray(decimals - have, '0');
+    const bool zero = std::all_of(shown.begin(), shown.end(), [](char c) { return c == '0' || c == '.'; });
+    if (decimal.negative && !zero) shown.prepend('-');
+    return QString::fromLatin1(shown);
+}
+
+std::int16_t ToInteger16(double value) {
+    return RoundTo<std::int16_t>(value);
+}
+
+std::int32_t ToInteger32(double value) {
+    return RoundTo<std::int32_t>(value);
+}
+
+bool IsPlainNumber(QStringView value) {
+    const QString trimmed = Trim(value);
+    qsizetype i = trimmed.startsWith(u'-') || trimmed.startsWith(u'+') ? 1 : 0;
+    int digits = 0;
+    int points = 0;
+    for (; i < trimmed.size(); ++i) {
+        if (IsDigit(trimmed[i]))
+            ++digits;
+        else if (trimmed[i] == u'.')
+            ++points;
+        else
+            return false;
+    }
+    return digits > 0 && points <= 1;
+}
+
+}  // namespace text
