@@ -1,0 +1,174 @@
+// The boxes of a card: text box, combo, date picker, check box. What a form sees of them is the same: a text,
+// a locked and an enabled state, and the events of the focus and the keys.
+//
+// Always holds: GotFocus and LostFocus come from the focus tracker alone (focus_tracker.h), after the focus
+// has settled and only when the control really changed; every event enters the form through the guard.
+#pragma once
+
+#include "platform/system/guard.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QString>
+
+namespace controls {
+
+/// What the focus tracker tells; every control that takes the focus has these two.
+class FocusEvents {
+  public:
+    virtual ~FocusEvents() = default;
+    sys::Event<> GotFocus;
+    sys::Event<> LostFocus;
+};
+
+/// A key before the control itself sees it. A form that sets `taken` keeps it from the control.
+struct KeyPress {
+    int key = 0;  ///< Qt::Key
+    Qt::KeyboardModifiers modifiers;
+    QString text;  ///< the character; a form may replace it (upper-casing)
+    bool taken = false;
+};
+
+/// A text box of one or several rows. MaxLength counts characters; a pasted tab becomes a blank.
+class TextBox : public FocusEvents {
+  public:
+    virtual QWidget* Widget() = 0;
+    virtual QString Text() const = 0;
+    virtual void SetText(const QString& text) = 0;  ///< by program; fires Change when the text differs
+    virtual bool Locked() const = 0;
+    virtual void SetLocked(bool locked) = 0;  ///< read-only and still focusable
+    virtual void SetMaxLength(int characters) = 0;
+    virtual void SetMasked(bool masked) = 0;  ///< the password character "*"
+    void SetEnabled(bool enabled) { Widget()->setEnabled(enabled); }
+    void SetFocus() { Widget()->setFocus(Qt::OtherFocusReason); }
+
+    sys::Event<> Change;
+    sys::Event<KeyPress&> KeyPressed;
+};
+
+/// One row.
+class LineBox : public QLineEdit, public TextBox {
+    Q_OBJECT
+  public:
+    explicit LineBox(QWidget* parent = nullptr);
+    QWidget* Widget() override { return this; }
+    QString Text() const override { return text(); }
+    void SetText(const QString& text) override;
+    bool Locked() const override { return isReadOnly(); }
+    void SetLocked(bool locked) override;
+    void SetMaxLength(int characters) override { setMaxLength(characters); }
+    void SetMasked(bool masked) override;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+};
+
+/// Several rows, wrapped. Enter and Tab move on and insert nothing; there are no line breaks in it unless
+/// pasted.
+class RowsBox : public QPlainTextEdit, public TextBox {
+    Q_OBJECT
+  public:
+    explicit RowsBox(int rows, QWidget* parent = nullptr);
+    QWidget* Widget() override { return this; }
+    QString Text() const override { return toPlainText(); }
+    void SetText(const QString& text) override;
+    bool Locked() const override { return isReadOnly(); }
+    void SetLocked(bool locked) override;
+    void SetMaxLength(int characters) override { maxLength_ = characters; }
+    void SetMasked(bool masked) override;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void insertFromMimeData(const QMimeData* source) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+  private:
+    int maxLength_ = 32767;
+    QString last_;
+};
+
+/// A combo that can be typed into: no completion, no insertion of typed text, no wheel. Filling selects
+/// nothing.
+class ComboBox : public QComboBox, public FocusEvents {
+    Q_OBJECT
+  public:
+    explicit ComboBox(QWidget* parent = nullptr);
+    QString Text() const { return currentText(); }
+    void SetText(const QString& text);
+    /// The items and the text.
+    void Clear();
+    void AddItem(const QString& item);
+    int ListCount() const { return count(); }
+    QString List(int index) const { return itemText(index); }
+    /// The item equal to the text, or -1.
+    int ListIndex() const;
+    /// Chooses an item, -1 none; fires Click even when unchanged.
+    void SetListIndex(int index);
+    void SetFocus() { setFocus(Qt::OtherFocusReason); }
+
+    sys::Event<> Click;   ///< an item was chosen, by the operator or by SetListIndex
+    sys::Event<> Change;  ///< the text was typed into
+    sys::Event<KeyPress&> KeyPressed;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+};
+
+/// A date box with a calendar, yyyy-MM-dd; one stop for Tab.
+class DTPicker : public QDateEdit, public FocusEvents {
+    Q_OBJECT
+  public:
+    explicit DTPicker(QWidget* parent = nullptr);
+    QDate Value() const { return date(); }
+    void SetValue(QDate value) { setDate(value); }
+    void SetFocus() { setFocus(Qt::OtherFocusReason); }
+
+    sys::Event<> Change;
+    sys::Event<KeyPress&> KeyPressed;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+};
+
+class CheckBox : public QCheckBox, public FocusEvents {
+    Q_OBJECT
+  public:
+    explicit CheckBox(const QString& caption, QWidget* parent = nullptr);
+    /// 0 or 1. Setting it by program fires nothing.
+    int Value() const { return isChecked() ? 1 : 0; }
+    void SetValue(int value) { setChecked(value != 0); }
+    void SetFocus() { setFocus(Qt::OtherFocusReason); }
+
+    sys::Event<> Click;  ///< the operator's own click, after the mark has changed
+    sys::Event<KeyPress&> KeyPressed;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};
+
+/// Never an auto-default button; Enter on a focused button presses it.
+class Button : public QPushButton, public FocusEvents {
+    Q_OBJECT
+  public:
+    explicit Button(const QString& caption, QWidget* parent = nullptr);
+    sys::Event<> Click;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};
+
+/// The caption of a box: muted, right-aligned, buddy and accessible name of it. Its text is the Lab's
+/// Caption.
+QLabel* MakeCaption(const QString& caption, QWidget* box, QWidget* parent);
+
+}  // namespace controls

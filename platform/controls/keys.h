@@ -1,0 +1,23 @@
+// Keystrokes that the program sends itself, and commands that hang on a menu bar.
+#pragma once
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QString>
+
+#include <functional>
+
+namespace controls {
+
+/// Sends "{TAB}" to whatever has the focus, after the handler that asked for it. Other keys are not sent.
+void SendKeys(const QString& keys);
+
+/// A command: objectName is its name in the system, the caption with its "&" key; the handler is entered
+/// through the guard.
+QAction* AddCommand(QMenuBar* bar, const QString& name, const QString& caption,
+                    std::function<void()> handler);
+QAction* AddCommand(QMenu* menu, const QString& name, const QString& caption, std::function<void()> handler);
+QMenu* AddMenu(QMenuBar* bar, const QString& name, const QString& caption);
+
+}  // namespace controls

@@ -1,0 +1,24 @@
+// The strip of tabs over a form. Items count from 1.
+#pragma once
+
+#include "platform/controls/box.h"
+
+#include <QTabBar>
+
+namespace controls {
+
+class TabStrip : public QTabBar, public FocusEvents {
+    Q_OBJECT
+  public:
+    explicit TabStrip(const QStringList& captions, QWidget* parent = nullptr);
+    int SelectedItem() const { return currentIndex() + 1; }
+    /// Selects a tab; fires Click when it was not selected before.
+    void SelectItem(int item);
+    /// Whether Tab stops here.
+    void SetTabStop(bool stop) { setFocusPolicy(stop ? Qt::TabFocus : Qt::ClickFocus); }
+    void SetFocus() { setFocus(Qt::OtherFocusReason); }
+
+    sys::Event<> Click;  ///< another tab was selected, by the operator or by SelectItem
+};
+
+}  // namespace controls
