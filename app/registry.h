@@ -1,0 +1,20 @@
+// The forms that the main window can open, by the names that the menu table uses. The composition root fills
+// it, so that the main window includes no form of the rooms above it.
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+#include <map>
+#include <memory>
+
+class ChildForm;
+
+struct Registry {
+    std::map<QString, std::function<std::unique_ptr<ChildForm>()>> children;
+    /// Shows the form modally over the given window and returns when it has gone.
+    std::map<QString, std::function<void(QWidget* over)>> modals;
+    /// Menu commands that are no form (the backup).
+    std::map<QString, std::function<void()>> commands;
+};
