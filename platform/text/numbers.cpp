@@ -178,6 +178,11 @@ std::int32_t ToInteger32(double value) {
     return RoundTo<std::int32_t>(value);
 }
 
+float ToSingle(double value) {
+    if (!(std::abs(value) <= std::numeric_limits<float>::max())) Overflow();
+    return static_cast<float>(value);
+}
+
 bool IsPlainNumber(QStringView value) {
     const QString trimmed = Trim(value);
     qsizetype i = trimmed.startsWith(u'-') || trimmed.startsWith(u'+') ? 1 : 0;

@@ -30,6 +30,8 @@ QString FormatFixed(double value, int decimals);
 /// Whole number by rounding half to even. Raises RuntimeError where the result does not fit.
 std::int16_t ToInteger16(double value);
 std::int32_t ToInteger32(double value);
+/// The nearest single. Raises RuntimeError where none is large enough.
+float ToSingle(double value);
 
 /// True if the trimmed text is a plain decimal number: a sign, digits, at most one point, at least one digit.
 bool IsPlainNumber(QStringView value);
