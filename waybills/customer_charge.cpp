@@ -1,0 +1,136 @@
+#include "waybills/customer_charge.h"
+
+#include "app/data_access.h"
+#include "platform/text/numbers.h"
+
+#include <cmath>
+#include <cstdint>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace waybills {
+namespace {
+
+/// Which price applies. The numbers are positions: the price of bracket b is field b+2 of the quote, and from
+/// FirstHeavy on the lower bound of bracket b is field b of the standard.
+namespace bracket {
+constexpr std::int16_t DocumentFirst = 0;
+constexpr std::int16_t DocumentContinued = 1;
+constexpr std::int16_t ParcelFirst = 2;
+constexpr std::int16_t ParcelContinued = 3;
+constexpr std::int16_t FirstHeavy = 4;
+constexpr std::int16_t LastHeavy = 18;
+}  // namespace bracket
+
+constexpr double WeightIfNull = 0.5;
+
+/// What the pricing standard says about one weight.
+struct Bracket {
+    std::int16_t index;     ///< `BracketIndex`
+    std::int16_t fallback;  ///< where a heavy segment without a price falls back to
+    float firstWeight;      ///< `FirstWeight`, kg; single precision decides the count of steps
+    float stepWeight;       ///< `StepWeight`, kg, never 0
+};
+
+Computed Refuse(const QString& text, const QString& title = u"提示"_s,
+                sys::BoxIcon icon = sys::BoxIcon::Information,
+                Computed::Kind kind = Computed::Kind::Refused) {
+    return {.kind = kind, .box = {.text = text, .title = title, .icon = icon}};
+}
+
+Computed RefuseForStandard() {
+    return Refuse(u"本公司报价标准设定数据丢失！请重新设置！"_s, u"意外错误"_s, sys::BoxIcon::Warning,
+                  Computed::Kind::StandardMissing);
+}
+
+/// What the card itself lacks, before anything is asked of the database.
+std::optional<Computed> CheckCard(const ChargeInput& input, double weight) {
+    if (text::Trim(input.customer).isEmpty())
+        return Refuse(u"未输入发件客户，系统无法根据报价计算发件费用！"_s);
+    if (text::Trim(input.zone).isEmpty())
+        return Refuse(u"未输入目的区域，系统无法根据区域的价格计算发件费用！"_s);
+    if (!(weight > 0)) return Refuse(u"未输入收货重量，系统无法计算发件费用！"_s);
+    if (!input.serviceType.startsWith(u'D') && !input.serviceType.startsWith(u'S'))
+        return Refuse(u"未输入服务类型，无法计算发件费用！"_s);
+    return std::nullopt;
+}
+
+float SingleOr(const dao::Field& field, double ifNull) {
+    return text::ToSingle(field.IsNull() ? ifNull : field.Number());
+}
+
+Bracket ChooseBracket(const dao::Recordset& standard, double weight, bool document) {
+    Bracket chosen{};
+    // A weight exactly on the first weight stays within it.
+    if (document) {
+        const bool within = !(weight > standard.Fields(0).Number());
+        chosen.index = within ? bracket::DocumentFirst : bracket::DocumentContinued;
+        chosen.fallback = bracket::DocumentContinued;
+    } else {
+        const bool within = !(weight > standard.Fields(2).Number());
+        chosen.index = within ? bracket::ParcelFirst : bracket::ParcelContinued;
+        chosen.fallback = bracket::ParcelContinued;
+    }
+
+    // Half the index, so a parcel reads the document's step as its first weight and its own first weight as
+    // its step, unlike the comparison above. Charges have always been computed so.
+    const int k = chosen.index / 2;
+    chosen.firstWeight = SingleOr(standard.Fields(k), WeightIfNull);
+    chosen.stepWeight = SingleOr(standard.Fields(k + 1), WeightIfNull);
+    if (chosen.stepWeight == 0) chosen.stepWeight = text::ToSingle(WeightIfNull);
+
+    // The last bound that the weight reaches wins, for documents too; an empty bound is reached by every
+    // weight.
+    for (std::int16_t i = bracket::FirstHeavy; i <= bracket::LastHeavy; ++i)
+        if (standard.Fields(i).Number() <= weight) chosen.index = i;
+    return chosen;
+}
+
+/// Continuation steps, always rounded up: the floor of the negated quotient, without its sign.
+double CountSteps(const Bracket& chosen, double weight) {
+    const double over = weight - static_cast<double>(chosen.firstWeight);
+    return std::abs(std::floor(-over / static_cast<double>(chosen.stepWeight)));
+}
+
+QString ApplyBracket(const dao::Recordset& quote, const Bracket& chosen, double weight) {
+    const auto price = [&](int position) { return quote.Fields(position).Number(); };
+    std::int16_t index = chosen.index;
+    if (index >= bracket::FirstHeavy) {
+        const QString amount = text::GeneralText(price(index + 2) * weight);
+        if (text::Val(amount) != 0) return amount;
+        // The customer has no price for that segment.
+        index = chosen.fallback;
+    }
+    if (index == bracket::DocumentFirst || index == bracket::ParcelFirst)
+        return text::GeneralText(price(index + 2));
+    return text::GeneralText(CountSteps(chosen, weight) * price(index + 2) + price(index + 1));
+}
+
+}  // namespace
+
+Computed ComputeCustomerCharge(dao::Database& db, const ChargeInput& input) {
+    const double weight = text::Val(input.weight);
+    if (auto refusal = CheckCard(input, weight)) return *refusal;
+
+    auto standard = db.OpenRecordset(
+        u"select F1,F2,F3,F4,F5,F6,F7,F8,F9,F10,F11,F12,F13,F14,F15,F16,F17,F18,F19,P888 from MS1"_s);
+    if (standard.Eof()) return RefuseForStandard();
+    const Bracket chosen = ChooseBracket(standard, weight, input.serviceType.startsWith(u'D'));
+    standard.Close();
+
+    auto quote = db.OpenRecordset(u"select * FROM M031 WHERE F0="_s + Quoted(CodePart(input.customer)) +
+                                  u" and F1="_s + Quoted(CodePart(input.zone)));
+    if (quote.Eof()) return Refuse(u"指定的发件客户编码无效，或是指定的区域编码无效！\r无法计算发件费用"_s);
+    Computed charge{.kind = Computed::Kind::Amount, .amount = ApplyBracket(quote, chosen, weight)};
+    quote.Close();
+    return charge;
+}
+
+QString ChargeTotal(const QString& additional, const QString& basic, const QString& fuelFactor,
+                    const QString& otherFees) {
+    const double charged = (text::Val(additional) + text::Val(basic)) * text::Val(fuelFactor);
+    return text::FormatFixed(charged + text::Val(otherFees), 2);
+}
+
+}  // namespace waybills

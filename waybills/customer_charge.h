@@ -1,0 +1,31 @@
+// The customer charge: what a consignment costs the customer by the received weight, the pricing standard and
+// the customer's quote for the destination zone; and the total over the boxes of the card. Weights are in kg,
+// amounts in yuan. Nothing is written to the database and no box is shown here.
+#pragma once
+
+#include "platform/dao/database.h"
+#include "waybills/computed.h"
+
+#include <QString>
+
+namespace waybills {
+
+/// The card's boxes as they stand.
+struct ChargeInput {
+    QString customer;     ///< `Cmb(31)`: code, point, name
+    QString zone;         ///< `Cmb(6)`: code, point, name
+    QString weight;       ///< `Txt(21)`: received weight, read by its leading number
+    QString serviceType;  ///< `Cmb(17)`: its first character, D document or S parcel
+};
+
+/// The text for `Txt(26)`, in general number text, not rounded. Raises DatabaseError for a text that breaks
+/// its statement and RuntimeError on overflow.
+Computed ComputeCustomerCharge(dao::Database& db, const ChargeInput& input);
+
+/// The text for `Txt(28)`, "#0.00": (additional + basic) times the fuel factor, plus the other fees. An empty
+/// factor counts as 0, so that the other fees alone remain; the channel's factor defaults to 1, this one does
+/// not. Takes the texts of `Txt(27)`, `Txt(26)`, `Txt(33)`, `Txt(43)`.
+QString ChargeTotal(const QString& additional, const QString& basic, const QString& fuelFactor,
+                    const QString& otherFees);
+
+}  // namespace waybills
