@@ -1,0 +1,132 @@
+#include "schema/data_files.h"
+
+#include "platform/errors.h"
+#include "schema/definition.h"
+#include "schema/engine.h"
+#include "schema/names.h"
+#include "schema_texts.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QLockFile>
+#include <QPainter>
+#include <QSaveFile>
+#include <QSvgRenderer>
+
+#include <filesystem>
+
+using namespace Qt::StringLiterals;
+
+namespace schema {
+namespace {
+
+constexpr QSize kPictureSize(1920, 1080);  // pixels
+
+bool IsThere(const QString& path) {
+    const QFileInfo info(path);
+    return info.exists() || info.isSymLink();
+}
+
+/// What a run that was killed may have left, too.
+void RemoveBegun(const QString& temporary) {
+    for (const QString& side : {u""_s, u"-journal"_s, u"-wal"_s, u"-shm"_s}) QFile::remove(temporary + side);
+}
+
+void Rename(const QString& from, const QString& to) {
+    std::error_code error;
+    std::filesystem::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData(), error);
+    if (error) {
+        throw RuntimeError(
+            u"无法把临时文件改名为“%1”：%2"_s.arg(to, QString::fromStdString(error.message())));
+    }
+}
+
+void WriteDatabase(const QString& path, const QString& company) {
+    const Engine engine = OpenEngine(path, kPassword);
+    sqlite3* db = engine.get();
+    Run(db, "pragma journal_mode = delete");
+    Run(db, "pragma synchronous = full");
+    CreateTables(db);
+    InsertFirstRows(db);
+    if (!company.isEmpty()) RunWithText(db, "update CompanyInfo set F1 = ?", company);
+}
+
+void WriteExportFile(const QString& path) {
+    const Engine engine = OpenEngine(path, {});
+    QByteArrayList columns;
+    for (int field = 1; field <= 30; ++field) columns += "F" + QByteArray::number(field) + " TEXT";
+    Run(engine.get(), "pragma synchronous = full");
+    Run(engine.get(), "create table mysheet (" + columns.join(", ") + ")");
+}
+
+void WritePicture(const QString& path) {
+    QSvgRenderer drawing{QByteArray(texts::kWallpaper)};
+    if (!drawing.isValid()) throw RuntimeError(u"背景图片的原图已损坏！"_s);
+    QImage picture(kPictureSize, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    drawing.render(&painter);
+    painter.end();
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || !picture.save(&file, "PNG") || !file.commit()) {
+        throw RuntimeError(u"无法写入“%1”：%2"_s.arg(path, file.errorString()));
+    }
+}
+
+}  // namespace
+
+void MakeWhole(const QString& path, const std::function<void(const QString& temporary)>& write) {
+    // Two runs at once would write into the same temporary file.
+    QLockFile lock(path + u".lock"_s);
+    if (!lock.tryLock()) {
+        throw RuntimeError(lock.error() == QLockFile::LockFailedError
+                               ? u"另一个程序正在生成“%1”，请稍后再试！"_s.arg(path)
+                               : u"无法在文件夹“%1”中写入！"_s.arg(QFileInfo(path).path()));
+    }
+    if (IsThere(path)) throw RuntimeError(u"文件“%1”已经存在，不能覆盖！"_s.arg(path));
+    const QString temporary = path + u".making"_s;
+    RemoveBegun(temporary);
+    try {
+        write(temporary);
+        Rename(temporary, path);
+    } catch (...) {
+        RemoveBegun(temporary);
+        throw;
+    }
+}
+
+void MakeDatabase(const QString& path, const QString& company) {
+    MakeWhole(path, [&](const QString& temporary) { WriteDatabase(temporary, company); });
+}
+
+void MakeExportFile(const QString& path) {
+    MakeWhole(path, WriteExportFile);
+}
+
+void MakePicture(const QString& path) {
+    MakeWhole(path, WritePicture);
+}
+
+QStringList MakeDataFiles(const QString& folder, const QString& company) {
+    if (!QFileInfo(folder).isDir()) throw RuntimeError(u"文件夹“%1”不存在！"_s.arg(folder));
+    const struct {
+        QStringView name;
+        std::function<void(const QString&)> make;
+    } files[] = {
+        {kDatabaseFile, [&](const QString& path) { MakeDatabase(path, company); }},
+        {kExportFile, MakeExportFile},
+        {kPictureFile, MakePicture},
+    };
+    QStringList made;
+    for (const auto& file : files) {
+        const QString path = QDir(folder).filePath(file.name.toString());
+        if (IsThere(path)) continue;
+        file.make(path);
+        made += file.name.toString();
+    }
+    return made;
+}
+
+}  // namespace schema

@@ -1,0 +1,27 @@
+#include "schema/definition.h"
+
+#include "schema/engine.h"
+#include "schema_texts.h"
+
+namespace schema {
+
+QByteArray TablesSql() {
+    return QByteArray(texts::kTables);
+}
+
+QByteArray FirstRowsSql() {
+    return QByteArray(texts::kFirstRows);
+}
+
+void CreateTables(sqlite3* db) {
+    InTransaction(db, [&] {
+        Run(db, TablesSql());
+        Run(db, "pragma user_version = " + QByteArray::number(kVersion));
+    });
+}
+
+void InsertFirstRows(sqlite3* db) {
+    InTransaction(db, [&] { Run(db, FirstRowsSql()); });
+}
+
+}  // namespace schema
