@@ -1,1 +1,78 @@
 #include "platform/dao/database.h"
+
+#include "platform/dao/connection.h"
+#include "platform/dao/recordset_data.h"
+#include "platform/system/guard.h"
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace dao {
+
+struct Database::Impl {
+    std::shared_ptr<Connection> connection;
+    int commandEnd = 0;
+    int programEnd = 0;
+
+    void Attach() {
+        Connection* const c = connection.get();
+        commandEnd = sys::AddCommandEndHook([c] { c->CloseGroup(); });
+        programEnd = sys::AddProgramEndHook([c] { c->Checkpoint(); });
+    }
+
+    void Close() {
+        sys::RemoveCommandEndHook(commandEnd);
+        sys::RemoveProgramEndHook(programEnd);
+        connection->Close();
+    }
+};
+
+std::unique_ptr<Database> Database::Open(const QString& path, const QString& connect, const QString& vfs) {
+    auto impl = std::make_unique<Impl>();
+    impl->connection = std::make_shared<Connection>(path, connect, vfs);
+    impl->Attach();
+    return std::unique_ptr<Database>(new Database(std::move(impl)));
+}
+
+Database::Database(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {
+}
+
+Database::~Database() {
+    try {
+        impl_->Close();
+    } catch (const DatabaseError& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+    }
+}
+
+void Database::Execute(const QString& statement) {
+    Connection& connection = *impl_->connection;
+    const dialect::Translation translation = connection.Translate(statement, false);
+    if (translation.verb == dialect::Verb::Select) throw DatabaseError(u"无法执行选择查询。"_s, statement);
+    const Prepared prepared(connection, connection.Prepare(translation.sql, statement));
+    connection.BeginGroup(statement);
+    const int code = sqlite3_step(prepared);
+    if (code != SQLITE_DONE) connection.Fail(code, statement);
+}
+
+Recordset Database::OpenRecordset(const QString& statement, RecordsetType type) {
+    const bool dynaset = type == RecordsetType::Dynaset;
+    const dialect::Translation translation = impl_->connection->Translate(statement, dynaset);
+    if (translation.verb != dialect::Verb::Select) throw DatabaseError(u"无效的操作。"_s, statement);
+    return Recordset(ReadRows(impl_->connection, translation, statement));
+}
+
+void Database::CloseGroup() {
+    impl_->connection->CloseGroup();
+}
+
+bool Database::InGroup() const {
+    return impl_->connection->InGroup();
+}
+
+void Database::Close() {
+    impl_->Close();
+}
+
+}  // namespace dao

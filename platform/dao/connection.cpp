@@ -1,0 +1,222 @@
+#include "platform/dao/connection.h"
+
+#include "platform/dao/engine_functions.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cctype>
+
+using namespace Qt::StringLiterals;
+
+namespace dao {
+namespace {
+
+constexpr int kBusyMilliseconds = 2000;
+
+QString EngineText(const char* words) {
+    return QString::fromUtf8(words);
+}
+
+/// The password in ";PWD=..."; "" if there is none.
+QByteArray PasswordIn(const QString& connect) {
+    for (const QString& part : connect.split(u';')) {
+        const qsizetype equals = part.indexOf(u'=');
+        if (equals > 0 && part.left(equals).trimmed().compare(u"PWD"_s, Qt::CaseInsensitive) == 0)
+            return part.mid(equals + 1).toUtf8();
+    }
+    return {};
+}
+
+bool Contains(const std::string& declared, std::string_view part) {
+    const auto same = [](char a, char b) { return std::toupper(static_cast<unsigned char>(a)) == b; };
+    return std::search(declared.begin(), declared.end(), part.begin(), part.end(), same) != declared.end();
+}
+
+dialect::ColumnKind KindOf(std::string_view table, std::string_view column, const std::string& declared) {
+    using dialect::ColumnKind;
+    // The sending date is kept as the text of its picker.
+    if (dialect::SameText(table, "B01") && dialect::SameText(column, "F101")) return ColumnKind::DateText;
+    if (Contains(declared, "DATE")) return ColumnKind::Date;
+    if (Contains(declared, "BOOL")) return ColumnKind::Boolean;
+    if (Contains(declared, "TEXT") || Contains(declared, "CHAR")) return ColumnKind::Text;
+    return ColumnKind::Number;
+}
+
+}  // namespace
+
+const dialect::Table* TableCache::Find(std::string_view name) const {
+    std::string key(name);
+    std::transform(key.begin(), key.end(), key.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    const auto known = known_.find(key);
+    if (known != known_.end()) return &known->second;
+
+    dialect::Table table;
+    const std::string sql = "pragma table_info(" + dialect::Quoted(key) + ")";
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(engine_, sql.c_str(), -1, &statement, nullptr) != SQLITE_OK) return nullptr;
+    const auto text = [&](int i) {
+        const auto* value = reinterpret_cast<const char*>(sqlite3_column_text(statement, i));
+        return std::string(value ? value : "");
+    };
+    while (sqlite3_step(statement) == SQLITE_ROW) {
+        std::string column = text(1);
+        const dialect::ColumnKind kind = KindOf(key, column, text(2));
+        table.columns.push_back({std::move(column), kind});
+    }
+    // A table that could not be read is asked for again; the statement itself will say what is wrong.
+    if (sqlite3_finalize(statement) != SQLITE_OK || table.columns.empty()) return nullptr;
+    return &known_.emplace(std::move(key), std::move(table)).first->second;
+}
+
+Connection::Connection(const QString& path, const QString& connect, const QString& vfs) {
+    try {
+        Open(path, connect, vfs);
+    } catch (...) {
+        LetGo();
+        throw;
+    }
+}
+
+Connection::~Connection() {
+    LetGo();
+}
+
+void Connection::Open(const QString& path, const QString& connect, const QString& vfs) {
+    const QByteArray vfsName = vfs.toUtf8();
+    const int code =
+        sqlite3_open_v2(path.toUtf8().constData(), &engine_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_PRIVATECACHE,
+                        vfs.isEmpty() ? nullptr : vfsName.constData());
+    if (code != SQLITE_OK) Fail(code, path);
+    sqlite3_extended_result_codes(engine_, 1);
+    sqlite3_busy_timeout(engine_, kBusyMilliseconds);
+    Unlock(path, connect);
+    Inspect(path, !PasswordIn(connect).isEmpty());
+    Run("pragma temp_store=memory", path);
+    Run("pragma cache_size=-65536", path);
+    Run("pragma foreign_keys=off", path);
+    Run("pragma journal_mode=wal", path);
+    Run("pragma synchronous=full", path);
+    if (const int registered = RegisterFunctions(engine_); registered != SQLITE_OK) Fail(registered, path);
+    tables_.SetEngine(engine_);
+}
+
+void Connection::Unlock(const QString& path, const QString& connect) {
+    const QByteArray password = PasswordIn(connect);
+    if (password.isEmpty()) return;
+    const int code = sqlite3_key(engine_, password.constData(), static_cast<int>(password.size()));
+    if (code != SQLITE_OK) Fail(code, path);
+    Run("pragma cipher_page_size=4096", path);
+    Run("pragma kdf_iter=64000", path);
+}
+
+/// Refuses what cannot be worked with. A wrong password shows only at the first read.
+void Connection::Inspect(const QString& path, bool withPassword) {
+    Run("select count(*) from sqlite_master", path);
+    if (QFileInfo(path).size() == 0) throw DatabaseError(EngineText(sqlite3_errstr(SQLITE_NOTADB)), path);
+    if (withPassword) Run("select 1 from TE1 limit 1", path);
+    if (sqlite3_db_readonly(engine_, "main") != 0)
+        throw DatabaseError(EngineText(sqlite3_errstr(SQLITE_READONLY)), path);
+    Run("begin immediate", path);
+    Run("rollback", path);
+}
+
+sqlite3* Connection::Engine(const QString& statement) const {
+    if (!engine_) throw DatabaseError(u"对象无效或不再被设置。"_s, statement);
+    if (lost_) throw DatabaseError(*lost_, statement, true);
+    return engine_;
+}
+
+dialect::Translation Connection::Translate(const QString& statement, bool forDynaset) const {
+    Engine(statement);
+    const QByteArray text = statement.toUtf8();
+    try {
+        return dialect::Translate(std::string_view(text.constData(), static_cast<size_t>(text.size())),
+                                  tables_, forDynaset);
+    } catch (const dialect::Refusal& refusal) {
+        throw DatabaseError(refusal.text, statement);
+    }
+}
+
+sqlite3_stmt* Connection::Prepare(const std::string& sql, const QString& statement) const {
+    sqlite3* engine = Engine(statement);
+    sqlite3_stmt* prepared = nullptr;
+    const int code =
+        sqlite3_prepare_v2(engine, sql.c_str(), static_cast<int>(sql.size()) + 1, &prepared, nullptr);
+    if (code != SQLITE_OK) const_cast<Connection*>(this)->Fail(code, statement);
+    return prepared;
+}
+
+void Connection::BeginGroup(const QString& statement) {
+    if (inGroup_) return;
+    Run("begin immediate", statement);
+    inGroup_ = true;
+}
+
+void Connection::CloseGroup() {
+    if (lost_) {
+        const QString words = *lost_;
+        lost_.reset();
+        throw DatabaseError(words, QString(), true);
+    }
+    if (!inGroup_) return;
+    const int code = sqlite3_exec(engine_, "commit", nullptr, nullptr, nullptr);
+    inGroup_ = false;
+    if (code == SQLITE_OK) return;
+    const QString words = EngineText(sqlite3_errmsg(engine_));
+    if (sqlite3_get_autocommit(engine_) == 0) sqlite3_exec(engine_, "rollback", nullptr, nullptr, nullptr);
+    throw DatabaseError(words, QString(), true);
+}
+
+void Connection::Fail(int code, const QString& statement) {
+    const QString words = EngineText(engine_ ? sqlite3_errmsg(engine_) : sqlite3_errstr(code));
+    if (inGroup_) {
+        const int kind = code & 0xff;
+        // Some errors take the engine's transaction with them; a full disk and an I/O error always take ours,
+        // since nobody can tell how much of the command would reach the file.
+        if (sqlite3_get_autocommit(engine_) == 0 && (kind == SQLITE_FULL || kind == SQLITE_IOERR))
+            sqlite3_exec(engine_, "rollback", nullptr, nullptr, nullptr);
+        if (sqlite3_get_autocommit(engine_) != 0) {
+            inGroup_ = false;
+            lost_ = words;
+        }
+    }
+    throw DatabaseError(words, statement, lost_.has_value());
+}
+
+void Connection::Run(const char* sql, const QString& statement) {
+    const int code = sqlite3_exec(engine_, sql, nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK) Fail(code, statement);
+}
+
+void Connection::Checkpoint() {
+    if (!engine_) return;
+    const int code =
+        sqlite3_wal_checkpoint_v2(engine_, nullptr, SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
+    if (code != SQLITE_OK) Fail(code, QString());
+}
+
+void Connection::Close() {
+    if (!engine_) return;
+    std::optional<DatabaseError> failure;
+    try {
+        CloseGroup();
+        Checkpoint();
+    } catch (const DatabaseError& error) {
+        failure = error;
+    }
+    LetGo();
+    if (failure) throw DatabaseError(*failure);
+}
+
+void Connection::LetGo() {
+    if (!engine_) return;
+    while (sqlite3_stmt* open = sqlite3_next_stmt(engine_, nullptr)) sqlite3_finalize(open);
+    sqlite3_close(engine_);
+    engine_ = nullptr;
+    inGroup_ = false;
+    lost_.reset();
+}
+
+}  // namespace dao

@@ -1,0 +1,42 @@
+// What the translations know of the tables: which columns hold dates, booleans, numbers or texts.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace dao::dialect {
+
+enum class ColumnKind {
+    Text,
+    Number,
+    Boolean,
+    Date,      ///< declared DATE: written as yyyy-MM-dd[ HH:mm:ss] or null
+    DateText,  ///< a text column that holds dates written by a picker, or ''
+};
+
+struct Column {
+    std::string name;
+    ColumnKind kind;
+};
+
+struct Table {
+    std::vector<Column> columns;
+
+    bool HasDates() const {
+        return std::any_of(columns.begin(), columns.end(),
+                           [](const Column& column) { return column.kind == ColumnKind::Date; });
+    }
+    /// Case-blind; null when there is no such column.
+    const Column* Find(std::string_view column) const;
+};
+
+class Tables {
+  public:
+    virtual ~Tables() = default;
+    /// Case-blind; null when there is no such table.
+    virtual const Table* Find(std::string_view table) const = 0;
+};
+
+}  // namespace dao::dialect

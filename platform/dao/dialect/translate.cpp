@@ -1,0 +1,22 @@
+#include "platform/dao/dialect/translate.h"
+
+#include "platform/dao/dialect/translations.h"
+
+namespace dao::dialect {
+
+Translation Translate(std::string_view text, const Tables& tables, bool forDynaset) {
+    Statement statement(text);
+    RefuseSelectInto(statement);
+    DoubleQuotesToText(statement);
+    TruthWords(statement);
+    DatediffToRange(statement, tables);
+    LikeToRange(statement, tables);
+    DatesInWrites(statement, tables);
+    OrderByRow(statement);
+    TopToLimit(statement);
+    std::string table;
+    if (forDynaset) table = AddRowNumber(statement);
+    return {statement.Kind(), statement.Render(), std::move(table)};
+}
+
+}  // namespace dao::dialect

@@ -1,0 +1,11 @@
+// Registers the dialect's own functions, datediff and like, with an open engine.
+#pragma once
+
+#include <sqlite3.h>
+
+namespace dao {
+
+/// Returns the engine's result code.
+int RegisterFunctions(sqlite3* engine);
+
+}  // namespace dao

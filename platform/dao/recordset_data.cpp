@@ -1,0 +1,158 @@
+#include "platform/dao/recordset_data.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace dao {
+namespace {
+
+/// Booleans read 0 or -1 whatever non-zero number is stored; they are known by their declaration.
+std::vector<bool> BooleanColumns(sqlite3_stmt* statement, int columns) {
+    std::vector<bool> boolean(static_cast<size_t>(columns));
+    for (int i = 0; i < columns; ++i) {
+        const char* declared = sqlite3_column_decltype(statement, i);
+        boolean[static_cast<size_t>(i)] = declared && dialect::SameText(declared, "BOOLEAN");
+    }
+    return boolean;
+}
+
+void AddCell(RecordsetData& data, sqlite3_stmt* statement, int i, bool boolean) {
+    switch (sqlite3_column_type(statement, i)) {
+        case SQLITE_NULL:
+            data.cells.emplace_back();
+            break;
+        case SQLITE_INTEGER: {
+            const std::int64_t value = sqlite3_column_int64(statement, i);
+            data.AddWhole(boolean ? (value == 0 ? 0 : -1) : value);
+            break;
+        }
+        case SQLITE_FLOAT: {
+            const double value = sqlite3_column_double(statement, i);
+            if (boolean)
+                data.AddWhole(value == 0 ? 0 : -1);
+            else
+                data.AddReal(value);
+            break;
+        }
+        default: {
+            const auto* text = static_cast<const char*>(sqlite3_column_blob(statement, i));
+            data.AddText({text ? text : "", static_cast<size_t>(sqlite3_column_bytes(statement, i))});
+        }
+    }
+}
+
+}  // namespace
+
+std::unique_ptr<RecordsetData> ReadRows(const std::shared_ptr<Connection>& connection,
+                                        const dialect::Translation& translation, const QString& statement) {
+    const Prepared prepared(*connection, connection->Prepare(translation.sql, statement));
+    auto data = std::make_unique<RecordsetData>();
+    const bool writable = !translation.table.empty();
+    const int columns = sqlite3_column_count(prepared) - (writable ? 1 : 0);
+    for (int i = 0; i < columns; ++i)
+        data->names.push_back(QString::fromUtf8(sqlite3_column_name(prepared, i)));
+    const std::vector<bool> boolean = BooleanColumns(prepared, columns);
+    int code = SQLITE_ROW;
+    while ((code = sqlite3_step(prepared)) == SQLITE_ROW) {
+        for (int i = 0; i < columns; ++i) AddCell(*data, prepared, i, boolean[static_cast<size_t>(i)]);
+        if (writable) data->rowNumbers.push_back(sqlite3_column_int64(prepared, columns));
+        ++data->rows;
+    }
+    if (code != SQLITE_DONE) connection->Fail(code, statement);
+    if (writable) data->writer = std::make_unique<RowWriter>(connection, translation.table, statement);
+    return data;
+}
+
+int RecordsetData::ColumnOf(QStringView name) const {
+    for (size_t i = 0; i < names.size(); ++i)
+        if (names[i].compare(name, Qt::CaseInsensitive) == 0) return static_cast<int>(i);
+    throw RuntimeError(u"在此集合中找不到该项目"_s);
+}
+
+void RecordsetData::RequireRow() const {
+    if (closed) throw RuntimeError(u"对象无效或不再被设置。"_s);
+    if (row >= rows) throw RuntimeError(u"无当前记录。"_s);
+}
+
+const Cell& RecordsetData::CurrentCell(int column) const {
+    RequireRow();
+    return cells[static_cast<size_t>(row) * names.size() + static_cast<size_t>(column)];
+}
+
+void RecordsetData::AddText(std::string_view value) {
+    constexpr size_t kLargest = std::numeric_limits<std::uint32_t>::max();
+    if (arena.size() + value.size() > kLargest || value.size() >= (size_t{1} << 30)) throw std::bad_alloc();
+    Cell cell;
+    cell.offset = static_cast<std::uint32_t>(arena.size());
+    cell.kind = static_cast<std::uint32_t>(CellKind::Text);
+    cell.length = static_cast<std::uint32_t>(value.size()) & 0x3FFFFFFFU;
+    arena.append(value);
+    cells.push_back(cell);
+}
+
+Cell RecordsetData::PutNumber(CellKind kind, const void* bytes) {
+    AddText({static_cast<const char*>(bytes), 8});
+    Cell cell = cells.back();
+    cells.pop_back();
+    cell.kind = static_cast<std::uint32_t>(kind) & 3U;
+    return cell;
+}
+
+void RecordsetData::AddReal(double value) {
+    cells.push_back(PutNumber(CellKind::Real, &value));
+}
+
+void RecordsetData::AddWhole(std::int64_t value) {
+    cells.push_back(PutNumber(CellKind::Whole, &value));
+}
+
+double RecordsetData::RealOf(const Cell& cell) const {
+    double value = 0;
+    std::memcpy(&value, arena.data() + cell.offset, sizeof value);
+    return value;
+}
+
+std::int64_t RecordsetData::WholeOf(const Cell& cell) const {
+    std::int64_t value = 0;
+    std::memcpy(&value, arena.data() + cell.offset, sizeof value);
+    return value;
+}
+
+RowWriter::RowWriter(std::shared_ptr<Connection> connection, std::string table, QString statement)
+    : connection_(std::move(connection)), table_(std::move(table)), statement_(std::move(statement)) {
+}
+
+void RowWriter::Prepare(const std::vector<Value>& values, const std::vector<QString>& names) {
+    columns_.clear();
+    std::string sql;
+    for (const Value& value : values) {
+        columns_.push_back(value.column);
+        sql +=
+            (sql.empty() ? "" : ",") + ("[" + names[static_cast<size_t>(value.column)].toStdString() + "]=?");
+    }
+    sql = "update [" + table_ + "] set " + sql + " where rowid=?";
+    prepared_ = std::make_unique<Prepared>(*connection_, connection_->Prepare(sql, statement_));
+}
+
+void RowWriter::Write(std::int64_t row, const std::vector<Value>& values, const std::vector<QString>& names) {
+    sqlite3* const engine = connection_->Engine(statement_);
+    const auto same = [](int column, const Value& value) { return column == value.column; };
+    if (!prepared_ || !std::equal(columns_.begin(), columns_.end(), values.begin(), values.end(), same))
+        Prepare(values, names);
+    connection_->BeginGroup(statement_);
+    int position = 0;
+    for (const Value& value : values) sqlite3_bind_double(*prepared_, ++position, value.value);
+    sqlite3_bind_int64(*prepared_, ++position, row);
+    const int code = sqlite3_step(*prepared_);
+    if (code != SQLITE_DONE) {
+        prepared_.reset();
+        connection_->Fail(code, statement_);
+    }
+    sqlite3_reset(*prepared_);
+    if (sqlite3_changes(engine) == 0) throw DatabaseError(u"记录已被删除。"_s, statement_);
+}
+
+}  // namespace dao
