@@ -4,8 +4,11 @@
 // Always holds: rows count from 0 and the header rows are among them; the grid always has at least FixedRows
 // + 1 rows. CurRow and RecCount of a form and the grid's Row are three values. RowChange fires for the
 // operator's moves and for an assignment that changes Row; never during a load (BeginLoad to EndLoad),
-// AddItem, RemoveItem, Clear, nor inside its own handler. A row or column out of range raises RuntimeError.
-// Row 0 is legal. Widths are fifteenths of a logical pixel.
+// AddItem, RemoveItem, Clear, nor inside its own handler. A row or column out of range raises RuntimeError
+// (下标越界). Row 0 is legal: then no row is highlighted. Widths are fifteenths of a logical pixel.
+//
+// Where rows come or go, Row keeps its number, limited to the last row: after RemoveItem(Row) the row that
+// followed is the current one. After a load Row is the first data row and stands at the top.
 #pragma once
 
 #include "platform/controls/box.h"
@@ -13,13 +16,10 @@
 #include <QColor>
 #include <QTableView>
 
+#include <functional>
 #include <memory>
-#include <vector>
 
 namespace controls {
-
-class GridModel;
-class GridHeader;
 
 class FlexGrid : public QTableView, public FocusEvents {
     Q_OBJECT
@@ -28,26 +28,33 @@ class FlexGrid : public QTableView, public FocusEvents {
     ~FlexGrid() override;
 
     int Rows() const;
-    void SetRows(int rows);  ///< new rows are blank; too many are cut at the end
+    /// New rows are blank; too many are cut at the end. Fewer than FixedRows + 1 raises.
+    void SetRows(int rows);
     int Cols() const;
     void SetCols(int cols);
     int FixedRows() const;
+    /// Rows grows where there would be no data row; a Row that becomes a header row is the first data row
+    /// then.
     void SetFixedRows(int rows);
 
+    /// Setting Row scrolls it into view and sets RowSel with it; setting Col sets ColSel.
     int Row() const;
     void SetRow(int row);
     int Col() const;
     void SetCol(int col);
+    /// The rows from Row to RowSel are highlighted, always over the whole width.
     int RowSel() const;
     void SetRowSel(int row);
     int ColSel() const;
     void SetColSel(int col);
+    /// The first data row in sight; near the end it is lower than what was set. A header row means the first
+    /// data row.
     int TopRow() const;
     void SetTopRow(int row);
 
     const QString& TextMatrix(int row, int col) const;
     void SetTextMatrix(int row, int col, const QString& text);
-    /// Empties every cell, header and data; the counts stay.
+    /// Empties every cell, header and data, and takes cell colours and bold away; the counts stay.
     void Clear();
     /// Adds a row at the end (or before `at`) from a text whose cells are parted by tabs; what is too much is
     /// dropped.
@@ -55,28 +62,45 @@ class FlexGrid : public QTableView, public FocusEvents {
     /// Raises for a header row and for the last data row, which cannot be removed.
     void RemoveItem(int row);
 
-    /// Fifteenths of a logical pixel; 0 hides the column.
+    /// Fifteenths of a logical pixel; 0 hides the column. Any other width ends an equal sharing.
     int GridColWidth(int col) const;
     void SetGridColWidth(int col, int width);
-    /// Every column gets an equal share of the grid's width and keeps it when the grid is resized.
+    /// Every column that is not hidden gets an equal share of the grid's width, without a gap at the right,
+    /// and keeps it when the grid is resized or a column is hidden.
     void ShareWidths();
     void SetColAlignment(int col, Qt::Alignment alignment);
+    /// An invalid colour takes it away again.
     void SetCellColor(int row, int col, const QColor& back);
+    void SetCellBold(int row, int col, bool bold);
     /// Words drawn in a colour of their own wherever a cell of the column holds exactly them.
     void SetWordColor(int col, const QString& word, const QColor& ink);
     /// Equal neighbours in the header rows are drawn as one cell.
     void SetMergeHeader(bool merge);
+    /// A line around the grid, for one that stands on a card; without it the grid runs from edge to edge.
+    void SetFramed(bool framed);
 
-    /// Fast filling: BeginLoad(rows) sets the number of data rows, LoadCell writes without repainting.
+    /// Fast filling: BeginLoad(rows) drops the data rows and sets their new number (0 leaves one blank row),
+    /// LoadCell writes without repainting, data rows counting from 0 here. EndLoad has to follow, after a
+    /// failure too; until then nothing of the list is shown.
     void BeginLoad(int dataRows);
     void LoadCell(int dataRow, int col, QString text);
     void EndLoad();
 
-    /// Lays an editor over a cell with its text; Enter and leaving commit it, Esc drops it, scrolling commits
-    /// it.
+    /// Lays an editor over a cell with its text, all of it selected; Enter, leaving and scrolling commit it,
+    /// Esc drops it. It is dropped too when its row goes. A command that may come by its key while an editor
+    /// is open calls CommitEditor first: a key to the menu bar does not leave the editor.
     void EditCell(int row, int col);
     bool Editing() const;
     void CommitEditor();
+    /// The editor itself, for its name and its length limit.
+    QLineEdit* Editor() const;
+
+    /// Lays a form's own box over a data cell and shows it; it follows resizing, and scrolling sends the
+    /// focus from it back to the grid. One at a time: the next LayOver forgets the one before, hiding it is
+    /// up to the form.
+    void LayOver(QWidget* box, int row, int col);
+    /// Where a cell stands in the viewport.
+    QRect CellRect(int row, int col) const;
 
     void SetFocus() { setFocus(Qt::OtherFocusReason); }
 
@@ -91,10 +115,37 @@ class FlexGrid : public QTableView, public FocusEvents {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
   private:
+    void CheckRow(int row, int first) const;
+    void CheckCol(int col) const;
+    void Move(int row, int col);
+    bool MoveByKey(int key);
+    int ColBeside(int step) const;
+    int RowsInSight() const;
+    void Change(int fromRow, const std::function<void()>& change);
+    void Highlight();
+    void ShowRow(int row);
+    void ShowCol(int col);
+    void ApplyWidths();
+    void ShareOut();
+    void PlaceCover();
+    void LeaveCover();
+    void FinishEditor(bool keep, bool tell = true);
+    void TellEdited();
+    void CopyRows() const;
+
     struct State;
     std::unique_ptr<State> state_;
 };

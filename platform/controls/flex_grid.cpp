@@ -1,0 +1,453 @@
+#include "platform/controls/grid_state.h"
+#include "platform/errors.h"
+
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QStyle>
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace controls {
+namespace {
+
+constexpr int kRowHeight = 24;
+constexpr int kBarWidth = 3;
+constexpr int kUnitsPerPixel = 15;
+constexpr int kDefaultWidth = 64 * kUnitsPerPixel;
+const QColor kAccent(0x0B, 0x6B, 0x83);
+
+}  // namespace
+
+FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), state_(std::make_unique<State>()) {
+    State& s = *state_;
+    s.model = new GridModel(this);
+    s.header = new GridHeader(*s.model, this);
+    s.widths.assign(static_cast<std::size_t>(s.model->Cols()), kDefaultWidth);
+    setModel(s.model);
+    setHorizontalHeader(s.header);
+    setItemDelegate(new GridDelegate(this));
+    setShowGrid(false);
+    setAlternatingRowColors(true);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(ContiguousSelection);
+    setEditTriggers(NoEditTriggers);
+    setVerticalScrollMode(ScrollPerItem);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setAutoScroll(false);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_InputMethodEnabled, false);
+    setCornerButtonEnabled(false);
+    SetFramed(false);
+    verticalHeader()->hide();
+    verticalHeader()->setMinimumSectionSize(kRowHeight);
+    verticalHeader()->setDefaultSectionSize(kRowHeight);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+
+    connect(s.header, &QHeaderView::sectionResized, this, [this](int col, int, int width) {
+        if (!state_->sizing && width > 0 && col < Cols())
+            state_->widths[static_cast<std::size_t>(col)] = width * kUnitsPerPixel;
+        PlaceCover();
+    });
+    connect(horizontalScrollBar(), &QScrollBar::valueChanged, s.header->viewport(),
+            [this] { state_->header->viewport()->update(); });
+    s.editor = new CellEditor(viewport());
+    s.editor->Entered = [this] { FinishEditor(true); };
+    s.editor->Dropped = [this] { FinishEditor(false); };
+    s.editor->Left = [this] {
+        // The focus is still on its way; the form hears of the cell when it has arrived.
+        FinishEditor(true, false);
+        QMetaObject::invokeMethod(
+            this, [this] { TellEdited(); }, Qt::QueuedConnection);
+    };
+    s.editor->MovedOn = [this](QKeyEvent* event) {
+        const QPointer<FlexGrid> self(this);
+        FinishEditor(true);
+        if (self && !Editing()) QCoreApplication::sendEvent(this, event);
+    };
+    ApplyWidths();
+    Highlight();
+}
+
+FlexGrid::~FlexGrid() = default;
+
+void FlexGrid::CheckRow(int row, int first) const {
+    if (row < first || row >= Rows()) throw RuntimeError(u"下标越界"_s);
+}
+
+void FlexGrid::CheckCol(int col) const {
+    if (col < 0 || col >= Cols()) throw RuntimeError(u"下标越界"_s);
+}
+
+// ---------------------------------------------------------------- counts
+
+int FlexGrid::Rows() const {
+    return state_->model->Rows();
+}
+
+int FlexGrid::Cols() const {
+    return state_->model->Cols();
+}
+
+int FlexGrid::FixedRows() const {
+    return state_->model->FixedRows();
+}
+
+/// Every change of the counts: an editor over a row that goes or moves is dropped, Row keeps its number.
+void FlexGrid::Change(int fromRow, const std::function<void()>& change) {
+    State& s = *state_;
+    if (s.editing && s.coverRow >= fromRow) FinishEditor(false);
+    const bool reached = std::max(s.row, s.rowSel) >= fromRow;
+    {
+        const QScopedValueRollback quiet(s.highlighting, true);
+        change();
+    }
+    const int lastRow = Rows() - 1;
+    const int lastCol = Cols() - 1;
+    s.row = std::min(s.row, lastRow);
+    s.rowSel = std::min(s.rowSel, lastRow);
+    s.col = std::min(s.col, lastCol);
+    s.colSel = std::min(s.colSel, lastCol);
+    if (reached) Highlight();
+    PlaceCover();
+}
+
+void FlexGrid::SetRows(int rows) {
+    if (rows <= FixedRows()) throw RuntimeError(u"下标越界"_s);
+    Change(std::min(rows, Rows()), [&] { state_->model->SetRows(rows); });
+}
+
+void FlexGrid::SetCols(int cols) {
+    if (cols < 1) throw RuntimeError(u"下标越界"_s);
+    Change(0, [&] {
+        state_->model->SetCols(cols);
+        state_->widths.resize(static_cast<std::size_t>(cols), kDefaultWidth);
+    });
+    ApplyWidths();
+}
+
+void FlexGrid::SetFixedRows(int rows) {
+    if (rows < 0) throw RuntimeError(u"下标越界"_s);
+    State& s = *state_;
+    Change(0, [&] { s.model->SetFixedRows(rows); });
+    if (s.row > 0 && s.row < rows) s.row = s.rowSel = rows;
+    s.header->Fit();
+    ApplyWidths();
+    updateGeometries();
+    Highlight();
+}
+
+// ---------------------------------------------------------------- the current row
+
+int FlexGrid::Row() const {
+    return state_->row;
+}
+
+int FlexGrid::Col() const {
+    return state_->col;
+}
+
+int FlexGrid::RowSel() const {
+    return state_->rowSel;
+}
+
+int FlexGrid::ColSel() const {
+    return state_->colSel;
+}
+
+void FlexGrid::SetRow(int row) {
+    CheckRow(row, 0);
+    Move(row, state_->col);
+    sys::ThrowIfEnded();
+}
+
+void FlexGrid::SetCol(int col) {
+    CheckCol(col);
+    state_->col = state_->colSel = col;
+}
+
+void FlexGrid::SetRowSel(int row) {
+    CheckRow(row, 0);
+    if (state_->rowSel == row) return;
+    state_->rowSel = row;
+    Highlight();
+}
+
+void FlexGrid::SetColSel(int col) {
+    CheckCol(col);
+    state_->colSel = col;
+}
+
+void FlexGrid::Move(int row, int col) {
+    State& s = *state_;
+    const bool changed = row != s.row;
+    const bool other = changed || s.rowSel != row;
+    s.row = s.rowSel = row;
+    s.col = s.colSel = col;
+    if (other) Highlight();
+    ShowRow(row);
+    if (!changed || s.firing || s.model->Loading()) return;
+    const QPointer<FlexGrid> self(this);
+    s.firing = true;
+    RowChange();
+    if (self) s.firing = false;
+}
+
+/// The selection model is what screen readers ask; it follows Row and RowSel and is never asked by us.
+void FlexGrid::Highlight() {
+    State& s = *state_;
+    if (s.model->Loading()) return;
+    const QScopedValueRollback quiet(s.highlighting, true);
+    const int fixed = FixedRows();
+    if (s.row < fixed) {
+        selectionModel()->clear();
+    } else {
+        const int other = std::max(s.rowSel, fixed);
+        const QModelIndex first = s.model->index(std::min(s.row, other) - fixed, 0);
+        const QModelIndex last = s.model->index(std::max(s.row, other) - fixed, Cols() - 1);
+        selectionModel()->setCurrentIndex(s.model->index(s.row - fixed, s.col),
+                                          QItemSelectionModel::NoUpdate);
+        selectionModel()->select(QItemSelection(first, last), QItemSelectionModel::ClearAndSelect);
+    }
+    viewport()->update();
+}
+
+void FlexGrid::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QTableView::selectionChanged(selected, deselected);
+    if (state_->highlighting || state_->model->Loading() || selected.isEmpty()) return;
+    Move(selected.first().top() + FixedRows(), state_->col);  // chosen through a screen reader
+}
+
+// ---------------------------------------------------------------- what is in sight
+
+int FlexGrid::RowsInSight() const {
+    return std::max(1, viewport()->height() / kRowHeight);
+}
+
+int FlexGrid::TopRow() const {
+    if (state_->topOnShow) return std::min(*state_->topOnShow, Rows() - 1);
+    return verticalScrollBar()->value() + FixedRows();
+}
+
+void FlexGrid::SetTopRow(int row) {
+    CheckRow(row, 0);
+    const int top = std::max(row, FixedRows());
+    if (!isVisible()) {
+        state_->topOnShow = top;  // it knows its height only when it is shown
+        return;
+    }
+    executeDelayedItemsLayout();
+    verticalScrollBar()->setValue(top - FixedRows());
+}
+
+/// Scrolls up or down as little as needed, and never sideways.
+void FlexGrid::ShowRow(int row) {
+    if (row < FixedRows() || !isVisible() || state_->model->Loading()) return;
+    executeDelayedItemsLayout();
+    QScrollBar* bar = verticalScrollBar();
+    const int at = row - FixedRows();
+    if (at < bar->value()) {
+        bar->setValue(at);
+    } else if (at >= bar->value() + RowsInSight()) {
+        bar->setValue(at - RowsInSight() + 1);
+    }
+}
+
+void FlexGrid::ShowCol(int col) {
+    QScrollBar* bar = horizontalScrollBar();
+    const int left = columnViewportPosition(col);
+    const int right = left + columnWidth(col);
+    if (left < 0) {
+        bar->setValue(bar->value() + left);
+    } else if (right > viewport()->width()) {
+        bar->setValue(bar->value() + std::min(left, right - viewport()->width()));
+    }
+}
+
+void FlexGrid::showEvent(QShowEvent* event) {
+    QTableView::showEvent(event);
+    if (const std::optional<int> top = std::exchange(state_->topOnShow, std::nullopt)) {
+        executeDelayedItemsLayout();
+        verticalScrollBar()->setValue(std::min(*top, Rows() - 1) - FixedRows());
+    }
+    ShowRow(state_->row);
+}
+
+void FlexGrid::resizeEvent(QResizeEvent* event) {
+    State& s = *state_;
+    const int at = s.row - FixedRows();
+    const int y = (at - verticalScrollBar()->value()) * kRowHeight;
+    const bool inSight = at >= 0 && y >= 0 && y < event->oldSize().height();
+    QTableView::resizeEvent(event);
+    if (s.shared) ShareOut();
+    if (inSight) ShowRow(s.row);
+    PlaceCover();
+}
+
+void FlexGrid::scrollContentsBy(int dx, int dy) {
+    QTableView::scrollContentsBy(dx, dy);
+    if (dx != 0) viewport()->update();  // the bar at the left edge stands still
+    LeaveCover();
+}
+
+void FlexGrid::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    if (state_->row < FixedRows() || state_->model->Loading()) return;
+    const int y = rowViewportPosition(state_->row - FixedRows());
+    QPainter painter(viewport());
+    painter.fillRect(QRect(0, y, kBarWidth, kRowHeight), kAccent);
+}
+
+// ---------------------------------------------------------------- texts and rows
+
+const QString& FlexGrid::TextMatrix(int row, int col) const {
+    CheckRow(row, 0);
+    CheckCol(col);
+    return state_->model->Text(row, col);
+}
+
+void FlexGrid::SetTextMatrix(int row, int col, const QString& text) {
+    CheckRow(row, 0);
+    CheckCol(col);
+    state_->model->SetText(row, col, text);
+    if (row < FixedRows()) state_->header->viewport()->update();
+}
+
+void FlexGrid::Clear() {
+    Change(Rows(), [&] {
+        if (state_->editing) FinishEditor(false);
+        state_->model->Clear();
+    });
+    state_->header->viewport()->update();
+}
+
+void FlexGrid::AddItem(const QString& cells, int at) {
+    const int row = at == -1 ? Rows() : at;
+    if (row < FixedRows() || row > Rows()) throw RuntimeError(u"下标越界"_s);
+    Change(row, [&] { state_->model->Insert(row, cells.split(u'\t')); });
+}
+
+void FlexGrid::RemoveItem(int row) {
+    CheckRow(row, FixedRows());
+    if (Rows() == FixedRows() + 1) throw RuntimeError(u"不能删除最后一个非固定行"_s);
+    Change(row, [&] { state_->model->Remove(row); });
+}
+
+void FlexGrid::BeginLoad(int dataRows) {
+    if (dataRows < 0) throw RuntimeError(u"下标越界"_s);
+    Change(0, [&] { state_->model->BeginLoad(std::max(dataRows, 1)); });
+}
+
+void FlexGrid::LoadCell(int dataRow, int col, QString text) {
+    if (dataRow < 0 || dataRow >= Rows() - FixedRows()) throw RuntimeError(u"下标越界"_s);
+    CheckCol(col);
+    state_->model->LoadCell(dataRow + FixedRows(), col, std::move(text));
+}
+
+void FlexGrid::EndLoad() {
+    State& s = *state_;
+    if (!s.model->Loading()) return;
+    Change(Rows(), [&] { s.model->EndLoad(); });
+    s.row = s.rowSel = FixedRows();
+    s.col = s.colSel = 0;
+    s.topOnShow.reset();
+    ApplyWidths();
+    Highlight();
+    verticalScrollBar()->setValue(0);
+}
+
+std::size_t FlexGrid::MatrixBytes() const {
+    return state_->model->Bytes();
+}
+
+// ---------------------------------------------------------------- columns and colours
+
+int FlexGrid::GridColWidth(int col) const {
+    CheckCol(col);
+    return state_->widths[static_cast<std::size_t>(col)];
+}
+
+void FlexGrid::SetGridColWidth(int col, int width) {
+    CheckCol(col);
+    if (width < 0) throw RuntimeError(u"下标越界"_s);
+    state_->widths[static_cast<std::size_t>(col)] = width;
+    if (width > 0) state_->shared = false;
+    ApplyWidths();
+}
+
+void FlexGrid::ShareWidths() {
+    state_->shared = true;
+    ApplyWidths();
+}
+
+void FlexGrid::ApplyWidths() {
+    State& s = *state_;
+    s.header->setSectionResizeMode(s.shared ? QHeaderView::Fixed : QHeaderView::Interactive);
+    setHorizontalScrollBarPolicy(s.shared ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+    const QScopedValueRollback quiet(s.sizing, true);
+    for (int col = 0; col < Cols(); ++col) {
+        const int width = s.widths[static_cast<std::size_t>(col)];
+        const int pixels = (width + kUnitsPerPixel / 2) / kUnitsPerPixel;
+        setColumnHidden(col, pixels == 0);
+        if (pixels > 0 && !s.shared) setColumnWidth(col, pixels);
+    }
+    if (s.shared) ShareOut();
+    PlaceCover();
+}
+
+/// Whole pixels whose sum is the width exactly.
+void FlexGrid::ShareOut() {
+    State& s = *state_;
+    const QScopedValueRollback quiet(s.sizing, true);
+    const int shown = Cols() - s.header->hiddenSectionCount();
+    const int total = viewport()->width();
+    int nth = 0;
+    for (int col = 0; col < Cols(); ++col) {
+        if (isColumnHidden(col)) continue;
+        const int pixels = total * (nth + 1) / shown - total * nth / shown;
+        ++nth;
+        setColumnWidth(col, pixels);
+        s.widths[static_cast<std::size_t>(col)] = std::max(1, pixels) * kUnitsPerPixel;
+    }
+}
+
+void FlexGrid::SetColAlignment(int col, Qt::Alignment alignment) {
+    CheckCol(col);
+    state_->model->SetAlignment(col, alignment | Qt::AlignVCenter);
+}
+
+void FlexGrid::SetCellColor(int row, int col, const QColor& back) {
+    CheckRow(row, 0);
+    CheckCol(col);
+    state_->model->SetBack(row, col, back);
+}
+
+void FlexGrid::SetCellBold(int row, int col, bool bold) {
+    CheckRow(row, 0);
+    CheckCol(col);
+    state_->model->SetBold(row, col, bold);
+}
+
+void FlexGrid::SetWordColor(int col, const QString& word, const QColor& ink) {
+    CheckCol(col);
+    state_->model->SetWordColor(col, word, ink);
+}
+
+void FlexGrid::SetMergeHeader(bool merge) {
+    state_->header->SetMerge(merge);
+}
+
+void FlexGrid::SetFramed(bool framed) {
+    setFrameShape(framed ? QFrame::StyledPanel : QFrame::NoFrame);
+    setProperty("edge", framed ? QVariant() : QVariant(u"none"_s));
+    style()->unpolish(this);
+    style()->polish(this);
+}
+
+}  // namespace controls

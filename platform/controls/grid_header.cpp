@@ -1,0 +1,143 @@
+#include "platform/controls/grid_header.h"
+
+#include "platform/controls/grid_model.h"
+
+#include <QPainter>
+
+namespace controls {
+namespace {
+
+constexpr int kOneRow = 28;
+constexpr int kRow = 24;  // each of several
+constexpr int kPadding = 7;
+constexpr int kTextPixels = 12;
+
+// Named as in the style sheet's table; the header is painted by hand because the sheet's one-pixel borders
+// come out one or two pixels wide at 150 %.
+const QColor kSurfaceLow(0xF6, 0xF8, 0xFA);
+const QColor kHeaderText(0x3F, 0x4D, 0x5A);
+const QColor kAccentDeep(0x08, 0x56, 0x6A);
+const QColor kColumnLine(0xDF, 0xE5, 0xEA);
+const QColor kFootLine(0xBC, 0xC6, 0xD0);
+
+void Hairline(QPainter& painter, const QColor& color, const QLineF& line) {
+    QPen pen(color, 1);
+    pen.setCosmetic(true);
+    painter.setPen(pen);
+    painter.drawLine(line);
+}
+
+class CellFinder {
+  public:
+    CellFinder(const GridModel& model, const std::vector<bool>& hidden) : model_(model), hidden_(hidden) {
+        taken_.assign(static_cast<std::size_t>(model.FixedRows() * model.Cols()), false);
+    }
+
+    bool Free(int row, int col) const { return !Hidden(col) && !taken_[At(row, col)]; }
+    bool Hidden(int col) const { return hidden_[static_cast<std::size_t>(col)]; }
+
+    HeaderCell Take(int row, int col, bool merge) {
+        HeaderCell cell{row, col, row, col};
+        if (merge && !model_.Text(row, col).isEmpty()) {
+            const bool last = row == model_.FixedRows() - 1;
+            if (!last || model_.FixedRows() == 1) GrowRight(cell);
+            GrowDown(cell);
+        }
+        for (int r = cell.row; r <= cell.lastRow; ++r)
+            for (int c = cell.col; c <= cell.lastCol; ++c) taken_[At(r, c)] = true;
+        return cell;
+    }
+
+  private:
+    std::size_t At(int row, int col) const { return static_cast<std::size_t>(row * model_.Cols() + col); }
+
+    void GrowRight(HeaderCell& cell) const {
+        const QString& text = model_.Text(cell.row, cell.col);
+        for (int c = cell.col + 1; c < model_.Cols(); ++c) {
+            if (Hidden(c)) continue;
+            if (taken_[At(cell.row, c)] || model_.Text(cell.row, c) != text) return;
+            cell.lastCol = c;
+        }
+    }
+
+    void GrowDown(HeaderCell& cell) const {
+        const QString& text = model_.Text(cell.row, cell.col);
+        for (int r = cell.row + 1; r < model_.FixedRows(); ++r) {
+            for (int c = cell.col; c <= cell.lastCol; ++c)
+                if (!Hidden(c) && model_.Text(r, c) != text) return;
+            cell.lastRow = r;
+        }
+    }
+
+    const GridModel& model_;
+    const std::vector<bool>& hidden_;
+    std::vector<bool> taken_;
+};
+
+}  // namespace
+
+std::vector<HeaderCell> HeaderCells(const GridModel& model, bool merge, const std::vector<bool>& hidden) {
+    CellFinder finder(model, hidden);
+    std::vector<HeaderCell> cells;
+    for (int row = 0; row < model.FixedRows(); ++row)
+        for (int col = 0; col < model.Cols(); ++col)
+            if (finder.Free(row, col)) cells.push_back(finder.Take(row, col, merge));
+    return cells;
+}
+
+GridHeader::GridHeader(const GridModel& model, QWidget* parent)
+    : QHeaderView(Qt::Horizontal, parent), model_(model) {
+    setSectionsClickable(false);
+    setSectionsMovable(false);
+    setHighlightSections(false);
+    setMinimumSectionSize(8);
+    setDefaultAlignment(Qt::AlignCenter);
+    Fit();
+}
+
+void GridHeader::SetMerge(bool merge) {
+    merge_ = merge;
+    viewport()->update();
+}
+
+void GridHeader::Fit() {
+    const int rows = model_.FixedRows();
+    setFixedHeight(rows == 1 ? kOneRow : rows * kRow);
+    setVisible(rows > 0);
+}
+
+void GridHeader::paintEvent(QPaintEvent*) {
+    QPainter painter(viewport());
+    const QRect area = viewport()->rect();
+    painter.fillRect(area, kSurfaceLow);
+    const int rows = model_.FixedRows();
+    if (rows == 0 || count() != model_.Cols()) return;
+    QFont small = font();
+    small.setPixelSize(kTextPixels);
+    painter.setFont(small);
+
+    std::vector<bool> hidden(static_cast<std::size_t>(model_.Cols()));
+    for (int col = 0; col < model_.Cols(); ++col)
+        hidden[static_cast<std::size_t>(col)] = isSectionHidden(col);
+    const int high = height() / rows;
+    for (const HeaderCell& cell : HeaderCells(model_, merge_, hidden)) {
+        const int left = sectionViewportPosition(cell.col);
+        const int right = sectionViewportPosition(cell.lastCol) + sectionSize(cell.lastCol);
+        const QRect rect(left, cell.row * high, right - left, (cell.lastRow - cell.row + 1) * high);
+        if (!rect.intersects(area)) continue;
+        const bool group = rows > 1 && cell.lastRow < rows - 1;
+        // A wide group's title stays in sight while its columns are scrolled.
+        const QRect inner = rect.intersected(area).adjusted(kPadding, 0, -kPadding - 1, -1);
+        const QRect room = cell.col == cell.lastCol ? rect.adjusted(kPadding, 0, -kPadding - 1, -1) : inner;
+        painter.setPen(group ? kAccentDeep : kHeaderText);
+        const QString text = model_.Text(cell.row, cell.col);
+        painter.drawText(room, Qt::AlignCenter | Qt::TextSingleLine,
+                         painter.fontMetrics().elidedText(text, Qt::ElideRight, room.width()));
+        Hairline(painter, kColumnLine, QLineF(rect.right(), rect.top(), rect.right(), rect.bottom()));
+        if (group)
+            Hairline(painter, kColumnLine, QLineF(rect.left(), rect.bottom(), rect.right(), rect.bottom()));
+    }
+    Hairline(painter, kFootLine, QLineF(area.left(), area.bottom(), area.right(), area.bottom()));
+}
+
+}  // namespace controls
