@@ -1,0 +1,77 @@
+#include "tests/support/company.h"
+
+#include "app/session.h"
+#include "schema/data_files.h"
+#include "schema/names.h"
+
+#include <QFile>
+
+#include <stdexcept>
+
+namespace tests {
+namespace {
+
+/// The file that all copies are taken from, whole and closed.
+const QString& FreshFile() {
+    static const QTemporaryDir folder;
+    static const QString path = [] {
+        const QString made = folder.filePath(schema::kDatabaseFile.toString());
+        schema::MakeDatabase(made);
+        return made;
+    }();
+    return path;
+}
+
+}  // namespace
+
+Company::Company() {
+    if (!QFile::copy(FreshFile(), File())) throw std::runtime_error("no room for the company's file");
+    db_ = dao::Database::Open(File(), schema::kConnect.toString());
+}
+
+Company::~Company() {
+    if (!inSession_) return;
+    ::Db.reset();
+    ::AppFolder.clear();
+    ::DbFile.clear();
+}
+
+void Company::EnterSession() {
+    ::Db = std::move(db_);
+    ::AppFolder = Folder();
+    ::DbFile = File();
+    inSession_ = true;
+}
+
+dao::Database& Company::Db() {
+    auto& db = inSession_ ? ::Db : db_;
+    if (!db) throw std::logic_error("the company's database is closed");
+    return *db;
+}
+
+QString Company::Folder() const {
+    return folder_.path() + u'/';
+}
+
+QString Company::File() const {
+    return folder_.filePath(schema::kDatabaseFile.toString());
+}
+
+void Company::Run(std::initializer_list<QString> statements) {
+    for (const QString& statement : statements) Db().Execute(statement);
+}
+
+QStringList Company::Rows(const QString& select) {
+    QStringList rows;
+    auto set = Db().OpenRecordset(select);
+    for (; !set.Eof(); set.MoveNext()) {
+        QStringList fields;
+        for (int i = 0; i < set.FieldCount(); ++i)
+            fields << (set.Fields(i).IsNull() ? QStringLiteral("null") : set.Fields(i).Text());
+        rows << fields.join(u'|');
+    }
+    set.Close();
+    return rows;
+}
+
+}  // namespace tests
