@@ -1,0 +1,233 @@
+#include "records/record_form.h"
+
+#include "app/data_access.h"
+#include "app/main_window.h"
+#include "app/session.h"
+#include "platform/controls/keys.h"
+#include "platform/system/seams.h"
+#include "platform/text/numbers.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using controls::FlexGrid;
+using controls::TabStrip;
+
+namespace {
+
+constexpr int StatusPanel = 4;
+constexpr int StripHeight = 34;
+constexpr int CardMargin = 16;
+
+QLabel* StripLabel(const QString& text, const QString& role) {
+    auto* label = new QLabel(text);
+    label->setProperty("role", role);
+    label->setAlignment(Qt::AlignCenter);
+    return label;
+}
+
+}  // namespace
+
+RecordForm::RecordForm(const RecordFormSettings& settings)
+    : ChildForm(settings.form, settings.caption),
+      TabS(new TabStrip({settings.listTab, settings.cardTab})),
+      GD(new FlexGrid),
+      Frm(new QWidget),
+      settings_(settings),
+      badge_(StripLabel({}, u"badge"_s)) {
+    setProperty("role", u"surface"_s);
+    setAttribute(Qt::WA_StyledBackground);
+    TabS->setObjectName(u"TabS"_s);
+    TabS->setAccessibleName(settings.caption);
+    GD->setObjectName(u"GD"_s);
+    GD->setAccessibleName(settings.listTab);
+    GD->setProperty("edge", u"none"_s);
+    Frm->setObjectName(u"Frm"_s);
+
+    auto* strip = new QWidget;
+    strip->setProperty("role", u"strip"_s);
+    strip->setAttribute(Qt::WA_StyledBackground);
+    strip->setFixedHeight(StripHeight);
+    auto* stripRow = new QHBoxLayout(strip);
+    stripRow->setContentsMargins(CardMargin - 8, 0, CardMargin, 0);
+    stripRow->setSpacing(10);
+    stripRow->addWidget(TabS, 0, Qt::AlignBottom);
+    stripRow->addStretch(1);
+    stripRow->addWidget(StripLabel(settings.caption, u"form"_s));
+    stripRow->addWidget(badge_, 0, Qt::AlignVCenter);
+    badge_->hide();
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(strip);
+    column->addWidget(GD, 1);
+    column->addWidget(Frm, 1);
+    Frm->hide();
+
+    TabS->Click = [this] { SelectTab(); };
+    GD->RowChange = [this] { RowChanged(); };
+    GD->Click = [this] { RowChanged(); };
+    GD->DoubleClick = [this] {
+        RowChanged();
+        TabS->SelectItem(CardTab);
+    };
+}
+
+void RecordForm::SetCommands(std::vector<CommandRow> rows) {
+    commands_ = std::move(rows);
+    for (const CommandRow& row : commands_)
+        actions_.push_back(controls::AddCommand(MenuBar(), row.name, row.caption, row.handler));
+    ShowCommands(CommandRow::When::Browsing);
+}
+
+bool RecordForm::QueryUnload() {
+    if (!EditInProgress) return true;
+    sys::Warn(u"操作员正在编辑数据,请先[保存]数据或[取消]编辑!"_s, u"提示"_s);
+    return false;
+}
+
+void RecordForm::DressGrid() {
+    const QStringList headers = Headers();
+    GD->Clear();
+    GD->SetRows(2);
+    GD->SetCols(static_cast<int>(headers.size()));
+    for (int col = 0; col < headers.size(); ++col) GD->SetTextMatrix(0, col, headers[col]);
+    GD->ShareWidths();
+    CurRow = 1;
+}
+
+void RecordForm::LoadGrid(const QString& sql) {
+    DressGrid();
+    auto rows = Db->OpenRecordset(sql);
+    if (rows.Eof() && rows.Bof()) {
+        // Nothing found: the status keeps its old text.
+        RecCount = 0;
+        rows.Close();
+        return;
+    }
+    rows.MoveLast();
+    RecCount = rows.RecordCount();
+    rows.MoveFirst();
+    GD->BeginLoad(RecCount);
+    const int cols = GD->Cols();
+    for (int row = 0; !rows.Eof(); ++row, rows.MoveNext()) {
+        for (int col = 0; col < cols; ++col) {
+            QString text = rows.Fields(col).Text();
+            DressCell(col, text);
+            GD->LoadCell(row, col, std::move(text));
+        }
+    }
+    GD->EndLoad();
+    CurRow = 1;
+    ShowRow();
+    rows.Close();
+}
+
+void RecordForm::ShowRow() {
+    GD->SetRow(CurRow);
+    GD->SetRowSel(CurRow);
+    GD->SetCol(0);
+    GD->SetColSel(GD->Cols() - 1);
+    TheFrame().SetPanel(StatusPanel, LangText(StatusText()));
+}
+
+void RecordForm::RowChanged() {
+    CurRow = GD->Row();
+    ShowRow();
+}
+
+void RecordForm::SelectTab() {
+    if (TabS->SelectedItem() == ListTab) {
+        Frm->hide();
+        GD->show();
+        GD->SetRow(CurRow);
+        RowChanged();
+        GD->SetFocus();
+        GD->SetTopRow(CurRow);
+    } else {
+        GD->hide();
+        Frm->show();
+        RowToCard();
+    }
+}
+
+void RecordForm::ShowCommands(CommandRow::When state) {
+    for (std::size_t i = 0; i < commands_.size(); ++i) {
+        const CommandRow& row = commands_[i];
+        const bool fits = row.when == CommandRow::When::Always || row.when == state;
+        actions_[i]->setEnabled(fits && row.handler);
+    }
+}
+
+void RecordForm::ShowBadge() {
+    badge_->setText(FormMode == Adding ? u"新增"_s : u"修改"_s);
+    badge_->setVisible(FormMode != Browsing);
+}
+
+void RecordForm::EnterEdit() {
+    if (TabS->SelectedItem() == ListTab) TabS->SelectItem(CardTab);
+    if (settings_.tabStripDisabled)
+        TabS->setEnabled(false);
+    else
+        TabS->SetTabStop(false);
+    OpenCard();
+    ShowCommands(CommandRow::When::Editing);
+    EditInProgress = true;
+    ShowBadge();
+}
+
+void RecordForm::LeaveEdit() {
+    TabS->setEnabled(true);
+    TabS->SetTabStop(true);
+    CloseCard();
+    ShowCommands(CommandRow::When::Browsing);
+    FormMode = Browsing;
+    TabS->SetFocus();
+    GD->SetRow(CurRow);
+    RowChanged();
+    EditInProgress = false;
+    ShowBadge();
+}
+
+void RecordForm::Menu_cancel() {
+    LeaveEdit();
+    RowToCard();
+}
+
+void RecordForm::RemoveCurrentLine() {
+    if (GD->Rows() > 2)
+        GD->RemoveItem(CurRow);
+    else
+        DressGrid();
+}
+
+void RecordForm::AppendLine(const QStringList& cells) {
+    GD->AddItem(cells.join(u'\t'));
+    if (text::Trim(GD->TextMatrix(1, 0)).isEmpty()) GD->RemoveItem(1);
+}
+
+controls::TextBox& RecordForm::MakeBox(const QString& caption, int maxLength, int rows) {
+    const QString index = u'(' + QString::number(Txt.size()) + u')';
+    controls::TextBox* box = nullptr;
+    if (rows > 1)
+        box = new controls::RowsBox(rows, Frm);
+    else
+        box = new controls::LineBox(Frm);
+    box->Widget()->setObjectName(u"Txt"_s + index);
+    box->SetMaxLength(maxLength);
+    box->SetLocked(true);
+    WireBox(*box);
+    QLabel* label = controls::MakeCaption(caption, box->Widget(), Frm);
+    label->setObjectName(u"Lab"_s + index);
+    Txt.push_back(box);
+    Lab.push_back(label);
+    return *box;
+}
+
+void RecordForm::EnterMovesOn(controls::KeyPress& key) {
+    if (key.key != Qt::Key_Return && key.key != Qt::Key_Enter) return;
+    key.taken = true;
+    controls::SendKeys(u"{TAB}"_s);
+}

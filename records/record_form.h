@@ -1,0 +1,124 @@
+// The list-and-card form that all master data and the waybills use: a grid with all rows on one tab, the
+// boxes of the current row on the other, and one protocol of commands.
+//
+// Always holds: the grid is a copy and not bound to the database; every save and delete runs its own
+// statement and repeats the change on the grid by hand. CurRow counts from 1 (row 0 is the header) and is 0
+// only after the last record was deleted. EditInProgress is true from EnterEdit to LeaveEdit.
+#pragma once
+
+#include "app/child_form.h"
+#include "platform/controls/box.h"
+#include "platform/controls/flex_grid.h"
+#include "platform/controls/tab_strip.h"
+
+#include <QLabel>
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+/// One entry of a form's menu bar.
+struct CommandRow {
+    enum class When { Browsing, Editing, Always };
+    QString name;     ///< "Menu_save"
+    QString caption;  ///< "&S.保存"
+    When when;        ///< the state in which it is enabled
+    /// What it does. Without one the entry is there and stays disabled: its work comes later.
+    std::function<void()> handler = {};
+};
+
+struct RecordFormSettings {
+    QString form;     ///< "A04"
+    QString caption;  ///< "外务员资料"
+    QString listTab;
+    QString cardTab;
+    /// What happens to the tab strip in add and edit state: in the small forms it leaves the tab order, in
+    /// the larger ones it is disabled.
+    bool tabStripDisabled;
+};
+
+class RecordForm : public ChildForm {
+    Q_OBJECT
+  public:
+    bool QueryUnload() override;
+
+    /// Receives the statement built by the search form; "" means nothing was chosen.
+    QString PubSql;
+    std::int16_t FormMode = 0;  ///< 0 browsing, 1 adding, 2 editing
+    int CurRow = 1;
+    int RecCount = 0;
+
+  protected:
+    static constexpr std::int16_t Browsing = 0;
+    static constexpr std::int16_t Adding = 1;
+    static constexpr std::int16_t Editing = 2;
+    static constexpr int ListTab = 1;
+    static constexpr int CardTab = 2;
+
+    explicit RecordForm(const RecordFormSettings& settings);
+
+    /// The form's menu bar. Called once by the constructor of the form itself.
+    void SetCommands(std::vector<CommandRow> rows);
+
+    // What a form says of itself.
+    virtual QStringList Headers() const = 0;
+    virtual QString StatusText() const = 0;
+    /// A cell as it goes into the grid.
+    virtual void DressCell(int /*col*/, QString& /*text*/) const {}
+    virtual void RowToCard() = 0;
+    /// Unlocks (and, when adding, empties) the boxes as this form does it; and the way back.
+    virtual void OpenCard() = 0;
+    virtual void CloseCard() = 0;
+
+    // The routines that all record forms share.
+    void DressGrid();
+    void LoadGrid(const QString& sql);
+    void ShowRow();
+    void EnterEdit();
+    void LeaveEdit();
+    /// The row-change routine: the grid's row becomes the current one.
+    void RowChanged();
+    void Menu_cancel();
+    void Menu_Return() { Unload(); }
+
+    /// The grid's text at the current row.
+    QString CurrentCell(int col) const { return GD->TextMatrix(CurRow, col); }
+    /// Removes the current line, or dresses the grid anew when it is the only one.
+    void RemoveCurrentLine();
+    /// Adds a line at the end; the blank line of an empty grid goes.
+    void AppendLine(const QStringList& cells);
+
+    /// Makes Txt(i) with its Lab(i): names, accessible name, and what the focus and Enter do in every box.
+    controls::TextBox& MakeBox(const QString& caption, int maxLength, int rows = 1);
+    /// In browsing state the boxes cannot be entered; Enter moves on. Returns the control for chaining.
+    template <class Control>
+    void WireBox(Control& control);
+    /// Enter acts as Tab.
+    static void EnterMovesOn(controls::KeyPress& key);
+
+    controls::TabStrip* TabS;
+    controls::FlexGrid* GD;
+    QWidget* Frm;  ///< holds the card; its layout belongs to the form
+    std::vector<controls::TextBox*> Txt;
+    std::vector<QLabel*> Lab;
+
+  private:
+    void SelectTab();
+    void ShowCommands(CommandRow::When state);
+    void ShowBadge();
+
+    RecordFormSettings settings_;
+    std::vector<CommandRow> commands_;
+    std::vector<QAction*> actions_;
+    QLabel* badge_;
+};
+
+template <class Control>
+void RecordForm::WireBox(Control& control) {
+    control.KeyPressed = [](controls::KeyPress& key) { EnterMovesOn(key); };
+    control.GotFocus = [this] {
+        if (FormMode < Adding) TabS->SetFocus();
+    };
+}

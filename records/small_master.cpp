@@ -1,0 +1,166 @@
+#include "records/small_master.h"
+
+#include "app/data_access.h"
+#include "app/session.h"
+#include "platform/controls/look.h"
+#include "platform/system/seams.h"
+#include "platform/text/numbers.h"
+
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using When = CommandRow::When;
+
+namespace {
+
+enum Column { Key, Note };
+
+}  // namespace
+
+SmallMaster::SmallMaster(const SmallMasterSettings& settings)
+    : RecordForm({.form = settings.form,
+                  .caption = settings.caption,
+                  .listTab = settings.listTab,
+                  .cardTab = settings.cardTab,
+                  .tabStripDisabled = false}),
+      master_(settings) {
+    SetCommands({
+        {u"Menu_Add"_s, u"&A.增加"_s, When::Browsing, [this] { Menu_Add(); }},
+        {u"Menu_edit"_s, u"&E.修改"_s, When::Browsing, [this] { Menu_edit(); }},
+        {u"Menu_del"_s, u"&D.删除"_s, When::Browsing, [this] { Menu_del(); }},
+        {u"Menu_query"_s, u"&Q.查找"_s, When::Browsing},
+        {u"Menu_save"_s, u"&S.保存"_s, When::Editing, [this] { Menu_save(); }},
+        {u"Menu_cancel"_s, u"&C.取消"_s, When::Editing, [this] { Menu_cancel(); }},
+        {u"Menu_Return"_s, u"&R.返回"_s, When::Always, [this] { Menu_Return(); }},
+    });
+    auto* card = new controls::Card;
+    auto* column = new QVBoxLayout(Frm);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(card);
+    card->Group(settings.group);
+    MakeBox(settings.keyCaption, settings.keyLimit);
+    MakeBox(settings.noteCaption, settings.noteLimit, settings.noteRows);
+    using Half = controls::Card::Half;
+    card->Field(Half::Left, 0, 0, 1, Lab[Key], Txt[Key]->Widget());
+    if (settings.noteRows > 1)
+        card->TallField(Half::Left, 1, settings.noteRows, 0, 3, Lab[Note], Txt[Note]->Widget());
+    else
+        card->Field(Half::Left, 1, 0, 3, Lab[Note], Txt[Note]->Widget());
+    card->Finish();
+}
+
+void SmallMaster::Load() {
+    FormMode = Browsing;
+    GD->raise();
+    LoadGrid(u"select * from "_s + master_.table + u" order by F1"_s);
+}
+
+QString SmallMaster::StatusText() const {
+    return u"共 "_s + QString::number(RecCount) + u" 条记录 当前为第 "_s + QString::number(CurRow) + u" 条"_s;
+}
+
+void SmallMaster::RowToCard() {
+    if (CurRow == 0) CurRow = 1;
+    for (int i = Key; i <= Note; ++i) Txt[i]->SetText(CurrentCell(i));
+}
+
+void SmallMaster::OpenCard() {
+    for (std::size_t i = Note; i < Txt.size(); ++i) {
+        Txt[i]->SetLocked(false);
+        if (FormMode == Adding) Txt[i]->SetText({});
+    }
+}
+
+void SmallMaster::CloseCard() {
+    for (auto* box : Txt) box->SetLocked(true);
+}
+
+void SmallMaster::Menu_Add() {
+    FormMode = Adding;
+    EnterEdit();
+    Txt[Key]->SetLocked(false);
+    Txt[Key]->SetText({});
+    Txt[Key]->SetFocus();
+}
+
+void SmallMaster::Menu_edit() {
+    FormMode = Editing;
+    EnterEdit();
+    QString key = CurrentCell(Key);
+    Txt[Key]->SetLocked(IsUsed(key));
+    Txt[Key]->SetFocus();
+}
+
+bool SmallMaster::IsUsed(QString& key) const {
+    key = text::Trim(key);
+    return !GetStr(master_.usedIn + key + u"'"_s).isEmpty();
+}
+
+bool SmallMaster::ConfirmDelete(const QString& key) {
+    // The brackets name the note and not the key; so it has always read.
+    const QString name = CurrentCell(Note);
+    QString used = key;
+    if (!IsUsed(used)) return sys::Ask(u"真的要删除"_s + name + u"吗?"_s, MsgTitle);
+    if (OperatorCode != u"001") {
+        sys::Inform(u"["_s + name + u"]已经在系统中应用，不能删除!"_s, MsgTitle);
+        return false;
+    }
+    const QString question = u"["_s + name + u"]已经在系统中应用!\r如果删除将造成系统中其它记录的丢失!\r"_s +
+                             u"只有管理员才有权删除。真的要删除吗？"_s;
+    if (!sys::Ask(question, u"提示"_s) || !sys::Ask(question, u"请再次确认"_s)) return false;
+    // The waybills that use the record go with it; nothing is posted back to the ledger.
+    Db->Execute(master_.cascade + used + u"'"_s);
+    return true;
+}
+
+void SmallMaster::Menu_del() {
+    if (text::Trim(GD->TextMatrix(1, Key)).isEmpty()) return;
+    const QString key = text::Trim(CurrentCell(Key));
+    if (!ConfirmDelete(key)) return;
+    Db->Execute(u"delete from "_s + master_.table + u" WHERE F1='"_s + key + u"'"_s);
+    RemoveCurrentLine();
+    RecCount -= 1;
+    if (CurRow > RecCount) CurRow = RecCount;
+    GD->SetRow(CurRow);
+    if (TabS->SelectedItem() == CardTab) TabS->SelectItem(ListTab);
+    RowChanged();
+}
+
+bool SmallMaster::RequiredBoxesFilled() {
+    for (int i = 0; i < master_.requiredBoxes; ++i) {
+        if (!text::Trim(Txt[i]->Text()).isEmpty()) continue;
+        sys::Inform(Lab[i]->text() + u"不能为空!"_s, MsgTitle);
+        return false;
+    }
+    return true;
+}
+
+bool SmallMaster::MakeRoom() {
+    const QString key = text::Trim(Txt[Key]->Text());
+    const QString found = GetStr(master_.duplicateTest + key + u"'"_s);
+    const bool taken = !found.isEmpty() && (FormMode == Adding || key != CurrentCell(Key));
+    if (taken) {
+        sys::Inform(master_.duplicateText, MsgTitle);
+        Txt[Key]->SetFocus();
+        return false;
+    }
+    if (FormMode == Adding) {
+        RecCount += 1;
+        return true;
+    }
+    Db->Execute(u"delete from "_s + master_.table + u" where F1='"_s + CurrentCell(Key) + u"'"_s);
+    RemoveCurrentLine();
+    return true;
+}
+
+void SmallMaster::Menu_save() {
+    if (!RequiredBoxesFilled() || !MakeRoom()) return;
+    const QString key = text::Trim(Txt[Key]->Text());
+    const QString note = text::Trim(Txt[Note]->Text());
+    Db->Execute(u"insert into "_s + master_.table + u" (F1,F2) VALUES ("_s + Quoted(key) + u","_s +
+                Quoted(note) + u")"_s);
+    AppendLine({key, note});
+    LeaveEdit();
+    // The saved record stands last and is the next command's; the highlight stays where LeaveEdit put it.
+    CurRow = GD->Rows() - 1;
+}

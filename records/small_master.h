@@ -1,0 +1,60 @@
+// The four small master forms: two text fields, the key first, the visible name being the key itself. What
+// one of them says and does differently is a row of one table (small_masters.cpp).
+//
+// Always holds: an edit is a delete followed by an insert, with no transaction, so an insert that fails loses
+// the record. Waybills store the name as text, which is why a used name may not change.
+#pragma once
+
+#include "records/record_form.h"
+
+struct SmallMasterSettings {
+    QString form;     ///< "A04"
+    QString caption;  ///< "外务员资料"
+    QString listTab, cardTab;
+    QString group;  ///< the card's group title
+    QString table;  ///< "M04"
+    QString keyCaption, noteCaption;
+    QStringList headers;
+    int keyLimit, noteLimit;  ///< characters
+    int noteRows;             ///< rows of the note's box
+    int requiredBoxes;        ///< Txt(0) up to here must not be empty
+    QString usedIn;           ///< in-use test, up to the apostrophe before the key
+    QString cascade;          ///< what goes with a used record, up to the apostrophe before the key
+    QString duplicateTest;    ///< up to the apostrophe before the key
+    QString duplicateText;    ///< the message
+};
+
+/// FieldCourier, table M04.
+extern const SmallMasterSettings CourierSettings;
+
+class SmallMaster : public RecordForm {
+    Q_OBJECT
+  public:
+    explicit SmallMaster(const SmallMasterSettings& settings);
+    void Load() override;
+
+  protected:
+    QStringList Headers() const override { return master_.headers; }
+    QString StatusText() const override;
+    void RowToCard() override;
+    void OpenCard() override;
+    void CloseCard() override;
+
+  private:
+    void Menu_Add();
+    void Menu_edit();
+    void Menu_del();
+    void Menu_save();
+    bool IsUsed(QString& key) const;
+    bool ConfirmDelete(const QString& key);
+    bool RequiredBoxesFilled();
+    bool MakeRoom();
+
+    const SmallMasterSettings& master_;
+};
+
+/// 外务员资料: the field couriers.
+class A04 : public SmallMaster {
+  public:
+    A04() : SmallMaster(CourierSettings) {}
+};

@@ -1,0 +1,61 @@
+// A running program for the tests: a fresh company's file, the main window, an operator logged in, a script that
+// answers for him. Forms are driven by keys and looked at by their controls' names.
+#pragma once
+
+#include "app/main_window.h"
+#include "app/session.h"
+#include "platform/controls/box.h"
+#include "platform/controls/flex_grid.h"
+#include "tests/support/company.h"
+#include "tests/support/gui.h"
+#include "tests/support/script.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+
+namespace tests {
+
+using namespace Qt::StringLiterals;
+
+
+class Program {
+  public:
+    /// Statements put the masters in place; then the operator (an existing row of TE1) is logged in.
+    explicit Program(const QStringList& masters = {}, const QString& operatorCode = u"001"_s);
+    ~Program();
+
+    Script script;
+
+    MForm& Frame() { return *frame_; }
+    /// Opens a child form by its menu's keys ("A6", "B").
+    ChildForm& Open(const QString& keys, const QString& form);
+
+    /// Below the child in front.
+    template <class T>
+    T& At(const QString& name) {
+        return Find<T>(*frame_->Front(), name);
+    }
+    QString Box(int index);                      ///< text of Txt(index)
+    void SetBox(int index, const QString& text);  ///< goes there and types over what stands
+    QString Combo(int index);
+    void SetCombo(int index, const QString& text);
+    controls::FlexGrid& Grid() { return At<controls::FlexGrid>(u"GD"_s); }
+    /// The data lines of the grid, cells joined by "|".
+    QStringList Lines();
+    bool Enabled(const QString& command);
+    QString Status() { return frame_->Panel(4); }
+
+    /// All rows of a statement, fields joined by "|", null as "<null>".
+    QStringList Rows(const QString& sql);
+    void Execute(const QString& sql);
+
+  private:
+    CompanyFolder company_;
+    Registry registry_;
+    std::unique_ptr<MForm> frame_;
+};
+
+}  // namespace tests

@@ -1,0 +1,102 @@
+// The boxes of the waybill's card, laid on the columns of table B01 by position: one row of one table says a
+// box, its column, its kind and its caption. Without a screen, so that the save's statement and the card read
+// the same.
+//
+// Always holds: boxes 0 to 42 stand in the order of the table's first 43 columns. Weights are in kg, lengths
+// in cm, amounts in yuan; a fuel rate is a multiplying factor.
+#pragma once
+
+#include <QString>
+
+#include <array>
+
+namespace waybills {
+
+using namespace Qt::StringLiterals;
+
+enum Box {
+    Number,
+    SendDate,
+    Forwarding,
+    Remark,
+    OriginName,
+    ChannelCode,
+    ServiceZoneCode,
+    Destination,
+    ShipperCompany,
+    ShipperCompanyEnglish,
+    ShipperAddress,
+    ShipperAddressEnglish,
+    ConsigneeCompany,
+    ConsigneeCompanyEnglish,
+    ConsigneeAddress,
+    ConsigneeAddressEnglish,
+    Telephone,
+    ServiceType,
+    Goods,
+    DeclaredValue,
+    Pieces,
+    ReceivedWeight,
+    FirstWeighing,
+    ShippedWeight,
+    Volume,
+    PaymentMode,
+    BasicCharge,
+    AdditionalCharge,
+    TotalCharge,
+    Maker,
+    Courier,
+    CustomerCode,
+    ReleaseMark,
+    FuelRate,
+    ShippingCost,
+    ChannelFuelRate,
+    Incident,
+    IncidentReason,
+    IncidentOutcome,
+    IncidentExplanation,
+    ChannelZoneCode,
+    SignedBy,
+    DeliveryTime,
+    OtherFees,
+    ChannelOtherFees,
+    ChannelAdditionalFees,
+    Length,
+    Width,
+    Height,
+    BoxCount
+};
+
+/// Up to here the card reads the row by position, beyond it by name.
+constexpr int BoxesByPosition = DeliveryTime + 1;
+
+enum class Kind { Text, Number };
+
+struct BoxRow {
+    Box box;
+    QString field;
+    Kind kind;
+    QString caption;
+    /// Hidden from an operator who may not see figures.
+    bool figure = false;
+};
+
+/// In the order of the boxes.
+const std::array<BoxRow, BoxCount>& Boxes();
+
+// Words of the release mark while a waybill is not released; any other text is the name of who released it.
+inline const QString NotChecked = u"未审核"_s;  ///< new
+inline const QString NotShipped = u"未出货"_s;  ///< unmarked by hand
+bool IsReleased(const QString& releaseMark);
+
+/// A word that the card shows dressed ("月结.Account") for the code that is stored ("月结").
+struct CodedWord {
+    QString code;
+    QString shown;
+};
+inline const std::array<CodedWord, 2> ServiceTypes = {
+    {{u"D"_s, u"D.文件(File)"_s}, {u"S"_s, u"S.物品(Parcel)"_s}}};
+inline const std::array<CodedWord, 3> PaymentModes = {
+    {{u"月结"_s, u"月结.Account"_s}, {u"现金"_s, u"现金.Cash"_s}, {u"到付"_s, u"到付.Charge On Delivery"_s}}};
+
+}  // namespace waybills

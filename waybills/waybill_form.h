@@ -1,0 +1,87 @@
+// The consignment note: the form in which a waybill is entered, priced and posted.
+//
+// Always holds: the card shows dressed texts (code, point, name); the save cuts them back to codes. A
+// released waybill is told by its release mark (Txt[ReleaseMark]), and ChkChuHuo only mirrors that box. An
+// operator who may not see figures reads "*" in those boxes and can enter none of them.
+#pragma once
+
+#include "platform/controls/look.h"
+#include "records/record_form.h"
+#include "waybills/computed.h"
+#include "waybills/waybill_fields.h"
+
+#include <QDate>
+
+#include <map>
+
+/// 速递单: the waybills.
+class B01 : public RecordForm {
+    Q_OBJECT
+  public:
+    B01();
+    void Load() override;
+    void Activated() override;
+
+  protected:
+    // The list (waybill_list.cpp).
+    QStringList Headers() const override;
+    QString StatusText() const override;
+    void DressCell(int col, QString& text) const override;
+
+    // The card (waybill_card.cpp).
+    void RowToCard() override;
+    void OpenCard() override;
+    void CloseCard() override;
+
+  private:
+    void BuildCard();
+    void PlaceFields(controls::Card& card);
+    void MakeCombo(waybills::Box box);
+    void WireCard();
+    void SetTabOrder(const std::vector<QWidget*>& stops);
+    /// A combo stands in its box's place, or the box does.
+    void ShowCombo(waybills::Box box, bool shown);
+    void FillCombos();
+    void FillCombo(waybills::Box box, const QString& sql, bool withName);
+    void MaskFigures();
+    void EmptyBoxes(int first, int last);
+    void CombosTakeBoxes();
+    void DressBoxes();
+
+    void LeaveChannel();
+    void LeaveServiceZone();
+    void LeaveCustomer();
+    void MirrorRelease();
+    void ClickRelease();
+    void EnterBasicCharge();
+    void EnterTotal();
+
+    // The commands.
+    void Menu_Add();
+    void Menu_edit();
+    void Menu_save();
+    void ProposeOrigin();
+
+    // The save (waybill_save.cpp).
+    QString TakeCode(waybills::Box box);
+    /// False, with a message, when the combo is empty.
+    bool RequireCode(waybills::Box box);
+    void Missing(waybills::Box box) const;
+    void Wrong(waybills::Box box) const;
+    bool TakeCombos();
+    bool TestMasters() const;
+    bool TestNumberAndTotal() const;
+    /// False, with a message, when another waybill holds the number; takes the old row away in an edit.
+    bool MakeRoom();
+    QString InsertStatement() const;
+    void AppendSavedLine();
+    void Post();
+
+    controls::ComboBox& Combo(waybills::Box box) const { return *Cmb.at(box); }
+    QString BoxText(waybills::Box box) const { return Txt[box]->Text(); }
+
+    std::map<waybills::Box, controls::ComboBox*> Cmb;  ///< over the boxes of the same index
+    controls::DTPicker* DTP = nullptr;                 ///< over Txt[SendDate]
+    controls::CheckBox* ChkChuHuo = nullptr;
+    QString customerAtEntry_;  ///< trimmed text of Cmb(31) when it got the focus
+};

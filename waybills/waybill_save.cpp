@@ -1,0 +1,193 @@
+// The save of a waybill: its tests in their order, the row, and the posting to the journal.
+//
+// No transaction stands around the steps; the command's end commits them together. An edit takes the old row
+// and its ledger rows away and lets them be born anew; the old counterparty's chain is not rolled at the old
+// place.
+#include "accounts/journal.h"
+#include "app/data_access.h"
+#include "app/session.h"
+#include "platform/system/seams.h"
+#include "platform/text/dates.h"
+#include "platform/text/numbers.h"
+#include "waybills/waybill_form.h"
+
+using namespace Qt::StringLiterals;
+using namespace waybills;
+
+namespace {
+
+const QString InsertHead =
+    u"insert into B01 (F1,F101,F102,F103,F201,F202,F203,F2031,F2041,F2042,F2051,F2052,F2061,F2062,F2071,F2072,"_s +
+    u"F208,F301,F302,F303,F401,F402,F403,F404,F405,F501,F502,F503,F504,F601,F602,F603,F604,F505,F507,F506,F701,"_s +
+    u"F702,F703,F704,F2021,F605,F606,DF,YJ,XJ,F508,F509,F510,F4051,F4052,F4053) VALUES ("_s;
+
+/// What a test against the masters counts as no answer.
+bool Absent(const QString& found) {
+    return found.isEmpty() || found == u"NoFound";
+}
+
+}  // namespace
+
+QString B01::TakeCode(Box box) {
+    Txt[box]->SetText(CodePart(Combo(box).Text()));
+    return BoxText(box);
+}
+
+bool B01::RequireCode(Box box) {
+    if (text::Trim(Combo(box).Text()).isEmpty()) {
+        Missing(box);
+        return false;
+    }
+    TakeCode(box);
+    return true;
+}
+
+void B01::Missing(Box box) const {
+    sys::Inform(u"请输入"_s + Lab[box]->text() + u"!"_s, MsgTitle);
+}
+
+void B01::Wrong(Box box) const {
+    sys::Inform(Lab[box]->text() + u"输入错误！"_s, MsgTitle);
+}
+
+bool B01::TakeCombos() {
+    for (const Box box : {CustomerCode, Courier, ServiceType, PaymentMode, ServiceZoneCode, OriginName})
+        if (!RequireCode(box)) return false;
+    // Remembered before any other test, and kept even if the save then fails.
+    Db->Execute(u"update TE1 set F67="_s + QString::number(Combo(OriginName).ListIndex()) + u" where F1='"_s +
+                OperatorCode + u"'"_s);
+    if (!RequireCode(Destination)) return false;
+    TakeCode(ChannelCode);
+    TakeCode(ChannelZoneCode);
+    Txt[IncidentReason]->SetText(Combo(IncidentReason).Text());
+    return true;
+}
+
+bool B01::TestMasters() const {
+    const struct {
+        Box box;
+        QString test;
+    } masters[] = {
+        {CustomerCode, u"select F2 from M03 where F1='"_s},
+        {ChannelCode, u"select F2 from M01 where F1='"_s},
+        {OriginName, u"select F1 from M05 where F1='"_s},
+        {ServiceZoneCode, u"select F2 from M02 where F1='"_s},
+        {Courier, u"select F1 from M04 where F1='"_s},
+    };
+    for (const auto& [box, test] : masters) {
+        if (box == ChannelCode && BoxText(box).isEmpty()) continue;  // a waybill may wait for its channel
+        if (!Absent(GetStr(test + text::Trim(BoxText(box)) + u"'"_s))) continue;
+        Wrong(box);
+        return false;
+    }
+    const QString service = BoxText(ServiceType);
+    if (service != u"S" && service != u"D") {
+        Wrong(ServiceType);
+        return false;
+    }
+    const QString mode = text::Trim(BoxText(PaymentMode));
+    if (mode != u"到付" && mode != u"现金" && mode != u"月结") {
+        Wrong(PaymentMode);
+        return false;
+    }
+    return true;
+}
+
+bool B01::TestNumberAndTotal() const {
+    for (const Box box : {Number, Destination}) {
+        if (!text::Trim(BoxText(box)).isEmpty()) continue;
+        Missing(box);
+        return false;
+    }
+    if (text::Val(BoxText(TotalCharge)) != 0) return true;
+    Missing(TotalCharge);
+    return false;
+}
+
+bool B01::MakeRoom() {
+    const QString number = text::Trim(BoxText(Number));
+    const QString found = GetStr(u"select F1 from B01 where F1='"_s + number + u"'"_s);
+    const QString old = FormMode == Editing ? text::Trim(CurrentCell(0)) : QString();
+    if (!Absent(found) && (FormMode == Adding || number != old)) {
+        sys::Inform(u"["_s + found + u"]已经使用了"_s + BoxText(Number) + u"这个速递单号，请重新设置!"_s,
+                    MsgTitle);
+        Txt[Number]->SetFocus();
+        return false;
+    }
+    if (FormMode == Adding) {
+        RecCount += 1;
+        return true;
+    }
+    accounts::DeleteWaybillEntries(*Db, old);
+    Db->Execute(u"delete from B01 where F1='"_s + old + u"'"_s);
+    RemoveCurrentLine();
+    return true;
+}
+
+QString B01::InsertStatement() const {
+    const QString mode = text::Trim(BoxText(PaymentMode));
+    // The total's text as it stands goes into the column of the payment mode.
+    const QString total = text::Trim(BoxText(TotalCharge));
+    const auto share = [&](QStringView column) { return mode == column ? total : u"0"_s; };
+    QStringList values;
+    for (const BoxRow& row : Boxes()) {
+        const QString typed = BoxText(row.box);
+        values += row.kind == Kind::Text ? Quoted(text::Trim(typed)) : text::GeneralText(text::Val(typed));
+        if (row.box == DeliveryTime) values += {share(u"到付"), share(u"月结"), share(u"现金")};
+    }
+    return InsertHead + values.join(u',') + u')';
+}
+
+void B01::AppendSavedLine() {
+    const auto name = [](const QString& master, const QString& code) {
+        return GetStr(u"select F2 from "_s + master + u" where F1='"_s + code + u"'"_s);
+    };
+    const QString channel = name(u"M01"_s, BoxText(ChannelCode));
+    Txt[ChannelCode]->SetText(BoxText(ChannelCode) + u'.' + channel);
+    Txt[CustomerCode]->SetText(BoxText(CustomerCode) + u'.' + name(u"M03"_s, BoxText(CustomerCode)));
+    // Until the list is loaded again the new line shows the customer as code and name.
+    AppendLine({BoxText(Number), BoxText(SendDate), BoxText(Destination), BoxText(ServiceType),
+                BoxText(Pieces), BoxText(PaymentMode), channel, BoxText(CustomerCode), BoxText(Courier),
+                BoxText(ReleaseMark), BoxText(Remark)});
+}
+
+void B01::Post() {
+    // Without the blanks around it, as the waybill's own row holds it: an edit finds the rows again by that
+    // text.
+    const QString number = text::Trim(BoxText(Number));
+    const auto nameOf = [this](Box box, const QString& master) {
+        QString typed = Combo(box).Text();
+        return CodeToName(typed, master);
+    };
+    accounts::LedgerEntry entry;
+    entry.kind = accounts::LedgerKind::Receivable;
+    entry.sequence =
+        accounts::AllocateSequence(*Db, DTP->Value(), number, accounts::CounterReads::AfterFirstStepToo);
+    entry.key = u"YS"_s + number;
+    entry.date = text::DateText(DTP->Value());
+    entry.counterparty = nameOf(CustomerCode, u"M03"_s);
+    entry.amount = text::Val(BoxText(TotalCharge));
+    entry.handler = nameOf(Courier, u"M04"_s);
+    entry.maker = OperatorName;
+    accounts::PostEntry(*Db, entry);
+    if (ChkChuHuo->Value() == 0) return;
+    // The counter does not move for the payable: the number after the receivable's is always free.
+    entry.kind = accounts::LedgerKind::Payable;
+    entry.sequence += 1;
+    entry.key = u"YF"_s + number;
+    entry.counterparty = nameOf(ChannelCode, u"M01"_s);
+    entry.amount = text::Val(BoxText(ShippingCost));
+    accounts::PostEntry(*Db, entry);
+}
+
+void B01::Menu_save() {
+    for (const Box box : {Length, Width, Height})
+        Txt[box]->SetText(text::GeneralText(text::Val(BoxText(box))));
+    Txt[SendDate]->SetText(text::DateText(DTP->Value()));
+    if (!TakeCombos() || !TestMasters() || !TestNumberAndTotal() || !MakeRoom()) return;
+    Db->Execute(InsertStatement());
+    AppendSavedLine();
+    Post();
+    LeaveEdit();
+    CurRow = GD->Rows() - 1;
+}
