@@ -38,10 +38,14 @@ class Program {
     T& At(const QString& name) {
         return Find<T>(*frame_->Front(), name);
     }
+    controls::TextBox& TextBoxAt(int index);
+    controls::ComboBox& ComboAt(int index);
     QString Box(int index);                      ///< text of Txt(index)
     void SetBox(int index, const QString& text);  ///< goes there and types over what stands
     QString Combo(int index);
     void SetCombo(int index, const QString& text);
+    /// Presses Enter until that control has the focus.
+    void GoTo(const QString& control);
     controls::FlexGrid& Grid() { return At<controls::FlexGrid>(u"GD"_s); }
     /// The data lines of the grid, cells joined by "|".
     QStringList Lines();
@@ -53,7 +57,10 @@ class Program {
     void Execute(const QString& sql);
 
   private:
-    CompanyFolder company_;
+    void LogIn(const QString& operatorCode);
+    static void TypeOver(const QString& text);
+
+    Company company_;
     Registry registry_;
     std::unique_ptr<MForm> frame_;
 };

@@ -1,0 +1,138 @@
+#include "tests/support/program.h"
+
+#include "app/rights.h"
+#include "records/small_master.h"
+#include "waybills/waybill_form.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace tests {
+namespace {
+
+template <class Form>
+std::unique_ptr<ChildForm> Make() {
+    return std::make_unique<Form>();
+}
+
+}  // namespace
+
+Program::Program(const QStringList& masters, const QString& operatorCode) {
+    company_.EnterSession();
+    for (const QString& statement : masters) ::Db->Execute(statement);
+    ::Db->CloseGroup();
+    MsgTitle = u"提示"_s;
+    NumFormat = u"#0.00"_s;
+    EditInProgress = false;
+    CanSeeFigures = true;
+    registry_.children = {{u"A04"_s, Make<A04>}, {u"B01"_s, Make<B01>}};
+    frame_ = std::make_unique<MForm>(registry_);
+    SetTheFrame(frame_.get());
+    frame_->resize(1366, 768);
+    frame_->Load();
+    frame_->show();
+    frame_->activateWindow();
+    LogIn(operatorCode);
+    Settle();
+}
+
+Program::~Program() {
+    Settle();
+    EditInProgress = false;
+    frame_.reset();
+    SetTheFrame(nullptr);
+}
+
+void Program::LogIn(const QString& operatorCode) {
+    OperatorCode = operatorCode;
+    const QStringList name = Rows(u"select F2 from TE1 where F1='"_s + operatorCode + u"'"_s);
+    ASSERT_EQ(name.size(), 1) << operatorCode.toStdString();
+    frame_->SetPanel(3, name.front());
+    OperatorName = name.front();
+    ApplyRights();
+}
+
+ChildForm& Program::Open(const QString& keys, const QString& form) {
+    for (const QChar key : keys) AltKey(key.unicode());
+    ChildForm* child = frame_->Front();
+    EXPECT_TRUE(child && child->objectName() == form) << form.toStdString();
+    return child ? *child : frame_->ShowChild(form);
+}
+
+controls::TextBox& Program::TextBoxAt(int index) {
+    auto* box = dynamic_cast<controls::TextBox*>(&At<QWidget>(u"Txt(%1)"_s.arg(index)));
+    if (!box) throw std::runtime_error("no text box of that index");
+    return *box;
+}
+
+controls::ComboBox& Program::ComboAt(int index) {
+    return At<controls::ComboBox>(u"Cmb(%1)"_s.arg(index));
+}
+
+QString Program::Box(int index) {
+    return TextBoxAt(index).Text();
+}
+
+QString Program::Combo(int index) {
+    return ComboAt(index).Text();
+}
+
+void Program::SetBox(int index, const QString& text) {
+    TextBoxAt(index).SetFocus();
+    Settle();
+    TypeOver(text);
+}
+
+void Program::SetCombo(int index, const QString& text) {
+    ComboAt(index).SetFocus();
+    Settle();
+    TypeOver(text);
+}
+
+void Program::TypeOver(const QString& text) {
+    Press(Qt::Key_A, Qt::ControlModifier);
+    Press(Qt::Key_Delete);
+    Type(text);
+}
+
+void Program::GoTo(const QString& control) {
+    for (int i = 0; i < 80 && FocusName() != control; ++i) Press(Qt::Key_Return);
+    EXPECT_EQ(FocusName().toStdString(), control.toStdString());
+}
+
+QStringList Program::Lines() {
+    QStringList lines;
+    const auto& grid = Grid();
+    for (int row = 1; row < grid.Rows(); ++row) {
+        QStringList cells;
+        for (int col = 0; col < grid.Cols(); ++col) cells += grid.TextMatrix(row, col);
+        lines += cells.join(u'|');
+    }
+    return lines;
+}
+
+bool Program::Enabled(const QString& command) {
+    const auto* action = frame_->Front()->MenuBar()->findChild<QAction*>(command);
+    EXPECT_NE(action, nullptr) << command.toStdString();
+    return action && action->isEnabled();
+}
+
+QStringList Program::Rows(const QString& sql) {
+    QStringList lines;
+    auto rows = ::Db->OpenRecordset(sql);
+    for (; !rows.Eof(); rows.MoveNext()) {
+        QStringList cells;
+        for (int i = 0; i < rows.FieldCount(); ++i)
+            cells += rows.Fields(i).IsNull() ? u"<null>"_s : rows.Fields(i).Text();
+        lines += cells.join(u'|');
+    }
+    return lines;
+}
+
+void Program::Execute(const QString& sql) {
+    ::Db->Execute(sql);
+    ::Db->CloseGroup();
+}
+
+}  // namespace tests

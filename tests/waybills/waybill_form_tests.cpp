@@ -1,0 +1,392 @@
+// The waybill's form, driven by keys, against a real file: entering, pricing, saving, posting, refusing.
+#include "tests/support/program.h"
+#include "tests/waybills/waybill_company.h"
+#include "waybills/waybill_fields.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace waybills;
+using tests::AltKey;
+using tests::Press;
+using tests::Type;
+
+namespace {
+
+const QString Title = u"提示"_s;
+
+class WaybillForm : public tests::Program {
+  public:
+    explicit WaybillForm(const QStringList& more = {}, const QString& operatorCode = u"001"_s)
+        : Program(tests::WaybillMasters() + more, operatorCode) {
+        Open(u"B"_s, u"B01"_s);
+    }
+
+    /// The shortest waybill that saves, entered in the order of Tab; the total comes from the charge.
+    struct Entry {
+        QString number = u"W1"_s;
+        QString customer = u"C1.华兴"_s;
+        QString service = u"S"_s;
+        QString weight = u"3"_s;
+        QString fuel = u"1"_s;
+        QString date = u"2024-03-15"_s;
+        bool released = false;
+        QString channel = u""_s;
+        QString cost = u""_s;
+    };
+
+    /// From Menu_Add to just before the save.
+    void Fill(const Entry& entry) {
+        AltKey(u'A');
+        TypeOver(entry.customer);
+        if (entry.released) {
+            GoTo(u"ChkChuHuo"_s);
+            Press(Qt::Key_Space);
+        }
+        GoTo(u"Txt(0)"_s);
+        Type(entry.number);
+        At<controls::DTPicker>(u"DTP"_s).SetValue(QDate::fromString(entry.date, Qt::ISODate));
+        GoTo(u"Cmb(4)"_s);
+        Press(Qt::Key_Down);
+        GoTo(u"Cmb(6)"_s);
+        Type(u"Z1"_s);
+        GoTo(u"Cmb(7)"_s);
+        Type(u"纽约"_s);
+        GoTo(u"Cmb(5)"_s);
+        Type(entry.channel);
+        GoTo(u"Cmb(17)"_s);
+        Type(entry.service);
+        GoTo(u"Txt(21)"_s);
+        Type(entry.weight);
+        GoTo(u"Txt(33)"_s);
+        Type(entry.fuel);
+        GoTo(u"Txt(28)"_s);
+        GoTo(u"Txt(34)"_s);
+        Type(entry.cost);
+    }
+    void Add(const Entry& entry) {
+        Fill(entry);
+        AltKey(u'S');
+        EXPECT_FALSE(EditInProgress) << entry.number.toStdString();
+    }
+    QStringList Journal() { return Rows(u"select F1,F3,YF,SN,QC,QM from TB1 order by SN"_s); }
+};
+
+TEST(B01, AConsignmentTravelsFromTheKeysToTheBalance) {
+    WaybillForm form;
+    EXPECT_EQ(form.Status(), u"2024-03-15"_s) << "coming to the front shows the date";
+    form.Add({.number = u"W1"_s, .weight = u"3"_s});
+    EXPECT_EQ(form.Rows(u"select F1,F101,F201,F202,F203,F2031,F2041,F2052,F301,F402,F501,F502,F504,F505,F601,F602,"
+                        u"F603,F604,DF,YJ,XJ from B01"_s),
+              QStringList{u"W1|2024-03-15|上海||Z1|纽约|华兴公司|Pudong|S|3|月结|115|115|1|管理员|张三|C1|未审核|"
+                          u"0|115|0"_s});
+    EXPECT_EQ(form.Rows(u"select S2,SN,LB,F1,F2,F3,YF,FK,QC,QM,S1,F5,F6,F10,H8,K from TB1"_s),
+              QStringList{u"增加应收|131|-9|YSW1|2024-03-15|华兴|115|0|0|115|张师傅|管理员|管理员||"
+                          u"2024-03-15 10:00:00|0"_s});
+    EXPECT_EQ(form.Lines(), QStringList{u"W1|2024-03-15|纽约|S||月结||C1.华兴|张三|未审核|"_s})
+        << "until the next load the customer stands as code and name";
+    EXPECT_EQ(form.Status(), u"速递单：共 1 条记录 当前为第 1 条"_s);
+
+    // The same day 2 above the one before; a newer day 31; a day in between a quarter of the way.
+    form.Add({.number = u"W2"_s, .service = u"D"_s, .weight = u"1.2"_s});
+    form.Add({.number = u"W3"_s, .weight = u"30"_s, .date = u"2024-03-20"_s});
+    form.Add({.number = u"W4"_s, .weight = u"50"_s, .date = u"2024-03-18"_s});
+    EXPECT_EQ(form.Journal(), (QStringList{u"YSW1|华兴|115|131|0|115"_s, u"YSW2|华兴|50|133|115|165"_s,
+                                           u"YSW4|华兴|1525|140.75|165|1690"_s, u"YSW3|华兴|360|164|1690|2050"_s}));
+    EXPECT_EQ(form.Rows(u"select Setval from SysInfo where ID=100"_s), QStringList{u"165"_s})
+        << "the back-dated entry moved the counter by 1 all the same";
+}
+
+TEST(B01, APaymentModeTakesTheTotalIntoItsColumn) {
+    WaybillForm form;
+    const struct {
+        QString typed, split;
+    } modes[] = {{u"月结"_s, u"0|115|0"_s}, {u"现金.Cash"_s, u"0|0|115"_s}, {u"到付"_s, u"115|0|0"_s}};
+    int number = 0;
+    for (const auto& mode : modes) {
+        const QString key = u"P%1"_s.arg(++number);
+        form.Fill({.number = key});
+        form.SetCombo(PaymentMode, mode.typed);
+        AltKey(u'S');
+        EXPECT_EQ(form.Rows(u"select DF,YJ,XJ from B01 where F1='"_s + key + u"'"_s), QStringList{mode.split});
+    }
+}
+
+TEST(B01, ReleasedPostsThePayable) {
+    WaybillForm form;
+    form.Add({.number = u"W1"_s, .released = true, .channel = u"H1.环洋"_s, .cost = u"80.5"_s});
+    EXPECT_EQ(form.Rows(u"select F202,F2021,F507,F604 from B01"_s), QStringList{u"H1|H1-1|80.5|管理员"_s})
+        << "leaving the channel chose its first zone";
+    EXPECT_EQ(form.Journal(), (QStringList{u"YSW1|华兴|115|131|0|115"_s, u"YFW1|环洋|80.5|132|0|80.5"_s}));
+
+    // An edit brings both rows anew, at the end of the day; unchecked, the payable goes.
+    AltKey(u'E');
+    form.GoTo(u"Txt(34)"_s);
+    AltKey(u'S');
+    EXPECT_EQ(form.Journal(), (QStringList{u"YSW1|华兴|115|164|0|115"_s, u"YFW1|环洋|80.5|165|0|80.5"_s}));
+    AltKey(u'E');
+    form.GoTo(u"ChkChuHuo"_s);
+    Press(Qt::Key_Space);
+    EXPECT_EQ(form.Box(ReleaseMark), u"未出货"_s);
+    AltKey(u'S');
+    EXPECT_EQ(form.Journal().size(), 1);
+    EXPECT_EQ(form.Rows(u"select F604 from B01"_s), QStringList{u"未出货"_s});
+
+    // Without a channel a released waybill posts a payable to nobody.
+    form.Add({.number = u"W2"_s, .released = true});
+    EXPECT_TRUE(form.Journal().contains(u"YFW2||0|198|0|0"_s)) << form.Journal().join(u'\n').toStdString();
+}
+
+TEST(B01, EditMayChangeTheNumberButNotToATakenOne) {
+    WaybillForm form;
+    form.Add({.number = u"W1"_s});
+    form.Add({.number = u"W2"_s});
+    AltKey(u'E');
+    EXPECT_EQ(tests::FocusName(), u"Txt(0)"_s);
+    form.SetBox(Number, u"w1"_s);
+    form.script.Box(u"[W1]已经使用了w1这个速递单号，请重新设置!"_s, Title);
+    AltKey(u'S');
+    EXPECT_EQ(tests::FocusName(), u"Txt(0)"_s);
+    EXPECT_EQ(form.Journal().size(), 2) << "nothing has been written";
+    form.SetBox(Number, u"W9"_s);
+    AltKey(u'S');
+    EXPECT_EQ(form.Rows(u"select F1 from B01 order by F1"_s), (QStringList{u"W1"_s, u"W9"_s}));
+    EXPECT_EQ(form.Rows(u"select F1 from TB1 order by F1"_s), (QStringList{u"YSW1"_s, u"YSW9"_s}));
+    EXPECT_EQ(form.Lines().size(), 2);
+}
+
+TEST(B01, RefusalsInTheirOrder) {
+    WaybillForm form;
+    form.Add({.number = u"W0"_s});
+    form.Execute(u"update TE1 set F67=7"_s);
+    AltKey(u'A');
+    const auto refuse = [&](const QString& message) {
+        form.script.Box(message, Title);
+        AltKey(u'S');
+        EXPECT_TRUE(form.script.Done()) << message.toStdString();
+        EXPECT_TRUE(EditInProgress);
+    };
+    for (const int box : {CustomerCode, Courier, ServiceType, PaymentMode, ServiceZoneCode, OriginName})
+        form.SetCombo(box, u" "_s);
+    const struct {
+        Box box;
+        QString caption, bad;
+    } required[] = {{CustomerCode, u"发件客户"_s, u"无.此人"_s}, {Courier, u"外务员"_s, u"无此人"_s},
+                    {ServiceType, u"服务类型"_s, u"X"_s},        {PaymentMode, u"付款方式"_s, u"赊"_s},
+                    {ServiceZoneCode, u"目的区域"_s, u"Z9"_s},   {OriginName, u"始发地"_s, u"无此地"_s}};
+    for (const auto& row : required) {
+        refuse(u"请输入"_s + row.caption + u"!"_s);
+        form.SetCombo(row.box, row.bad);
+    }
+    EXPECT_EQ(form.Rows(u"select F67 from TE1"_s), QStringList{u"7"_s});
+    refuse(u"请输入目的地!"_s);
+    EXPECT_EQ(form.Rows(u"select F67 from TE1"_s), QStringList{u"-1"_s}) << "remembered, though the save failed";
+    form.SetCombo(Destination, u".只有点"_s);
+    form.SetCombo(ChannelCode, u"H9"_s);
+    const struct {
+        Box box;
+        QString caption, good;
+    } masters[] = {{CustomerCode, u"发件客户"_s, u"C2"_s}, {ChannelCode, u"出货渠道"_s, u""_s},
+                   {OriginName, u"始发地"_s, u"苏州"_s},   {ServiceZoneCode, u"目的区域"_s, u"Z1"_s},
+                   {Courier, u"外务员"_s, u"李四"_s},      {ServiceType, u"服务类型"_s, u"D.文件(File)"_s},
+                   {PaymentMode, u"付款方式"_s, u"现金"_s}};
+    for (const auto& row : masters) {
+        refuse(row.caption + u"输入错误！"_s);
+        form.SetCombo(row.box, row.good);
+    }
+    refuse(u"请输入速递单号!"_s);
+    form.SetBox(Number, u"W0"_s);
+    refuse(u"请输入目的地!"_s);
+    form.SetCombo(Destination, u"纽约"_s);
+    refuse(u"请输入总计费用!"_s);
+    for (const int box : {OtherFees, FuelRate}) form.SetBox(box, u"-5"_s);
+    form.SetBox(AdditionalCharge, u"0"_s);
+    form.TextBoxAt(TotalCharge).SetFocus();
+    tests::Settle();
+    EXPECT_EQ(form.Box(TotalCharge), u"-5.00"_s);
+    refuse(u"[W0]已经使用了W0这个速递单号，请重新设置!"_s);
+    form.SetBox(Number, u"W1"_s);
+    AltKey(u'S');
+    EXPECT_EQ(form.Rows(u"select F1,F504,XJ,F2031 from B01 order by F1"_s).last(), u"W1|-5|-5|纽约"_s)
+        << "a negative total passes";
+    EXPECT_EQ(form.Rows(u"select F67 from TE1"_s), QStringList{u"1"_s});
+}
+
+TEST(B01, ChargeIsAskedByEnteringItsBox) {
+    WaybillForm form;
+    AltKey(u'A');
+    const auto enter = [&] {
+        form.TextBoxAt(Remark).SetFocus();
+        tests::Settle();
+        form.TextBoxAt(BasicCharge).SetFocus();
+        tests::Settle();
+    };
+    const auto refuse = [&](const QString& message) {
+        form.script.Box(message, Title);
+        enter();
+        EXPECT_EQ(form.Box(BasicCharge), u""_s);
+    };
+    refuse(u"未输入发件客户，系统无法根据报价计算发件费用！"_s);
+    form.SetCombo(CustomerCode, u"C1"_s);
+    refuse(u"未输入目的区域，系统无法根据区域的价格计算发件费用！"_s);
+    form.SetCombo(ServiceZoneCode, u"Z1.北美"_s);
+    form.SetBox(ReceivedWeight, u"重"_s);
+    refuse(u"未输入收货重量，系统无法计算发件费用！"_s);
+    form.SetBox(ReceivedWeight, u"3kg"_s);
+    refuse(u"未输入服务类型，无法计算发件费用！"_s);
+    form.SetCombo(ServiceType, u"S"_s);
+    form.SetCombo(CustomerCode, u"C2"_s);
+    refuse(u"指定的发件客户编码无效，或是指定的区域编码无效！\r无法计算发件费用"_s);
+    form.SetCombo(CustomerCode, u"C1.华兴"_s);
+    enter();
+    EXPECT_EQ(form.Box(BasicCharge), u"115"_s);
+    Press(Qt::Key_A, Qt::ControlModifier);
+    Type(u"99"_s);
+    EXPECT_EQ(form.Box(BasicCharge), u"99"_s) << "the operator may type another amount";
+    form.SetBox(AdditionalCharge, u"5"_s);
+    form.SetBox(FuelRate, u"1.1"_s);
+    form.SetBox(OtherFees, u"2"_s);
+    enter();
+    form.TextBoxAt(TotalCharge).SetFocus();
+    tests::Settle();
+    EXPECT_EQ(form.Box(TotalCharge), u"134.00"_s);
+    form.Execute(u"delete from MS1"_s);
+    form.script.Box(u"本公司报价标准设定数据丢失！请重新设置！"_s, u"意外错误"_s, sys::BoxIcon::Warning);
+    enter();
+    AltKey(u'C');
+}
+
+TEST(B01, CombosFollowWhatWasChosen) {
+    WaybillForm form;
+    AltKey(u'A');
+    EXPECT_EQ(tests::FocusName(), u"Cmb(31)"_s);
+    EXPECT_EQ(form.Combo(PaymentMode), u"月结.Account"_s);
+    EXPECT_EQ(form.Combo(Courier), u"张三"_s);
+    form.SetCombo(CustomerCode, u"C1.华"_s);
+    form.TextBoxAt(ShipperAddress).SetFocus();
+    tests::Settle();
+    EXPECT_EQ(form.Combo(CustomerCode), u"C1.华兴"_s);
+    EXPECT_EQ(form.Box(ShipperCompany), u"华兴公司"_s);
+    EXPECT_EQ(form.script.InputMethodSwitches(), 1);
+    form.SetBox(ShipperCompany, u"分公司"_s);
+    form.ComboAt(CustomerCode).SetFocus();
+    tests::Settle();
+    Press(Qt::Key_Return);
+    EXPECT_EQ(form.Box(ShipperCompany), u"分公司"_s) << "left unchanged, the customer overwrites nothing";
+    form.SetCombo(Destination, u"别处"_s);
+    form.SetCombo(ServiceZoneCode, u"Z1"_s);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(form.ComboAt(Destination).ListCount(), 2);
+    EXPECT_EQ(form.Combo(Destination), u"别处"_s) << "a typed destination survives";
+    form.SetCombo(ChannelCode, u"H1"_s);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(form.Combo(ChannelZoneCode), u"H1-1.美东"_s);
+    form.SetCombo(ChannelCode, u""_s);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(form.ComboAt(ChannelZoneCode).ListCount(), 2) << "left empty it keeps the zones of the one before";
+    AltKey(u'C');
+}
+
+TEST(B01, TheCardReadsDressedAndANewOneKeepsTheRest) {
+    WaybillForm form({u"insert into B01 (F1,F101,F201,F202,F203,F301,F501,F602,F603,F604,F2021,F605,F508,F509,F4051) "
+                      u"VALUES ('W1','2024-1-5','上海','H1','Z9','?','赊账','张三','C1','管理员','H1-2','老王',2,3,40)"_s});
+    form.At<controls::TabStrip>(u"TabS"_s).SelectItem(2);
+    const struct {
+        Box box;
+        QString text;
+    } shown[] = {{ChannelCode, u"H1.环洋"_s},      {ServiceZoneCode, u"Z9."_s}, {ServiceType, u"S.物品(Parcel)"_s},
+                 {PaymentMode, u"赊账"_s},         {Courier, u"张三.张师傅"_s}, {CustomerCode, u"C1.华兴"_s},
+                 {ChannelZoneCode, u"H1-2.美西"_s}, {OtherFees, u"2"_s},        {Length, u"40"_s},
+                 {BasicCharge, u""_s}};
+    for (const auto& row : shown) EXPECT_EQ(form.Box(row.box), row.text) << row.box;
+    EXPECT_EQ(form.At<controls::CheckBox>(u"ChkChuHuo"_s).Value(), 1);
+    AltKey(u'A');
+    EXPECT_EQ(form.At<controls::CheckBox>(u"ChkChuHuo"_s).Value(), 0);
+    EXPECT_EQ(form.Combo(ChannelZoneCode), u"H1-2.美西"_s);
+    EXPECT_EQ(form.Box(SignedBy), u"老王"_s);
+    EXPECT_EQ(form.Box(ChannelOtherFees), u"3"_s);
+    EXPECT_EQ(form.Box(Courier), u""_s);
+    AltKey(u'C');
+    EXPECT_EQ(form.Box(CustomerCode), u"C1.华兴"_s);
+
+    // A row that is gone empties the card but for the fees.
+    form.Execute(u"delete from B01"_s);
+    AltKey(u'A');
+    AltKey(u'C');
+    EXPECT_EQ(form.Box(CustomerCode), u""_s);
+    EXPECT_EQ(form.Box(Length), u""_s);
+    EXPECT_EQ(form.Box(OtherFees), u"2"_s);
+}
+
+TEST(B01, TheListShowsNamesAndKeepsItsOddities) {
+    WaybillForm form({u"insert into M01 (F1,F2) VALUES ('N','3')"_s,
+                      u"insert into B01 (F1,F101,F202,F603,F401) VALUES ('W2','2024-02-01','N','C9',2)"_s,
+                      u"insert into B01 (F1,F101,F202,F603,F401) VALUES ('W1','2024-01-05','H1','C2',12.5)"_s});
+    EXPECT_EQ(form.Lines(), (QStringList{u"W1|2024-01-05|||12.5||环洋|恒丰|||"_s, u"W2|2024-02-01|||2||3.00||||"_s}));
+    for (const auto& command : {u"Menu_del"_s, u"Menu_Check"_s, u"Menu_query"_s, u"Menu_JSQ"_s, u"Menu_ToExcel"_s})
+        EXPECT_FALSE(form.Enabled(command)) << command.toStdString();
+    AltKey(u'E');
+    AltKey(u'C');
+    EXPECT_FALSE(form.Enabled(u"Menu_del"_s)) << "leaving the edit does not bring it";
+}
+
+TEST(B01, RightsDecideWhatIsSeenAndEdited) {
+    const QStringList rows = {
+        u"insert into TE1 (F1,F2,F61,F64,F65) VALUES ('002','小王',1,0,0)"_s,
+        u"insert into TE1 (F1,F2,F61,F64,F65) VALUES ('003','小李',1,1,1)"_s,
+        u"insert into B01 (F1,F101,F203,F2031,F201,F202,F301,F501,F504,F507,F602,F603,F604) VALUES "
+        u"('W1','2024-03-01','Z1','纽约','上海','H1','S','月结',115,80,'张三','C1','管理员')"_s,
+        u"insert into B01 (F1,F101,F203,F2031,F201,F202,F301,F501,F504,F507,F602,F603,F604) VALUES "
+        u"('W2','2024-03-02','Z1','纽约','上海','H1','S','月结',50,30,'张三','C1','未审核')"_s};
+    const auto masked = [](WaybillForm& form, int box) {
+        return static_cast<QLineEdit*>(form.TextBoxAt(box).Widget())->echoMode() != QLineEdit::Normal;
+    };
+    {
+        WaybillForm form(rows, u"002"_s);
+        form.script.Box(u"该速递单已经审核出货,您没有修改权限!"_s, Title);
+        AltKey(u'E');
+        EXPECT_FALSE(EditInProgress);
+        form.Grid().SetRow(2);
+        AltKey(u'E');
+        EXPECT_EQ(form.Box(Maker), u"小王"_s);
+        for (const BoxRow& row : Boxes()) {
+            EXPECT_EQ(masked(form, row.box), row.figure) << row.box;
+            EXPECT_EQ(form.TextBoxAt(row.box).Widget()->isEnabled(), !row.figure) << row.box;
+        }
+        EXPECT_FALSE(form.ComboAt(ChannelCode).isVisible());
+        EXPECT_TRUE(form.ComboAt(ServiceZoneCode).isVisible());
+        AltKey(u'S');
+        EXPECT_EQ(form.Rows(u"select F504,F202,F601 from B01 where F1='W2'"_s), QStringList{u"50|H1|小王"_s})
+            << "an edit that keeps a stored total saves";
+    }
+    WaybillForm form(rows, u"003"_s);
+    EXPECT_TRUE(masked(form, ShippingCost)) << "the cost is the administrator's alone";
+    EXPECT_FALSE(masked(form, BasicCharge));
+    AltKey(u'E');
+    AltKey(u'S');
+    EXPECT_EQ(form.Journal(), (QStringList{u"YSW1|华兴|115|131|0|115"_s, u"YFW1|环洋|80|132|0|80"_s}))
+        << "a released waybill saved again posts its payable";
+}
+
+TEST(B01, ABoxTakesAnyTextAndAnApostropheIsReported) {
+    WaybillForm form;
+    form.Fill({.number = u"W1"_s});
+    const QString strange = QString(u"𝄞é\u202e;--/*\"%_[]"_s) + QString(10000, u'长');
+    for (const int box : {ConsigneeAddress, Remark}) {
+        form.TextBoxAt(box).SetFocus();
+        tests::Settle();
+        Type(strange.left(60));
+    }
+    form.TextBoxAt(Goods).SetText(strange.left(49));
+    AltKey(u'S');
+    EXPECT_FALSE(EditInProgress);
+    EXPECT_EQ(form.Rows(u"select F302 from B01"_s), QStringList{strange.left(49)});
+    AltKey(u'E');
+    form.SetBox(ConsigneeCompany, u"O'Neil"_s);
+    form.script.BoxContaining(u"'O'Neil'"_s);
+    form.script.End(1);
+    AltKey(u'S');
+    EXPECT_TRUE(form.Rows(u"select F1 from B01"_s).isEmpty()) << "the delete before it was executed and stays";
+}
+
+}  // namespace
