@@ -6,6 +6,7 @@
 #include "schema/names.h"
 #include "schema_texts.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -69,8 +70,13 @@ void WritePicture(const QString& path) {
     QPainter painter(&picture);
     drawing.render(&painter);
     painter.end();
+    // Into memory first: the picture writer itself does not take a full disk well.
+    QBuffer bytes;
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || !picture.save(&file, "PNG") || !file.commit()) {
+    if (!bytes.open(QIODevice::WriteOnly) || !picture.save(&bytes, "PNG")) {
+        throw RuntimeError(u"内存不足，无法生成背景图片！"_s);
+    }
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes.data()) != bytes.size() || !file.commit()) {
         throw RuntimeError(u"无法写入“%1”：%2"_s.arg(path, file.errorString()));
     }
 }

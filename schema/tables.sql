@@ -331,7 +331,8 @@ create table TB1 (
     SN DOUBLE check(typeof(SN) not in ('text', 'blob')),            -- place in the journal; may be fractional
     LB INTEGER check(typeof(LB) not in ('text', 'blob')),  -- -9 receivable, 9 payable, 10 paid, -10 received
     F1 TEXT COLLATE NOCASE,                                         -- document key: two letters and a number
-    F2 DATE check(coalesce(F2 in (date(F2), datetime(F2)), F2 is null)),  -- document date
+    F2 DATE  -- document date
+        check(coalesce(F2 in (date(F2, '0 days'), datetime(F2, '0 days')), F2 is null)),
     F3 TEXT COLLATE NOCASE,                                         -- counterparty, by name
     YF DOUBLE default 0 check(typeof(YF) not in ('text', 'blob')),  -- amount that raises the balance, yuan
     FK DOUBLE default 0 check(typeof(FK) not in ('text', 'blob')),  -- amount that lowers it, yuan
@@ -341,7 +342,8 @@ create table TB1 (
     F5 TEXT COLLATE NOCASE,                                         -- operator who made the row
     F6 TEXT COLLATE NOCASE,                                         -- second mark; empty counts as not posted
     F10 TEXT COLLATE NOCASE,                                        -- remark
-    H8 DATE check(coalesce(H8 in (date(H8), datetime(H8)), H8 is null)),  -- moment of the last write
+    H8 DATE  -- moment of the last write
+        check(coalesce(H8 in (date(H8, '0 days'), datetime(H8, '0 days')), H8 is null)),
     K INTEGER default 0 check(typeof(K) not in ('text', 'blob')),   -- exclusion mark
     F30 TEXT COLLATE NOCASE                                         -- voucher number, kept, unused
 );
@@ -366,7 +368,8 @@ create index TA2_F1 on TA2 (F1);
 -- Delivery notes. What is open is F9 - F91, so a new note starts with nothing paid.
 create table TD1 (
     F1 TEXT COLLATE NOCASE,                                           -- note number
-    F2 DATE check(coalesce(F2 in (date(F2), datetime(F2)), F2 is null)),  -- note date
+    F2 DATE  -- note date
+        check(coalesce(F2 in (date(F2, '0 days'), datetime(F2, '0 days')), F2 is null)),
     F3 TEXT COLLATE NOCASE,                                           -- customer, TA2.F1
     F9 DOUBLE check(typeof(F9) not in ('text', 'blob')),              -- amount, yuan
     F91 DOUBLE default 0 check(typeof(F91) not in ('text', 'blob'))   -- total paid so far, yuan
@@ -378,7 +381,8 @@ create index TD1_F3 on TD1 (F3);
 create table TD2 (
     F1 TEXT COLLATE NOCASE,                               -- customer, TA2.F1
     F2 TEXT COLLATE NOCASE,                               -- note number, TD1.F1
-    F3 DATE check(coalesce(F3 in (date(F3), datetime(F3)), F3 is null)),  -- payment date
+    F3 DATE  -- payment date
+        check(coalesce(F3 in (date(F3, '0 days'), datetime(F3, '0 days')), F3 is null)),
     F4 DOUBLE check(typeof(F4) not in ('text', 'blob')),  -- amount paid, yuan
     F5 DOUBLE check(typeof(F5) not in ('text', 'blob'))   -- balance left, yuan
 );

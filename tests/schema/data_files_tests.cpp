@@ -1,0 +1,227 @@
+// The files of a new company: locked, whole, and never made over an old one.
+#include "schema/definition.h"
+#include "tests/schema/company.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QLockFile>
+#include <QProcess>
+
+#include <csignal>
+#include <stdexcept>
+#include <sys/resource.h>
+
+using namespace Qt::StringLiterals;
+
+namespace tests {
+namespace {
+
+const QStringList kNames = {u"tessik.dat"_s, u"excel.dat"_s, u"syspic.dat"_s};
+
+class DataFiles : public testing::Test {
+  protected:
+    QString Path(const QString& name = u"tessik.dat"_s) const { return folder_.filePath(name); }
+    QStringList Listing() const {
+        return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+    QString folder() const { return folder_.path(); }
+
+  private:
+    QTemporaryDir folder_;
+};
+
+/// What the engine answers to the first read of a file with that key; "" is no key at all.
+int FirstRead(const QString& path, const QByteArray& key) {
+    sqlite3* db = nullptr;
+    int result = sqlite3_open_v2(path.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr);
+    if (result == SQLITE_OK && !key.isEmpty()) {
+        sqlite3_key(db, key.constData(), static_cast<int>(key.size()));
+        sqlite3_exec(db, "pragma cipher_page_size = 4096; pragma kdf_iter = 64000", nullptr, nullptr,
+                     nullptr);
+    }
+    if (result == SQLITE_OK)
+        result = sqlite3_exec(db, "select * from sqlite_master", nullptr, nullptr, nullptr);
+    sqlite3_close(db);
+    return result;
+}
+
+/// While it lives, no file of this process grows beyond a size: what a full disk does to a writer.
+class FullDisk {
+  public:
+    explicit FullDisk(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit{bytes, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, signal_);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+  private:
+    void (*signal_)(int);
+    rlimit before_{};
+};
+
+TEST_F(DataFiles, TheDatabaseOpensWithItsPasswordAlone) {
+    schema::MakeDatabase(Path());
+    EXPECT_EQ(FirstRead(Path(), "QXR7305"), SQLITE_OK);
+    for (const QByteArray key : {"", "qxr7305", "QXR7305 ", "QXR730", "x"}) {
+        EXPECT_EQ(FirstRead(Path(), key), SQLITE_NOTADB) << key.toStdString();
+    }
+    EXPECT_EQ(schema::kConnect.toString(), u";PWD="_s + schema::kPassword.toString());
+
+    const QByteArray bytes = Bytes(Path());
+    EXPECT_EQ(bytes.size() % 4096, 0);
+    for (const QByteArray readable : {"SQLite format", "create table", "管理员", "TE1"}) {
+        EXPECT_FALSE(bytes.contains(readable)) << readable.toStdString();
+    }
+}
+
+TEST_F(DataFiles, TheDatabaseIsOneFileWithoutALog) {
+    schema::MakeDatabase(Path());
+    EXPECT_EQ(Listing(), QStringList(u"tessik.dat"_s));
+    const auto engine = schema::OpenEngine(Path(), schema::kPassword);
+    EXPECT_EQ(Row(engine.get(), u"pragma journal_mode"_s), "delete");
+    EXPECT_EQ(Row(engine.get(), u"pragma user_version"_s), std::to_string(schema::kVersion));
+    EXPECT_EQ(Row(engine.get(), u"pragma integrity_check"_s), "ok");
+}
+
+TEST_F(DataFiles, ANewCompanyHasItsFirstRows) {
+    schema::MakeDatabase(Path());
+    schema::MakeDatabase(Path(u"named.dat"_s), u"飞达'快递"_s);
+    const auto engine = schema::OpenEngine(Path(), schema::kPassword);
+    sqlite3* db = engine.get();
+    EXPECT_EQ(Row(db, u"select F1 from CompanyInfo"_s), "");
+    EXPECT_EQ(Row(db, u"select Setval from SysInfo where ID=100"_s), "100.0");
+    EXPECT_EQ(Row(db, u"select setStr from SysInfo where ID=9999"_s), "");
+    EXPECT_EQ(Row(db, u"select count(*) from SysInfo"_s), "2");
+    EXPECT_EQ(Row(db, u"select F1,F2,F3,F60,F61,F62,F63,F64,F65,F66,F67 from TE1"_s),
+              "001|管理员||1|1|1|1|1|1|1|1");
+    EXPECT_EQ(Row(db, u"select (select count(*) from B01) + (select count(*) from MS1)"_s), "0");
+
+    const auto named = schema::OpenEngine(Path(u"named.dat"_s), schema::kPassword);
+    EXPECT_EQ(Row(named.get(), u"select F1 from CompanyInfo"_s), "飞达'快递");
+}
+
+TEST_F(DataFiles, TheExportFileHoldsAnEmptySheetForEveryone) {
+    schema::MakeExportFile(Path(u"excel.dat"_s));
+    EXPECT_EQ(FirstRead(Path(u"excel.dat"_s), {}), SQLITE_OK);
+    const auto engine = schema::OpenEngine(Path(u"excel.dat"_s), {});
+    QStringList columns;
+    for (const QStringList& row : Rows(engine.get(), u"pragma table_info(mysheet)"_s))
+        columns += row[1] + row[2];
+    ASSERT_EQ(columns.size(), 30);
+    EXPECT_EQ(columns.first(), u"F1TEXT"_s);
+    EXPECT_EQ(columns.last(), u"F30TEXT"_s);
+    EXPECT_EQ(Row(engine.get(), u"select count(*) from mysheet"_s), "0");
+}
+
+TEST_F(DataFiles, TheWallpaperIsAPictureByItsContent) {
+    schema::MakePicture(Path(u"syspic.dat"_s));
+    const QImage picture = QImageReader(Path(u"syspic.dat"_s)).read();
+    EXPECT_EQ(picture.size(), QSize(1920, 1080));
+    // Drawn, and not just a ground of one colour.
+    EXPECT_NE(picture.pixel(5, 5), picture.pixel(1313, 677));
+}
+
+TEST_F(DataFiles, ASecondRunMakesWhatIsMissingAndNothingElse) {
+    EXPECT_EQ(schema::MakeDataFiles(folder(), u"甲"_s), kNames);
+    EXPECT_EQ(Listing(), QStringList({u"excel.dat"_s, u"syspic.dat"_s, u"tessik.dat"_s}));
+    const QByteArray database = Bytes(Path());
+    QFile own(Path(u"syspic.dat"_s));
+    ASSERT_TRUE(own.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    own.write("a picture of the user's");
+    own.close();
+    ASSERT_TRUE(QFile::remove(Path(u"excel.dat"_s)));
+
+    EXPECT_EQ(schema::MakeDataFiles(folder(), u"乙"_s), QStringList(u"excel.dat"_s));
+    EXPECT_EQ(schema::MakeDataFiles(folder()), QStringList());
+    EXPECT_EQ(Bytes(Path()), database);
+    EXPECT_EQ(Bytes(Path(u"syspic.dat"_s)), "a picture of the user's");
+    EXPECT_THROW(schema::MakeDatabase(Path()), RuntimeError);
+    EXPECT_EQ(Bytes(Path()), database);
+}
+
+TEST_F(DataFiles, ALinkToNowhereIsAFileThatIsThere) {
+    ASSERT_TRUE(QFile::link(folder() + u"/elsewhere/tessik.dat"_s, Path()));
+    EXPECT_EQ(schema::MakeDataFiles(folder()), QStringList({u"excel.dat"_s, u"syspic.dat"_s}));
+    EXPECT_TRUE(QFileInfo(Path()).isSymLink());
+}
+
+TEST_F(DataFiles, WhatFailsHalfWayLeavesNothing) {
+    const struct {
+        const char* what;
+        std::function<void()> make;
+    } rows[] = {
+        {"database", [&] { schema::MakeDatabase(Path()); }},
+        {"export file", [&] { schema::MakeExportFile(Path()); }},
+        {"picture", [&] { schema::MakePicture(Path()); }},
+    };
+    for (const auto& row : rows) {
+        {
+            const FullDisk full(6000);
+            EXPECT_THROW(row.make(), RuntimeError) << row.what;
+        }
+        EXPECT_EQ(Listing(), QStringList()) << row.what;
+    }
+    const auto fail = [&](const QString& temporary) {
+        QFile file(temporary);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        throw std::runtime_error("in the middle");
+    };
+    EXPECT_THROW(schema::MakeWhole(Path(), fail), std::runtime_error);
+    EXPECT_EQ(Listing(), QStringList());
+}
+
+TEST_F(DataFiles, WhatAKilledRunLeftIsNoObstacle) {
+    for (const QString& name : {u"tessik.dat.making"_s, u"tessik.dat.making-journal"_s}) {
+        QFile file(Path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("half a page");
+    }
+    schema::MakeDatabase(Path());
+    EXPECT_EQ(FirstRead(Path(), "QXR7305"), SQLITE_OK);
+    EXPECT_EQ(Listing(), QStringList(u"tessik.dat"_s));
+}
+
+TEST_F(DataFiles, TwoRunsAtOnceDoNotMeet) {
+    QLockFile other(Path() + u".lock"_s);
+    ASSERT_TRUE(other.tryLock());
+    EXPECT_THROW(schema::MakeDatabase(Path()), RuntimeError);
+    EXPECT_EQ(Listing(), QStringList(u"tessik.dat.lock"_s));
+    other.unlock();
+    EXPECT_EQ(schema::MakeDataFiles(folder()), kNames);
+}
+
+TEST_F(DataFiles, TheProgramTellsHowItWent) {
+    const struct {
+        QStringList arguments;
+        int status;
+        QString says;
+    } rows[] = {
+        {{}, 2, u"用法"_s},
+        {{folder(), u"a"_s, u"b"_s}, 2, u"用法"_s},
+        {{folder() + u"/nowhere"_s}, 1, u"不存在"_s},
+        {{Path(u"文件夹"_s), u"飞达"_s}, 0, u"tessik.dat：已生成"_s},
+        {{Path(u"文件夹"_s), u"别家"_s}, 0, u"tessik.dat：已存在"_s},
+    };
+    ASSERT_TRUE(QDir(folder()).mkdir(u"文件夹"_s));
+    for (const auto& row : rows) {
+        QProcess program;
+        program.setProcessChannelMode(QProcess::MergedChannels);
+        program.start(QStringLiteral(MAKE_DATA_FILES), row.arguments);
+        ASSERT_TRUE(program.waitForFinished()) << program.errorString().toStdString();
+        const QString said = QString::fromUtf8(program.readAll());
+        EXPECT_EQ(program.exitCode(), row.status) << said.toStdString();
+        EXPECT_TRUE(said.contains(row.says)) << said.toStdString();
+    }
+    const auto engine = schema::OpenEngine(Path(u"文件夹/tessik.dat"_s), schema::kPassword);
+    EXPECT_EQ(Row(engine.get(), u"select F1 from CompanyInfo"_s), "飞达");
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,93 @@
+// A file of last year opens in this year's program; a file of next year does not.
+#include "schema/upgrade.h"
+#include "tests/schema/company.h"
+
+using namespace Qt::StringLiterals;
+
+namespace tests {
+namespace {
+
+const std::vector<schema::UpgradeStep> kSteps = {
+    {1, {"create table T (F1)", "insert into T (F1) values ('old')"}},
+    {2, {"alter table T add column F2 default 5"}},
+    {4, {"update T set F2 = F2 + 1", "alter table T add column F3"}},
+};
+
+class Upgrading : public testing::Test {
+  protected:
+    schema::Engine Open() const { return schema::OpenEngine(Path(), schema::kPassword); }
+    QString Path() const { return folder_.filePath(u"tessik.dat"_s); }
+    /// A file as the steps up to that version left it.
+    void MakeFile(int version) {
+        std::vector<schema::UpgradeStep> steps;
+        for (const auto& step : kSteps) {
+            if (step.version <= version) steps.push_back(step);
+        }
+        schema::Upgrade(Open().get(), steps, version);
+    }
+
+  private:
+    QTemporaryDir folder_;
+};
+
+TEST_F(Upgrading, RunsTheStepsAboveTheFilesVersion) {
+    for (const int version : {0, 1, 2, 3}) {
+        QFile::remove(Path());
+        MakeFile(version);
+        schema::Upgrade(Open().get(), kSteps, 4);
+        const auto engine = Open();
+        EXPECT_EQ(Row(engine.get(), u"pragma user_version"_s), "4") << version;
+        EXPECT_EQ(Row(engine.get(), u"select F1,F2,F3 from T"_s), "old|6|NULL") << version;
+    }
+}
+
+TEST_F(Upgrading, LeavesAFileThatIsUpToDateAlone) {
+    MakeFile(4);
+    const QByteArray before = Bytes(Path());
+    schema::Upgrade(Open().get(), kSteps, 4);
+    EXPECT_EQ(Bytes(Path()), before);
+}
+
+TEST_F(Upgrading, RefusesAFileOfANewerRelease) {
+    MakeFile(4);
+    const QByteArray before = Bytes(Path());
+    try {
+        schema::Upgrade(Open().get(), kSteps, 3);
+        FAIL() << "taken";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Text(), u"数据文件的版本（4）比本程序的版本（3）新，请使用新版程序打开！"_s);
+    }
+    EXPECT_EQ(Bytes(Path()), before);
+}
+
+TEST_F(Upgrading, AFailingStepTakesTheOthersBack) {
+    MakeFile(1);
+    auto steps = kSteps;
+    steps[2].statements += "update Nowhere set F1 = 1";
+    try {
+        schema::Upgrade(Open().get(), steps, 4);
+        FAIL() << "taken";
+    } catch (const RuntimeError& error) {
+        EXPECT_TRUE(error.Text().startsWith(u"数据文件升级到第 4 版失败！"_s)) << error.Text().toStdString();
+    }
+    const auto engine = Open();
+    EXPECT_EQ(Row(engine.get(), u"pragma user_version"_s), "1");
+    EXPECT_EQ(Row(engine.get(), u"select * from T"_s), "old");
+}
+
+TEST_F(Upgrading, TheProgramsOwnStepsEndWhereNewFilesBegin) {
+    int last = 1;
+    for (const auto& step : schema::UpgradeSteps()) {
+        EXPECT_GT(step.version, last);
+        last = step.version;
+    }
+    EXPECT_EQ(last, schema::kVersion);
+
+    schema::MakeDatabase(Path());
+    const QByteArray before = Bytes(Path());
+    schema::Upgrade(Open().get());
+    EXPECT_EQ(Bytes(Path()), before);
+}
+
+}  // namespace
+}  // namespace tests
