@@ -28,9 +28,11 @@ struct Database::Impl {
     }
 };
 
-std::unique_ptr<Database> Database::Open(const QString& path, const QString& connect, const QString& vfs) {
+std::unique_ptr<Database> Database::Open(const QString& path, const QString& connect, const QString& vfs,
+                                         const std::function<void(sqlite3*)>& prepare) {
     auto impl = std::make_unique<Impl>();
     impl->connection = std::make_shared<Connection>(path, connect, vfs);
+    if (prepare) prepare(impl->connection->Engine(path));
     impl->Attach();
     return std::unique_ptr<Database>(new Database(std::move(impl)));
 }

@@ -113,11 +113,13 @@ QDate Today() {
 }
 
 void EndProgram(int status) {
-    try {
-        CloseCommand();
-        RunProgramEndHooks();
-    } catch (const PlatformError& error) {
-        std::fprintf(stderr, "%s\n", error.what());
+    // A command that cannot be kept is no reason to leave the file in pieces.
+    for (const auto step : {CloseCommand, RunProgramEndHooks}) {
+        try {
+            step();
+        } catch (const PlatformError& error) {
+            std::fprintf(stderr, "%s\n", error.what());
+        }
     }
     seams().leave(status);
     ::_exit(status);  // a seam that returned would break the promise

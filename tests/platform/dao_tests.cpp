@@ -1,34 +1,404 @@
+// The data file: what opens and what doesn't, what a command leaves behind, how rows are read and written.
 #include "platform/dao/database.h"
 #include "platform/errors.h"
 #include "platform/system/guard.h"
+#include "platform/text/numbers.h"
 #include "tests/support/data_file.h"
+#include "tests/support/failing_vfs.h"
+#include "tests/support/script.h"
 
+#include <QFile>
+
+#include <cmath>
+#include <functional>
 #include <gtest/gtest.h>
+#include <map>
+#include <random>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const QStringList kTables = {
-    u"create table M04 (F1 TEXT COLLATE NOCASE, F2 TEXT COLLATE NOCASE)"_s,
-    u"create table TB1 (S2 TEXT COLLATE NOCASE, SN REAL check(typeof(SN) in ('integer','real','null')),"
-    " F1 TEXT COLLATE NOCASE, F2 DATE, F3 TEXT COLLATE NOCASE,"
-    " YF REAL DEFAULT 0 check(typeof(YF) in ('integer','real','null')), QM REAL)"_s,
+    u"create table M04 (F1 TEXT COLLATE NOCASE, F2 TEXT COLLATE NOCASE, A30 BOOLEAN,"
+    " D0 DOUBLE check(typeof(D0) not in ('text','blob')))"_s,
+    u"create table TB1 (SN DOUBLE, F3 TEXT COLLATE NOCASE, YF DOUBLE default 0, FK DOUBLE default 0,"
+    " QC DOUBLE, QM DOUBLE)"_s,
 };
 
-TEST(Database, RowsThatWereWrittenAreThereAfterAReopen) {
-    const tests::DataFile file(kTables);
-    {
-        auto db = dao::Database::Open(file.Path(), file.Connect());
-        db->Execute(u"insert into M04 (F1,F2) VALUES ('001','张三')"_s);
-        db->Close();
+std::unique_ptr<dao::Database> Open(const tests::DataFile& file, const QString& vfs = {}) {
+    return dao::Database::Open(file.Path(), file.Connect(), vfs);
+}
+
+/// What opening says; "" if it succeeds.
+QString OpeningSays(const QString& path, const QString& connect, const QString& vfs = {}) {
+    try {
+        dao::Database::Open(path, connect, vfs);
+    } catch (const DatabaseError& error) {
+        EXPECT_EQ(error.Statement(), path);
+        return error.Text();
     }
+    return {};
+}
+
+QByteArray ReadAll(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+}
+
+void WriteAll(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+TEST(Opening, RefusesWhatIsNoWorkingDataFile) {
+    const tests::DataFile file(kTables);
+    const QString notOurs = u"file is encrypted or is not a database"_s;
+    const QByteArray whole = ReadAll(file.Path());
+    EXPECT_EQ(OpeningSays(file.Path(), file.Connect()), QString());
+    EXPECT_EQ(OpeningSays(file.Path(), u";PWD=qxr7305"_s), notOurs);
+    EXPECT_EQ(OpeningSays(file.Path(), u";PWD="_s), notOurs);
+    EXPECT_EQ(OpeningSays(file.Path(), u""_s), notOurs);
+    EXPECT_EQ(OpeningSays(file.Folder() + u"/none.dat"_s, file.Connect()), u"unable to open database file"_s);
+    EXPECT_FALSE(QFile::exists(file.Folder() + u"/none.dat"_s));
+
+    const QString other = file.Folder() + u"/other.dat"_s;
+    WriteAll(other, QByteArray());
+    EXPECT_EQ(OpeningSays(other, file.Connect()), notOurs);
+    EXPECT_EQ(OpeningSays(other, u""_s), notOurs);
+    WriteAll(other, QByteArray(8192, 'x'));
+    EXPECT_EQ(OpeningSays(other, file.Connect()), notOurs);
+    EXPECT_EQ(OpeningSays(other, u""_s), notOurs);
+    WriteAll(other, whole.left(whole.size() - 4096));
+    EXPECT_EQ(OpeningSays(other, file.Connect()), u"database disk image is malformed"_s);
+    QByteArray spoilt = whole;
+    spoilt[2000] = static_cast<char>(spoilt[2000] ^ 1);
+    WriteAll(other, spoilt);
+    EXPECT_EQ(OpeningSays(other, file.Connect()), notOurs);
+}
+
+TEST(Opening, WantsTheOperatorTableOnlyInTheDataFile) {
+    const tests::DataFile file({u"drop table TE1"_s, u"create table mysheet (F1 TEXT)"_s});
+    EXPECT_EQ(OpeningSays(file.Path(), file.Connect()), u"no such table: TE1"_s);
+    const tests::DataFile helper({u"drop table TE1"_s, u"create table mysheet (F1 TEXT)"_s}, QString());
+    auto db = Open(helper);
+    db->Execute(u"insert into mysheet (F1) values ('a')"_s);
+    db->Close();
+    EXPECT_EQ(helper.Rows(u"select * from mysheet"_s), QStringList{u"a"_s});
+}
+
+TEST(Opening, RefusesAReadOnlyAndALockedFile) {
+    tests::FailingStorage storage;
+    const tests::DataFile file(kTables);
+    storage.RefuseWriting();
+    EXPECT_EQ(OpeningSays(file.Path(), file.Connect(), u"failing"_s),
+              u"attempt to write a readonly database"_s);
+    storage.Heal();
+    const auto holder = Open(file);
+    holder->Execute(u"delete from M04"_s);
+    EXPECT_EQ(OpeningSays(file.Path(), file.Connect(), u"failing"_s), u"database is locked"_s);
+    holder->CloseGroup();
+    EXPECT_EQ(OpeningSays(file.Path(), file.Connect(), u"failing"_s), QString());
+}
+
+TEST(Opening, LetsAnOlderFileBeBroughtUpToDateFirst) {
+    const tests::DataFile file(kTables);
+    bool asked = false;
+    const auto prepare = [&](sqlite3* engine) { asked = engine != nullptr; };
+    dao::Database::Open(file.Path(), file.Connect(), {}, prepare)->Close();
+    EXPECT_TRUE(asked);
+    const auto refuse = [](sqlite3*) { throw RuntimeError(u"太新"_s); };
+    EXPECT_THROW(dao::Database::Open(file.Path(), file.Connect(), {}, refuse), RuntimeError);
     EXPECT_EQ(file.Files(), QStringList{u"test.dat"_s});
-    auto db = dao::Database::Open(file.Path(), file.Connect());
-    auto rows = db->OpenRecordset(u"Select M04.* from M04  Where F2 like '*三*'  "_s);
-    ASSERT_FALSE(rows.Eof());
-    EXPECT_EQ(rows.Fields(0).Text(), u"001"_s);
-    EXPECT_EQ(rows.Fields(u"f2").Text(), u"张三"_s);
+}
+
+TEST(File, CannotBeReadWithoutThePassword) {
+    const tests::DataFile file(kTables);
+    auto db = Open(file);
+    db->Execute(u"insert into M04 (F1,F2) values ('Geheimnis','机密内容')"_s);
+    db->CloseGroup();
+    for (const QString& name : file.Files()) {
+        if (name.endsWith(u"-shm"_s)) continue;  // page numbers and locks
+        const QByteArray bytes = ReadAll(file.Folder() + u'/' + name);
+        EXPECT_FALSE(bytes.contains("SQLite format")) << name.toStdString();
+        EXPECT_FALSE(bytes.contains("Geheimnis")) << name.toStdString();
+        EXPECT_FALSE(bytes.contains("机密")) << name.toStdString();
+    }
+}
+
+TEST(Group, LastsUntilTheCommandEndsAndKeepsWhatRanBeforeAFailure) {
+    const tests::DataFile file(kTables);
+    const QString codes = u"select F1 from M04 order by F1"_s;
+    auto db = Open(file);
+    db->OpenRecordset(u"select * from M04"_s);
+    EXPECT_FALSE(db->InGroup());
+    sys::Guarded([&] {
+        db->Execute(u"insert into M04 (F1) values ('a')"_s);
+        EXPECT_TRUE(db->InGroup());
+        EXPECT_EQ(file.Rows(codes), QStringList());
+        EXPECT_THROW(db->Execute(u"insert into M04 (F1,D0) values ('b','x')"_s), DatabaseError);
+        EXPECT_THROW(db->Execute(u"insert into M04 (F1) values ('O'Neil')"_s), DatabaseError);
+        db->Execute(u"insert into M04 (F1) values ('c')"_s);
+        EXPECT_EQ(db->OpenRecordset(u"select F1 from M04 where F1='A'"_s).Fields(0).Text(), u"a"_s);
+    });
+    EXPECT_FALSE(db->InGroup());
+    EXPECT_EQ(file.Rows(codes), (QStringList{u"a"_s, u"c"_s}));
+
+    // A message box waits, so what was written before it is kept first.
+    tests::Script script;
+    script.Box(u"好"_s, u"提示"_s);
+    sys::Guarded([&] {
+        db->Execute(u"delete from M04 where F1='a'"_s);
+        sys::Inform(u"好"_s, u"提示"_s);
+        EXPECT_EQ(file.Rows(codes), QStringList{u"c"_s});
+    });
+}
+
+TEST(Group, IsKeptWhenAFailureEndsTheProgram) {
+    const tests::DataFile file(kTables);
+    auto db = Open(file);
+    tests::Script script;
+    script.BoxContaining(u"syntax error"_s);
+    script.End(1);
+    sys::Guarded([&] {
+        db->Execute(u"insert into M04 (F1) values ('a')"_s);
+        db->Execute(u"insert into M04 (F1) values ()"_s);
+    });
+    sys::ForgetEnd();
+    // The end of the program brought everything into the one file: a copy of it alone is complete.
+    const QString copy = file.Folder() + u"/copy.dat"_s;
+    ASSERT_TRUE(QFile::copy(file.Path(), copy));
+    EXPECT_EQ(
+        dao::Database::Open(copy, file.Connect())->OpenRecordset(u"select F1 from M04"_s).Fields(0).Text(),
+        u"a"_s);
+}
+
+TEST(Close, LeavesOneFileAndAnswersNothingMore) {
+    const tests::DataFile file(kTables);
+    auto db = Open(file);
+    db->Execute(u"insert into TB1 (SN) values (1)"_s);
+    auto snapshot = db->OpenRecordset(u"select SN from TB1"_s);
+    auto dynaset = db->OpenRecordset(u"select SN,QC from TB1"_s, dao::RecordsetType::Dynaset);
+    dynaset.Edit();
+    dynaset.SetValue(u"QC", 5);
+    dynaset.Update();
+    dynaset.Edit();
+    dynaset.SetValue(u"QC", 6);
+    db->Close();
+    EXPECT_EQ(file.Files(), QStringList{u"test.dat"_s});
+    EXPECT_EQ(file.Rows(u"select SN,QC from TB1"_s), QStringList{u"1.0|5.0"_s});
+    EXPECT_THROW(db->Execute(u"delete from TB1"_s), DatabaseError);
+    EXPECT_THROW(db->OpenRecordset(u"select * from TB1"_s), DatabaseError);
+    EXPECT_THROW(dynaset.Update(), DatabaseError);
+    EXPECT_EQ(snapshot.Fields(0).Text(), u"1"_s);
+    EXPECT_NO_THROW(db->Close());
+    EXPECT_NO_THROW(sys::CloseCommand());
+}
+
+TEST(Rows, AreReadAsTheFormsShowThem) {
+    const tests::DataFile file(kTables);
+    auto db = Open(file);
+    db->Execute(u"insert into M04 (F1,F2,A30,D0) values ('5.0','甲',1,5.0)"_s);
+    db->Execute(u"insert into M04 (F1,F2,A30,D0) values ('12kg','',True,-0.25)"_s);
+    db->Execute(u"insert into M04 (F1,F2,A30,D0) values (null,'乙',false,1E+15)"_s);
+    db->Execute(u"insert into M04 (F1,F2) values ('x','乙')"_s);
+    auto rows = db->OpenRecordset(u"select F1,M04.F2 as 名称,A30,D0,D0*2,1 from M04"_s);
+    EXPECT_EQ(rows.RecordCount(), 1);
+    EXPECT_EQ(rows.FieldCount(), 6);
+    const QStringList expected = {u"5.0|甲|-1|5|10|1"_s, u"12kg||-1|-0.25|-0.5|1"_s, u"|乙|0|1E+15|2E+15|1"_s,
+                                  u"x|乙||||1"_s};
+    for (const QString& line : expected) {
+        ASSERT_FALSE(rows.Eof());
+        QStringList fields;
+        for (int i = 0; i < rows.FieldCount(); ++i) fields << rows.Fields(i).Text();
+        EXPECT_EQ(fields.join(u'|'), line);
+        rows.MoveNext();
+    }
+    EXPECT_TRUE(rows.Eof());
+    EXPECT_FALSE(rows.Bof());
+    EXPECT_THROW(rows.MoveNext(), RuntimeError);
+    EXPECT_THROW(rows.Fields(0).Text(), RuntimeError);
+    rows.MoveLast();
+    EXPECT_EQ(rows.RecordCount(), 4);
+    EXPECT_TRUE(rows.Fields(u"a30").IsNull());
+    rows.MoveFirst();
+    EXPECT_EQ(rows.RecordCount(), 4);
+    EXPECT_EQ(rows.Fields(u"f1").Number(), 5);
+    EXPECT_EQ(rows.Fields(u"名称").Number(), 0);
+    rows.MoveNext();
+    EXPECT_EQ(rows.Fields(0).Number(), 12);
+    EXPECT_EQ(rows.Fields(2).Number(), -1);
+    const std::function<void()> missing[] = {[&] { rows.Fields(6); }, [&] { rows.Fields(-1); },
+                                             [&] { rows.Fields(u"F9"); }};
+    for (const auto& read : missing) {
+        try {
+            read();
+            ADD_FAILURE();
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Text(), u"在此集合中找不到该项目"_s);
+        }
+    }
+    EXPECT_THROW(rows.Edit(), RuntimeError);
+    rows.Close();
+    EXPECT_THROW(rows.Eof(), RuntimeError);
+
+    auto empty = db->OpenRecordset(u"select * from M04 where F1='none'"_s);
+    EXPECT_TRUE(empty.Eof() && empty.Bof());
+    EXPECT_EQ(empty.RecordCount(), 0);
+    EXPECT_THROW(empty.MoveFirst(), RuntimeError);
+    EXPECT_THROW(empty.MoveLast(), RuntimeError);
+}
+
+TEST(Rows, ShowNumbersAsGeneralTextWhateverTheWay) {
+    const tests::DataFile file({u"create table T (V DOUBLE)"_s}, QString());
+    auto db = Open(file);
+    std::mt19937_64 random(7);
+    std::vector<double> values = {0,    -0.0,    0.1 + 0.2,        1.0 / 3, 2e-5, 0.001, 123456789012345,
+                                  1e15, -1e-300, 99999999999999.95};
+    std::uniform_real_distribution<double> size(-8, 17);
+    for (int i = 0; i < 300; ++i) {
+        values.push_back(std::pow(10.0, size(random)) * (i % 2 == 0 ? 1 : -1));
+        values.push_back(std::round(values.back() * 100) / 100);
+    }
+    for (const double value : values)
+        db->Execute(u"insert into T (V) values ("_s + QString::number(value, 'e', 17) + u")"_s);
+    auto rows = db->OpenRecordset(u"select V from T"_s);
+    for (const double value : values) {
+        EXPECT_EQ(rows.Fields(0).Text(), text::GeneralText(value)) << value;
+        EXPECT_EQ(rows.Fields(0).Number(), value);
+        rows.MoveNext();
+    }
+}
+
+TEST(Dynaset, WritesRowsBackInTheOrderOfTheJournal) {
+    const tests::DataFile file(kTables);
+    auto db = Open(file);
+    db->Execute(u"insert into TB1 (SN,F3,YF) values (30,'甲',5)"_s);
+    db->Execute(u"insert into TB1 (SN,F3,FK) values (20.5,'甲',2.5)"_s);
+    db->Execute(u"insert into TB1 (SN,F3,YF) values (0,'甲',100)"_s);
+    db->Execute(u"insert into TB1 (SN,F3,YF) values (25,'乙',100)"_s);
+    auto rows =
+        db->OpenRecordset(u"select QC,YF,FK,QM from TB1 where SN<>0 AND  SN>=1 and F3='甲' ORDER BY SN"_s,
+                          dao::RecordsetType::Dynaset);
+    EXPECT_EQ(rows.FieldCount(), 4);
+    EXPECT_THROW(rows.SetValue(u"QC", 1), RuntimeError);
+    EXPECT_THROW(rows.Update(), RuntimeError);
+    double running = 1;
+    for (; !rows.Eof(); rows.MoveNext()) {
+        rows.Edit();
+        rows.SetValue(u"QC", running);
+        EXPECT_EQ(rows.Fields(u"QC").Number(), running);
+        running += rows.Fields(u"YF").Number() - rows.Fields(u"FK").Number();
+        rows.SetValue(u"QM", running);
+        rows.Update();
+        EXPECT_EQ(rows.Fields(u"QM").Number(), running);
+    }
+    EXPECT_EQ(running, 3.5);
+    // An edit that is not finished leaves nothing, and a row that is gone says so.
+    rows.MoveFirst();
+    rows.Edit();
+    rows.SetValue(u"QC", 99);
+    rows.MoveNext();
+    rows.MoveFirst();
+    EXPECT_EQ(rows.Fields(u"QC").Number(), 1);
+    db->Execute(u"delete from TB1 where SN=20.5"_s);
+    rows.Edit();
+    rows.SetValue(u"QC", 99);
+    EXPECT_THROW(rows.Update(), DatabaseError);
+    rows.Close();
+    db->CloseGroup();
+    EXPECT_EQ(file.Rows(u"select SN,QC,QM from TB1"_s),
+              (QStringList{u"30.0|-1.5|3.5"_s, u"0.0|<null>|<null>"_s, u"25.0|<null>|<null>"_s}));
+    auto sums = db->OpenRecordset(u"select sum(YF) as QC from TB1"_s, dao::RecordsetType::Dynaset);
+    EXPECT_THROW(sums.Edit(), RuntimeError);
+}
+
+enum class Told { Nothing, GroupLost, NotClosed };
+
+/// A command of three statements and the closing of the file, on storage that fails at its n-th change.
+Told CommandOnFailingStorage(const tests::DataFile& file, tests::FailingStorage& storage, int n,
+                             tests::StorageFault fault, bool andAllAfter) {
+    auto db = Open(file, u"failing"_s);
+    storage.FailAt(n, fault, andAllAfter);
+    Told told = Told::Nothing;
+    try {
+        const QString value(9000, u'x');
+        for (const char16_t code : {u'a', u'b', u'c'})
+            db->Execute(u"insert into M04 (F1,F2) values ('"_s + QChar(code) + u"','"_s + value + u"')"_s);
+        db->CloseGroup();
+    } catch (const DatabaseError& error) {
+        told = Told::GroupLost;
+        EXPECT_TRUE(error.GroupLost()) << error.what();
+        EXPECT_FALSE(error.Text().isEmpty());
+        EXPECT_FALSE(db->InGroup());
+    }
+    try {
+        db->Close();
+    } catch (const DatabaseError& error) {
+        EXPECT_FALSE(told == Told::Nothing && error.GroupLost()) << error.what();
+        if (told == Told::Nothing) told = Told::NotClosed;
+    }
+    return told;
+}
+
+TEST(Storage, KeepsAllOfACommandOrNothingWhereverItFails) {
+    const struct {
+        tests::StorageFault fault;
+        bool andAllAfter;
+        QString password;
+    } cases[] = {{tests::StorageFault::DiskFull, false, u"QXR7305"_s},
+                 {tests::StorageFault::DiskFull, true, u""_s},
+                 {tests::StorageFault::IoError, false, u""_s},
+                 {tests::StorageFault::IoError, true, u""_s}};
+    for (const auto& each : cases) {
+        std::map<Told, int> count;
+        for (int n = 1;; ++n) {
+            ASSERT_LT(n, 200);
+            tests::FailingStorage storage;
+            const tests::DataFile file(kTables, each.password);
+            const Told told = CommandOnFailingStorage(file, storage, n, each.fault, each.andAllAfter);
+            if (!storage.HasFailed()) break;
+            ++count[told];
+            storage.Heal();
+            const QString rows = file.Rows(u"select count(*) from M04"_s).value(0);
+            // Storage that dies in the commit and stays dead may keep the whole command all the same.
+            const bool mayBeThere = told != Told::GroupLost || each.andAllAfter;
+            EXPECT_TRUE((rows == u"0"_s && told == Told::GroupLost) || (rows == u"3"_s && mayBeThere)) << n;
+            EXPECT_EQ(file.Rows(u"pragma integrity_check"_s), QStringList{u"ok"_s}) << n;
+        }
+        EXPECT_GT(count[Told::GroupLost], 5);
+        EXPECT_GT(count[Told::NotClosed], 0);
+    }
+}
+
+TEST(Storage, LosesTheWholeCommandWhenTheDiskFillsUpInItsMiddle) {
+    tests::FailingStorage storage;
+    const tests::DataFile file(kTables);
+    auto db = Open(file, u"failing"_s);
+    db->Execute(u"insert into M04 (F1) values ('before')"_s);
+    db->CloseGroup();
+    db->Execute(u"insert into M04 (F1) values ('a')"_s);
+    storage.FailAt(1, tests::StorageFault::DiskFull, true);
+    // More than the page cache holds, so that the engine has to write before the command's end.
+    const QString large = u"insert into M04 (F1,F2) values ('big','"_s + QString(900'000, u'x') + u"')"_s;
+    try {
+        for (int i = 0; i < 100; ++i) db->Execute(large);
+        ADD_FAILURE();
+    } catch (const DatabaseError& error) {
+        EXPECT_TRUE(error.GroupLost());
+        EXPECT_EQ(error.Text(), u"database or disk is full"_s);
+    }
+    storage.Heal();
+    // Whoever swallowed the error must not go on and keep half of a command.
+    EXPECT_THROW(db->Execute(u"insert into M04 (F1) values ('c')"_s), DatabaseError);
+    EXPECT_THROW(db->OpenRecordset(u"select * from M04"_s), DatabaseError);
+    EXPECT_THROW(sys::CloseCommand(), DatabaseError);
+    // The next command is a new one.
+    db->Execute(u"insert into M04 (F1) values ('d')"_s);
+    db->Close();
+    EXPECT_EQ(file.Rows(u"select F1 from M04"_s), (QStringList{u"before"_s, u"d"_s}));
 }
 
 }  // namespace
