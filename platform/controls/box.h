@@ -2,7 +2,8 @@
 // a locked and an enabled state, and the events of the focus and the keys.
 //
 // Always holds: GotFocus and LostFocus come from the focus tracker alone (focus_tracker.h), after the focus
-// has settled and only when the control really changed; every event enters the form through the guard.
+// has settled and only when the control really changed; every event enters the form through the guard. What
+// is pasted or dropped goes only into a box that is not locked and keeps the focus when it gets it.
 #pragma once
 
 #include "platform/system/guard.h"
@@ -19,6 +20,9 @@
 
 namespace controls {
 
+/// Gives a control the focus, also when it has it already: then the form is told if it was not before.
+void MoveFocus(QWidget* control);
+
 /// What the focus tracker tells; every control that takes the focus has these two.
 class FocusEvents {
   public:
@@ -31,7 +35,7 @@ class FocusEvents {
 struct KeyPress {
     int key = 0;  ///< Qt::Key
     Qt::KeyboardModifiers modifiers;
-    QString text;  ///< the character; a form may replace it (upper-casing)
+    QString text;  ///< the character; a form may replace it (upper-casing); emptied, it is not typed
     bool taken = false;
 };
 
@@ -46,7 +50,7 @@ class TextBox : public FocusEvents {
     virtual void SetMaxLength(int characters) = 0;
     virtual void SetMasked(bool masked) = 0;  ///< the password character "*"
     void SetEnabled(bool enabled) { Widget()->setEnabled(enabled); }
-    void SetFocus() { Widget()->setFocus(Qt::OtherFocusReason); }
+    void SetFocus() { MoveFocus(Widget()); }
 
     sys::Event<> Change;
     sys::Event<KeyPress&> KeyPressed;
@@ -67,8 +71,15 @@ class LineBox : public QLineEdit, public TextBox {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+
+  private:
+    void Tell();
+
+    QString last_;
 };
 
 /// Several rows, wrapped. Enter and Tab move on and insert nothing; there are no line breaks in it unless
@@ -78,7 +89,7 @@ class RowsBox : public QPlainTextEdit, public TextBox {
   public:
     explicit RowsBox(int rows, QWidget* parent = nullptr);
     QWidget* Widget() override { return this; }
-    QString Text() const override { return toPlainText(); }
+    QString Text() const override;
     void SetText(const QString& text) override;
     bool Locked() const override { return isReadOnly(); }
     void SetLocked(bool locked) override;
@@ -87,11 +98,18 @@ class RowsBox : public QPlainTextEdit, public TextBox {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
+    QMimeData* createMimeDataFromSelection() const override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
+    void CutToLength();
+    void Tell();
+
     int maxLength_ = 32767;
+    bool masked_ = false;
     QString last_;
 };
 
@@ -110,9 +128,10 @@ class ComboBox : public QComboBox, public FocusEvents {
     QString List(int index) const { return itemText(index); }
     /// The item equal to the text, or -1.
     int ListIndex() const;
-    /// Chooses an item, -1 none; fires Click even when unchanged.
+    /// Chooses an item, -1 none; fires Click even when unchanged. Raises for an item that is not there.
     void SetListIndex(int index);
-    void SetFocus() { setFocus(Qt::OtherFocusReason); }
+    void showPopup() override;
+    void SetFocus() { MoveFocus(this); }
 
     sys::Event<> Click;   ///< an item was chosen, by the operator or by SetListIndex
     sys::Event<> Change;  ///< the text was typed into
@@ -121,6 +140,10 @@ class ComboBox : public QComboBox, public FocusEvents {
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    void Choose(int index);
+    int Standing() const;
 };
 
 /// A date box with a calendar, yyyy-MM-dd; one stop for Tab.
@@ -129,13 +152,18 @@ class DTPicker : public QDateEdit, public FocusEvents {
   public:
     explicit DTPicker(QWidget* parent = nullptr);
     QDate Value() const { return date(); }
-    void SetValue(QDate value) { setDate(value); }
-    void SetFocus() { setFocus(Qt::OtherFocusReason); }
+    /// Fires nothing; an invalid date leaves the value as it is.
+    void SetValue(QDate value);
+    void SetFocus() { MoveFocus(this); }
+    /// As Alt+Down and F4 do.
+    void OpenCalendar();
 
-    sys::Event<> Change;
+    sys::Event<> Change;  ///< the operator set another date
     sys::Event<KeyPress&> KeyPressed;
 
   protected:
+    bool focusNextPrevChild(bool next) override;
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 };
@@ -147,7 +175,7 @@ class CheckBox : public QCheckBox, public FocusEvents {
     /// 0 or 1. Setting it by program fires nothing.
     int Value() const { return isChecked() ? 1 : 0; }
     void SetValue(int value) { setChecked(value != 0); }
-    void SetFocus() { setFocus(Qt::OtherFocusReason); }
+    void SetFocus() { MoveFocus(this); }
 
     sys::Event<> Click;  ///< the operator's own click, after the mark has changed
     sys::Event<KeyPress&> KeyPressed;
@@ -156,16 +184,26 @@ class CheckBox : public QCheckBox, public FocusEvents {
     void keyPressEvent(QKeyEvent* event) override;
 };
 
-/// Never an auto-default button; Enter on a focused button presses it.
+/// Never an auto-default button; Enter on a focused button presses it. The captions "5" and "6" are drawn as
+/// arrows up and down.
 class Button : public QPushButton, public FocusEvents {
     Q_OBJECT
   public:
     explicit Button(const QString& caption, QWidget* parent = nullptr);
+    QString Caption() const { return text(); }
+    void SetCaption(const QString& caption);
+    void SetFocus() { MoveFocus(this); }
+
     sys::Event<> Click;
 
   protected:
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 };
+
+/// Sets a property that the style sheet asks for, also on a control that is shown already: "state" "error",
+/// "kind" "total", "role" "danger".
+void Mark(QWidget* control, const char* property, const QString& value);
 
 /// The caption of a box: muted, right-aligned, buddy and accessible name of it. Its text is the Lab's
 /// Caption.

@@ -102,7 +102,7 @@ class FlexGrid : public QTableView, public FocusEvents {
     /// Where a cell stands in the viewport.
     QRect CellRect(int row, int col) const;
 
-    void SetFocus() { setFocus(Qt::OtherFocusReason); }
+    void SetFocus() { MoveFocus(this); }
 
     sys::Event<> RowChange;
     sys::Event<> Click;  ///< a click on a data row, after RowChange

@@ -10,6 +10,8 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <vector>
+
 namespace controls {
 
 class FocusTracker : public QObject {
@@ -18,16 +20,32 @@ class FocusTracker : public QObject {
     /// The application's one tracker; installs itself at first use.
     static FocusTracker& Get();
 
-    /// The control that has the focus for the forms: the last one that GotFocus was told to.
-    QWidget* Current() const { return current_; }
+    /// The control that has the focus for the forms, in the active window: the last one that GotFocus was
+    /// told to.
+    QWidget* Current() const;
     /// Tells what is outstanding at once. Tests call it; the program waits for the event loop.
     void Settle();
+    /// The program itself gives this control the focus: tells it even where the toolkit had moved there
+    /// first.
+    void Asked(QWidget* control);
 
   private:
-    FocusTracker();
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    /// What is known of one top-level window; a box or a modal form over it leaves it as it is.
+    struct Window {
+        QPointer<QWidget> window;
+        QPointer<QWidget> current;  ///< the last one told
+        QPointer<QWidget> untold;   ///< where the toolkit went by itself
+        bool left = false;          ///< current was left while it could be seen and used
+        bool telling = false;       ///< a handler is at work
+    };
 
-    QPointer<QWidget> current_;
+    explicit FocusTracker(QObject* parent);
+    void FocusMoved(QWidget* old, QWidget* now);
+    void Schedule();
+    Window& Of(QWidget* window);
+    bool TellNext(QWidget* window);
+
+    std::vector<Window> windows_;
     bool scheduled_ = false;
 };
 

@@ -1,1 +1,71 @@
-#include <QString>
+#include "platform/controls/look.h"
+
+#include "platform/controls/focus_tracker.h"
+#include "platform/controls/windows.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFont>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QPalette>
+#include <QTranslator>
+
+using namespace Qt::StringLiterals;
+
+/// The pictures lie in a static library, so the linker has to be told that they are wanted. Outside of any
+/// namespace, as the toolkit's macro asks.
+static void InitPictures() {
+    Q_INIT_RESOURCE(look);
+}
+
+namespace controls {
+namespace {
+
+void SetFont(QApplication& app) {
+    QFont font(u"Noto Sans CJK SC"_s);
+    font.setPixelSize(13);
+    font.setHintingPreference(QFont::PreferVerticalHinting);
+    app.setFont(font);
+}
+
+void SetColors(QApplication& app) {
+    QPalette palette;
+    const std::pair<QPalette::ColorRole, QLatin1StringView> colors[] = {
+        {QPalette::Window, "#EFF2F5"_L1},         {QPalette::Base, "#FFFFFF"_L1},
+        {QPalette::AlternateBase, "#F5F8FA"_L1},  {QPalette::Text, "#1B2733"_L1},
+        {QPalette::WindowText, "#1B2733"_L1},     {QPalette::ButtonText, "#1B2733"_L1},
+        {QPalette::Button, "#FFFFFF"_L1},         {QPalette::Highlight, "#0B6B83"_L1},
+        {QPalette::PlaceholderText, "#52606D"_L1}};
+    for (const auto& [role, color] : colors) palette.setColor(role, QColor(color));
+    app.setPalette(palette);
+}
+
+/// The toolkit's own words are Chinese whatever the locale says.
+void SetLanguage(QApplication& app) {
+    QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
+    auto* translator = new QTranslator(&app);
+    if (translator->load(u"qtbase_zh_CN"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        app.installTranslator(translator);
+}
+
+}  // namespace
+
+void DressApplication(QApplication& app) {
+    InitPictures();
+    app.setStyle(u"Fusion"_s);
+    SetFont(app);
+    SetColors(app);
+    SetLanguage(app);
+    QDir::addSearchPath(u"look"_s, u":/look"_s);
+    QFile sheet(u"look:style.qss"_s);
+    if (sheet.open(QIODevice::ReadOnly)) app.setStyleSheet(QString::fromUtf8(sheet.readAll()));
+    FocusTracker::Get();
+    InstallWindows();
+}
+
+QIcon LookIcon(const QString& name) {
+    return QIcon(u"look:icons/"_s + name + u".svg"_s);
+}
+
+}  // namespace controls

@@ -39,6 +39,7 @@ class ModalForm : public QDialog {
   private:
     bool closedByEsc_ = false;
     bool closable_ = true;
+    bool gone_ = false;
 };
 
 }  // namespace controls

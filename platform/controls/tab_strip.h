@@ -14,11 +14,14 @@ class TabStrip : public QTabBar, public FocusEvents {
     int SelectedItem() const { return currentIndex() + 1; }
     /// Selects a tab; fires Click when it was not selected before.
     void SelectItem(int item);
-    /// Whether Tab stops here.
-    void SetTabStop(bool stop) { setFocusPolicy(stop ? Qt::TabFocus : Qt::ClickFocus); }
-    void SetFocus() { setFocus(Qt::OtherFocusReason); }
+    /// Whether Tab stops here. A click enters it in any case.
+    void SetTabStop(bool stop) { setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus); }
+    void SetFocus() { MoveFocus(this); }
 
     sys::Event<> Click;  ///< another tab was selected, by the operator or by SelectItem
+
+  protected:
+    void wheelEvent(QWheelEvent* event) override;
 };
 
 }  // namespace controls

@@ -1,0 +1,281 @@
+#include "platform/controls/box.h"
+#include "platform/controls/focus_tracker.h"
+#include "platform/controls/key_offer.h"
+#include "platform/controls/look.h"
+
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <QPointer>
+#include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+#include <QTextBlock>
+
+using namespace Qt::StringLiterals;
+
+namespace controls {
+namespace {
+
+constexpr int kRowHeight = 24;
+constexpr char16_t kPasswordCharacter = u'*';
+
+/// A box that the keyboard or the program enters is ready to be typed over.
+bool SelectsAll(Qt::FocusReason reason) {
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+           reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason;
+}
+
+}  // namespace
+
+void MoveFocus(QWidget* control) {
+    FocusTracker::Get().Asked(control);
+    control->setFocus(Qt::OtherFocusReason);
+}
+
+std::unique_ptr<QKeyEvent> OfferKey(QObject* control, const sys::Event<KeyPress&>& event,
+                                    const QKeyEvent& key) {
+    KeyPress press{key.key(), key.modifiers(), key.text()};
+    const QPointer<QObject> alive(control);
+    event(press);
+    if (!alive || press.taken || sys::HasEnded()) return nullptr;
+    if (press.text.isEmpty() && !key.text().isEmpty()) return nullptr;
+    return std::make_unique<QKeyEvent>(QEvent::KeyPress, press.key, press.modifiers, press.text,
+                                       key.isAutoRepeat(), static_cast<quint16>(key.count()));
+}
+
+bool KeepsFocus(QWidget* control) {
+    const QPointer<QWidget> alive(control);
+    if (!control->hasFocus()) control->setFocus(Qt::OtherFocusReason);
+    FocusTracker::Get().Settle();
+    return alive && control->hasFocus();
+}
+
+QString OneRow(const QString& text) {
+    QString row = text;
+    row.replace(u"\r\n"_s, u" "_s);
+    for (QChar& c : row)
+        if (c < u' ' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator) c = u' ';
+    return row;
+}
+
+void TidyLine(QLineEdit* line) {
+    QString row = OneRow(line->text());
+    // The length limit may have cut between the two halves of a rare character.
+    if (!row.isEmpty() && row.back().isHighSurrogate()) row.chop(1);
+    if (row == line->text()) return;
+    const int fromEnd = static_cast<int>(line->text().size()) - line->cursorPosition();
+    line->setText(row);
+    line->setCursorPosition(qMax(0, static_cast<int>(row.size()) - fromEnd));
+}
+
+LineBox::LineBox(QWidget* parent) : QLineEdit(parent) {
+    FocusTracker::Get();
+    connect(this, &QLineEdit::textEdited, this, [this] { TidyLine(this); });
+    connect(this, &QLineEdit::textChanged, this, [this] { Tell(); });
+}
+
+void LineBox::Tell() {
+    if (text() == last_) return;
+    last_ = text();
+    Change();
+}
+
+void LineBox::SetText(const QString& newText) {
+    const QPointer<LineBox> alive(this);
+    setText(newText);
+    if (alive) setCursorPosition(0);  // a long text shows its beginning
+}
+
+void LineBox::SetLocked(bool locked) {
+    setReadOnly(locked);
+}
+
+void LineBox::SetMasked(bool masked) {
+    setEchoMode(masked ? QLineEdit::Password : QLineEdit::Normal);
+}
+
+void LineBox::keyPressEvent(QKeyEvent* event) {
+    const auto left = OfferKey(this, KeyPressed, *event);
+    if (!left) return event->accept();
+    QLineEdit::keyPressEvent(left.get());
+    event->setAccepted(left->isAccepted());
+}
+
+void LineBox::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    if (SelectsAll(event->reason())) selectAll();
+}
+
+void LineBox::mouseReleaseEvent(QMouseEvent* event) {
+    // The middle button pastes; the form may have sent the operator away since it was pressed.
+    if (event->button() == Qt::MiddleButton && (isReadOnly() || !KeepsFocus(this))) return event->accept();
+    QLineEdit::mouseReleaseEvent(event);
+}
+
+void LineBox::contextMenuEvent(QContextMenuEvent* event) {
+    if (isReadOnly() || !KeepsFocus(this)) return event->accept();
+    QLineEdit::contextMenuEvent(event);
+}
+
+void LineBox::dropEvent(QDropEvent* event) {
+    if (isReadOnly() || !KeepsFocus(this)) return event->ignore();
+    QLineEdit::dropEvent(event);
+}
+
+RowsBox::RowsBox(int rows, QWidget* parent) : QPlainTextEdit(parent) {
+    FocusTracker::Get();
+    setTabChangesFocus(true);
+    document()->setDocumentMargin(2);
+    setFixedHeight(rows * kRowHeight);
+    connect(this, &QPlainTextEdit::textChanged, this, [this] { Tell(); });
+}
+
+QString RowsBox::Text() const {
+    // The plain text of the document would turn a no-break space into a blank.
+    QString raw = document()->toRawText();
+    raw.replace(QChar::ParagraphSeparator, u'\n');
+    raw.replace(QChar::LineSeparator, u'\n');
+    return raw;
+}
+
+void RowsBox::CutToLength() {
+    const QString now = Text();
+    const int excess = static_cast<int>(now.size()) - maxLength_;
+    if (excess <= 0) return;
+    QTextCursor cursor = textCursor();  // stands behind what has just come in
+    const int end = cursor.position();
+    int from = qMax(0, end - excess);
+    if (from > 0 && from < now.size() && now[from].isLowSurrogate()) --from;
+    cursor.setPosition(from);
+    cursor.setPosition(end, QTextCursor::KeepAnchor);
+    const QSignalBlocker quiet(this);
+    cursor.removeSelectedText();
+}
+
+void RowsBox::Tell() {
+    CutToLength();
+    const QString now = Text();
+    if (now == last_) return;
+    last_ = now;
+    Change();
+}
+
+void RowsBox::SetText(const QString& newText) {
+    setPlainText(newText.left(maxLength_));
+}
+
+void RowsBox::SetLocked(bool locked) {
+    setReadOnly(locked);
+    style()->unpolish(this);
+    style()->polish(this);
+}
+
+void RowsBox::SetMasked(bool masked) {
+    masked_ = masked;
+    viewport()->update();
+}
+
+void RowsBox::paintEvent(QPaintEvent* event) {
+    if (!masked_) return QPlainTextEdit::paintEvent(event);
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Text));
+    const QRect inner = viewport()->rect().marginsRemoved(QMargins(2, 2, 2, 2));
+    painter.drawText(inner, Qt::TextWrapAnywhere, QString(Text().size(), kPasswordCharacter));
+}
+
+QMimeData* RowsBox::createMimeDataFromSelection() const {
+    return masked_ ? new QMimeData : QPlainTextEdit::createMimeDataFromSelection();
+}
+
+void RowsBox::keyPressEvent(QKeyEvent* event) {
+    const auto left = OfferKey(this, KeyPressed, *event);
+    if (!left || IsEnter(*left)) return event->accept();
+    QPlainTextEdit::keyPressEvent(left.get());
+    event->setAccepted(left->isAccepted());
+}
+
+void RowsBox::focusInEvent(QFocusEvent* event) {
+    QPlainTextEdit::focusInEvent(event);
+    if (SelectsAll(event->reason())) selectAll();
+}
+
+void RowsBox::insertFromMimeData(const QMimeData* source) {
+    if (isReadOnly() || !KeepsFocus(this)) return;
+    QString text = source->text();
+    text.replace(u'\t', u' ');
+    insertPlainText(text);
+}
+
+void RowsBox::contextMenuEvent(QContextMenuEvent* event) {
+    if (isReadOnly() || !KeepsFocus(this)) return event->accept();
+    QPlainTextEdit::contextMenuEvent(event);
+}
+
+CheckBox::CheckBox(const QString& caption, QWidget* parent) : QCheckBox(caption, parent) {
+    FocusTracker::Get();
+    connect(this, &QCheckBox::clicked, this, [this] { Click(); });
+}
+
+void CheckBox::keyPressEvent(QKeyEvent* event) {
+    const auto left = OfferKey(this, KeyPressed, *event);
+    if (!left) return event->accept();
+    QCheckBox::keyPressEvent(left.get());
+    event->setAccepted(left->isAccepted());
+}
+
+Button::Button(const QString& caption, QWidget* parent) : QPushButton(parent) {
+    FocusTracker::Get();
+    setAutoDefault(false);
+    SetCaption(caption);
+    connect(this, &QPushButton::clicked, this, [this] { Click(); });
+}
+
+void Button::SetCaption(const QString& caption) {
+    setText(caption);
+    const bool arrow = caption == u"5" || caption == u"6";
+    setAccessibleName(!arrow ? QString() : caption == u"5" ? u"向上"_s : u"向下"_s);
+    if (arrow && property("role").toString() != u"fold") Mark(this, "role", u"fold"_s);
+}
+
+void Button::paintEvent(QPaintEvent* event) {
+    const QString caption = text();
+    if (caption != u"5" && caption != u"6") return QPushButton::paintEvent(event);
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.text.clear();
+    option.icon = LookIcon(caption == u"5" ? u"chevron-up"_s : u"chevron-down"_s);
+    option.iconSize = QSize(12, 12);
+    painter.drawControl(QStyle::CE_PushButton, option);
+}
+
+void Button::keyPressEvent(QKeyEvent* event) {
+    if (!IsEnter(*event)) return QPushButton::keyPressEvent(event);
+    event->accept();
+    if (!event->isAutoRepeat()) click();
+}
+
+void Mark(QWidget* control, const char* property, const QString& value) {
+    control->setProperty(property, value);
+    control->style()->unpolish(control);
+    control->style()->polish(control);
+}
+
+QLabel* MakeCaption(const QString& caption, QWidget* box, QWidget* parent) {
+    auto* label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setText(caption);
+    label->setProperty("role", u"caption"_s);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    label->setIndent(0);
+    label->setBuddy(box);
+    QString name = caption;
+    while (name.endsWith(u'：') || name.endsWith(u':')) name.chop(1);
+    if (box) box->setAccessibleName(name);
+    return label;
+}
+
+}  // namespace controls

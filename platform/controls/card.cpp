@@ -1,0 +1,228 @@
+#include "platform/controls/box.h"
+#include "platform/controls/look.h"
+
+#include <QDialog>
+#include <QEvent>
+#include <QPainter>
+#include <QPen>
+
+#include <algorithm>
+#include <map>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace controls {
+namespace {
+
+// The layout grammar, in device-independent pixels.
+constexpr int kBoxHeight = 24;
+constexpr int kRowGap = 8;          // between two rows of boxes
+constexpr int kMargin = 16;         // left and right
+constexpr int kMarginV = 12;        // top and bottom
+constexpr int kFirstCaption = 122;  // first caption of a half; the group's title stands in it too
+constexpr int kCaption = 60;        // second and third caption
+constexpr int kCaptionGap = 6;      // caption to its box, padding of the caption in the sheet
+constexpr int kColumnGap = 14;      // box to the next caption
+constexpr int kHalfGap = 28;
+constexpr int kBoxShare[] = {19, 10, 10};
+constexpr int kBandMin = 13;  // height of the band that holds a rule
+constexpr int kBandMax = 33;
+constexpr int kBoxMinimum = 72;
+constexpr int kDialogCaption = 54;
+constexpr int kColumns = 13;
+constexpr int kRightHalf = 7;  // its first column
+
+void SetColumns(QGridLayout* grid) {
+    grid->setContentsMargins(kMargin, kMarginV, kMargin, kMarginV);
+    grid->setSpacing(0);
+    for (const int half : {0, kRightHalf})
+        for (int pair = 0; pair < 3; ++pair) {
+            const int caption = pair == 0 ? kFirstCaption : kColumnGap + kCaption;
+            grid->setColumnMinimumWidth(half + 2 * pair, caption + kCaptionGap);
+            grid->setColumnStretch(half + 2 * pair + 1, kBoxShare[pair]);
+        }
+    grid->setColumnMinimumWidth(kRightHalf - 1, kHalfGap);
+}
+
+QLabel* MakeTitle(const QString& text, QWidget* parent) {
+    auto* title = new QLabel(text, parent);
+    title->setProperty("role", u"group"_s);
+    title->setIndent(0);
+    title->setFixedHeight(kBoxHeight);
+    return title;
+}
+
+/// The columns decide how wide a box is, never its content.
+void PrepareBox(QWidget* box) {
+    if (qobject_cast<QCheckBox*>(box) || qobject_cast<QPushButton*>(box) || qobject_cast<QLabel*>(box))
+        return;
+    box->setSizePolicy(QSizePolicy::Ignored, box->sizePolicy().verticalPolicy());
+    box->setMinimumWidth(kBoxMinimum);
+}
+
+Qt::Alignment PlaceOf(QWidget* box) {
+    if (qobject_cast<QCheckBox*>(box) || qobject_cast<QPushButton*>(box))
+        return Qt::AlignLeft | Qt::AlignVCenter;
+    return {};
+}
+
+void PutCaption(QGridLayout* grid, QLabel* caption, int row, int column) {
+    if (!caption) return;
+    caption->setFixedHeight(kBoxHeight);
+    grid->addWidget(caption, row, column, Qt::AlignTop);
+}
+
+void Dress(QWidget* card) {
+    card->setProperty("role", u"surface"_s);
+    card->setAttribute(Qt::WA_StyledBackground);
+}
+
+bool HiddenOnPurpose(const QWidget* widget) {
+    return widget->isHidden() && widget->testAttribute(Qt::WA_WState_ExplicitShowHide);
+}
+
+}  // namespace
+
+struct Card::State {
+    QGridLayout* grid = nullptr;
+    int groupRow = -1;  ///< the layout's row in which the group's first row stands
+    int last = -1;      ///< the layout's last row in use
+    std::vector<QWidget*> bands;
+    std::map<QObject*, QWidget*> covered;  ///< cover to box
+
+    int RowOf(int row) const { return groupRow + 2 * row; }
+    void Use(int row) {
+        for (int r = groupRow; r <= row; ++r)
+            grid->setRowMinimumHeight(r, (r - groupRow) % 2 == 0 ? kBoxHeight : kRowGap);
+        last = std::max(last, row);
+    }
+};
+
+Card::Card(QWidget* parent) : QWidget(parent), state_(std::make_unique<State>()) {
+    Dress(this);
+    state_->grid = new QGridLayout(this);
+    SetColumns(state_->grid);
+}
+
+Card::~Card() = default;
+
+void Card::Group(const QString& leftTitle, const QString& rightTitle) {
+    if (state_->last >= 0) {
+        auto* band = new QWidget(this);
+        band->setMinimumHeight(kBandMin);
+        band->setMaximumHeight(kBandMax);
+        band->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+        state_->grid->addWidget(band, ++state_->last, 0, 1, kColumns);
+        state_->grid->setRowStretch(state_->last, 1);
+        state_->bands.push_back(band);
+    }
+    state_->groupRow = state_->last + 1;
+    state_->Use(state_->groupRow);
+    if (!leftTitle.isEmpty()) state_->grid->addWidget(MakeTitle(leftTitle, this), state_->groupRow, 0);
+    if (!rightTitle.isEmpty())
+        state_->grid->addWidget(MakeTitle(rightTitle, this), state_->groupRow, kRightHalf);
+}
+
+void Card::Field(Half half, int row, int pair, int span, QLabel* caption, QWidget* box) {
+    TallField(half, row, 1, pair, span, caption, box);
+}
+
+void Card::TallField(Half half, int row, int rows, int pair, int span, QLabel* caption, QWidget* box) {
+    if (state_->groupRow < 0) Group(QString());
+    const int column = (half == Half::Left ? 0 : kRightHalf) + 2 * pair;
+    const int top = state_->RowOf(row);
+    state_->Use(state_->RowOf(row + rows - 1));
+    PutCaption(state_->grid, caption, top, column);
+    PrepareBox(box);
+    if (rows > 1) box->setFixedHeight(rows * kBoxHeight + (rows - 1) * kRowGap);
+    state_->grid->addWidget(box, top, column + 1, 2 * rows - 1, 2 * span - 1, PlaceOf(box));
+}
+
+void Card::Over(QWidget* box, QWidget* cover) {
+    const int index = state_->grid->indexOf(box);
+    if (index < 0) return;
+    int row = 0, column = 0, rows = 0, columns = 0;
+    state_->grid->getItemPosition(index, &row, &column, &rows, &columns);
+    PrepareBox(cover);
+    state_->grid->addWidget(cover, row, column, rows, columns);
+    if (cover->accessibleName().isEmpty()) cover->setAccessibleName(box->accessibleName());
+    state_->covered[cover] = box;
+    cover->installEventFilter(this);
+    box->setVisible(HiddenOnPurpose(cover));
+}
+
+bool Card::eventFilter(QObject* watched, QEvent* event) {
+    const bool shows = event->type() == QEvent::ShowToParent;
+    if (shows || event->type() == QEvent::HideToParent) {
+        const auto pair = state_->covered.find(watched);
+        if (pair != state_->covered.end()) pair->second->setVisible(!shows);
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void Card::Finish() {
+    // Until the bands have their full height the foot takes its share with them, then all the rest.
+    state_->grid->setRowStretch(++state_->last, state_->bands.empty() ? 100 : 1);
+}
+
+void Card::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    // A cosmetic pen is one device pixel at every scaling; a rectangle would be one or two at 150 %.
+    QPen pen(QColor(u"#D5DCE3"_s), 1);
+    pen.setCosmetic(true);
+    painter.setPen(pen);
+    for (const QWidget* band : state_->bands) {
+        const int y = band->geometry().center().y();
+        painter.drawLine(band->geometry().left(), y, band->geometry().right(), y);
+    }
+}
+
+NarrowCard::NarrowCard(QWidget* parent) : QWidget(parent), grid_(new QGridLayout(this)) {
+    Dress(this);
+    SetColumns(grid_);
+}
+
+void NarrowCard::Title(const QString& title) {
+    title_ = MakeTitle(title, this);
+    grid_->addWidget(title_, 0, 0, Qt::AlignTop);
+}
+
+void NarrowCard::Field(QLabel* caption, QWidget* box, int span) {
+    if (++row_ > 0) grid_->setRowMinimumHeight(row_++, kRowGap);
+    grid_->setRowMinimumHeight(row_, kBoxHeight);
+    PutCaption(grid_, caption, row_, 0);
+    PrepareBox(box);
+    grid_->addWidget(box, row_, 1, 1, 2 * span - 1, PlaceOf(box));
+}
+
+void NarrowCard::Finish() {
+    grid_->setRowStretch(++row_, 100);
+}
+
+/// A dialog has no right half to leave free.
+void NarrowCard::FitDialog() {
+    for (int column = 2; column < kColumns; ++column) {
+        grid_->setColumnMinimumWidth(column, 0);
+        grid_->setColumnStretch(column, 0);
+    }
+    grid_->setColumnMinimumWidth(0, kDialogCaption);
+    setProperty("role", QString());
+    if (title_) title_->hide();
+    for (int i = 0; i < grid_->count(); ++i) {
+        QWidget* box = grid_->itemAt(i)->widget();
+        int row = 0, column = 0, rows = 0, columns = 0;
+        grid_->getItemPosition(i, &row, &column, &rows, &columns);
+        if (column != 1 || columns == 1) continue;
+        grid_->removeWidget(box);
+        grid_->addWidget(box, row, 1, rows, 1, PlaceOf(box));
+        i = -1;  // the order of the items has changed
+    }
+}
+
+bool NarrowCard::event(QEvent* event) {
+    if (event->type() == QEvent::Polish && qobject_cast<QDialog*>(window())) FitDialog();
+    return QWidget::event(event);
+}
+
+}  // namespace controls

@@ -1,0 +1,111 @@
+#include "platform/controls/box.h"
+#include "platform/controls/focus_tracker.h"
+#include "platform/controls/key_offer.h"
+#include "platform/errors.h"
+
+#include <QListView>
+#include <QSignalBlocker>
+#include <QStyledItemDelegate>
+
+using namespace Qt::StringLiterals;
+
+namespace controls {
+
+ComboBox::ComboBox(QWidget* parent) : QComboBox(parent) {
+    FocusTracker::Get();
+    setEditable(true);
+    setCompleter(nullptr);
+    setInsertPolicy(QComboBox::NoInsert);
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(3);
+    setMaxVisibleItems(14);
+    setFocusPolicy(Qt::StrongFocus);
+    // Without a delegate of this kind the sheet's padding reaches the selected row only.
+    setItemDelegate(new QStyledItemDelegate(this));
+    if (auto* list = qobject_cast<QListView*>(view())) list->setUniformItemSizes(true);
+    // The toolkit would replace a typed text by an item that differs in case only.
+    disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
+    disconnect(lineEdit(), &QLineEdit::returnPressed, this, nullptr);
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] {
+        TidyLine(lineEdit());
+        Change();
+    });
+    connect(this, &QComboBox::activated, this, [this] {
+        lineEdit()->setCursorPosition(0);
+        Click();
+    });
+}
+
+void ComboBox::SetText(const QString& text) {
+    setEditText(text);
+    lineEdit()->setCursorPosition(0);
+}
+
+void ComboBox::Clear() {
+    clear();
+    clearEditText();
+}
+
+void ComboBox::AddItem(const QString& item) {
+    const QString text = currentText();
+    addItem(item);
+    if (currentText() != text) SetText(text);  // the toolkit chooses the first item by itself
+}
+
+int ComboBox::ListIndex() const {
+    return findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive);
+}
+
+/// Where the arrow keys walk from: the item chosen last, so that they get past two equal ones.
+int ComboBox::Standing() const {
+    return currentIndex() >= 0 && itemText(currentIndex()) == currentText() ? currentIndex() : ListIndex();
+}
+
+void ComboBox::Choose(int index) {
+    setCurrentIndex(index);
+    if (index < 0)
+        clearEditText();
+    else
+        SetText(itemText(index));
+}
+
+void ComboBox::SetListIndex(int index) {
+    if (index < -1 || index >= count()) throw RuntimeError(u"无效属性值"_s);
+    Choose(index);
+    Click();
+}
+
+void ComboBox::showPopup() {
+    const int standing = Standing();
+    if (standing != currentIndex()) {  // the list opens at what the text says
+        const QString text = currentText();
+        const QSignalBlocker quiet(this);
+        setCurrentIndex(standing);
+        SetText(text);
+    }
+    QComboBox::showPopup();
+}
+
+void ComboBox::keyPressEvent(QKeyEvent* event) {
+    const auto left = OfferKey(this, KeyPressed, *event);
+    if (!left) return event->accept();
+    const bool plain = !(left->modifiers() & (Qt::AltModifier | Qt::ControlModifier));
+    const bool walks = left->key() == Qt::Key_Down || left->key() == Qt::Key_Up;
+    if (!walks || !plain) {
+        QComboBox::keyPressEvent(left.get());
+        return event->setAccepted(left->isAccepted());
+    }
+    event->accept();
+    const int from = Standing();
+    const int to = from < 0 ? 0 : from + (left->key() == Qt::Key_Down ? 1 : -1);
+    if (to < 0 || to >= count()) return;
+    Choose(to);
+    lineEdit()->selectAll();
+    Click();
+}
+
+void ComboBox::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+}  // namespace controls

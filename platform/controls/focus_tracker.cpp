@@ -1,0 +1,116 @@
+#include "platform/controls/focus_tracker.h"
+
+#include "platform/controls/box.h"
+#include "platform/system/guard.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <algorithm>
+
+namespace controls {
+namespace {
+
+/// Two handlers that send each other the focus for ever are left after so many steps.
+constexpr int kMostSteps = 64;
+
+/// The control that a widget belongs to: an inner line, a list or a calendar that drops down count as the
+/// control itself. Nothing for menus and other popups.
+QWidget* ControlOf(QWidget* widget) {
+    for (QWidget* w = widget; w; w = w->parentWidget())
+        if (dynamic_cast<FocusEvents*>(w)) return w;
+    if (!widget || qobject_cast<QMenuBar*>(widget) || qobject_cast<QMenu*>(widget)) return nullptr;
+    return widget->window()->windowType() == Qt::Popup ? nullptr : widget;
+}
+
+bool Usable(const QWidget* widget) {
+    return widget && widget->isVisible() && widget->isEnabled();
+}
+
+}  // namespace
+
+FocusTracker& FocusTracker::Get() {
+    static QPointer<FocusTracker> only;
+    if (!only) only = new FocusTracker(qApp);
+    return *only;
+}
+
+FocusTracker::FocusTracker(QObject* parent) : QObject(parent) {
+    connect(qApp, &QApplication::focusChanged, this, &FocusTracker::FocusMoved);
+}
+
+FocusTracker::Window& FocusTracker::Of(QWidget* window) {
+    std::erase_if(windows_, [](const Window& w) { return !w.window && !w.telling; });
+    for (Window& known : windows_)
+        if (known.window == window) return known;
+    return windows_.emplace_back(Window{.window = window});
+}
+
+QWidget* FocusTracker::Current() const {
+    QWidget* active = QApplication::activeWindow();
+    for (const Window& known : windows_)
+        if (active && known.window == active) return known.current;
+    return nullptr;
+}
+
+void FocusTracker::Asked(QWidget* control) {
+    Of(control->window()).untold = nullptr;
+    Schedule();
+}
+
+void FocusTracker::FocusMoved(QWidget* old, QWidget* now) {
+    QWidget* to = ControlOf(now);
+    // Hidden or disabled while it had the focus: what follows is the toolkit's own move.
+    if (old && !Usable(old)) {
+        Window& known = Of(old->window());
+        if (!Usable(known.current)) known.current = nullptr;
+        known.untold = to && to != known.current && to->window() == old->window() ? to : nullptr;
+    } else if (to) {
+        Window& known = Of(to->window());
+        if (to != known.untold) known.untold = nullptr;
+        if (old && ControlOf(old) == known.current && to != known.current) known.left = true;
+    }
+    if (to) Schedule();
+}
+
+void FocusTracker::Schedule() {
+    if (scheduled_) return;
+    scheduled_ = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            scheduled_ = false;
+            Settle();
+        },
+        Qt::QueuedConnection);
+}
+
+void FocusTracker::Settle() {
+    for (int step = 0; step < kMostSteps; ++step) {
+        QWidget* now = ControlOf(QApplication::focusWidget());
+        if (!now || sys::HasEnded() || !TellNext(now)) return;
+    }
+}
+
+/// Tells one event, the loss before the gain; false when there is nothing to tell. The focus is looked at
+/// again after each, so that what a handler asked for wins.
+bool FocusTracker::TellNext(QWidget* now) {
+    QWidget* window = now->window();
+    Window& known = Of(window);
+    if (known.telling || now == known.current || now == known.untold) return false;
+    const bool loses = known.current;
+    const QPointer<QWidget> told = loses ? known.current.data() : now;
+    const bool tells = !loses || known.left || Usable(told);
+    known.current = loses ? nullptr : now;
+    known.left = false;
+    auto* events = dynamic_cast<FocusEvents*>(told.data());
+    if (!events || !tells) return true;
+    known.telling = true;
+    (loses ? events->LostFocus : events->GotFocus)();
+    for (Window& w : windows_)  // the handler may have opened windows, so the list may have moved
+        if (w.window == window || !w.window) w.telling = false;
+    return true;
+}
+
+}  // namespace controls

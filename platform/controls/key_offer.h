@@ -1,0 +1,29 @@
+// How a control hands a key to its form first. For the controls' own files.
+#pragma once
+
+#include "platform/controls/box.h"
+
+#include <memory>
+
+namespace controls {
+
+/// Fires KeyPressed. Gives what is left for the control: the key with the form's text, or nothing when the
+/// form took it, the control has gone or the program has ended.
+std::unique_ptr<QKeyEvent> OfferKey(QObject* control, const sys::Event<KeyPress&>& event,
+                                    const QKeyEvent& key);
+
+inline bool IsEnter(const QKeyEvent& key) {
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
+/// Whether text from outside may go into this control now: it keeps the focus when it gets it, so the form
+/// did not send the operator away.
+bool KeepsFocus(QWidget* control);
+
+/// Pasted text as one row: a line break or any other control character becomes a blank.
+QString OneRow(const QString& text);
+
+/// Tidies what the operator put into a line: one row, no half of a character at its end.
+void TidyLine(QLineEdit* line);
+
+}  // namespace controls

@@ -1,0 +1,26 @@
+#include "platform/controls/tab_strip.h"
+
+#include "platform/controls/focus_tracker.h"
+
+#include <QWheelEvent>
+
+namespace controls {
+
+TabStrip::TabStrip(const QStringList& captions, QWidget* parent) : QTabBar(parent) {
+    FocusTracker::Get();
+    setExpanding(false);
+    setDrawBase(false);
+    SetTabStop(true);
+    for (const QString& caption : captions) addTab(caption);
+    connect(this, &QTabBar::currentChanged, this, [this] { Click(); });
+}
+
+void TabStrip::SelectItem(int item) {
+    setCurrentIndex(item - 1);
+}
+
+void TabStrip::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+}  // namespace controls

@@ -1,0 +1,124 @@
+#include "platform/controls/windows.h"
+
+#include "platform/controls/wait.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QInputMethod>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace controls {
+namespace {
+
+/// Runs a dialog; the window beneath is active again afterwards, which a display without a window manager
+/// does not do by itself.
+int RunOver(QDialog& dialog) {
+    const OrdinaryPointer pointer;
+    const QPointer<QWidget> beneath = QApplication::activeWindow();
+    const int result = dialog.exec();
+    if (beneath && beneath->isVisible()) beneath->activateWindow();
+    return result;
+}
+
+QMessageBox::Icon IconOf(sys::BoxIcon icon) {
+    switch (icon) {
+        case sys::BoxIcon::Critical:
+            return QMessageBox::Critical;
+        case sys::BoxIcon::Question:
+            return QMessageBox::Question;
+        case sys::BoxIcon::Warning:
+            return QMessageBox::Warning;
+        case sys::BoxIcon::Information:
+            break;
+    }
+    return QMessageBox::Information;
+}
+
+/// Puts a read-only box with the detail between text and buttons.
+void AddDetail(QMessageBox& box, const QString& detail) {
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    auto* buttons = box.findChild<QDialogButtonBox*>();
+    if (!grid || !buttons) return box.setInformativeText(detail);
+    auto* text = new QPlainTextEdit(detail, &box);
+    text->setObjectName(u"detail"_s);
+    text->setReadOnly(true);
+    text->setTabChangesFocus(true);
+    text->setMinimumWidth(420);
+    text->setFixedHeight(96);
+    const int row = grid->rowCount();
+    grid->removeWidget(buttons);
+    grid->addWidget(text, row, 0, 1, grid->columnCount());
+    grid->addWidget(buttons, row + 1, 0, 1, grid->columnCount());
+}
+
+void AddButtons(QMessageBox& box, const sys::BoxRequest& request) {
+    if (request.buttons == sys::BoxButtons::Ok) {
+        box.addButton(QMessageBox::Ok)->setText(u"确定"_s);
+        box.setDefaultButton(QMessageBox::Ok);
+        box.setEscapeButton(QMessageBox::Ok);
+        return;
+    }
+    box.addButton(QMessageBox::Yes)->setText(u"是(&Y)"_s);
+    box.addButton(QMessageBox::No)->setText(u"否(&N)"_s);
+    const bool no = request.defaultButton == sys::BoxAnswer::No;
+    box.setDefaultButton(no ? QMessageBox::No : QMessageBox::Yes);
+    box.setEscapeButton(QMessageBox::No);
+}
+
+void SwitchInputMethod() {
+    QInputMethod* method = QGuiApplication::inputMethod();
+    method->isVisible() ? method->hide() : method->show();
+}
+
+}  // namespace
+
+sys::BoxAnswer ShowMessageBox(const sys::BoxRequest& request) {
+    QMessageBox box(QApplication::activeWindow());
+    box.setObjectName(u"MsgBox"_s);
+    box.setTextFormat(Qt::PlainText);
+    QString text = request.text;
+    text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+    box.setText(text);
+    box.setWindowTitle(request.title);
+    box.setIcon(IconOf(request.icon));
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    AddButtons(box, request);
+    if (!request.detail.isEmpty()) AddDetail(box, request.detail);
+    const int pressed = RunOver(box);
+    if (request.buttons == sys::BoxButtons::Ok) return sys::BoxAnswer::Ok;
+    return pressed == QMessageBox::Yes ? sys::BoxAnswer::Yes : sys::BoxAnswer::No;
+}
+
+QString ShowFileDialog(const sys::FileRequest& request) {
+    QFileDialog dialog(QApplication::activeWindow(), request.title);
+    dialog.setObjectName(u"FileDialog"_s);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    // The forms ask their own question about a file that is there.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    const bool save = request.kind == sys::FileRequest::Kind::Save;
+    dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    if (!request.pattern.isEmpty()) dialog.setNameFilter(request.pattern);
+    if (!request.proposed.isEmpty()) dialog.selectFile(request.proposed);
+    if (RunOver(dialog) != QDialog::Accepted) return QString();
+    return dialog.selectedFiles().value(0);
+}
+
+void InstallWindows() {
+    auto& seams = sys::seams();
+    seams.showBox = ShowMessageBox;
+    seams.askFile = ShowFileDialog;
+    seams.openAddress = [](const QString& address) { QDesktopServices::openUrl(QUrl(address)); };
+    seams.switchInputMethod = SwitchInputMethod;
+}
+
+}  // namespace controls

@@ -1,0 +1,129 @@
+#include "tests/support/gui.h"
+
+#include "platform/controls/box.h"
+#include "platform/controls/focus_tracker.h"
+#include "platform/controls/modal_form.h"
+#include "platform/system/guard.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QTest>
+
+#include <deque>
+#include <gtest/gtest.h>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace tests {
+namespace {
+
+/// Where a key of the operator goes: an open menu or list, else what has the focus.
+QWidget* KeyTarget() {
+    if (QWidget* popup = QApplication::activePopupWidget())
+        return popup->focusWidget() && popup->isAncestorOf(popup->focusWidget()) ? popup->focusWidget()
+                                                                                 : popup;
+    if (QWidget* focus = QApplication::focusWidget()) return focus;
+    return QApplication::activeWindow();
+}
+
+QWidget* NeedTarget() {
+    Settle();
+    QWidget* target = KeyTarget();
+    if (!target) ADD_FAILURE() << "no window is active, so nothing takes the key";
+    return target;
+}
+
+}  // namespace
+
+void Settle() {
+    // What is posted may post again; a handful of rounds is far more than any chain in the program.
+    for (int round = 0; round < 6; ++round) {
+        QCoreApplication::processEvents();
+        controls::FocusTracker::Get().Settle();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+void Show(QWidget& window) {
+    window.show();
+    window.activateWindow();
+    Settle();
+}
+
+void Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    if (QWidget* target = NeedTarget()) QTest::keyClick(target, key, modifiers);
+    Settle();
+}
+
+void Type(const QString& text) {
+    for (const QChar c : text) {
+        QWidget* target = NeedTarget();
+        if (!target) return;
+        if (c.unicode() < 0x80) {
+            QTest::keyClick(target, c.toLatin1());
+        } else {  // no key makes it, so it comes as an input method sends it
+            QTest::sendKeyEvent(QTest::Click, target, Qt::Key_unknown, QString(c), Qt::NoModifier);
+        }
+        Settle();
+    }
+}
+
+void AltKey(char16_t letter) {
+    const bool menu = qobject_cast<QMenu*>(QApplication::activePopupWidget()) != nullptr;
+    if (QWidget* target = NeedTarget())
+        QTest::keyClick(target, static_cast<char>(letter), menu ? Qt::NoModifier : Qt::AltModifier);
+    Settle();
+}
+
+QString FocusName() {
+    for (QWidget* w = QApplication::focusWidget(); w; w = w->parentWidget())
+        if (dynamic_cast<controls::FocusEvents*>(w)) return w->objectName();
+    return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
+}
+
+void Click(QWidget& control) {
+    QTest::mouseClick(&control, Qt::LeftButton);
+    Settle();
+}
+
+struct ModalScript::State {
+    struct Step {
+        QString form;
+        std::function<void(QWidget&)> drive;
+    };
+    std::deque<Step> steps;
+    std::function<void(controls::ModalForm&)> before;
+
+    void Take(controls::ModalForm& form) {
+        if (steps.empty() || steps.front().form != form.objectName()) {
+            ADD_FAILURE() << "unexpected modal form: " << form.objectName().toStdString();
+            return;
+        }
+        const Step step = std::move(steps.front());
+        steps.pop_front();
+        Settle();
+        try {
+            step.drive(form);
+        } catch (const std::exception& error) {  // must not travel through the waiting loop
+            ADD_FAILURE() << step.form.toStdString() << ": " << error.what();
+        }
+        if (form.isVisible() && !sys::HasEnded()) ADD_FAILURE() << "left open: " << step.form.toStdString();
+    }
+};
+
+ModalScript::ModalScript() : state_(std::make_unique<State>()) {
+    state_->before = controls::ModalForm::StandIn();
+    controls::ModalForm::StandIn() = [this](controls::ModalForm& form) { state_->Take(form); };
+}
+
+ModalScript::~ModalScript() {
+    for (const auto& step : state_->steps) ADD_FAILURE() << "never came: " << step.form.toStdString();
+    controls::ModalForm::StandIn() = std::move(state_->before);
+}
+
+void ModalScript::Next(const QString& formName, std::function<void(QWidget& form)> drive) {
+    state_->steps.push_back({formName, std::move(drive)});
+}
+
+}  // namespace tests
