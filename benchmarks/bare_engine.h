@@ -1,0 +1,56 @@
+// The engine's own C interface, as thin as it gets: what every measure is compared with. A failure ends the
+// run with the engine's words.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <initializer_list>
+#include <sqlite3.h>
+
+namespace benchmarks {
+
+/// One statement, prepared from its text, finalized at the end.
+class BareStatement {
+  public:
+    BareStatement(sqlite3* engine, const QByteArray& text);
+    ~BareStatement();
+    BareStatement(const BareStatement&) = delete;
+    BareStatement& operator=(const BareStatement&) = delete;
+
+    /// True while there is a row.
+    bool Step();
+    void Reset();
+    void Bind(int place, double value);
+    void Bind(int place, sqlite3_int64 value);
+    void Bind(int place, const QByteArray& value);
+    /// Binds the texts from place 1 on, beside what is bound already, steps and resets.
+    void Insert(std::initializer_list<QByteArray> texts);
+
+    bool IsNull(int column) const;
+    double Number(int column) const;
+    sqlite3_int64 Whole(int column) const;
+    QString Text(int column) const;
+
+  private:
+    sqlite3* engine_;
+    sqlite3_stmt* statement_ = nullptr;
+};
+
+/// A company's data file under the same settings as the program opens it with.
+class BareEngine {
+  public:
+    explicit BareEngine(const QString& path);
+    ~BareEngine();
+    BareEngine(const BareEngine&) = delete;
+    BareEngine& operator=(const BareEngine&) = delete;
+
+    void Run(const QByteArray& text);
+    QString Answer(const QByteArray& select);
+    sqlite3* Handle() const { return engine_; }
+
+  private:
+    sqlite3* engine_ = nullptr;
+};
+
+}  // namespace benchmarks

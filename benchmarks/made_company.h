@@ -1,0 +1,44 @@
+// A company of some years, made up: 100,000 waybills with their 200,000 journal rows, 2,000 customers with
+// quotes. The same at every making; kept under build/ and made anew only when the tables or the recipe
+// change.
+#pragma once
+
+#include "benchmarks/bare_engine.h"
+#include "platform/dao/database.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+
+namespace benchmarks {
+
+constexpr int Waybills = 100'000;
+constexpr int Customers = 2'000;
+constexpr int Channels = 20;
+constexpr int Zones = 10;
+
+QByteArray CustomerCode(int index);
+QByteArray CustomerName(int index);
+QByteArray ZoneCode(int index);
+
+/// The one customer with a tenth of all waybills: a chain of 10,000 rows. The channels' chains have 5,000
+/// each.
+constexpr int LargeCustomer = 0;
+
+class MadeCompany {
+  public:
+    /// Makes the file in that folder, or takes the one that is there.
+    explicit MadeCompany(const QString& folder);
+
+    dao::Database& Db() { return *db_; }
+    BareEngine& Bare() { return *bare_; }
+    QString File() const { return file_; }
+
+  private:
+    QString file_;
+    std::unique_ptr<dao::Database> db_;
+    std::unique_ptr<BareEngine> bare_;
+};
+
+}  // namespace benchmarks

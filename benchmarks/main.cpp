@@ -1,0 +1,24 @@
+// Prints one line a measure and ends non-zero if one is above its limit. An argument picks measures by a part
+// of their names.
+#include "benchmarks/subjects.h"
+#include "platform/errors.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+int main(int argc, char** argv) {
+    const QCoreApplication app(argc, argv);
+    try {
+        benchmarks::MadeCompany company(QCoreApplication::applicationDirPath() +
+                                        QStringLiteral("/../benchmarks"));
+        benchmarks::Bench bench(argc > 1 ? argv[1] : "");
+        benchmarks::MeasureCharge(bench, company);
+        benchmarks::MeasureChain(bench, company);
+        benchmarks::MeasureDateRange(bench, company);
+        return bench.Failures() == 0 ? 0 : 1;
+    } catch (const PlatformError& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 2;
+    }
+}

@@ -1,0 +1,13 @@
+// The subjects that are measured, one function and one file each.
+#pragma once
+
+#include "benchmarks/bench.h"
+#include "benchmarks/made_company.h"
+
+namespace benchmarks {
+
+void MeasureCharge(Bench& bench, MadeCompany& company);
+void MeasureChain(Bench& bench, MadeCompany& company);
+void MeasureDateRange(Bench& bench, MadeCompany& company);
+
+}  // namespace benchmarks
