@@ -19,6 +19,7 @@ constexpr int kRowHeight = 24;
 constexpr int kBarWidth = 3;
 constexpr int kUnitsPerPixel = 15;
 constexpr int kDefaultWidth = 64 * kUnitsPerPixel;
+const QColor kSurfaceLow(0xF6, 0xF8, 0xFA);
 const QColor kAccent(0x0B, 0x6B, 0x83);
 
 }  // namespace
@@ -44,6 +45,12 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), state_(std::make_uniqu
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_InputMethodEnabled, false);
     setCornerButtonEnabled(false);
+    auto* corner = new QWidget(this);  // between the two scroll bars, in their colour
+    corner->setAutoFillBackground(true);
+    QPalette low = corner->palette();
+    low.setColor(QPalette::Window, kSurfaceLow);
+    corner->setPalette(low);
+    setCornerWidget(corner);
     SetFramed(false);
     verticalHeader()->hide();
     verticalHeader()->setMinimumSectionSize(kRowHeight);
@@ -58,7 +65,11 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), state_(std::make_uniqu
     connect(horizontalScrollBar(), &QScrollBar::valueChanged, s.header->viewport(),
             [this] { state_->header->viewport()->update(); });
     s.editor = new CellEditor(viewport());
-    s.editor->Entered = [this] { FinishEditor(true); };
+    s.editor->Entered = [this] {
+        const QPointer<FlexGrid> self(this);
+        FinishEditor(true);
+        if (self) CellEntered();
+    };
     s.editor->Dropped = [this] { FinishEditor(false); };
     s.editor->Left = [this] {
         // The focus is still on its way; the form hears of the cell when it has arrived.
@@ -239,7 +250,7 @@ void FlexGrid::SetTopRow(int row) {
     CheckRow(row, 0);
     const int top = std::max(row, FixedRows());
     if (!isVisible()) {
-        state_->topOnShow = top;  // it knows its height only when it is shown
+        state_->topOnShow = top;
         return;
     }
     executeDelayedItemsLayout();
@@ -248,7 +259,9 @@ void FlexGrid::SetTopRow(int row) {
 
 /// Scrolls up or down as little as needed, and never sideways.
 void FlexGrid::ShowRow(int row) {
-    if (row < FixedRows() || !isVisible() || state_->model->Loading()) return;
+    if (row < FixedRows() || state_->model->Loading()) return;
+    state_->rowOnShow = !isVisible();  // it knows its height only when it is shown
+    if (state_->rowOnShow) return;
     executeDelayedItemsLayout();
     QScrollBar* bar = verticalScrollBar();
     const int at = row - FixedRows();
@@ -276,7 +289,7 @@ void FlexGrid::showEvent(QShowEvent* event) {
         executeDelayedItemsLayout();
         verticalScrollBar()->setValue(std::min(*top, Rows() - 1) - FixedRows());
     }
-    ShowRow(state_->row);
+    if (state_->rowOnShow) ShowRow(state_->row);
 }
 
 void FlexGrid::resizeEvent(QResizeEvent* event) {

@@ -107,7 +107,9 @@ class FlexGrid : public QTableView, public FocusEvents {
     sys::Event<> RowChange;
     sys::Event<> Click;  ///< a click on a data row, after RowChange
     sys::Event<> DoubleClick;
-    sys::Event<int, int, QString> CellEdited;  ///< row, col, the text that was there before
+    /// Row, col, the text that was there before; after the new text was written, changed or not.
+    sys::Event<int, int, QString> CellEdited;
+    sys::Event<> CellEntered;  ///< Enter closed the editor; after CellEdited
     sys::Event<KeyPress&> KeyPressed;
 
     /// Bytes that the matrix itself takes, the texts' characters included; for the measurements.

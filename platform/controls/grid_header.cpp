@@ -8,8 +8,8 @@ namespace controls {
 namespace {
 
 constexpr int kOneRow = 28;
-constexpr int kRow = 24;  // each of several
-constexpr int kPadding = 7;
+constexpr int kRow = 24;     // each of several
+constexpr int kPadding = 1;  // captions of narrow columns need the room
 constexpr int kTextPixels = 12;
 
 // Named as in the style sheet's table; the header is painted by hand because the sheet's one-pixel borders

@@ -188,7 +188,8 @@ void FlexGrid::FinishEditor(bool keep, bool tell) {
         s.cover = nullptr;
         if (keep) {
             s.untold = State::Edited{s.coverRow, s.coverCol, s.model->Text(s.coverRow, s.coverCol)};
-            s.model->SetText(s.coverRow, s.coverCol, s.editor->text());
+            // A pasted tab would part the cell in two when the row is copied or added again.
+            s.model->SetText(s.coverRow, s.coverCol, s.editor->text().replace(u'\t', u' '));
         }
         if (window()->focusWidget() == s.editor) setFocus(Qt::OtherFocusReason);
         s.editor->hide();

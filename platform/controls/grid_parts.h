@@ -20,6 +20,10 @@ class GridDelegate : public QStyledItemDelegate {
 
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
+  private:
+    void PaintInked(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index,
+                    const QColor& ink) const;
 };
 
 /// Tells how it was left and decides nothing itself.

@@ -28,7 +28,8 @@ struct FlexGrid::State {
     int col = 0;
     int rowSel = 1;
     int colSel = 0;
-    std::optional<int> topOnShow;  // TopRow set while the grid could not scroll yet
+    std::optional<int> topOnShow;  // TopRow set while hidden
+    bool rowOnShow = false;        // Row set while hidden
 
     bool firing = false;        // inside the handler of RowChange
     bool highlighting = false;  // the selection is changed by us and not from outside

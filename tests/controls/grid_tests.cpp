@@ -146,4 +146,454 @@ TEST_F(GridTest, OutOfRangeRaises) {
     EXPECT_EQ(Column(0), u"|1/0|2/0|3/0"_s);
 }
 
+// ---------------------------------------------------------------- the row-change event
+
+TEST_F(GridTest, RowChangeFiresForTheOperatorAndForAnAssignmentThatChangesRow) {
+    Fill(30);
+    Open();
+    struct {
+        const char* what;
+        std::function<void()> act;
+        QList<int> told;
+        int row;
+    } const steps[] = {
+        {"same row", [&] { grid.SetRow(1); }, {}, 1},
+        {"assignment", [&] { grid.SetRow(3); }, {3}, 3},
+        {"down", [&] { QTest::keyClick(&grid, Qt::Key_Down); }, {4}, 4},
+        {"click", [&] { ClickCell(7, 1); }, {7}, 7},
+        {"click on the current row", [&] { ClickCell(7, 2); }, {}, 7},
+        {"page", [&] { QTest::keyClick(&grid, Qt::Key_PageDown); }, {17}, 17},
+        {"end", [&] { QTest::keyClick(&grid, Qt::Key_End); }, {30}, 30},
+        {"down at the end", [&] { QTest::keyClick(&grid, Qt::Key_Down); }, {}, 30},
+        {"home", [&] { QTest::keyClick(&grid, Qt::Key_Home); }, {1}, 1},
+        {"up at the beginning", [&] { QTest::keyClick(&grid, Qt::Key_Up); }, {}, 1},
+        {"letters search nothing", [&] { QTest::keyClick(&grid, Qt::Key_2); }, {}, 1},
+        {"header row", [&] { grid.SetRow(0); }, {0}, 0},
+        {"down from the header row", [&] { QTest::keyClick(&grid, Qt::Key_Down); }, {1}, 1},
+        {"column and end of selection", [&] { grid.SetCol(2), grid.SetRowSel(4), grid.SetColSel(1); }, {}, 1},
+        {"a screen reader's choice",
+         [&] {
+             grid.selectionModel()->select(grid.model()->index(8, 0),
+                                           QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+         },
+         {9},
+         9},
+        {"reload", [&] { Fill(20); }, {}, 1},
+    };
+    for (const auto& step : steps) {
+        SCOPED_TRACE(step.what);
+        changes.clear();
+        step.act();
+        EXPECT_EQ(changes, step.told);
+        EXPECT_EQ(grid.Row(), step.row);
+        if (grid.RowSel() == grid.Row()) {
+            EXPECT_EQ(Highlighted(), step.row == 0 ? QString() : QString::number(step.row));
+        }
+    }
+}
+
+TEST_F(GridTest, RowChangeIsSilentInItsOwnHandler) {
+    Fill(9);
+    grid.RowChange = [this] {
+        changes << grid.Row();
+        grid.SetRow(2);
+    };
+    grid.SetRow(5);
+    EXPECT_EQ(changes, QList<int>{5});
+    EXPECT_EQ(grid.Row(), 2);
+    grid.SetRow(6);
+    EXPECT_EQ(changes, (QList<int>{5, 6}));
+}
+
+TEST_F(GridTest, AnEndInTheHandlerStopsTheAssignmentButNotTheToolkit) {
+    Fill(9);
+    Open();
+    grid.RowChange = [] { throw sys::ProgramEnded{1}; };
+    EXPECT_THROW(grid.SetRow(2), sys::ProgramEnded);
+    sys::ForgetEnd();
+    QTest::keyClick(&grid, Qt::Key_Down);
+    EXPECT_TRUE(sys::HasEnded());
+    sys::ForgetEnd();
+}
+
+TEST_F(GridTest, RowZeroHighlightsNothing) {
+    Fill(4);
+    Open();
+    const auto bar = [&] { return grid.viewport()->grab().toImage().pixelColor(1, 24 + 12).name(); };
+    grid.SetRow(2);
+    EXPECT_EQ(bar(), u"#0b6b83"_s);
+    grid.SetRow(0);
+    EXPECT_NE(bar(), u"#0b6b83"_s);
+    EXPECT_FALSE(grid.currentIndex().isValid());
+    other.setFocus();
+    grid.SetFocus();  // the toolkit's own view would now make the first row current
+    EXPECT_FALSE(grid.currentIndex().isValid());
+    EXPECT_EQ(grid.Row(), 0);
+}
+
+// ---------------------------------------------------------------- keys and mouse
+
+TEST_F(GridTest, KeysGoToTheFormFirst) {
+    Fill(4);
+    Open();
+    QList<int> seen;
+    bool take = true;
+    grid.KeyPressed = [&](controls::KeyPress& press) {
+        seen << press.key;
+        press.taken = take;
+    };
+    QTest::keyClick(&grid, Qt::Key_Return);
+    QTest::keyClick(&grid, Qt::Key_Down);
+    EXPECT_EQ(seen, (QList<int>{Qt::Key_Return, Qt::Key_Down}));
+    EXPECT_EQ(grid.Row(), 1);
+    take = false;
+    QTest::keyClick(&grid, Qt::Key_Down);
+    EXPECT_EQ(grid.Row(), 2);
+    QTest::keyClick(&grid, Qt::Key_Tab);  // on to the next control, not to the next cell
+    EXPECT_TRUE(other.hasFocus());
+    EXPECT_EQ(grid.Row(), 2);
+}
+
+TEST_F(GridTest, LeftAndRightGoFromColumnToColumnInSight) {
+    Fill(2, 4);
+    grid.SetGridColWidth(1, 0);
+    Open();
+    QTest::keyClick(&grid, Qt::Key_Right);
+    EXPECT_EQ(grid.Col(), 2);
+    QTest::keyClick(&grid, Qt::Key_Right);
+    QTest::keyClick(&grid, Qt::Key_Right);
+    EXPECT_EQ(grid.Col(), 3);
+    QTest::keyClick(&grid, Qt::Key_Left);
+    QTest::keyClick(&grid, Qt::Key_Left);
+    EXPECT_EQ(grid.Col(), 0);
+}
+
+TEST_F(GridTest, ClicksComeAfterRowChange) {
+    Fill(5);
+    Open();
+    QStringList told;
+    grid.RowChange = [&] { told << u"row"_s; };
+    grid.Click = [&] { told << u"click"_s; };
+    grid.DoubleClick = [&] { told << u"double"_s; };
+    ClickCell(3, 1);
+    EXPECT_EQ(told, (QStringList{u"row"_s, u"click"_s}));
+    EXPECT_EQ(grid.Col(), 1);
+    told.clear();
+    ClickCell(4, 0);
+    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, grid.CellRect(4, 0).center());
+    EXPECT_EQ(told, (QStringList{u"row"_s, u"click"_s, u"double"_s}));
+    told.clear();
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, QPoint(10, 8 * 24));  // below the rows
+    QTest::mouseClick(grid.viewport(), Qt::RightButton, {}, grid.CellRect(1, 0).center());
+    QTest::mousePress(grid.viewport(), Qt::LeftButton, {}, grid.CellRect(4, 0).center());
+    QTest::mouseMove(grid.viewport(), grid.CellRect(1, 0).center());
+    QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, QPoint(-50, -50));
+    EXPECT_EQ(told, QStringList());
+    EXPECT_EQ(Highlighted(), u"4"_s);
+}
+
+TEST_F(GridTest, CopyTakesTheShownCellsOfTheRow) {
+    Fill(3);
+    grid.SetGridColWidth(1, 0);
+    Open();
+    grid.SetRow(2);
+    QTest::keySequence(&grid, QKeySequence::Copy);
+    EXPECT_EQ(QApplication::clipboard()->text(), u"2/0\t2/2"_s);
+}
+
+TEST_F(GridTest, ScrollsSoThatRowIsInSight) {
+    Fill(100);
+    grid.SetTopRow(40);
+    EXPECT_EQ(grid.TopRow(), 40);
+    grid.SetRow(45);
+    Open();
+    EXPECT_EQ(grid.TopRow(), 40);  // what was set before it was shown
+    grid.SetRow(60);
+    EXPECT_EQ(grid.TopRow(), 51);
+    grid.SetRow(7);
+    EXPECT_EQ(grid.TopRow(), 7);
+    grid.SetTopRow(0);
+    EXPECT_EQ(grid.TopRow(), 1);
+    grid.SetTopRow(100);
+    EXPECT_EQ(grid.TopRow(), 91);  // ten rows fit
+    grid.SetRow(100);
+    window.resize(400, 200);
+    EXPECT_TRUE(grid.viewport()->rect().contains(grid.CellRect(100, 0).center()));
+    Fill(50);
+    EXPECT_EQ(grid.TopRow(), 1);
+}
+
+// ---------------------------------------------------------------- columns and looks
+
+TEST_F(GridTest, WidthsKeepTheirUnitAndZeroHides) {
+    Fill(2);
+    grid.SetGridColWidth(0, 1000);
+    EXPECT_EQ(grid.GridColWidth(0), 1000);
+    EXPECT_EQ(grid.columnWidth(0), 67);
+    grid.SetGridColWidth(1, 0);
+    EXPECT_TRUE(grid.isColumnHidden(1));
+    EXPECT_EQ(grid.GridColWidth(1), 0);
+    EXPECT_EQ(grid.TextMatrix(1, 1), u"1/1"_s);
+    grid.SetCols(4);
+    EXPECT_TRUE(grid.isColumnHidden(1));
+    grid.SetGridColWidth(1, 300);
+    EXPECT_EQ(grid.columnWidth(1), 20);
+    grid.horizontalHeader()->resizeSection(1, 50);  // dragged
+    EXPECT_EQ(grid.GridColWidth(1), 750);
+}
+
+TEST_F(GridTest, SharedWidthsLeaveNoGap) {
+    Fill(5, 7);
+    grid.SetGridColWidth(3, 0);
+    grid.ShareWidths();
+    Open();
+    const auto check = [&](const char* when) {
+        SCOPED_TRACE(when);
+        QApplication::processEvents();
+        int sum = 0;
+        int least = 10000;
+        int most = 0;
+        for (int col = 0; col < 7; ++col) {
+            if (grid.isColumnHidden(col)) continue;
+            sum += grid.columnWidth(col);
+            least = std::min(least, grid.columnWidth(col));
+            most = std::max(most, grid.columnWidth(col));
+        }
+        EXPECT_EQ(sum, grid.viewport()->width());
+        EXPECT_LE(most - least, 1);
+    };
+    check("at first");
+    window.resize(733, 300);
+    check("resized");
+    Fill(500, 7);
+    check("with a scroll bar");
+    EXPECT_LT(grid.viewport()->width(), 733 - 5);
+    grid.SetGridColWidth(5, 0);
+    check("a column hidden later");
+    EXPECT_EQ(grid.GridColWidth(3), 0);
+}
+
+TEST_F(GridTest, HeaderCellsMerge) {
+    controls::GridModel model;
+    const auto cells = [&](const QStringList& rows, std::vector<bool> hidden = {}) {
+        model.SetCols(static_cast<int>(rows[0].split(u' ').size()));
+        model.SetFixedRows(static_cast<int>(rows.size()));
+        hidden.resize(static_cast<std::size_t>(model.Cols()));
+        for (int row = 0; row < rows.size(); ++row)
+            for (int col = 0; col < model.Cols(); ++col)
+                model.SetText(row, col, rows[row].split(u' ')[col].replace(u"-"_s, QString()));
+        QStringList found;
+        for (const auto& c : controls::HeaderCells(model, true, hidden))
+            found << u"%1%2-%3%4"_s.arg(c.row).arg(c.col).arg(c.lastRow).arg(c.lastCol);
+        return found.join(u' ');
+    };
+    EXPECT_EQ(cells({u"区 名 文 文 重"_s, u"区 名 首 首 首"_s}),
+              u"00-10 01-11 02-03 04-04 12-12 13-13 14-14"_s);
+    EXPECT_EQ(cells({u"文 文 文 重"_s, u"首 续 首 首"_s}, {false, true, false, false}),
+              u"00-02 03-03 10-10 12-12 13-13"_s);
+    EXPECT_EQ(cells({u"- - 甲 甲"_s}), u"00-00 01-01 02-03"_s);
+    EXPECT_EQ(cells({u"甲 甲"_s, u"甲 甲"_s, u"乙 丙"_s}), u"00-11 20-20 21-21"_s);
+}
+
+TEST_F(GridTest, ColoursGoWithTheirRows) {
+    Fill(4);
+    const auto back = [&](int row) {
+        const QVariant fill = grid.model()->index(row - 1, 1).data(Qt::BackgroundRole);
+        return fill.isValid() ? fill.value<QBrush>().color().name() : QString();
+    };
+    grid.SetCellColor(3, 1, QColor(0xC0, 0xFF, 0xFF));
+    grid.SetCellBold(3, 1, true);
+    grid.AddItem(u"x"_s, 2);
+    EXPECT_EQ(back(3), QString());
+    EXPECT_EQ(back(4), u"#c0ffff"_s);
+    grid.RemoveItem(1);
+    EXPECT_EQ(back(3), u"#c0ffff"_s);
+    EXPECT_TRUE(grid.model()->index(2, 1).data(Qt::FontRole).value<QFont>().bold());
+    grid.SetRows(3);
+    grid.SetRows(5);
+    EXPECT_EQ(back(3), QString());
+    grid.SetWordColor(2, u"未审核"_s, Qt::red);
+    grid.SetTextMatrix(1, 2, u"未审核"_s);
+    EXPECT_EQ(grid.model()->index(0, 2).data(Qt::ForegroundRole).value<QBrush>().color(), QColor(Qt::red));
+    EXPECT_FALSE(grid.model()->index(1, 2).data(Qt::ForegroundRole).isValid());
+}
+
+// ---------------------------------------------------------------- the editor over a cell
+
+class GridEditorTest : public GridTest {
+  protected:
+    GridEditorTest() {
+        Fill(40, 12);
+        Open();
+        grid.CellEdited = [this](int row, int col, const QString& before) {
+            told << u"%1,%2 %3>%4"_s.arg(row).arg(col).arg(before, grid.TextMatrix(row, col));
+        };
+    }
+
+    /// Opens an editor over (2, 1) and types a text over what it holds.
+    void Edit(const QString& text) {
+        told.clear();
+        grid.SetTextMatrix(2, 1, u"旧"_s);
+        grid.EditCell(2, 1);
+        ASSERT_TRUE(grid.Editor()->hasFocus());
+        ASSERT_EQ(grid.Editor()->selectedText(), u"旧"_s);
+        QTest::keyClicks(grid.Editor(), text);
+    }
+
+    QStringList told;
+};
+
+TEST_F(GridEditorTest, WaysToCommitAndToDrop) {
+    const QStringList written{u"2,1 旧>98"_s};
+    struct {
+        const char* what;
+        std::function<void()> leave;
+        QStringList told;
+    } const ways[] = {
+        {"Enter", [&] { QTest::keyClick(grid.Editor(), Qt::Key_Return); }, written},
+        {"Esc", [&] { QTest::keyClick(grid.Editor(), Qt::Key_Escape); }, {}},
+        {"another control", [&] { other.setFocus(); }, written},
+        {"Tab", [&] { QTest::keyClick(grid.Editor(), Qt::Key_Tab); }, written},
+        {"arrow", [&] { QTest::keyClick(grid.Editor(), Qt::Key_Down); }, written},
+        {"a click in the grid", [&] { ClickCell(4, 0); }, written},
+        {"scrolling down", [&] { grid.verticalScrollBar()->setValue(3); }, written},
+        {"scrolling sideways", [&] { grid.horizontalScrollBar()->setValue(9); }, written},
+        {"the command", [&] { grid.CommitEditor(); }, written},
+        {"another cell", [&] { grid.EditCell(3, 1), grid.CommitEditor(); }, {written[0], u"3,1 3/1>3/1"_s}},
+        {"its row goes", [&] { grid.RemoveItem(2), grid.AddItem(u""_s, 2); }, {}},
+        {"a menu or a box over the window",
+         [&] {
+             QFocusEvent out(QEvent::FocusOut, Qt::PopupFocusReason);
+             QApplication::sendEvent(grid.Editor(), &out);
+             EXPECT_TRUE(grid.Editing());
+             grid.CommitEditor();
+         },
+         written},
+    };
+    for (const auto& way : ways) {
+        SCOPED_TRACE(way.what);
+        grid.SetTopRow(1);
+        Edit(u"98"_s);
+        way.leave();
+        QApplication::processEvents();
+        EXPECT_EQ(told, way.told);
+        EXPECT_FALSE(grid.Editing());
+        EXPECT_FALSE(grid.Editor()->isVisible());
+        EXPECT_EQ(grid.TextMatrix(2, 1) == u"98"_s, !way.told.isEmpty());
+    }
+}
+
+TEST_F(GridEditorTest, WhereTheFocusGoes) {
+    Edit(u"1"_s);
+    QTest::keyClick(grid.Editor(), Qt::Key_Return);
+    EXPECT_TRUE(grid.hasFocus());
+    Edit(u"2"_s);
+    QTest::keyClick(grid.Editor(), Qt::Key_Tab);
+    EXPECT_TRUE(other.hasFocus());
+    grid.SetRow(2);
+    Edit(u"3"_s);
+    QTest::keyClick(grid.Editor(), Qt::Key_Down);
+    EXPECT_TRUE(grid.hasFocus());
+    EXPECT_EQ(grid.Row(), 3);
+}
+
+TEST_F(GridEditorTest, AClickFinishesTheEditBeforeItMoves) {
+    Edit(u"5"_s);
+    grid.RowChange = [this] { told << u"row"_s; };
+    ClickCell(5, 0);
+    EXPECT_EQ(told, (QStringList{u"2,1 旧>5"_s, u"row"_s}));
+}
+
+TEST_F(GridEditorTest, EnterMayOpenTheNextCell) {
+    grid.CellEntered = [this] { grid.EditCell(2, 2); };
+    Edit(u"7"_s);
+    QTest::keyClick(grid.Editor(), Qt::Key_Return);
+    EXPECT_TRUE(grid.Editing());
+    EXPECT_EQ(grid.Editor()->text(), u"2/2"_s);
+    EXPECT_TRUE(grid.Editor()->hasFocus());
+}
+
+TEST_F(GridEditorTest, StandsOnItsCellAndFollows) {
+    grid.ShareWidths();
+    grid.EditCell(30, 7);  // out of sight: brought into it
+    EXPECT_TRUE(grid.viewport()->rect().contains(grid.Editor()->geometry()));
+    EXPECT_EQ(grid.Editor()->geometry(), grid.CellRect(30, 7));
+    window.resize(900, window.height());
+    QApplication::processEvents();
+    EXPECT_TRUE(grid.Editing());
+    EXPECT_EQ(grid.Editor()->geometry(), grid.CellRect(30, 7));
+    grid.AddItem(u"x"_s);  // at the end: the editor is not touched
+    EXPECT_TRUE(grid.Editing());
+}
+
+TEST_F(GridEditorTest, AFormsOwnBoxIsLaidOverACell) {
+    QLineEdit box;
+    grid.LayOver(&box, 4, 2);
+    box.setFocus();
+    EXPECT_EQ(box.geometry(), grid.CellRect(4, 2));
+    EXPECT_TRUE(box.isVisible());
+    grid.SetGridColWidth(0, 900);
+    EXPECT_EQ(box.geometry(), grid.CellRect(4, 2));
+    grid.verticalScrollBar()->setValue(1);
+    EXPECT_TRUE(grid.hasFocus());
+    EXPECT_EQ(box.geometry(), grid.CellRect(4, 2));
+    box.setParent(nullptr);
+}
+
+// ---------------------------------------------------------------- large lists
+
+TEST_F(GridTest, AHundredThousandRowsStaySmall) {
+    constexpr int kRows = 100000;
+    constexpr int kCols = 11;
+    Open();
+    for (const int different : {kRows * kCols, 30}) {
+        SCOPED_TRACE(different);
+        std::size_t characters = 0;
+        grid.SetCols(kCols);
+        grid.BeginLoad(kRows);
+        for (int row = 0; row < kRows; ++row) {
+            for (int col = 0; col < kCols; ++col) {
+                const QString text = QString::number((row * kCols + col) % different);
+                characters += 2 * static_cast<std::size_t>(text.size());
+                grid.LoadCell(row, col, text);
+            }
+        }
+        EXPECT_EQ(grid.model()->rowCount(), 0);  // nothing half filled is ever painted
+        grid.EndLoad();
+        EXPECT_EQ(grid.Rows(), kRows + 1);
+        EXPECT_EQ(grid.TextMatrix(kRows, 10), QString::number((kRows * kCols - 1) % different));
+        const std::size_t most = characters + 80 * std::size_t{kRows} * kCols;
+        EXPECT_LE(grid.MatrixBytes(), different == 30 ? most / 2 : most);
+    }
+    grid.SetRow(kRows);
+    EXPECT_TRUE(grid.viewport()->rect().contains(grid.CellRect(kRows, 0)));
+    grid.SetRows(2);
+    Fill(1);
+    EXPECT_LT(grid.MatrixBytes(), 100000u);
+}
+
+TEST_F(GridTest, ALoadReplacesTheRowsAndKeepsTheHeader) {
+    Open();
+    grid.SetTextMatrix(0, 0, u"头"_s);
+    Fill(9);
+    grid.SetCellColor(3, 1, Qt::cyan);
+    grid.SetRow(5);
+    changes.clear();
+    grid.BeginLoad(4);
+    grid.LoadCell(0, 0, u"甲"_s);
+    grid.SetRow(4);
+    grid.SetTextMatrix(2, 0, u"乙"_s);
+    QApplication::processEvents();
+    grid.SetRows(3);  // a load that was broken off
+    grid.EndLoad();
+    EXPECT_EQ(Column(0), u"头|甲|乙"_s);
+    EXPECT_EQ(grid.Row(), 1);
+    EXPECT_EQ(Highlighted(), u"1"_s);
+    EXPECT_TRUE(changes.isEmpty());
+    grid.BeginLoad(0);
+    grid.EndLoad();
+    EXPECT_EQ(Column(0), u"头|"_s);
+    EXPECT_FALSE(grid.model()->index(0, 1).data(Qt::BackgroundRole).isValid());
+}
+
 }  // namespace
