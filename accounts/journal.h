@@ -73,7 +73,8 @@ void PostEntry(dao::Database& db, const LedgerEntry& entry);
 
 /// Editing, first half: takes the row with that key out of its chain, closes the hole and gives the `SN` for
 /// its new date. `present` and `counterparty` are those before the edit. Where the row was the first of its
-/// chain, its own old `QM` opens the hole's successor; the second half mends that if the counterparty stays.
+/// chain, its own old `QM` opens the hole's successor; the second half mends that only if the row stays in
+/// the chain and before it.
 double MoveSequence(dao::Database& db, LedgerKind kind, const QString& key, double present,
                     const QString& counterparty, QDate date);
 
