@@ -1,0 +1,281 @@
+// What the forms are told about the focus: what counts as leaving a control and entering another.
+#include "platform/controls/box.h"
+#include "platform/controls/focus_tracker.h"
+#include "platform/controls/keys.h"
+#include "platform/controls/modal_form.h"
+#include "platform/controls/windows.h"
+#include "tests/support/gui.h"
+#include "tests/support/script.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace controls;
+
+namespace {
+
+/// A form with a line, a combo, a picker and a second line, and a diary of what it is told.
+class Focus : public testing::Test {
+  protected:
+    Focus() {
+        auto* layout = new QVBoxLayout(&form);
+        Add(*layout, a, u"a"_s);
+        Add(*layout, combo, u"combo"_s);
+        Add(*layout, date, u"date"_s);
+        Add(*layout, b, u"b"_s);
+        combo.AddItem(u"一"_s);
+        combo.AddItem(u"二"_s);
+        tests::Show(form);
+        a.SetFocus();
+        tests::Settle();
+        told.clear();
+    }
+
+    template <class Control>
+    void Add(QVBoxLayout& layout, Control& control, const QString& name) {
+        control.setObjectName(name);
+        layout.addWidget(&control);
+        control.GotFocus = [this, name] { told << u'+' + name; };
+        control.LostFocus = [this, name] { told << u'-' + name; };
+    }
+
+    /// Lets everything happen and gives what was told since the last call.
+    std::string Told() {
+        tests::Settle();
+        return std::exchange(told, {}).join(u' ').toStdString();
+    }
+
+    /// Waits for a window of the toolkit and presses a key in it.
+    static void AnswerWith(Qt::Key key) {
+        QTimer::singleShot(0, qApp, [key] {
+            tests::Settle();
+            if (QWidget* box = QApplication::activeModalWidget()) QTest::keyClick(box, key);
+        });
+    }
+
+    tests::Script script;
+    QWidget form;
+    LineBox a, b;
+    ComboBox combo;
+    DTPicker date;
+    QStringList told;
+};
+
+TEST_F(Focus, TellsTheLossBeforeTheGainOnceItHasSettled) {
+    b.SetFocus();
+    EXPECT_TRUE(told.isEmpty()) << "not in the midst of the move";
+    combo.SetFocus();
+    a.SetFocus();
+    b.SetFocus();
+    EXPECT_EQ(Told(), "-a +b") << "where the focus only passed through is not told";
+    b.SetFocus();
+    a.SetFocus();
+    b.SetFocus();
+    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(FocusTracker::Get().Current(), &b);
+}
+
+TEST_F(Focus, WalksInOneStepThroughComboAndPicker) {
+    for (const auto* expected : {"-a +combo", "-combo +date", "-date +b"}) {
+        tests::Press(Qt::Key_Tab);
+        EXPECT_EQ(Told(), expected);
+    }
+    tests::Press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(Told(), "-b +date");
+    tests::Press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(Told(), "-date +combo");
+}
+
+TEST_F(Focus, PopupsAndMenusAreNoChange) {
+    combo.SetFocus();
+    Told();
+    combo.showPopup();
+    tests::Settle();
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    tests::Press(Qt::Key_Down);
+    tests::Press(Qt::Key_Return);
+    EXPECT_EQ(Told(), "");
+    date.SetFocus();
+    Told();
+    date.OpenCalendar();
+    tests::Settle();
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr) << "the calendar";
+    QApplication::activePopupWidget()->close();
+    EXPECT_EQ(Told(), "");
+    QMenu menu;
+    menu.addAction(u"无"_s);
+    menu.popup(form.pos());
+    tests::Settle();
+    tests::Press(Qt::Key_Escape);
+    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(tests::FocusName(), u"date"_s);
+}
+
+TEST_F(Focus, MenuBarAndItsCommandsAreNoChange) {
+    auto* bar = new QMenuBar(&form);
+    form.layout()->setMenuBar(bar);
+    int run = 0;
+    AddCommand(bar, u"Menu_save"_s, u"&S.保存"_s, [&] { ++run; });
+    QMenu* menu = AddMenu(bar, u"Menu_sort"_s, u"&M.排序"_s);
+    AddCommand(menu, u"Menu_one"_s, u"&1.一"_s, [&] { ++run; });
+    tests::Settle();
+    tests::AltKey(u'S');
+    tests::AltKey(u'M');
+    tests::AltKey(u'1');
+    EXPECT_EQ(run, 2);
+    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(tests::FocusName(), u"a"_s);
+}
+
+TEST_F(Focus, BoxesAndModalFormsAreNoChange) {
+    AnswerWith(Qt::Key_Return);
+    ShowMessageBox({.text = u"好"_s});
+    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(tests::FocusName(), u"a"_s) << "the window beneath is active again";
+
+    ModalForm modal(u"Query"_s, u"查找"_s, &form);
+    QVBoxLayout layout(&modal);
+    LineBox inner, second;
+    Add(layout, inner, u"inner"_s);
+    Add(layout, second, u"second"_s);
+    tests::ModalScript operators;
+    operators.Next(u"Query"_s, [&](QWidget&) {
+        EXPECT_EQ(Told(), "+inner");
+        tests::Press(Qt::Key_Tab);
+        EXPECT_EQ(Told(), "-inner +second");
+        modal.Unload();
+    });
+    modal.ShowModal();
+    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(tests::FocusName(), u"a"_s);
+    tests::Press(Qt::Key_Tab);
+    EXPECT_EQ(Told(), "-a +combo");
+}
+
+TEST_F(Focus, AMoveFromWithinAModalFormIsToldWhenItHasGone) {
+    ModalForm modal(u"Query"_s, u"查找"_s, &form);
+    tests::ModalScript operators;
+    operators.Next(u"Query"_s, [&](QWidget&) {
+        b.SetFocus();
+        EXPECT_EQ(Told(), "");
+        modal.Unload();
+    });
+    modal.ShowModal();
+    EXPECT_EQ(Told(), "-a +b");
+}
+
+TEST_F(Focus, ActivationIsNoChange) {
+    QWidget other;
+    tests::Show(other);
+    EXPECT_EQ(Told(), "");
+    form.activateWindow();
+    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(FocusTracker::Get().Current(), &a);
+}
+
+TEST_F(Focus, HidingOrDisablingTheFocusedControlIsNoEvent) {
+    a.hide();
+    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(tests::FocusName(), u"combo"_s) << "the toolkit has moved on by itself";
+    tests::Press(Qt::Key_Tab);
+    EXPECT_EQ(Told(), "+date") << "a control that was never told to be entered is not told to be left";
+    date.setEnabled(false);
+    EXPECT_EQ(Told(), "");
+    form.activateWindow();
+    EXPECT_EQ(Told(), "");
+}
+
+TEST_F(Focus, WhatAHandlerAsksForAfterHidingIsTold) {
+    combo.SetFocus();
+    Told();
+    combo.hide();
+    b.SetFocus();
+    EXPECT_EQ(Told(), "+b") << "hidden in the midst of a command, the combo is not left";
+    combo.show();
+    a.SetFocus();
+    Told();
+    a.setEnabled(false);  // the toolkit goes to the combo, which is where the form wants to be too
+    combo.SetFocus();
+    EXPECT_EQ(Told(), "+combo");
+    a.setEnabled(true);
+    a.SetFocus();
+    combo.hide();  // after the operator has really left it
+    EXPECT_EQ(Told(), "-combo +a");
+}
+
+TEST_F(Focus, AControlThatGoesAwayIsForgotten) {
+    auto* passing = new LineBox;
+    Add(*static_cast<QVBoxLayout*>(form.layout()), *passing, u"passing"_s);
+    tests::Settle();
+    passing->SetFocus();
+    EXPECT_EQ(Told(), "-a +passing");
+    delete passing;
+    EXPECT_EQ(Told(), "");
+    b.SetFocus();
+    EXPECT_EQ(Told(), "+b");
+}
+
+TEST_F(Focus, ASetFocusInAHandlerWins) {
+    b.GotFocus = [&] {
+        told << u"+b"_s;
+        a.SetFocus();
+    };
+    b.SetFocus();
+    EXPECT_EQ(Told(), "-a +b -b +a") << "the box hands the focus on";
+    a.LostFocus = [&] {
+        told << u"-a"_s;
+        a.SetFocus();
+    };
+    tests::Press(Qt::Key_Tab);
+    EXPECT_EQ(Told(), "-a +a") << "the box keeps the operator; the next one never had the focus";
+    EXPECT_EQ(tests::FocusName(), u"a"_s);
+}
+
+TEST_F(Focus, TwoHandlersThatSendEachOtherTheFocusDoNotHang) {
+    a.GotFocus = [&] { b.SetFocus(); };
+    b.GotFocus = [&] { a.SetFocus(); };
+    b.SetFocus();
+    tests::Settle();
+    SUCCEED();
+}
+
+TEST_F(Focus, AMessageFromALossIsShownOnce) {
+    int shown = 0;
+    a.LostFocus = [&] {
+        told << u"-a"_s;
+        ++shown;
+        AnswerWith(Qt::Key_Return);
+        ShowMessageBox({.text = u"单据号不能为空!"_s});
+        told << u"."_s;
+    };
+    tests::Press(Qt::Key_Tab);
+    EXPECT_EQ(Told(), "-a . +combo") << "the gain waits for the loss to be done with";
+    EXPECT_EQ(shown, 1);
+    a.LostFocus = [&] {
+        ++shown;
+        AnswerWith(Qt::Key_Return);
+        ShowMessageBox({.text = u"单据号不能为空!"_s});
+        a.SetFocus();
+    };
+    a.SetFocus();
+    Told();
+    tests::Press(Qt::Key_Tab);
+    EXPECT_EQ(Told(), "+a");
+    EXPECT_EQ(shown, 2);
+    EXPECT_EQ(tests::FocusName(), u"a"_s);
+}
+
+TEST_F(Focus, NothingIsToldOnceTheProgramHasEnded) {
+    a.LostFocus = [&] { sys::EndProgram(0); };
+    script.End(0);
+    b.SetFocus();
+    EXPECT_EQ(Told(), "");
+}
+
+}  // namespace
