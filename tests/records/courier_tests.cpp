@@ -13,7 +13,8 @@ namespace {
 const QString Duplicate = u"系统中已经有其它外务员使用了这个姓名，请重新设置!"_s;
 
 QStringList ThreeCouriers() {
-    return {u"insert into M04 (F1,F2) VALUES ('张三','早班')"_s, u"insert into M04 (F1,F2) VALUES ('李四','晚班')"_s,
+    return {u"insert into M04 (F1,F2) VALUES ('张三','早班')"_s,
+            u"insert into M04 (F1,F2) VALUES ('李四','晚班')"_s,
             u"insert into M04 (F1,F2) VALUES ('王五','')"_s};
 }
 
@@ -107,7 +108,8 @@ TEST(A04, RefusesANameThatIsTaken) {
     form.SetBox(0, u"张三"_s);
     form.SetBox(1, u"改了"_s);
     AltKey(u'S');
-    EXPECT_EQ(form.Lines(), (QStringList{u"李四|晚班"_s, u"王五|"_s, u"张三|改了"_s})) << "the edited row stands last";
+    EXPECT_EQ(form.Lines(), (QStringList{u"李四|晚班"_s, u"王五|"_s, u"张三|改了"_s}))
+        << "the edited row stands last";
     // The saved record is the next command's, though the highlight stayed.
     AltKey(u'E');
     EXPECT_EQ(form.Box(0), u"张三"_s);
@@ -135,10 +137,9 @@ TEST(A04, DeletesWhatNoWaybillUses) {
 }
 
 QStringList UsedCourier() {
-    return ThreeCouriers() +
-           QStringList{u"insert into B01 (F1,F602) VALUES ('W1','李四')"_s,
-                       u"insert into B01 (F1,F602) VALUES ('W2','张三')"_s,
-                       u"insert into TE1 (F1,F2,F60) VALUES ('002','小王',1)"_s};
+    return ThreeCouriers() + QStringList{u"insert into B01 (F1,F602) VALUES ('W1','李四')"_s,
+                                         u"insert into B01 (F1,F602) VALUES ('W2','张三')"_s,
+                                         u"insert into TE1 (F1,F2,F60) VALUES ('002','小王',1)"_s};
 }
 
 TEST(A04, ProtectsANameInUse) {
@@ -160,9 +161,7 @@ TEST(A04, AdministratorDeletesWithTheWaybills) {
         u"[晚班]已经在系统中应用!\r如果删除将造成系统中其它记录的丢失!\r只有管理员才有权删除。真的要删除吗？"_s;
     Couriers form(UsedCourier());
     form.GoToRow(2);
-    const struct {
-        bool first, second;
-    } refusals[] = {{false, false}, {true, false}};
+    const struct { bool first, second; } refusals[] = {{false, false}, {true, false}};
     for (const auto& answers : refusals) {
         form.script.Question(question, u"提示"_s, answers.first);
         if (answers.first) form.script.Question(question, u"请再次确认"_s, answers.second);

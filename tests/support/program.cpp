@@ -1,23 +1,12 @@
 #include "tests/support/program.h"
 
 #include "app/rights.h"
-#include "records/small_master.h"
-#include "waybills/waybill_form.h"
+#include "app/wiring.h"
 
 #include <gtest/gtest.h>
-
 #include <stdexcept>
 
 namespace tests {
-namespace {
-
-template <class Form>
-std::unique_ptr<ChildForm> Make() {
-    return std::make_unique<Form>();
-}
-
-}  // namespace
-
 Program::Program(const QStringList& masters, const QString& operatorCode) {
     company_.EnterSession();
     for (const QString& statement : masters) ::Db->Execute(statement);
@@ -26,8 +15,7 @@ Program::Program(const QStringList& masters, const QString& operatorCode) {
     NumFormat = u"#0.00"_s;
     EditInProgress = false;
     CanSeeFigures = true;
-    registry_.children = {{u"A04"_s, Make<A04>}, {u"B01"_s, Make<B01>}};
-    frame_ = std::make_unique<MForm>(registry_);
+    frame_ = std::make_unique<MForm>(Wire(company_.Folder()).registry);
     SetTheFrame(frame_.get());
     frame_->resize(1366, 768);
     frame_->Load();

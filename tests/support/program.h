@@ -1,5 +1,5 @@
-// A running program for the tests: a fresh company's file, the main window, an operator logged in, a script that
-// answers for him. Forms are driven by keys and looked at by their controls' names.
+// A running program for the tests: a fresh company's file, the main window, an operator logged in, a script
+// that answers for him. Forms are driven by keys and looked at by their controls' names.
 #pragma once
 
 #include "app/main_window.h"
@@ -20,7 +20,6 @@ namespace tests {
 
 using namespace Qt::StringLiterals;
 
-
 class Program {
   public:
     /// Statements put the masters in place; then the operator (an existing row of TE1) is logged in.
@@ -40,7 +39,7 @@ class Program {
     }
     controls::TextBox& TextBoxAt(int index);
     controls::ComboBox& ComboAt(int index);
-    QString Box(int index);                      ///< text of Txt(index)
+    QString Box(int index);                       ///< text of Txt(index)
     void SetBox(int index, const QString& text);  ///< goes there and types over what stands
     QString Combo(int index);
     void SetCombo(int index, const QString& text);
@@ -61,7 +60,6 @@ class Program {
     static void TypeOver(const QString& text);
 
     Company company_;
-    Registry registry_;
     std::unique_ptr<MForm> frame_;
 };
 

@@ -76,10 +76,11 @@ TEST(B01, AConsignmentTravelsFromTheKeysToTheBalance) {
     WaybillForm form;
     EXPECT_EQ(form.Status(), u"2024-03-15"_s) << "coming to the front shows the date";
     form.Add({.number = u"W1"_s, .weight = u"3"_s});
-    EXPECT_EQ(form.Rows(u"select F1,F101,F201,F202,F203,F2031,F2041,F2052,F301,F402,F501,F502,F504,F505,F601,F602,"
-                        u"F603,F604,DF,YJ,XJ from B01"_s),
-              QStringList{u"W1|2024-03-15|上海||Z1|纽约|华兴公司|Pudong|S|3|月结|115|115|1|管理员|张三|C1|未审核|"
-                          u"0|115|0"_s});
+    EXPECT_EQ(
+        form.Rows(u"select F1,F101,F201,F202,F203,F2031,F2041,F2052,F301,F402,F501,F502,F504,F505,F601,F602,"
+                  u"F603,F604,DF,YJ,XJ from B01"_s),
+        QStringList{u"W1|2024-03-15|上海||Z1|纽约|华兴公司|Pudong|S|3|月结|115|115|1|管理员|张三|C1|未审核|"
+                    u"0|115|0"_s});
     EXPECT_EQ(form.Rows(u"select S2,SN,LB,F1,F2,F3,YF,FK,QC,QM,S1,F5,F6,F10,H8,K from TB1"_s),
               QStringList{u"增加应收|131|-9|YSW1|2024-03-15|华兴|115|0|0|115|张师傅|管理员|管理员||"
                           u"2024-03-15 10:00:00|0"_s});
@@ -91,8 +92,9 @@ TEST(B01, AConsignmentTravelsFromTheKeysToTheBalance) {
     form.Add({.number = u"W2"_s, .service = u"D"_s, .weight = u"1.2"_s});
     form.Add({.number = u"W3"_s, .weight = u"30"_s, .date = u"2024-03-20"_s});
     form.Add({.number = u"W4"_s, .weight = u"50"_s, .date = u"2024-03-18"_s});
-    EXPECT_EQ(form.Journal(), (QStringList{u"YSW1|华兴|115|131|0|115"_s, u"YSW2|华兴|50|133|115|165"_s,
-                                           u"YSW4|华兴|1525|140.75|165|1690"_s, u"YSW3|华兴|360|164|1690|2050"_s}));
+    EXPECT_EQ(form.Journal(),
+              (QStringList{u"YSW1|华兴|115|131|0|115"_s, u"YSW2|华兴|50|133|115|165"_s,
+                           u"YSW4|华兴|1525|140.75|165|1690"_s, u"YSW3|华兴|360|164|1690|2050"_s}));
     EXPECT_EQ(form.Rows(u"select Setval from SysInfo where ID=100"_s), QStringList{u"165"_s})
         << "the back-dated entry moved the counter by 1 all the same";
 }
@@ -108,7 +110,8 @@ TEST(B01, APaymentModeTakesTheTotalIntoItsColumn) {
         form.Fill({.number = key});
         form.SetCombo(PaymentMode, mode.typed);
         AltKey(u'S');
-        EXPECT_EQ(form.Rows(u"select DF,YJ,XJ from B01 where F1='"_s + key + u"'"_s), QStringList{mode.split});
+        EXPECT_EQ(form.Rows(u"select DF,YJ,XJ from B01 where F1='"_s + key + u"'"_s),
+                  QStringList{mode.split});
     }
 }
 
@@ -180,7 +183,8 @@ TEST(B01, RefusalsInTheirOrder) {
     }
     EXPECT_EQ(form.Rows(u"select F67 from TE1"_s), QStringList{u"7"_s});
     refuse(u"请输入目的地!"_s);
-    EXPECT_EQ(form.Rows(u"select F67 from TE1"_s), QStringList{u"-1"_s}) << "remembered, though the save failed";
+    EXPECT_EQ(form.Rows(u"select F67 from TE1"_s), QStringList{u"-1"_s})
+        << "remembered, though the save failed";
     form.SetCombo(Destination, u".只有点"_s);
     form.SetCombo(ChannelCode, u"H9"_s);
     const struct {
@@ -283,20 +287,28 @@ TEST(B01, CombosFollowWhatWasChosen) {
     EXPECT_EQ(form.Combo(ChannelZoneCode), u"H1-1.美东"_s);
     form.SetCombo(ChannelCode, u""_s);
     Press(Qt::Key_Return);
-    EXPECT_EQ(form.ComboAt(ChannelZoneCode).ListCount(), 2) << "left empty it keeps the zones of the one before";
+    EXPECT_EQ(form.ComboAt(ChannelZoneCode).ListCount(), 2)
+        << "left empty it keeps the zones of the one before";
     AltKey(u'C');
 }
 
 TEST(B01, TheCardReadsDressedAndANewOneKeepsTheRest) {
-    WaybillForm form({u"insert into B01 (F1,F101,F201,F202,F203,F301,F501,F602,F603,F604,F2021,F605,F508,F509,F4051) "
-                      u"VALUES ('W1','2024-1-5','上海','H1','Z9','?','赊账','张三','C1','管理员','H1-2','老王',2,3,40)"_s});
+    WaybillForm form(
+        {u"insert into B01 (F1,F101,F201,F202,F203,F301,F501,F602,F603,F604,F2021,F605,F508,F509,F4051) "
+         u"VALUES ('W1','2024-1-5','上海','H1','Z9','?','赊账','张三','C1','管理员','H1-2','老王',2,3,40)"_s});
     form.At<controls::TabStrip>(u"TabS"_s).SelectItem(2);
     const struct {
         Box box;
         QString text;
-    } shown[] = {{ChannelCode, u"H1.环洋"_s},      {ServiceZoneCode, u"Z9."_s}, {ServiceType, u"S.物品(Parcel)"_s},
-                 {PaymentMode, u"赊账"_s},         {Courier, u"张三.张师傅"_s}, {CustomerCode, u"C1.华兴"_s},
-                 {ChannelZoneCode, u"H1-2.美西"_s}, {OtherFees, u"2"_s},        {Length, u"40"_s},
+    } shown[] = {{ChannelCode, u"H1.环洋"_s},
+                 {ServiceZoneCode, u"Z9."_s},
+                 {ServiceType, u"S.物品(Parcel)"_s},
+                 {PaymentMode, u"赊账"_s},
+                 {Courier, u"张三.张师傅"_s},
+                 {CustomerCode, u"C1.华兴"_s},
+                 {ChannelZoneCode, u"H1-2.美西"_s},
+                 {OtherFees, u"2"_s},
+                 {Length, u"40"_s},
                  {BasicCharge, u""_s}};
     for (const auto& row : shown) EXPECT_EQ(form.Box(row.box), row.text) << row.box;
     EXPECT_EQ(form.At<controls::CheckBox>(u"ChkChuHuo"_s).Value(), 1);
@@ -319,11 +331,14 @@ TEST(B01, TheCardReadsDressedAndANewOneKeepsTheRest) {
 }
 
 TEST(B01, TheListShowsNamesAndKeepsItsOddities) {
-    WaybillForm form({u"insert into M01 (F1,F2) VALUES ('N','3')"_s,
-                      u"insert into B01 (F1,F101,F202,F603,F401) VALUES ('W2','2024-02-01','N','C9',2)"_s,
-                      u"insert into B01 (F1,F101,F202,F603,F401) VALUES ('W1','2024-01-05','H1','C2',12.5)"_s});
-    EXPECT_EQ(form.Lines(), (QStringList{u"W1|2024-01-05|||12.5||环洋|恒丰|||"_s, u"W2|2024-02-01|||2||3.00||||"_s}));
-    for (const auto& command : {u"Menu_del"_s, u"Menu_Check"_s, u"Menu_query"_s, u"Menu_JSQ"_s, u"Menu_ToExcel"_s})
+    WaybillForm form(
+        {u"insert into M01 (F1,F2) VALUES ('N','3')"_s,
+         u"insert into B01 (F1,F101,F202,F603,F401) VALUES ('W2','2024-02-01','N','C9',2)"_s,
+         u"insert into B01 (F1,F101,F202,F603,F401) VALUES ('W1','2024-01-05','H1','C2',12.5)"_s});
+    EXPECT_EQ(form.Lines(),
+              (QStringList{u"W1|2024-01-05|||12.5||环洋|恒丰|||"_s, u"W2|2024-02-01|||2||3.00||||"_s}));
+    for (const auto& command :
+         {u"Menu_del"_s, u"Menu_Check"_s, u"Menu_query"_s, u"Menu_JSQ"_s, u"Menu_ToExcel"_s})
         EXPECT_FALSE(form.Enabled(command)) << command.toStdString();
     AltKey(u'E');
     AltKey(u'C');
@@ -386,7 +401,8 @@ TEST(B01, ABoxTakesAnyTextAndAnApostropheIsReported) {
     form.script.BoxContaining(u"'O'Neil'"_s);
     form.script.End(1);
     AltKey(u'S');
-    EXPECT_TRUE(form.Rows(u"select F1 from B01"_s).isEmpty()) << "the delete before it was executed and stays";
+    EXPECT_TRUE(form.Rows(u"select F1 from B01"_s).isEmpty())
+        << "the delete before it was executed and stays";
 }
 
 }  // namespace
