@@ -1,0 +1,67 @@
+#include "admin/password.h"
+
+#include "app/data_access.h"
+#include "app/dressing.h"
+#include "app/session.h"
+#include "platform/controls/keys.h"
+#include "platform/controls/look.h"
+#include "platform/system/seams.h"
+
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array<QStringView, 3> kCaptions{u"旧密码", u"新密码", u"新密码确认"};
+
+}  // namespace
+
+S2::S2(QWidget* over) : ModalForm(u"S2"_s, u"操作员修改密码"_s, over) {
+    auto* card = new controls::NarrowCard(this);
+    for (size_t i = 0; i < Txt.size(); ++i) {
+        auto* box = new controls::LineBox(this);
+        box->setObjectName(u"Txt(%1)"_s.arg(i));
+        box->SetMasked(true);
+        box->KeyPressed = [](controls::KeyPress& key) {
+            if (key.key != Qt::Key_Return && key.key != Qt::Key_Enter) return;
+            key.taken = true;
+            controls::SendKeys(u"{TAB}"_s);
+        };
+        auto* caption = controls::MakeCaption(kCaptions[i].toString(), box, this);
+        caption->setObjectName(u"Lab(%1)"_s.arg(i));
+        card->Field(caption, box);
+        Txt[i] = box;
+    }
+    card->Finish();
+    auto* ok = new controls::Button(u"确 定"_s, this);
+    auto* cancel = new controls::Button(u"取 消"_s, this);
+    ok->setObjectName(u"Cmd(0)"_s);
+    cancel->setObjectName(u"Cmd(1)"_s);
+    ok->setDefault(true);
+    ok->Click = [this] { Change(); };
+    cancel->Click = [this] { Unload(); };
+
+    auto* buttons = new QVBoxLayout;
+    buttons->setContentsMargins(16, 0, 16, 16);
+    buttons->addLayout(dressing::ButtonRow({ok, cancel}));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(card);
+    column->addLayout(buttons);
+    setFixedWidth(372);
+    Txt[Old]->setFocus(Qt::OtherFocusReason);
+}
+
+void S2::Change() {
+    if (Txt[New]->Text() != Txt[Again]->Text()) {
+        sys::Inform(u"新密码两次输入不同，请重新输入!"_s, MsgTitle);
+        return Txt[Old]->SetFocus();
+    }
+    if (GetStr(u"select F3 from TE1 WHERE F1="_s + Quoted(OperatorCode)) != Txt[Old]->Text())
+        return sys::Inform(u"旧密码错误，你无权修改该用户密码!"_s, MsgTitle);
+    Db->Execute(u"update TE1 set F3="_s + Quoted(Txt[New]->Text()) + u" WHERE F1="_s + Quoted(OperatorCode));
+    sys::Inform(u"密码修改成功!"_s, MsgTitle);
+    Unload();
+}

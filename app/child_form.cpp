@@ -1,0 +1,26 @@
+#include "app/child_form.h"
+
+#include "app/frame_menu_bar.h"
+#include "app/main_window.h"
+
+ChildForm::ChildForm(const QString& name, const QString& caption) {
+    setObjectName(name);
+    setWindowTitle(caption);
+    setProperty("role", QStringLiteral("surface"));
+    setAttribute(Qt::WA_StyledBackground);
+}
+
+ChildForm::~ChildForm() = default;
+
+QMenuBar* ChildForm::MenuBar() {
+    if (!menuBar_) {
+        menuBar_ = new FrameMenuBar(this);
+        menuBar_->hide();
+    }
+    return menuBar_;
+}
+
+void ChildForm::Unload() {
+    if (!QueryUnload()) return;
+    TheFrame().RemoveChild(*this);
+}

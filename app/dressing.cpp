@@ -1,0 +1,75 @@
+#include "app/dressing.h"
+
+#include "app/product.h"
+#include "platform/controls/look.h"
+
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace dressing {
+namespace {
+
+constexpr QSize kMark(40, 40);
+
+/// One device pixel at every scaling; a rectangle of height 1 would be 1 or 2 at 150 %.
+class Hairline : public QWidget {
+  public:
+    Hairline() { setFixedHeight(1); }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        QPen pen(QColor(0xD5, 0xDC, 0xE3), 1);
+        pen.setCosmetic(true);
+        painter.setPen(pen);
+        painter.drawLine(0, 0, width(), 0);
+    }
+};
+
+}  // namespace
+
+QWidget* ProductHead(QLabel* subtitle) {
+    auto* head = new QWidget;
+    head->setProperty("role", u"surface"_s);
+    head->setAttribute(Qt::WA_StyledBackground);
+    auto* grid = new QGridLayout(head);
+    grid->setContentsMargins(24, 18, 24, 16);
+    grid->setHorizontalSpacing(14);
+    grid->setVerticalSpacing(0);
+    auto* mark = new QLabel;
+    mark->setPixmap(controls::LookIcon(u"app"_s).pixmap(kMark, head->devicePixelRatioF()));
+    auto* title = new QLabel(product::kName);
+    title->setProperty("role", u"title"_s);
+    subtitle->setProperty("role", u"subtitle"_s);
+    subtitle->setTextFormat(Qt::PlainText);
+    grid->addWidget(mark, 0, 0, 2, 1);
+    grid->addWidget(title, 0, 1);
+    grid->addWidget(subtitle, 1, 1);
+    grid->setColumnStretch(1, 1);
+    return head;
+}
+
+QLayout* ButtonRow(const QList<QPushButton*>& buttons) {
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(0, 8, 0, 0);
+    row->setSpacing(8);
+    row->addStretch(1);
+    for (QPushButton* button : buttons) row->addWidget(button);
+    return row;
+}
+
+void Stack(QWidget& window, QWidget& head, QLayout* body) {
+    auto* column = new QVBoxLayout(&window);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(&head);
+    column->addWidget(new Hairline);
+    column->addLayout(body);
+}
+
+}  // namespace dressing

@@ -1,0 +1,16 @@
+#include "app/product.h"
+#include "app/wiring.h"
+#include "platform/controls/look.h"
+#include "platform/system/guard.h"
+
+#include <QApplication>
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    app.setApplicationName(product::kName);
+    controls::DressApplication(app);
+    app.setWindowIcon(controls::LookIcon(QStringLiteral("app")));
+    std::unique_ptr<MForm> frame;
+    sys::Guarded([&] { frame = StartUp(Wire(QCoreApplication::applicationDirPath())); });
+    return app.exec();
+}

@@ -1,0 +1,389 @@
+#include "app/main_window.h"
+
+#include "app/data_access.h"
+#include "app/frame_menu_bar.h"
+#include "app/main_menu.h"
+#include "app/product.h"
+#include "app/session.h"
+#include "app/wallpaper.h"
+#include "platform/controls/keys.h"
+#include "platform/controls/look.h"
+#include "platform/errors.h"
+#include "platform/system/guard.h"
+#include "platform/system/seams.h"
+#include "platform/text/dates.h"
+#include "platform/text/numbers.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+MForm* theFrame = nullptr;
+
+constexpr QSize kSmallest(960, 600);                     // the least that the card of a waybill can live with
+constexpr std::array<int, 4> kPanelEighths{3, 1, 1, 3};  // of the width
+
+/// The first control of a page that Tab would stop at; the page itself if there is none.
+QWidget* FirstStop(QWidget* page) {
+    for (QWidget* w = page->nextInFocusChain(); w && w != page; w = w->nextInFocusChain()) {
+        const bool stop = (w->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+        if (stop && page->isAncestorOf(w) && w->isVisibleTo(page) && w->isEnabled()) return w;
+    }
+    return page;
+}
+
+/// A page that comes to the front goes on where it was left.
+void FocusPage(QWidget* page) {
+    QWidget* last = page->focusWidget();
+    const bool usable = last && last->isVisibleTo(page) && last->isEnabled();
+    (usable ? last : FirstStop(page))->setFocus(Qt::OtherFocusReason);
+}
+
+QString TodayText() {
+    return text::DateText(sys::Today());
+}
+
+}  // namespace
+
+struct MForm::State {
+    State(MForm& window, const Registry& forms) : frame(window), registry(forms) {}
+
+    void BuildMenus();
+    void AddRow(const MenuRow& row, QMenu*& under);
+    void BuildPages();
+    void BuildTools();
+    void BuildStatus();
+
+    bool Landed(const MenuRow& row) const;
+    void Run(const MenuRow& row);
+    void Press(const ToolRow& row);
+
+    ChildForm* Find(const QString& form) const;
+    ChildForm& Show(const QString& form, const MenuRow* row);
+    ChildForm* Make(const QString& form);
+    void TakeAway(ChildForm& form);
+    void ShowFront();
+
+    MForm& frame;
+    const Registry registry;
+    QStackedWidget* bars = nullptr;
+    QMenuBar* bar = nullptr;
+    QStackedWidget* pages = nullptr;
+    Wallpaper* wall = nullptr;
+    QToolBar* tools = nullptr;
+    QStatusBar* status = nullptr;
+    std::array<QLabel*, 4> panels{};
+    std::map<QString, QAction*> items;
+    std::vector<ChildForm*> open;  ///< in the order of their showing; the last is in front
+};
+
+// ------------------------------------------------------------------------------------------------ building
+
+void MForm::State::BuildMenus() {
+    bars = new QStackedWidget;
+    bar = new FrameMenuBar;
+    bars->addWidget(bar);
+    QMenu* under = nullptr;
+    for (const MenuRow& row : MenuRows()) AddRow(row, under);
+    frame.setMenuWidget(bars);
+}
+
+void MForm::State::AddRow(const MenuRow& row, QMenu*& under) {
+    const QString name = row.name.toString();
+    const QString caption = row.caption.toString();
+    QAction* item = nullptr;
+    if (row.top && row.opens == Opens::Nothing) {
+        under = controls::AddMenu(bar, name, caption);
+        item = under->menuAction();
+    } else if (row.top) {
+        item = controls::AddCommand(bar, name, caption, [this, &row] { Run(row); });
+    } else if (row.caption == u"-") {
+        item = under->addSeparator();
+    } else {
+        item = controls::AddCommand(under, name, caption, [this, &row] { Run(row); });
+    }
+    item->setObjectName(name);
+    item->setEnabled(Landed(row));
+    items[name] = item;
+}
+
+void MForm::State::BuildPages() {
+    pages = new QStackedWidget;
+    pages->setObjectName(u"Pages"_s);
+    wall = new Wallpaper;
+    pages->addWidget(wall);
+    frame.setCentralWidget(pages);
+}
+
+void MForm::State::BuildTools() {
+    tools = new QToolBar;
+    tools->setObjectName(u"TB"_s);
+    tools->setMovable(false);
+    tools->setIconSize(QSize(24, 24));
+    tools->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    for (const ToolRow& row : ToolRows()) {
+        if (row.gapBefore) tools->addSeparator();
+        const QString caption = row.caption.toString();
+        QAction* button = tools->addAction(controls::LookIcon(row.icon.toString()), caption);
+        button->setObjectName(row.key.toString());
+        button->setIconText(caption);  // the toolkit's own would drop the blanks
+        button->setToolTip(text::Trim(caption));
+        button->setEnabled(row.item.isEmpty() || items.at(row.item.toString())->isEnabled());
+        tools->widgetForAction(button)->setAccessibleName(text::Trim(caption));
+        connect(button, &QAction::triggered, &frame, [this, &row] { sys::Guarded([&] { Press(row); }); });
+    }
+    frame.addToolBar(tools);
+}
+
+void MForm::State::BuildStatus() {
+    status = new QStatusBar;
+    status->setObjectName(u"StB"_s);
+    status->setSizeGripEnabled(false);
+    // One widget holds the four: the bar would put gaps of its own between single ones, and fixed widths
+    // would make the frame wider than the screen.
+    auto* holder = new QWidget;
+    auto* row = new QHBoxLayout(holder);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    for (size_t i = 0; i < panels.size(); ++i) {
+        auto* panel = new QLabel;
+        const QString number = QString::number(i + 1);
+        panel->setObjectName(u"StB(%1)"_s.arg(number));
+        panel->setTextFormat(Qt::PlainText);
+        panel->setProperty("panel", number);
+        panel->setAlignment((i == 1 ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        panel->setIndent(0);
+        panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        row->addWidget(panel, kPanelEighths[i]);
+        panels[i] = panel;
+    }
+    status->addWidget(holder, 1);
+    frame.setStatusBar(status);
+}
+
+MForm::MForm(const Registry& registry) : state_(std::make_unique<State>(*this, registry)) {
+    setObjectName(u"MForm"_s);
+    setWindowTitle(product::kName);
+    setWindowIcon(controls::LookIcon(u"app"_s));
+    setContextMenuPolicy(Qt::NoContextMenu);  // the toolkit's would let the tool bar be put away
+    setMinimumSize(kSmallest);
+    state_->BuildMenus();
+    state_->BuildPages();
+    state_->BuildTools();
+    state_->BuildStatus();
+}
+
+MForm::~MForm() {
+    if (theFrame == this) theFrame = nullptr;
+    // The pages first, while the frame that they know is whole.
+    for (ChildForm* form : std::exchange(state_->open, {})) delete form;
+}
+
+void MForm::Load() {
+    if (LangFlag == 2) {
+        QFont font = state_->status->font();
+        font.setFamily(
+            u"Times New Romen"_s);  // spelled so; the toolkit takes a font of its own choice for it
+        state_->status->setFont(font);
+        for (QAction* button : state_->tools->actions()) {
+            button->setText(QString());
+            button->setIconText(QString());
+        }
+    }
+    state_->wall->LoadPicture(AppFolder + u"syspic.dat"_s);
+    SetPanel(1, product::kNotice);
+    SetPanel(2, LangText(u"操作员："_s));
+    SetPanel(4, TodayText());
+}
+
+// ------------------------------------------------------------------------------------------ menus and tools
+
+bool MForm::State::Landed(const MenuRow& row) const {
+    const QString target = row.target.toString();
+    switch (row.opens) {
+        case Opens::Child:
+            return registry.children.contains(target);
+        case Opens::Modal:
+            return registry.modals.contains(target);
+        case Opens::Command:
+            return registry.commands.contains(target);
+        case Opens::Nothing:
+        case Opens::Unload:
+            break;
+    }
+    return true;
+}
+
+void MForm::State::Run(const MenuRow& row) {
+    const QString target = row.target.toString();
+    switch (row.opens) {
+        case Opens::Child:
+            Show(target, &row);
+            break;
+        case Opens::Modal:
+            registry.modals.at(target)(&frame);
+            break;
+        case Opens::Command:
+            registry.commands.at(target)();
+            break;
+        case Opens::Unload:
+            frame.close();
+            break;
+        case Opens::Nothing:
+            break;
+    }
+}
+
+void MForm::State::Press(const ToolRow& row) {
+    const bool allowed = row.right.isEmpty() || frame.MenuVisible(row.right.toString());
+    if (!allowed || row.item.isEmpty()) return sys::Inform(u"对不起,您没有此权限!"_s, QString());
+    const auto rows = MenuRows();
+    Run(*std::ranges::find(rows, row.item, &MenuRow::name));
+}
+
+QAction* MForm::MenuItem(const QString& name) const {
+    const auto found = state_->items.find(name);
+    return found == state_->items.end() ? nullptr : found->second;
+}
+
+bool MForm::MenuVisible(const QString& name) const {
+    return state_->items.at(name)->isVisible();
+}
+
+void MForm::SetMenuVisible(const QString& name, bool visible) {
+    state_->items.at(name)->setVisible(visible);
+}
+
+QString MForm::Panel(int number) const {
+    return state_->panels.at(static_cast<size_t>(number - 1))->text();
+}
+
+void MForm::SetPanel(int number, const QString& text) {
+    state_->panels.at(static_cast<size_t>(number - 1))->setText(text);
+}
+
+void MForm::ShowToolBar(bool shown) {
+    state_->tools->setVisible(shown);
+}
+
+bool MForm::ToolBarShown() const {
+    return !state_->tools->isHidden();
+}
+
+// ---------------------------------------------------------------------------------------------- child forms
+
+ChildForm* MForm::State::Find(const QString& form) const {
+    const auto found = std::ranges::find(open, form, [](const ChildForm* f) { return f->objectName(); });
+    return found == open.end() ? nullptr : *found;
+}
+
+ChildForm* MForm::State::Make(const QString& form) {
+    const auto maker = registry.children.find(form);
+    if (maker == registry.children.end()) throw RuntimeError(u"没有窗体“%1”"_s.arg(form));
+    ChildForm* made = maker->second().release();
+    pages->addWidget(made);
+    open.push_back(made);
+    return made;
+}
+
+ChildForm& MForm::State::Show(const QString& name, const MenuRow* row) {
+    tools->hide();
+    ChildForm* form = Find(name);
+    const bool fresh = !form;
+    if (fresh) form = Make(name);
+    if (row && row->LB != 0) form->LB = row->LB;
+    if (fresh) {
+        try {
+            form->Load();
+        } catch (...) {
+            TakeAway(*form);
+            throw;
+        }
+    }
+    if (row && row->LB != 0) form->setWindowTitle(row->formCaption.toString());
+    if (std::ranges::find(open, form) == open.end()) return *form;  // its load has closed it again
+    const bool comes = fresh || open.back() != form;
+    std::erase(open, form);
+    open.push_back(form);
+    ShowFront();
+    if (comes) form->Activated();
+    return *form;
+}
+
+/// Brings the last shown form's page and bar up, or the wallpaper and the frame's own bar.
+void MForm::State::ShowFront() {
+    ChildForm* front = open.empty() ? nullptr : open.back();
+    QMenuBar* itsBar = front && front->HasMenuBar() ? front->MenuBar() : bar;
+    if (bars->indexOf(itsBar) < 0) bars->addWidget(itsBar);
+    bars->setCurrentWidget(itsBar);
+    pages->setCurrentWidget(front ? static_cast<QWidget*>(front) : wall);
+    if (front) FocusPage(front);
+}
+
+void MForm::State::TakeAway(ChildForm& form) {
+    std::erase(open, &form);
+    pages->removeWidget(&form);
+    form.hide();
+    if (form.HasMenuBar()) {
+        bars->removeWidget(form.MenuBar());
+        form.MenuBar()->setParent(&form);
+    }
+    form.deleteLater();
+}
+
+ChildForm& MForm::ShowChild(const QString& form) {
+    return state_->Show(form, nullptr);
+}
+
+ChildForm* MForm::Child(const QString& form) const {
+    return state_->Find(form);
+}
+
+ChildForm* MForm::Front() const {
+    return state_->open.empty() ? nullptr : state_->open.back();
+}
+
+void MForm::RemoveChild(ChildForm& form) {
+    if (std::ranges::find(state_->open, &form) == state_->open.end()) return;
+    const bool wasFront = Front() == &form;
+    state_->TakeAway(form);
+    ShowToolBar(true);  // also while another form is still open
+    SetPanel(4, TodayText());
+    state_->ShowFront();
+    if (wasFront && Front()) Front()->Activated();
+}
+
+void MForm::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    sys::Guarded([&] {
+        if (EditInProgress) return sys::Warn(u"操作员正在编辑数据,请先[保存]数据或[取消]编辑!"_s, u"提示"_s);
+        if (Db) Db->Close();
+        Db.reset();
+        while (!state_->open.empty()) state_->TakeAway(*state_->open.back());
+        event->accept();
+    });
+}
+
+// ------------------------------------------------------------------------------------------ the one of a run
+
+MForm& TheFrame() {
+    if (!theFrame) throw RuntimeError(u"对象变量或 With 块变量未设置"_s);
+    return *theFrame;
+}
+
+void SetTheFrame(MForm* frame) {
+    theFrame = frame;
+}

@@ -1,0 +1,38 @@
+#include "app/wallpaper.h"
+
+#include <QImageReader>
+#include <QPainter>
+
+namespace {
+
+/// Larger pictures than this help no screen, and the reader of a damaged file may ask for any size.
+constexpr int kLongestSide = 16'384;
+
+}  // namespace
+
+Wallpaper::Wallpaper(QWidget* parent) : QWidget(parent) {
+    setObjectName(QStringLiteral("Wallpaper"));
+}
+
+void Wallpaper::LoadPicture(const QString& path) {
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    const QSize size = reader.size();
+    picture_ = qMax(size.width(), size.height()) <= kLongestSide ? reader.read() : QImage();
+    scaled_ = QPixmap();
+    update();
+}
+
+void Wallpaper::paintEvent(QPaintEvent*) {
+    if (picture_.isNull() || width() <= 0 || height() <= 0) return;
+    const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
+    const QSize covering = picture_.size().scaled(pixels, Qt::KeepAspectRatioByExpanding);
+    if (scaled_.size() != covering) {
+        scaled_ =
+            QPixmap::fromImage(picture_.scaled(covering, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    }
+    scaled_.setDevicePixelRatio(devicePixelRatioF());
+    const QSizeF shown = scaled_.deviceIndependentSize();
+    // Cut at the left and the top, so that what the picture shows keeps its place at the lower right.
+    QPainter(this).drawPixmap(QPointF(width() - shown.width(), height() - shown.height()), scaled_);
+}

@@ -1,0 +1,42 @@
+#include "app/wiring.h"
+
+#include "admin/password.h"
+#include "admin/restore.h"
+#include "app/about.h"
+#include "app/login.h"
+#include "records/small_master.h"
+#include "waybills/waybill_form.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+template <class Form>
+std::function<void(QWidget*)> Modal() {
+    return [](QWidget* over) { Form(over).ShowModal(); };
+}
+
+template <class Form>
+std::function<std::unique_ptr<ChildForm>()> Child() {
+    return [] { return std::make_unique<Form>(); };
+}
+
+Registry FilledRegistry() {
+    Registry forms;
+    forms.children[u"A04"_s] = Child<A04>();
+    forms.children[u"B01"_s] = Child<B01>();
+    forms.modals[u"Login"_s] = Modal<Login>();
+    forms.modals[u"AboutUS"_s] = Modal<AboutUS>();
+    forms.modals[u"S2"_s] = Modal<S2>();
+    forms.modals[u"S32"_s] = Modal<S32>();
+    return forms;
+}
+
+}  // namespace
+
+StartUpParts Wire(const QString& folder) {
+    return {.folder = folder,
+            .registry = FilledRegistry(),
+            .showLogin = Modal<Login>(),
+            .showRestore = Modal<S32>()};
+}
