@@ -43,7 +43,8 @@ void ReplaceData(const QString& backup) {
 }  // namespace
 
 S32::S32(QWidget* over) : ModalForm(u"S32"_s, u"数据恢复"_s, over) {
-    auto* warning = new QLabel(u"警告：数据恢复操作危险！建议在恢复前先备份数据，以防造成数据丢失后果！"_s, this);
+    auto* warning =
+        new QLabel(u"警告：数据恢复操作危险！建议在恢复前先备份数据，以防造成数据丢失后果！"_s, this);
     warning->setObjectName(u"Label1"_s);
     warning->setProperty("role", u"error"_s);
     warning->setWordWrap(true);

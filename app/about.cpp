@@ -18,8 +18,8 @@ AboutUS::AboutUS(QWidget* over) : ModalForm(u"AboutUS"_s, u"关于本系统"_s, 
     mail->setObjectName(u"CmdMail"_s);
     site->setObjectName(u"CmdSite"_s);
     back->Click = [this] { Unload(); };
-    mail->Click = [] { sys::seams().openAddress(product::kMail.toString()); };
-    site->Click = [] { sys::seams().openAddress(product::kSite.toString()); };
+    mail->Click = [] { sys::seams().openAddress(product::kMail); };
+    site->Click = [] { sys::seams().openAddress(product::kSite); };
 
     auto* notice = new QLabel(u"版权所有  "_s + product::kMaker);
     auto* body = new QVBoxLayout;

@@ -43,7 +43,7 @@ QWidget* ProductHead(QLabel* subtitle) {
     grid->setVerticalSpacing(0);
     auto* mark = new QLabel;
     mark->setPixmap(controls::LookIcon(u"app"_s).pixmap(kMark, head->devicePixelRatioF()));
-    auto* title = new QLabel(product::kName.toString());
+    auto* title = new QLabel(product::kName);
     title->setProperty("role", u"title"_s);
     subtitle->setProperty("role", u"subtitle"_s);
     subtitle->setTextFormat(Qt::PlainText);

@@ -7,7 +7,7 @@
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
-    app.setApplicationName(product::kName.toString());
+    app.setApplicationName(product::kName);
     controls::DressApplication(app);
     app.setWindowIcon(controls::LookIcon(QStringLiteral("app")));
     std::unique_ptr<MForm> frame;

@@ -12,6 +12,7 @@
 #include "platform/system/guard.h"
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
+#include "platform/text/numbers.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -142,8 +143,7 @@ void MForm::State::BuildTools() {
         button->setToolTip(text::Trim(caption));
         button->setEnabled(row.item.isEmpty() || items.at(row.item.toString())->isEnabled());
         tools->widgetForAction(button)->setAccessibleName(text::Trim(caption));
-        connect(button, &QAction::triggered, &frame,
-                [this, &row] { sys::Guarded([&] { Press(row); }); });
+        connect(button, &QAction::triggered, &frame, [this, &row] { sys::Guarded([&] { Press(row); }); });
     }
     frame.addToolBar(tools);
 }
@@ -152,8 +152,8 @@ void MForm::State::BuildStatus() {
     status = new QStatusBar;
     status->setObjectName(u"StB"_s);
     status->setSizeGripEnabled(false);
-    // One widget holds the four: the bar would put gaps of its own between single ones, and fixed widths would
-    // make the frame wider than the screen.
+    // One widget holds the four: the bar would put gaps of its own between single ones, and fixed widths
+    // would make the frame wider than the screen.
     auto* holder = new QWidget;
     auto* row = new QHBoxLayout(holder);
     row->setContentsMargins(0, 0, 0, 0);
@@ -176,7 +176,7 @@ void MForm::State::BuildStatus() {
 
 MForm::MForm(const Registry& registry) : state_(std::make_unique<State>(*this, registry)) {
     setObjectName(u"MForm"_s);
-    setWindowTitle(product::kName.toString());
+    setWindowTitle(product::kName);
     setWindowIcon(controls::LookIcon(u"app"_s));
     setContextMenuPolicy(Qt::NoContextMenu);  // the toolkit's would let the tool bar be put away
     setMinimumSize(kSmallest);
@@ -195,7 +195,8 @@ MForm::~MForm() {
 void MForm::Load() {
     if (LangFlag == 2) {
         QFont font = state_->status->font();
-        font.setFamily(u"Times New Romen"_s);  // spelled so; the toolkit takes a font of its own choice for it
+        font.setFamily(
+            u"Times New Romen"_s);  // spelled so; the toolkit takes a font of its own choice for it
         state_->status->setFont(font);
         for (QAction* button : state_->tools->actions()) {
             button->setText(QString());
@@ -203,7 +204,7 @@ void MForm::Load() {
         }
     }
     state_->wall->LoadPicture(AppFolder + u"syspic.dat"_s);
-    SetPanel(1, product::kNotice.toString());
+    SetPanel(1, product::kNotice);
     SetPanel(2, LangText(u"操作员："_s));
     SetPanel(4, TodayText());
 }

@@ -22,14 +22,10 @@ struct Right {
 // The accounts menu keeps its state when the administrator takes over from another operator, and that is
 // meant; the ledger flag is true for him before his row is looked at.
 const Right kRights[] = {
-    {u"F60", u"Menu_A", nullptr, true},
-    {u"F61", u"Menu_b", nullptr, true},
-    {u"F62", u"Menu_C", nullptr, true},
-    {u"F63", u"Menu_S", nullptr, true},
-    {u"F67", u"Menu_wanglai", nullptr, false},
-    {u"F64", {}, &CanEditReleased, true},
-    {u"F65", {}, &CanSeeFigures, true},
-    {u"F66", {}, &CanEditLedger, false},
+    {u"F60", u"Menu_A", nullptr, true},        {u"F61", u"Menu_b", nullptr, true},
+    {u"F62", u"Menu_C", nullptr, true},        {u"F63", u"Menu_S", nullptr, true},
+    {u"F67", u"Menu_wanglai", nullptr, false}, {u"F64", {}, &CanEditReleased, true},
+    {u"F65", {}, &CanSeeFigures, true},        {u"F66", {}, &CanEditLedger, false},
 };
 
 void Apply(const Right& right, bool granted) {

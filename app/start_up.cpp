@@ -32,7 +32,7 @@ void FindLanguage() {
 void OpenData(const StartUpParts& parts) {
     AppFolder = parts.folder;
     if (!AppFolder.endsWith(u'/')) AppFolder += u'/';
-    DbFile = AppFolder + schema::kDatabaseFile;
+    DbFile = AppFolder + schema::kDatabaseFile.toString();
     Db = dao::Database::Open(DbFile, schema::kConnect.toString(), parts.vfs);
     schema::Upgrade(schema::OpenEngine(DbFile, schema::kPassword).get());
 }
@@ -52,7 +52,7 @@ void Run(const StartUpParts& parts, std::unique_ptr<MForm>& frame) {
 }
 
 [[noreturn]] void Fail(const StartUpParts& parts, QWidget* over, const QString& words) {
-    sys::Warn(u"程序启动错误!系统返回如下信息：\r\r"_s + words, product::kMaker.toString());
+    sys::Warn(u"程序启动错误!系统返回如下信息：\r\r"_s + words, product::kMaker);
     parts.showRestore(over);
     sys::EndProgram(1);
 }

@@ -14,7 +14,7 @@ struct StartUpParts {
     Registry registry;  ///< what the main window can open
     std::function<void(QWidget* over)> showLogin;
     std::function<void(QWidget* over)> showRestore;  ///< the way out when the database can't be opened
-    QString vfs = {};  ///< the engine's storage layer, for tests
+    QString vfs = {};                                ///< the engine's storage layer, for tests
 };
 
 /// Returns when the login has gone; the program then lives on in the main window's events. Whatever fails is

@@ -28,8 +28,8 @@ void Wallpaper::paintEvent(QPaintEvent*) {
     const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
     const QSize covering = picture_.size().scaled(pixels, Qt::KeepAspectRatioByExpanding);
     if (scaled_.size() != covering) {
-        scaled_ = QPixmap::fromImage(
-            picture_.scaled(covering, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+        scaled_ =
+            QPixmap::fromImage(picture_.scaled(covering, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     }
     scaled_.setDevicePixelRatio(devicePixelRatioF());
     const QSizeF shown = scaled_.deviceIndependentSize();

@@ -4,6 +4,8 @@
 #include "admin/restore.h"
 #include "app/about.h"
 #include "app/login.h"
+#include "records/small_master.h"
+#include "waybills/waybill_form.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,12 +17,14 @@ std::function<void(QWidget*)> Modal() {
 }
 
 template <class Form>
-[[maybe_unused]] std::function<std::unique_ptr<ChildForm>()> Child() {
+std::function<std::unique_ptr<ChildForm>()> Child() {
     return [] { return std::make_unique<Form>(); };
 }
 
 Registry FilledRegistry() {
     Registry forms;
+    forms.children[u"A04"_s] = Child<A04>();
+    forms.children[u"B01"_s] = Child<B01>();
     forms.modals[u"Login"_s] = Modal<Login>();
     forms.modals[u"AboutUS"_s] = Modal<AboutUS>();
     forms.modals[u"S2"_s] = Modal<S2>();
