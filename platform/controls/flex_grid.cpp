@@ -72,10 +72,16 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), state_(std::make_uniqu
     };
     s.editor->Dropped = [this] { FinishEditor(false); };
     s.editor->Left = [this] {
-        // The focus is still on its way; the form hears of the cell when it has arrived.
+        // The focus is still on its way. When it has arrived the editor goes, since hiding it before would
+        // look like the toolkit's own doing, and the form hears of the cell.
         FinishEditor(true, false);
         QMetaObject::invokeMethod(
-            this, [this] { TellEdited(); }, Qt::QueuedConnection);
+            this,
+            [this] {
+                if (!state_->editing) state_->editor->hide();
+                TellEdited();
+            },
+            Qt::QueuedConnection);
     };
     s.editor->MovedOn = [this](QKeyEvent* event) {
         const QPointer<FlexGrid> self(this);
@@ -113,7 +119,10 @@ int FlexGrid::FixedRows() const {
 /// Every change of the counts: an editor over a row that goes or moves is dropped, Row keeps its number.
 void FlexGrid::Change(int fromRow, const std::function<void()>& change) {
     State& s = *state_;
-    if (s.editing && s.coverRow >= fromRow) FinishEditor(false);
+    if (s.editing && s.coverRow >= fromRow) {
+        FinishEditor(false, false);
+        s.editor->hide();
+    }
     const bool reached = std::max(s.row, s.rowSel) >= fromRow;
     {
         const QScopedValueRollback quiet(s.highlighting, true);
@@ -333,10 +342,7 @@ void FlexGrid::SetTextMatrix(int row, int col, const QString& text) {
 }
 
 void FlexGrid::Clear() {
-    Change(Rows(), [&] {
-        if (state_->editing) FinishEditor(false);
-        state_->model->Clear();
-    });
+    Change(0, [&] { state_->model->Clear(); });
     state_->header->viewport()->update();
 }
 

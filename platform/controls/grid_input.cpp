@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QPointer>
+#include <QStyle>
 
 #include <algorithm>
 #include <optional>
@@ -12,6 +13,11 @@
 using namespace Qt::StringLiterals;
 
 namespace controls {
+namespace {
+
+constexpr int kTextShift = 3;  // from where a box draws its text to where a cell does
+
+}  // namespace
 
 // ---------------------------------------------------------------- keys and mouse
 
@@ -157,7 +163,13 @@ void FlexGrid::LayOver(QWidget* box, int row, int col) {
     s.cover = box;
     s.coverRow = row;
     s.coverCol = col;
-    if (box->parentWidget() != viewport()) box->setParent(viewport());
+    if (box->parentWidget() != viewport()) {
+        box->setProperty("kind", u"cell"_s);  // fills the cell: no round corners, no height of its own
+        box->setParent(viewport());
+        if (auto* line = qobject_cast<QLineEdit*>(box)) line->setTextMargins(kTextShift, 0, kTextShift, 0);
+        box->style()->unpolish(box);
+        box->style()->polish(box);
+    }
     PlaceCover();
     box->show();
     box->raise();
@@ -168,6 +180,7 @@ void FlexGrid::EditCell(int row, int col) {
     CheckCol(col);
     CommitEditor();
     State& s = *state_;
+    s.editor->setTextMargins(kTextShift, 0, kTextShift, 0);
     s.editor->setAlignment(s.model->Alignment(col));
     s.editor->setText(s.model->Text(row, col));
     s.editor->selectAll();
@@ -192,14 +205,16 @@ void FlexGrid::FinishEditor(bool keep, bool tell) {
             s.model->SetText(s.coverRow, s.coverCol, s.editor->text().replace(u'\t', u' '));
         }
         if (window()->focusWidget() == s.editor) setFocus(Qt::OtherFocusReason);
-        s.editor->hide();
     }
-    if (tell) TellEdited();
+    if (!tell) return;
+    s.editor->hide();
+    TellEdited();
 }
 
 void FlexGrid::TellEdited() {
     const std::optional<State::Edited> edited = std::exchange(state_->untold, std::nullopt);
-    if (edited) CellEdited(edited->row, edited->col, edited->before);
+    if (edited && edited->row < Rows() && edited->col < Cols())  // the cell may have gone meanwhile
+        CellEdited(edited->row, edited->col, edited->before);
 }
 
 void FlexGrid::PlaceCover() {

@@ -2,6 +2,7 @@
 #include "platform/controls/grid_header.h"
 #include "platform/controls/grid_model.h"
 #include "platform/errors.h"
+#include "tests/support/gui.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
@@ -13,6 +14,7 @@
 
 #include <functional>
 #include <gtest/gtest.h>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 using controls::FlexGrid;
@@ -28,14 +30,13 @@ class GridTest : public testing::Test {
         layout->addWidget(&grid);
         layout->addWidget(&other);
         window.resize(400, 28 + 10 * 24 + other.sizeHint().height() + layout->spacing());
-        grid.RowChange = [this] { changes << grid.Row(); };
+        grid.RowChange = [this] { changes.push_back(grid.Row()); };
     }
 
     void Open() {
-        window.show();
-        window.activateWindow();
+        tests::Show(window);
         grid.SetFocus();
-        QApplication::processEvents();
+        tests::Settle();
     }
 
     void Fill(int dataRows, int cols = 3) {
@@ -70,7 +71,7 @@ class GridTest : public testing::Test {
     FlexGrid grid{&window};
     QLineEdit other{&window};
     QAbstractItemModelTester tester{grid.model(), QAbstractItemModelTester::FailureReportingMode::Fatal};
-    QList<int> changes;
+    std::vector<int> changes;
 };
 
 TEST_F(GridTest, RowsComeAndGoAndRowKeepsItsNumber) {
@@ -102,7 +103,7 @@ TEST_F(GridTest, RowsComeAndGoAndRowKeepsItsNumber) {
     grid.Clear();
     EXPECT_EQ(Column(0), u"|||"_s);
     EXPECT_EQ(grid.Rows(), 4);
-    EXPECT_TRUE(changes.isEmpty());
+    EXPECT_TRUE(changes.empty());
 }
 
 TEST_F(GridTest, ReshapingKeepsTheCellsThatRemain) {
@@ -154,7 +155,7 @@ TEST_F(GridTest, RowChangeFiresForTheOperatorAndForAnAssignmentThatChangesRow) {
     struct {
         const char* what;
         std::function<void()> act;
-        QList<int> told;
+        std::vector<int> told;
         int row;
     } const steps[] = {
         {"same row", [&] { grid.SetRow(1); }, {}, 1},
@@ -195,14 +196,14 @@ TEST_F(GridTest, RowChangeFiresForTheOperatorAndForAnAssignmentThatChangesRow) {
 TEST_F(GridTest, RowChangeIsSilentInItsOwnHandler) {
     Fill(9);
     grid.RowChange = [this] {
-        changes << grid.Row();
+        changes.push_back(grid.Row());
         grid.SetRow(2);
     };
     grid.SetRow(5);
-    EXPECT_EQ(changes, QList<int>{5});
+    EXPECT_EQ(changes, std::vector<int>{5});
     EXPECT_EQ(grid.Row(), 2);
     grid.SetRow(6);
-    EXPECT_EQ(changes, (QList<int>{5, 6}));
+    EXPECT_EQ(changes, (std::vector<int>{5, 6}));
 }
 
 TEST_F(GridTest, AnEndInTheHandlerStopsTheAssignmentButNotTheToolkit) {
@@ -497,6 +498,21 @@ TEST_F(GridEditorTest, WhereTheFocusGoes) {
     EXPECT_EQ(grid.Row(), 3);
 }
 
+TEST_F(GridEditorTest, ForTheFormTheFocusStaysInTheGrid) {
+    grid.GotFocus = [this] { told << u"got"_s; };
+    grid.LostFocus = [this] { told << u"lost"_s; };
+    Edit(u"1"_s);
+    tests::Settle();
+    QTest::keyClick(grid.Editor(), Qt::Key_Return);
+    tests::Settle();
+    EXPECT_EQ(told, QStringList{u"2,1 旧>1"_s});
+    Edit(u"2"_s);
+    other.setFocus();
+    tests::Settle();
+    EXPECT_EQ(told.size(), 2);
+    EXPECT_TRUE(told.contains(u"lost"_s));
+}
+
 TEST_F(GridEditorTest, AClickFinishesTheEditBeforeItMoves) {
     Edit(u"5"_s);
     grid.RowChange = [this] { told << u"row"_s; };
@@ -589,7 +605,7 @@ TEST_F(GridTest, ALoadReplacesTheRowsAndKeepsTheHeader) {
     EXPECT_EQ(Column(0), u"头|甲|乙"_s);
     EXPECT_EQ(grid.Row(), 1);
     EXPECT_EQ(Highlighted(), u"1"_s);
-    EXPECT_TRUE(changes.isEmpty());
+    EXPECT_TRUE(changes.empty());
     grid.BeginLoad(0);
     grid.EndLoad();
     EXPECT_EQ(Column(0), u"头|"_s);
