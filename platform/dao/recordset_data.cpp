@@ -52,6 +52,10 @@ std::unique_ptr<RecordsetData> ReadRows(const std::shared_ptr<Connection>& conne
     auto data = std::make_unique<RecordsetData>();
     const bool writable = !translation.table.empty();
     const int columns = sqlite3_column_count(prepared) - (writable ? 1 : 0);
+    // Most sets have one row; its cells come without growing step by step.
+    data->names.reserve(static_cast<size_t>(columns));
+    data->cells.reserve(static_cast<size_t>(columns));
+    data->arena.reserve(static_cast<size_t>(columns) * sizeof(double));
     for (int i = 0; i < columns; ++i)
         data->names.push_back(QString::fromUtf8(sqlite3_column_name(prepared, i)));
     const std::vector<bool> boolean = BooleanColumns(prepared, columns);

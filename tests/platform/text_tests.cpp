@@ -72,6 +72,9 @@ TEST(WholeNumbers, RoundHalfToEvenAndRaise) {
     EXPECT_EQ(text::ToInteger16(32767.4), 32767);
     EXPECT_THROW(text::ToInteger16(32767.5), RuntimeError);
     EXPECT_THROW(text::ToInteger32(std::nan("")), RuntimeError);
+    EXPECT_EQ(text::ToSingle(0.1), 0.1F);
+    EXPECT_THROW(text::ToSingle(-3.5e38), RuntimeError);
+    EXPECT_THROW(text::ToSingle(std::nan("")), RuntimeError);
 }
 
 TEST(PlainNumber, IsNotWhatTheLeadingRuleReads) {
