@@ -1,4 +1,5 @@
 #include "platform/controls/box.h"
+
 #include "platform/controls/focus_tracker.h"
 #include "platform/controls/key_offer.h"
 #include "platform/controls/look.h"
@@ -22,12 +23,6 @@ namespace {
 constexpr int kRowHeight = 24;
 constexpr char16_t kPasswordCharacter = u'*';
 
-/// A box that the keyboard or the program enters is ready to be typed over.
-bool SelectsAll(Qt::FocusReason reason) {
-    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
-           reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason;
-}
-
 }  // namespace
 
 void MoveFocus(QWidget* control) {
@@ -44,6 +39,11 @@ std::unique_ptr<QKeyEvent> OfferKey(QObject* control, const sys::Event<KeyPress&
     if (press.text.isEmpty() && !key.text().isEmpty()) return nullptr;
     return std::make_unique<QKeyEvent>(QEvent::KeyPress, press.key, press.modifiers, press.text,
                                        key.isAutoRepeat(), static_cast<quint16>(key.count()));
+}
+
+bool SelectsAll(Qt::FocusReason reason) {
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+           reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason;
 }
 
 bool KeepsFocus(QWidget* control) {
@@ -84,9 +84,13 @@ void LineBox::Tell() {
 }
 
 void LineBox::SetText(const QString& newText) {
+    const bool all = hasFocus() && selectedText() == text();  // an empty box too
+    const int cursor = hasFocus() ? cursorPosition() : 0;     // elsewhere a long text shows its beginning
     const QPointer<LineBox> alive(this);
     setText(newText);
-    if (alive) setCursorPosition(0);  // a long text shows its beginning
+    if (!alive) return;
+    setCursorPosition(cursor);
+    if (all) selectAll();  // a proposed value is ready to be typed over
 }
 
 void LineBox::SetLocked(bool locked) {

@@ -139,6 +139,7 @@ class ComboBox : public QComboBox, public FocusEvents {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
   private:

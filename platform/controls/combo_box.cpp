@@ -104,6 +104,11 @@ void ComboBox::keyPressEvent(QKeyEvent* event) {
     Click();
 }
 
+void ComboBox::focusInEvent(QFocusEvent* event) {
+    QComboBox::focusInEvent(event);
+    if (SelectsAll(event->reason())) lineEdit()->selectAll();
+}
+
 void ComboBox::wheelEvent(QWheelEvent* event) {
     event->ignore();
 }

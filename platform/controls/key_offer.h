@@ -1,4 +1,4 @@
-// How a control hands a key to its form first. For the controls' own files.
+// What the boxes have in common when keys, texts and the focus come in. For the controls' own files.
 #pragma once
 
 #include "platform/controls/box.h"
@@ -15,6 +15,9 @@ std::unique_ptr<QKeyEvent> OfferKey(QObject* control, const sys::Event<KeyPress&
 inline bool IsEnter(const QKeyEvent& key) {
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }
+
+/// A box that the keyboard or the program enters is ready to be typed over; one that is clicked is not.
+bool SelectsAll(Qt::FocusReason reason);
 
 /// Whether text from outside may go into this control now: it keeps the focus when it gets it, so the form
 /// did not send the operator away.

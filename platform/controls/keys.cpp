@@ -31,6 +31,114 @@ void SendKeys(const QString& keys) {
 
 namespace {
 
+/// The toolkit runs the first of two commands with the same key, and minds neither which are disabled. Here
+/// the key runs a command that is alone; among several it walks, and Enter takes one.
+class HotKeys : public QObject {
+  public:
+    static void Watch(QWidget* commands) {
+        const auto name = u"hotKeys"_s;
+        if (commands->findChild<QObject*>(name, Qt::FindDirectChildrenOnly)) return;
+        auto* keys = new HotKeys(commands);
+        keys->setObjectName(name);
+        commands->installEventFilter(keys);
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (auto* bar = qobject_cast<QMenuBar*>(watched)) {
+            if (event->type() == QEvent::Shortcut) return OnBar(*bar, *static_cast<QShortcutEvent*>(event));
+            if (event->type() == QEvent::KeyPress) return InBar(*bar, *static_cast<QKeyEvent*>(event));
+        } else if (auto* menu = qobject_cast<QMenu*>(watched)) {
+            if (event->type() == QEvent::KeyPress) return InMenu(*menu, *static_cast<QKeyEvent*>(event));
+        }
+        return false;
+    }
+
+  private:
+    using QObject::QObject;
+
+    /// The commands of that key; `live` leaves out what does not react.
+    static QList<QAction*> Of(const QWidget& commands, const QKeySequence& key, bool live) {
+        QList<QAction*> found;
+        for (QAction* action : commands.actions()) {
+            if (action->isSeparator() || QKeySequence::mnemonic(action->text()) != key) continue;
+            if (!live || (action->isVisible() && action->isEnabled())) found << action;
+        }
+        return found;
+    }
+
+    static QAction* After(QAction* active, const QList<QAction*>& candidates) {
+        return candidates[(candidates.indexOf(active) + 1) % candidates.size()];
+    }
+
+    /// The key of a letter without Alt, as it counts in a menu that is open.
+    static QKeySequence Letter(const QKeyEvent& event) {
+        const bool plain = !(event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier));
+        const QString text = event.text();
+        if (!plain || text.size() != 1 || !text[0].isLetterOrNumber()) return {};
+        return QKeySequence::mnemonic(u'&' + text);
+    }
+
+    /// Alt and a letter.
+    static bool OnBar(QMenuBar& bar, const QShortcutEvent& event) {
+        const QList<QAction*> candidates = Of(bar, event.key(), true);
+        if (candidates.isEmpty()) return true;
+        if (candidates.size() > 1) return Walk(bar, candidates);
+        if (!event.isAmbiguous()) return false;  // the toolkit's own way does it
+        Run(bar, candidates.front());
+        return true;
+    }
+
+    /// A letter while the keyboard stands in the bar.
+    static bool InBar(QMenuBar& bar, const QKeyEvent& event) {
+        const QKeySequence key = Letter(event);
+        if (key.isEmpty() || Of(bar, key, false).isEmpty()) return false;
+        const QList<QAction*> candidates = Of(bar, key, true);
+        if (candidates.size() > 1) return Walk(bar, candidates);
+        if (candidates.size() == 1) Run(bar, candidates.front());
+        return true;
+    }
+
+    static bool InMenu(QMenu& menu, const QKeyEvent& event) {
+        const QKeySequence key = Letter(event);
+        if (key.isEmpty() || Of(menu, key, false).size() < 2) return false;
+        const QList<QAction*> candidates = Of(menu, key, true);
+        if (candidates.isEmpty()) return true;
+        menu.setActiveAction(After(menu.activeAction(), candidates));
+        if (candidates.size() == 1) Press(menu, Qt::Key_Return);
+        return true;
+    }
+
+    static void Press(QWidget& target, Qt::Key key) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(&target, &press);
+    }
+
+    static void Run(QMenuBar& bar, QAction* command) {
+        if (command->menu()) return bar.setActiveAction(command);
+        if (bar.hasFocus()) Press(bar, Qt::Key_Escape);
+        command->trigger();
+    }
+
+    static bool Walk(QMenuBar& bar, const QList<QAction*>& candidates) {
+        QAction* next = After(bar.activeAction(), candidates);
+        if (!bar.hasFocus()) EnterByAlt(bar);
+        // By the arrow key, since a command that is made active by name opens its menu.
+        for (int step = 0; step < bar.actions().size() && bar.activeAction() != next; ++step)
+            Press(bar, Qt::Key_Right);
+        return true;
+    }
+
+    /// The operator's own way into the bar: Alt pressed and released. Leaving it gives the focus back. (An
+    /// event of the key Alt itself adds Alt to its modifiers.)
+    static void EnterByAlt(QMenuBar& bar) {
+        QKeyEvent press(QEvent::ShortcutOverride, Qt::Key_Alt, Qt::NoModifier);
+        QCoreApplication::sendEvent(bar.window(), &press);
+        QKeyEvent release(QEvent::KeyRelease, Qt::Key_Alt, Qt::NoModifier);
+        QCoreApplication::sendEvent(bar.window(), &release);
+    }
+};
+
 void Hang(QAction* action, const QString& name, std::function<void()> handler) {
     action->setObjectName(name);
     QObject::connect(action, &QAction::triggered, action, [handler = std::move(handler)] {
@@ -45,12 +153,14 @@ void Hang(QAction* action, const QString& name, std::function<void()> handler) {
 QAction* AddCommand(QMenuBar* bar, const QString& name, const QString& caption,
                     std::function<void()> handler) {
     QAction* action = bar->addAction(caption);
+    HotKeys::Watch(bar);
     Hang(action, name, std::move(handler));
     return action;
 }
 
 QAction* AddCommand(QMenu* menu, const QString& name, const QString& caption, std::function<void()> handler) {
     QAction* action = menu->addAction(caption);
+    HotKeys::Watch(menu);
     Hang(action, name, std::move(handler));
     return action;
 }
@@ -58,6 +168,8 @@ QAction* AddCommand(QMenu* menu, const QString& name, const QString& caption, st
 QMenu* AddMenu(QMenuBar* bar, const QString& name, const QString& caption) {
     QMenu* menu = bar->addMenu(caption);
     menu->setObjectName(name);
+    HotKeys::Watch(bar);
+    HotKeys::Watch(menu);
     return menu;
 }
 

@@ -1,4 +1,7 @@
 // Keystrokes that the program sends itself, and commands that hang on a menu bar.
+//
+// Always holds: a command's key runs it, on the bar with Alt, in an open menu alone. Where several commands
+// that can be used share a key, it walks through them and Enter takes one; a disabled command does not count.
 #pragma once
 
 #include <QAction>

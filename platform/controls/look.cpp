@@ -41,12 +41,37 @@ void SetColors(QApplication& app) {
     app.setPalette(palette);
 }
 
+/// What the toolkit's Chinese texts leave out or say oddly.
+class MoreWords : public QTranslator {
+  public:
+    using QTranslator::QTranslator;
+    bool isEmpty() const override { return false; }
+    QString translate(const char* context, const char* source, const char*, int) const override {
+        struct Word {
+            const char* context;
+            const char* source;
+            QString text;
+        };
+        static const Word words[] = {
+            {"QAbstractFileIconProvider", "Folder", u"文件夹"_s},
+            {"QAbstractFileIconProvider", "%1 File", u"%1 文件"_s},
+            {"QAbstractFileIconProvider", "File", u"文件"_s},
+            {"QAbstractFileIconProvider", "Drive", u"磁盘"_s},
+            {"QFileSystemModel", "Size", u"大小"_s},
+        };
+        for (const Word& word : words)
+            if (qstrcmp(context, word.context) == 0 && qstrcmp(source, word.source) == 0) return word.text;
+        return QString();
+    }
+};
+
 /// The toolkit's own words are Chinese whatever the locale says.
 void SetLanguage(QApplication& app) {
     QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
     auto* translator = new QTranslator(&app);
     if (translator->load(u"qtbase_zh_CN"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         app.installTranslator(translator);
+    app.installTranslator(new MoreWords(&app));
 }
 
 }  // namespace

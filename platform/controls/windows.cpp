@@ -6,12 +6,15 @@
 #include <QDesktopServices>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QGridLayout>
+#include <QIdentityProxyModel>
 #include <QInputMethod>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QTreeView>
 #include <QUrl>
 
 using namespace Qt::StringLiterals;
@@ -74,6 +77,19 @@ void AddButtons(QMessageBox& box, const sys::BoxRequest& request) {
     box.setEscapeButton(QMessageBox::No);
 }
 
+/// The files with their dates as the program writes them everywhere; the toolkit's follow the system's
+/// locale.
+class FileList : public QIdentityProxyModel {
+  public:
+    using QIdentityProxyModel::QIdentityProxyModel;
+    QVariant data(const QModelIndex& index, int role) const override {
+        const auto* files = qobject_cast<QFileSystemModel*>(sourceModel());
+        if (!files || index.column() != 3 || role != Qt::DisplayRole)
+            return QIdentityProxyModel::data(index, role);
+        return files->lastModified(mapToSource(index)).toString(u"yyyy-MM-dd HH:mm"_s);
+    }
+};
+
 void SwitchInputMethod() {
     QInputMethod* method = QGuiApplication::inputMethod();
     method->isVisible() ? method->hide() : method->show();
@@ -104,6 +120,9 @@ QString ShowFileDialog(const sys::FileRequest& request) {
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     // The forms ask their own question about a file that is there.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setProxyModel(new FileList(&dialog));
+    dialog.resize(760, 460);
+    if (auto* columns = dialog.findChild<QTreeView*>(u"treeView"_s)) columns->setColumnWidth(0, 260);
     const bool save = request.kind == sys::FileRequest::Kind::Save;
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);

@@ -57,7 +57,7 @@ TEST(A04, ListsInOrderAndTellsThePosition) {
 }
 
 TEST(A04, FirstRecordReplacesTheBlankLine) {
-    Couriers form({});
+    Couriers form(QStringList{});
     form.Frame().SetPanel(4, u"旧"_s);
     EXPECT_EQ(form.Lines(), QStringList{u"|"_s});
     AltKey(u'D');  // an empty table: nothing to delete, nothing asked

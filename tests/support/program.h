@@ -6,6 +6,7 @@
 #include "app/session.h"
 #include "platform/controls/box.h"
 #include "platform/controls/flex_grid.h"
+#include "platform/controls/tab_strip.h"
 #include "tests/support/company.h"
 #include "tests/support/gui.h"
 #include "tests/support/script.h"
@@ -43,6 +44,8 @@ class Program {
     void SetBox(int index, const QString& text);  ///< goes there and types over what stands
     QString Combo(int index);
     void SetCombo(int index, const QString& text);
+    /// Types into the control that has the focus in place of what stands there.
+    static void TypeOver(const QString& text);
     /// Presses Enter until that control has the focus.
     void GoTo(const QString& control);
     controls::FlexGrid& Grid() { return At<controls::FlexGrid>(u"GD"_s); }
@@ -57,7 +60,6 @@ class Program {
 
   private:
     void LogIn(const QString& operatorCode);
-    static void TypeOver(const QString& text);
 
     Company company_;
     std::unique_ptr<MForm> frame_;
