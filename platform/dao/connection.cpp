@@ -1,6 +1,7 @@
 #include "platform/dao/connection.h"
 
 #include "platform/dao/engine_functions.h"
+#include "platform/text/numbers.h"
 
 #include <QFileInfo>
 
@@ -22,7 +23,7 @@ QString EngineText(const char* words) {
 QByteArray PasswordIn(const QString& connect) {
     for (const QString& part : connect.split(u';')) {
         const qsizetype equals = part.indexOf(u'=');
-        if (equals > 0 && part.left(equals).trimmed().compare(u"PWD"_s, Qt::CaseInsensitive) == 0)
+        if (equals > 0 && text::Trim(part.left(equals)).compare(u"PWD"_s, Qt::CaseInsensitive) == 0)
             return part.mid(equals + 1).toUtf8();
     }
     return {};
@@ -113,11 +114,11 @@ void Connection::Unlock(const QString& path, const QString& connect) {
 
 /// Refuses what cannot be worked with. A wrong password shows only at the first read.
 void Connection::Inspect(const QString& path, bool withPassword) {
+    if (sqlite3_db_readonly(engine_, "main") != 0)
+        throw DatabaseError(EngineText(sqlite3_errstr(SQLITE_READONLY)), path);
     Run("select count(*) from sqlite_master", path);
     if (QFileInfo(path).size() == 0) throw DatabaseError(EngineText(sqlite3_errstr(SQLITE_NOTADB)), path);
     if (withPassword) Run("select 1 from TE1 limit 1", path);
-    if (sqlite3_db_readonly(engine_, "main") != 0)
-        throw DatabaseError(EngineText(sqlite3_errstr(SQLITE_READONLY)), path);
     Run("begin immediate", path);
     Run("rollback", path);
 }
@@ -139,12 +140,12 @@ dialect::Translation Connection::Translate(const QString& statement, bool forDyn
     }
 }
 
-sqlite3_stmt* Connection::Prepare(const std::string& sql, const QString& statement) const {
+sqlite3_stmt* Connection::Prepare(const std::string& sql, const QString& statement) {
     sqlite3* engine = Engine(statement);
     sqlite3_stmt* prepared = nullptr;
     const int code =
         sqlite3_prepare_v2(engine, sql.c_str(), static_cast<int>(sql.size()) + 1, &prepared, nullptr);
-    if (code != SQLITE_OK) const_cast<Connection*>(this)->Fail(code, statement);
+    if (code != SQLITE_OK) Fail(code, statement);
     return prepared;
 }
 

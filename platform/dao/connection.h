@@ -40,7 +40,8 @@ class Connection {
     sqlite3* Engine(const QString& statement) const;
 
     dialect::Translation Translate(const QString& statement, bool forDynaset) const;
-    sqlite3_stmt* Prepare(const std::string& sql, const QString& statement) const;
+    /// The caller owns what it gets, best as a Prepared.
+    sqlite3_stmt* Prepare(const std::string& sql, const QString& statement);
 
     bool InGroup() const { return inGroup_; }
     void BeginGroup(const QString& statement);

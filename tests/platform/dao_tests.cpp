@@ -92,15 +92,18 @@ TEST(Opening, WantsTheOperatorTableOnlyInTheDataFile) {
 TEST(Opening, RefusesAReadOnlyAndALockedFile) {
     tests::FailingStorage storage;
     const tests::DataFile file(kTables);
-    storage.RefuseWriting();
-    EXPECT_EQ(OpeningSays(file.Path(), file.Connect(), u"failing"_s),
-              u"attempt to write a readonly database"_s);
-    storage.Heal();
+    for (int opening = 1; opening <= 2; ++opening) {  // as made, and as the program leaves it
+        storage.RefuseWriting();
+        EXPECT_EQ(OpeningSays(file.Path(), file.Connect(), u"failing"_s),
+                  u"attempt to write a readonly database"_s);
+        storage.Heal();
+        EXPECT_EQ(OpeningSays(file.Path(), file.Connect(), u"failing"_s), QString());
+    }
     const auto holder = Open(file);
     holder->Execute(u"delete from M04"_s);
     EXPECT_EQ(OpeningSays(file.Path(), file.Connect(), u"failing"_s), u"database is locked"_s);
     holder->CloseGroup();
-    EXPECT_EQ(OpeningSays(file.Path(), file.Connect(), u"failing"_s), QString());
+    EXPECT_EQ(OpeningSays(file.Path(), file.Connect()), QString());
 }
 
 TEST(Opening, LetsAnOlderFileBeBroughtUpToDateFirst) {

@@ -148,6 +148,10 @@ TEST_F(Dialect, WritesDatesInFullAndRefusesWhatIsNoDate) {
     db_->Execute(u"update sysinfo set Setval=setval+1,setStr='2024/4/1' Where ID=100"_s);
     EXPECT_EQ(Found(*db_, u"select SetVal,SETSTR from SysInfo where ID=100"_s), u"6|2024/4/1"_s);
 
+    db_->Execute(u"delete from TB1 where datediff('d','2024-04-01',F2)>=0 or TB1.F3 like '丁*'"_s);
+    db_->Execute(u"update TB1 set F3='旧' where datediff('d',F2,'2024-03-10') > 0"_s);
+    EXPECT_EQ(Found(*db_, u"select F1,F3 from TB1"_s), u"A1|旧 A2|乙 A3|甲 A4|丙 a6|旧"_s);
+
     const QString mismatch = u"标准表达式中数据类型不匹配"_s;
     for (const QString& statement : {
              u"insert into TB1 (F1,F2) VALUES('x','')"_s,
