@@ -100,7 +100,7 @@ TEST_F(DataFiles, ANewCompanyHasItsFirstRows) {
     EXPECT_EQ(Row(db, u"select setStr from SysInfo where ID=9999"_s), "");
     EXPECT_EQ(Row(db, u"select count(*) from SysInfo"_s), "2");
     EXPECT_EQ(Row(db, u"select F1,F2,F3,F60,F61,F62,F63,F64,F65,F66,F67 from TE1"_s),
-              "001|管理员||1|1|1|1|1|1|1|1");
+              "001|管理员||1|1|1|1|1|1|1|0");
     EXPECT_EQ(Row(db, u"select (select count(*) from B01) + (select count(*) from MS1)"_s), "0");
 
     const auto named = schema::OpenEngine(Path(u"named.dat"_s), schema::kPassword);

@@ -12,6 +12,12 @@
 #include <deque>
 #include <functional>
 #include <optional>
+#include <ostream>
+
+/// How a failing comparison shows a text.
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
 
 namespace tests {
 

@@ -47,7 +47,7 @@ class WaybillForm : public tests::Program {
         Type(entry.number);
         At<controls::DTPicker>(u"DTP"_s).SetValue(QDate::fromString(entry.date, Qt::ISODate));
         GoTo(u"Cmb(4)"_s);
-        Press(Qt::Key_Down);
+        TypeOver(u"上海"_s);
         GoTo(u"Cmb(6)"_s);
         Type(u"Z1"_s);
         GoTo(u"Cmb(7)"_s);
@@ -122,11 +122,12 @@ TEST(B01, ReleasedPostsThePayable) {
         << "leaving the channel chose its first zone";
     EXPECT_EQ(form.Journal(), (QStringList{u"YSW1|华兴|115|131|0|115"_s, u"YFW1|环洋|80.5|132|0|80.5"_s}));
 
-    // An edit brings both rows anew, at the end of the day; unchecked, the payable goes.
+    // An edit brings both rows anew; unchecked, the payable goes. With no other row left the day counts as
+    // new.
     AltKey(u'E');
     form.GoTo(u"Txt(34)"_s);
     AltKey(u'S');
-    EXPECT_EQ(form.Journal(), (QStringList{u"YSW1|华兴|115|164|0|115"_s, u"YFW1|环洋|80.5|165|0|80.5"_s}));
+    EXPECT_EQ(form.Journal(), (QStringList{u"YSW1|华兴|115|162|0|115"_s, u"YFW1|环洋|80.5|163|0|80.5"_s}));
     AltKey(u'E');
     form.GoTo(u"ChkChuHuo"_s);
     Press(Qt::Key_Space);
@@ -137,7 +138,7 @@ TEST(B01, ReleasedPostsThePayable) {
 
     // Without a channel a released waybill posts a payable to nobody.
     form.Add({.number = u"W2"_s, .released = true});
-    EXPECT_TRUE(form.Journal().contains(u"YFW2||0|198|0|0"_s)) << form.Journal().join(u'\n').toStdString();
+    EXPECT_TRUE(form.Journal().contains(u"YFW2||0|196|0|0"_s)) << form.Journal().join(u'\n').toStdString();
 }
 
 TEST(B01, EditMayChangeTheNumberButNotToATakenOne) {
