@@ -196,6 +196,38 @@ void RecordForm::Menu_cancel() {
     RowToCard();
 }
 
+bool RecordForm::RequireFilled(int count) const {
+    for (int i = 0; i < count; ++i) {
+        if (!text::Trim(Txt[i]->Text()).isEmpty()) continue;
+        sys::Inform(Lab[i]->text() + LangText(u"不能为空!"_s), MsgTitle);
+        return false;
+    }
+    return true;
+}
+
+RecordForm::Consent RecordForm::AskToDelete(const QString& name, bool used, const QString& plainQuestion,
+                                            sys::BoxAnswer warningDefault) {
+    if (!used) return sys::Ask(plainQuestion, MsgTitle) ? Consent::Plain : Consent::No;
+    if (OperatorCode != u"001") {
+        sys::Inform(u"["_s + name + u"]已经在系统中应用，不能删除!"_s, MsgTitle);
+        return Consent::No;
+    }
+    const QString warning = u"["_s + name + u"]已经在系统中应用!\r如果删除将造成系统中其它记录的丢失!\r"_s +
+                            u"只有管理员才有权删除。真的要删除吗？"_s;
+    for (const QString& title : {u"提示"_s, u"请再次确认"_s})
+        if (!sys::Ask(warning, title, warningDefault)) return Consent::No;
+    return Consent::Whole;
+}
+
+void RecordForm::ForgetCurrentRecord() {
+    RemoveCurrentLine();
+    RecCount -= 1;
+    if (CurRow > RecCount) CurRow = RecCount;
+    GD->SetRow(CurRow);
+    if (TabS->SelectedItem() == CardTab) TabS->SelectItem(ListTab);
+    RowChanged();
+}
+
 void RecordForm::RemoveCurrentLine() {
     if (GD->Rows() > 2)
         GD->RemoveItem(CurRow);

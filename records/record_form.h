@@ -10,6 +10,7 @@
 #include "platform/controls/box.h"
 #include "platform/controls/flex_grid.h"
 #include "platform/controls/tab_strip.h"
+#include "platform/system/seams.h"
 
 #include <QLabel>
 #include <QString>
@@ -82,6 +83,21 @@ class RecordForm : public ChildForm {
     void RowChanged();
     void Menu_cancel();
     void Menu_Return() { Unload(); }
+
+    /// Txt(0) up to before `count`, trimmed, must not be empty; the first that is gets its message.
+    bool RequireFilled(int count) const;
+
+    enum class Consent {
+        No,
+        Plain,  ///< the record is in use nowhere
+        Whole   ///< the administrator takes what uses the record with it; that statement is the form's
+    };
+    /// Asks before a delete: once for a record that nothing uses, twice of the administrator for one in use.
+    /// Anybody else is refused. `name` is what the boxes call the record.
+    static Consent AskToDelete(const QString& name, bool used, const QString& plainQuestion,
+                               sys::BoxAnswer warningDefault);
+    /// After the record's row was deleted: its line goes, the counts follow, the list comes to the front.
+    void ForgetCurrentRecord();
 
     /// The grid's text at the current row.
     QString CurrentCell(int col) const { return GD->TextMatrix(CurRow, col); }

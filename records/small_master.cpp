@@ -96,43 +96,18 @@ bool SmallMaster::IsUsed(QString& key) const {
     return !GetStr(master_.usedIn + key + u"'"_s).isEmpty();
 }
 
-bool SmallMaster::ConfirmDelete(const QString& key) {
-    // The brackets name the note and not the key; so it has always read.
-    const QString name = CurrentCell(Note);
-    QString used = key;
-    if (!IsUsed(used)) return sys::Ask(u"真的要删除"_s + name + u"吗?"_s, MsgTitle);
-    if (OperatorCode != u"001") {
-        sys::Inform(u"["_s + name + u"]已经在系统中应用，不能删除!"_s, MsgTitle);
-        return false;
-    }
-    const QString question = u"["_s + name + u"]已经在系统中应用!\r如果删除将造成系统中其它记录的丢失!\r"_s +
-                             u"只有管理员才有权删除。真的要删除吗？"_s;
-    if (!sys::Ask(question, u"提示"_s) || !sys::Ask(question, u"请再次确认"_s)) return false;
-    // The waybills that use the record go with it; nothing is posted back to the ledger.
-    Db->Execute(master_.cascade + used + u"'"_s);
-    return true;
-}
-
 void SmallMaster::Menu_del() {
     if (text::Trim(GD->TextMatrix(1, Key)).isEmpty()) return;
-    const QString key = text::Trim(CurrentCell(Key));
-    if (!ConfirmDelete(key)) return;
+    QString key = CurrentCell(Key);
+    const bool used = IsUsed(key);
+    // The boxes name the note and not the key; so it has always read.
+    const QString name = CurrentCell(Note);
+    const Consent consent = AskToDelete(name, used, u"真的要删除"_s + name + u"吗?"_s, sys::BoxAnswer::Yes);
+    if (consent == Consent::No) return;
+    // The waybills that use the record go with it; nothing is posted back to the ledger.
+    if (consent == Consent::Whole) Db->Execute(master_.cascade + key + u"'"_s);
     Db->Execute(u"delete from "_s + master_.table + u" WHERE F1='"_s + key + u"'"_s);
-    RemoveCurrentLine();
-    RecCount -= 1;
-    if (CurRow > RecCount) CurRow = RecCount;
-    GD->SetRow(CurRow);
-    if (TabS->SelectedItem() == CardTab) TabS->SelectItem(ListTab);
-    RowChanged();
-}
-
-bool SmallMaster::RequiredBoxesFilled() {
-    for (int i = 0; i < master_.requiredBoxes; ++i) {
-        if (!text::Trim(Txt[i]->Text()).isEmpty()) continue;
-        sys::Inform(Lab[i]->text() + u"不能为空!"_s, MsgTitle);
-        return false;
-    }
-    return true;
+    ForgetCurrentRecord();
 }
 
 bool SmallMaster::MakeRoom() {
@@ -154,7 +129,7 @@ bool SmallMaster::MakeRoom() {
 }
 
 void SmallMaster::Menu_save() {
-    if (!RequiredBoxesFilled() || !MakeRoom()) return;
+    if (!RequireFilled(master_.requiredBoxes) || !MakeRoom()) return;
     const QString key = text::Trim(Txt[Key]->Text());
     const QString note = text::Trim(Txt[Note]->Text());
     Db->Execute(u"insert into "_s + master_.table + u" (F1,F2) VALUES ("_s + Quoted(key) + u","_s +

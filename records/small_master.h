@@ -46,8 +46,6 @@ class SmallMaster : public RecordForm {
     void Menu_del();
     void Menu_save();
     bool IsUsed(QString& key) const;
-    bool ConfirmDelete(const QString& key);
-    bool RequiredBoxesFilled();
     bool MakeRoom();
 
     const SmallMasterSettings& master_;

@@ -89,12 +89,12 @@ void Warn(const QString& text, const QString& title) {
     MsgBox({.text = text, .title = title, .icon = BoxIcon::Warning});
 }
 
-bool Ask(const QString& text, const QString& title) {
+bool Ask(const QString& text, const QString& title, BoxAnswer defaultButton) {
     return MsgBox({.text = text,
                    .title = title,
                    .icon = BoxIcon::Question,
                    .buttons = BoxButtons::YesNo,
-                   .defaultButton = BoxAnswer::Yes}) == BoxAnswer::Yes;
+                   .defaultButton = defaultButton}) == BoxAnswer::Yes;
 }
 
 QString AskFile(const FileRequest& request) {

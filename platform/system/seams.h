@@ -55,8 +55,8 @@ BoxAnswer MsgBox(const BoxRequest& request);
 void Inform(const QString& text, const QString& title);
 /// One button, exclamation icon.
 void Warn(const QString& text, const QString& title);
-/// Yes and No with a question mark; Yes is the default button.
-bool Ask(const QString& text, const QString& title);
+/// Yes and No with a question mark.
+bool Ask(const QString& text, const QString& title, BoxAnswer defaultButton = BoxAnswer::Yes);
 
 /// Asks for a file; "" if the operator gave up.
 QString AskFile(const FileRequest& request);
