@@ -377,31 +377,37 @@ TEST(Storage, KeepsAllOfACommandOrNothingWhereverItFails) {
 }
 
 TEST(Storage, LosesTheWholeCommandWhenTheDiskFillsUpInItsMiddle) {
-    tests::FailingStorage storage;
-    const tests::DataFile file(kTables);
-    auto db = Open(file, u"failing"_s);
-    db->Execute(u"insert into M04 (F1) values ('before')"_s);
-    db->CloseGroup();
-    db->Execute(u"insert into M04 (F1) values ('a')"_s);
-    storage.FailAt(1, tests::StorageFault::DiskFull, true);
-    // More than the page cache holds, so that the engine has to write before the command's end.
-    const QString large = u"insert into M04 (F1,F2) values ('big','"_s + QString(900'000, u'x') + u"')"_s;
-    try {
-        for (int i = 0; i < 100; ++i) db->Execute(large);
-        ADD_FAILURE();
-    } catch (const DatabaseError& error) {
-        EXPECT_TRUE(error.GroupLost());
-        EXPECT_EQ(error.Text(), u"database or disk is full"_s);
+    // More than the page cache holds, so that the engine has to write before the command's end: by many small
+    // statements and by one that changes many rows.
+    const QString page(900'000, u'x');
+    const QString large = u"insert into M04 (F1,F2) values ('big','"_s + page + u"')"_s;
+    const QString changed = u"update M04 set D0=1,F2='"_s + page + u"'"_s;
+    for (const QString& statement : {large, changed}) {
+        tests::FailingStorage storage;
+        const tests::DataFile file(kTables);
+        auto db = Open(file, u"failing"_s);
+        for (int i = 0; i < 90; ++i) db->Execute(u"insert into M04 (F1) values ('before')"_s);
+        db->CloseGroup();
+        db->Execute(u"insert into M04 (F1) values ('a')"_s);
+        storage.FailAt(1, tests::StorageFault::DiskFull, true);
+        try {
+            for (int i = 0; i < 90; ++i) db->Execute(statement);
+            ADD_FAILURE();
+        } catch (const DatabaseError& error) {
+            EXPECT_TRUE(error.GroupLost());
+            EXPECT_EQ(error.Text(), u"database or disk is full"_s);
+        }
+        storage.Heal();
+        // Whoever swallowed the error must not go on and keep half of a command.
+        EXPECT_THROW(db->Execute(u"insert into M04 (F1) values ('c')"_s), DatabaseError);
+        EXPECT_THROW(db->OpenRecordset(u"select * from M04"_s), DatabaseError);
+        EXPECT_THROW(sys::CloseCommand(), DatabaseError);
+        // The next command is a new one.
+        db->Execute(u"insert into M04 (F1) values ('d')"_s);
+        db->Close();
+        EXPECT_EQ(file.Rows(u"select F1,count(*),count(F2) from M04 group by F1"_s),
+                  (QStringList{u"before|90|0"_s, u"d|1|0"_s}));
     }
-    storage.Heal();
-    // Whoever swallowed the error must not go on and keep half of a command.
-    EXPECT_THROW(db->Execute(u"insert into M04 (F1) values ('c')"_s), DatabaseError);
-    EXPECT_THROW(db->OpenRecordset(u"select * from M04"_s), DatabaseError);
-    EXPECT_THROW(sys::CloseCommand(), DatabaseError);
-    // The next command is a new one.
-    db->Execute(u"insert into M04 (F1) values ('d')"_s);
-    db->Close();
-    EXPECT_EQ(file.Rows(u"select F1 from M04"_s), (QStringList{u"before"_s, u"d"_s}));
 }
 
 }  // namespace

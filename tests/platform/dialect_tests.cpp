@@ -89,6 +89,8 @@ TEST_F(Dialect, FindsTheRowsThatTheStatementMeans) {
          u"A4 a6"_s},
         // What is no plain comparison of a column stays a call.
         {u"select F1 from TB1 where datediff('d','2024-03-10',F2 )*2 = 2"_s, u"A4"_s},
+        {u"select F1 from TB1 where datediff('d','2024-03-09',F2 ) = 0+1"_s, u"A2 A3"_s},
+        {u"select F1 from TB1 where 1-0 = datediff('d','2024-03-09',F2 )"_s, u"A2 A3"_s},
         {u"select F1 from TB1 where datediff('d',F2,F2) = 0 and datediff('d','2024-03-10',F2)<0.5 and SN>=20"_s,
          u"A1 A3 a6"_s},
         {u"select F1 from TB1 where datediff('m','2024-01-31',F2)=2 and datediff('yyyy',F2,'2024-01-01')<1 "
