@@ -54,6 +54,7 @@ void AddDetail(QMessageBox& box, const QString& detail) {
     auto* text = new QPlainTextEdit(detail, &box);
     text->setObjectName(u"detail"_s);
     text->setReadOnly(true);
+    text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     text->setTabChangesFocus(true);
     text->setMinimumWidth(420);
     text->setFixedHeight(96);

@@ -1,47 +1,425 @@
+// The boxes as the operator meets them: typing, pasting, choosing, and what the form hears of it.
 #include "platform/controls/box.h"
 #include "platform/controls/keys.h"
-#include "platform/controls/look.h"
-#include "platform/controls/modal_form.h"
 #include "platform/controls/tab_strip.h"
+#include "platform/errors.h"
 #include "tests/support/gui.h"
 #include "tests/support/script.h"
 
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QTest>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace controls;
 
-TEST(Boxes, EnterMovesOnThroughTheFormAndUpperCasesWhatIsTyped) {
+namespace {
+
+class Boxes : public testing::Test {
+  protected:
+    Boxes() {
+        new QVBoxLayout(&form);
+        Add(line, u"line"_s);
+        Add(rows, u"rows"_s);
+        Add(combo, u"combo"_s);
+        Add(date, u"date"_s);
+        Add(check, u"check"_s);
+        Add(button, u"button"_s);
+        line.Change = [this] { told << u"line"_s; };
+        rows.Change = [this] { told << u"rows"_s; };
+        combo.Change = [this] { told << u"typed"_s; };
+        combo.Click = [this] { told << u"chosen:"_s + combo.Text(); };
+        date.Change = [this] { told << date.Value().toString(Qt::ISODate); };
+        check.Click = [this] { told << u"check:%1"_s.arg(check.Value()); };
+        button.Click = [this] { told << u"pressed"_s; };
+        tests::Show(form);
+    }
+
+    void Add(QWidget& control, const QString& name) {
+        control.setObjectName(name);
+        form.layout()->addWidget(&control);
+    }
+
+    template <class Control>
+    void Enter(Control& control) {
+        control.SetFocus();
+        tests::Settle();
+    }
+
+    static void Paste(const QString& text) {
+        QGuiApplication::clipboard()->setText(text);
+        tests::Press(Qt::Key_V, Qt::ControlModifier);
+    }
+
+    /// The widget of a box that the mouse meets.
+    static QWidget* Surface(TextBox& box) {
+        auto* area = qobject_cast<QAbstractScrollArea*>(box.Widget());
+        return area ? area->viewport() : box.Widget();
+    }
+
+    static void Drop(TextBox& box, const QString& text) {
+        QMimeData data;
+        data.setText(text);
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(Surface(box), &enter);
+        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(Surface(box), &drop);
+        tests::Settle();
+    }
+
+    static bool OpensMenu(TextBox& box) {
+        QContextMenuEvent menu(QContextMenuEvent::Mouse, QPoint(5, 5),
+                               box.Widget()->mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(Surface(box), &menu);
+        QWidget* opened = QApplication::activePopupWidget();
+        if (opened) opened->close();
+        return opened != nullptr;
+    }
+
+    static void Wheel(QWidget& target) {
+        QWheelEvent wheel(QPointF(5, 5), target.mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, -120),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&target, &wheel);
+    }
+
+    std::string Told() { return std::exchange(told, {}).join(u' ').toStdString(); }
+
     tests::Script script;
     QWidget form;
-    QVBoxLayout layout(&form);
-    LineBox a, b;
+    LineBox line;
+    RowsBox rows{3};
     ComboBox combo;
     DTPicker date;
-    RowsBox rows(3);
-    a.setObjectName(u"a"_s), b.setObjectName(u"b"_s), combo.setObjectName(u"combo"_s),
-        date.setObjectName(u"date"_s);
-    rows.setObjectName(u"rows"_s);
-    for (QWidget* w : {(QWidget*)&a, (QWidget*)&combo, (QWidget*)&date, (QWidget*)&rows, (QWidget*)&b})
-        layout.addWidget(w);
-    auto enter = [](KeyPress& key) {
+    CheckBox check{u"已出货"_s};
+    Button button{u"确  定"_s};
+    QStringList told;
+};
+
+TEST_F(Boxes, AKeyReachesTheFormFirst) {
+    auto onKey = [](KeyPress& key) {
         if (key.key == Qt::Key_Return) SendKeys(u"{TAB}"_s);
+        if (key.text == u"x") key.taken = true;
+        if (key.text == u"y") key.text.clear();
         key.text = key.text.toUpper();
     };
-    a.KeyPressed = enter, combo.KeyPressed = enter, date.KeyPressed = enter, rows.KeyPressed = enter;
-    QStringList told;
-    a.GotFocus = [&] { told << u"+a"_s; };
-    a.LostFocus = [&] { told << u"-a"_s; };
-    combo.GotFocus = [&] { told << u"+combo"_s; };
-    tests::Show(form);
-    a.SetFocus();
-    tests::Type(u"kv"_s);
-    EXPECT_EQ(a.Text(), u"KV"_s);
-    for (const auto& next : {u"combo"_s, u"date"_s, u"rows"_s, u"b"_s}) {
+    line.KeyPressed = onKey;
+    rows.KeyPressed = onKey;
+    combo.KeyPressed = onKey;
+    date.KeyPressed = onKey;
+    check.KeyPressed = onKey;
+    Enter(line);
+    tests::Type(u"kxvy1"_s);
+    EXPECT_EQ(line.Text(), u"KV1"_s);
+    tests::Press(Qt::Key_Return);
+    tests::Type(u"abx"_s);
+    EXPECT_EQ(rows.Text(), u"AB"_s);
+    tests::Press(Qt::Key_Return);
+    EXPECT_EQ(rows.Text(), u"AB"_s) << "Enter inserts nothing";
+    tests::Type(u"hy"_s);
+    EXPECT_EQ(combo.Text(), u"H"_s);
+    for (const auto& next : {u"date"_s, u"check"_s, u"button"_s}) {
         tests::Press(Qt::Key_Return);
-        EXPECT_EQ(tests::FocusName().toStdString(), next.toStdString());
+        EXPECT_EQ(tests::FocusName(), next);
     }
-    EXPECT_EQ(told, (QStringList{u"+a"_s, u"-a"_s, u"+combo"_s}));
 }
+
+TEST_F(Boxes, AHandlerMayTakeTheBoxAway) {
+    auto* passing = new LineBox;
+    Add(*passing, u"passing"_s);
+    passing->KeyPressed = [&](KeyPress&) { delete passing; };
+    tests::Settle();
+    Enter(*passing);
+    tests::Type(u"a"_s);
+    SUCCEED();
+}
+
+TEST_F(Boxes, LengthLimitsCountCharacters) {
+    const struct {
+        QString typed, kept;
+    } cases[] = {{u"一二三四五"_s, u"一二三四"_s},
+                 {u"abcde"_s, u"abcd"_s},
+                 {u"👍👍👍"_s, u"👍👍"_s},
+                 {u"abc👍"_s, u"abc"_s}};  // never half a character
+    for (TextBox* box : {static_cast<TextBox*>(&line), static_cast<TextBox*>(&rows)}) {
+        box->SetMaxLength(4);
+        for (const auto& c : cases) {
+            box->SetText(QString());
+            Enter(*box);
+            Paste(c.typed);
+            EXPECT_EQ(box->Text(), c.kept);
+            box->SetText(c.typed.left(3));
+            EXPECT_EQ(box->Text().size(), c.typed.left(3).size());
+        }
+        box->SetText(QString());
+        tests::Type(u"一二三四五六"_s);
+        EXPECT_EQ(box->Text(), u"一二三四"_s);
+    }
+}
+
+TEST_F(Boxes, AnyTextOfAnyLength) {
+    const QString texts[] = {QString(10000, u'快'), u"a\u00a0b \u200b\u202e"_s, u"𠀀🚚é"_s, u"  x  "_s,
+                             u"it's \"\\ %1"_s};
+    for (TextBox* box : {static_cast<TextBox*>(&line), static_cast<TextBox*>(&rows)})
+        for (const QString& text : texts) {
+            box->SetText(text);
+            EXPECT_EQ(box->Text(), text);
+        }
+    for (const QString& text : texts) {
+        combo.SetText(text);
+        EXPECT_EQ(combo.Text(), text);
+    }
+}
+
+TEST_F(Boxes, WhatIsPastedIsTidied) {
+    Enter(line);
+    Paste(u"一\t二\r\n三\n四"_s);
+    EXPECT_EQ(line.Text(), u"一 二 三 四"_s);
+    tests::Press(Qt::Key_Home);
+    tests::Press(Qt::Key_Right);
+    Paste(u"\t"_s);
+    tests::Type(u"x"_s);
+    EXPECT_EQ(line.Text(), u"一 x 二 三 四"_s) << "the cursor stays behind what was pasted";
+    Enter(combo);
+    Paste(u"HY01\t环洋"_s);
+    EXPECT_EQ(combo.Text(), u"HY01 环洋"_s);
+    Enter(rows);
+    Paste(u"一\t二\n三"_s);
+    EXPECT_EQ(rows.Text(), u"一 二\n三"_s) << "rows keep their line breaks";
+}
+
+TEST_F(Boxes, ChangeIsToldOncePerChange) {
+    line.SetText(u"张三"_s);
+    line.SetText(u"张三"_s);
+    rows.SetText(u"早班"_s);
+    rows.SetText(u"早班"_s);
+    EXPECT_EQ(Told(), "line rows");
+    Enter(line);
+    Paste(u"a\tb"_s);
+    EXPECT_EQ(Told(), "line") << "the tidying is no change of its own";
+    combo.SetText(u"x"_s);
+    date.SetValue(QDate(2024, 3, 15));
+    check.SetValue(1);
+    EXPECT_EQ(Told(), "") << "these tell the operator's changes only";
+}
+
+TEST_F(Boxes, ALockedBoxTakesNothingButTheFocus) {
+    for (TextBox* box : {static_cast<TextBox*>(&line), static_cast<TextBox*>(&rows)}) {
+        box->SetText(u"旧"_s);
+        box->SetLocked(true);
+        Enter(*box);
+        EXPECT_TRUE(box->Widget()->hasFocus());
+        tests::Type(u"x"_s);
+        Paste(u"新"_s);
+        Drop(*box, u"新"_s);
+        EXPECT_FALSE(OpensMenu(*box));
+        EXPECT_EQ(box->Text(), u"旧"_s);
+        box->SetLocked(false);
+        Drop(*box, u"新"_s);
+        EXPECT_TRUE(box->Text().contains(u"新"_s));
+        EXPECT_TRUE(OpensMenu(*box));
+    }
+}
+
+TEST_F(Boxes, ABoxThatSendsTheOperatorAwayTakesNothing) {
+    Enter(button);
+    for (TextBox* box : {static_cast<TextBox*>(&line), static_cast<TextBox*>(&rows)}) {
+        box->SetText(u"旧"_s);
+        box->GotFocus = [this] { button.SetFocus(); };
+        Drop(*box, u"新"_s);
+        EXPECT_TRUE(button.hasFocus());
+        QTest::mouseClick(Surface(*box), Qt::RightButton);
+        EXPECT_FALSE(OpensMenu(*box));
+        tests::Settle();
+        EXPECT_EQ(box->Text(), u"旧"_s);
+        EXPECT_TRUE(button.hasFocus());
+    }
+}
+
+TEST_F(Boxes, AMaskedBoxShowsStars) {
+    line.SetText(u"秘密1"_s);
+    line.SetMasked(true);
+    EXPECT_EQ(line.displayText(), u"***"_s);
+    EXPECT_EQ(line.Text(), u"秘密1"_s);
+    rows.SetText(u"秘密"_s);
+    rows.SetMasked(true);
+    Enter(rows);
+    QGuiApplication::clipboard()->clear();
+    rows.selectAll();
+    rows.copy();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QString());
+}
+
+TEST_F(Boxes, AProposedValueIsReadyToBeTypedOver) {
+    line.SetText(u"旧"_s);
+    Enter(line);
+    line.SetText(u"1086.5"_s);  // as a computation on entering does
+    tests::Type(u"9"_s);
+    EXPECT_EQ(line.Text(), u"9"_s);
+    line.SetText(u"9.50"_s);  // while he types
+    tests::Type(u"7"_s);
+    EXPECT_EQ(line.Text(), u"97.50"_s);
+}
+
+TEST_F(Boxes, AComboIsFilledWithoutChoosing) {
+    for (const auto& item : {u"A"_s, u"b"_s, u"A"_s, u"C"_s}) combo.AddItem(item);
+    EXPECT_EQ(combo.Text(), QString());
+    EXPECT_EQ(combo.ListIndex(), -1);
+    EXPECT_EQ(Told(), "");
+    combo.SetListIndex(2);
+    EXPECT_EQ(combo.ListIndex(), 0) << "the first item equal to the text";
+    combo.SetListIndex(2);
+    combo.SetListIndex(-1);
+    EXPECT_EQ(Told(), "chosen:A chosen:A chosen:");
+    combo.SetText(u"a"_s);
+    EXPECT_EQ(combo.ListIndex(), -1) << "case counts";
+    EXPECT_THROW(combo.SetListIndex(4), RuntimeError);
+    EXPECT_THROW(combo.SetListIndex(-2), RuntimeError);
+    combo.SetText(u"C"_s);
+    combo.Clear();
+    EXPECT_EQ(combo.Text(), QString());
+    EXPECT_EQ(combo.ListCount(), 0);
+    combo.SetText(u"纽约"_s);
+    combo.AddItem(u"伦敦"_s);
+    EXPECT_EQ(combo.Text(), u"纽约"_s) << "what was typed survives a new list";
+}
+
+TEST_F(Boxes, AComboKeepsWhatIsTyped) {
+    combo.AddItem(u"HY01.环洋"_s);
+    Enter(combo);
+    tests::Type(u"hy"_s);
+    EXPECT_EQ(combo.Text(), u"hy"_s) << "nothing is completed";
+    combo.SetText(u"hy01.环洋"_s);
+    tests::Press(Qt::Key_Return);
+    tests::Press(Qt::Key_Tab);
+    EXPECT_EQ(combo.Text(), u"hy01.环洋"_s) << "nor replaced by an item of another case";
+    EXPECT_EQ(combo.ListCount(), 1);
+    Wheel(combo);
+    EXPECT_EQ(combo.Text(), u"hy01.环洋"_s);
+    EXPECT_EQ(Told(), "typed typed");
+}
+
+TEST_F(Boxes, ComboItemsAreChosenByKeys) {
+    for (const auto& item : {u"一"_s, u"二"_s, u"二"_s, u"三"_s}) combo.AddItem(item);
+    Enter(combo);
+    tests::Press(Qt::Key_Down);
+    tests::Press(Qt::Key_Down);
+    tests::Press(Qt::Key_Down);
+    tests::Press(Qt::Key_Down);
+    tests::Press(Qt::Key_Down);  // at the end already
+    tests::Press(Qt::Key_Up);
+    EXPECT_EQ(Told(), "chosen:一 chosen:二 chosen:二 chosen:三 chosen:二");
+    for (const auto& [key, modifiers] :
+         {std::pair{Qt::Key_Down, Qt::AltModifier}, {Qt::Key_F4, Qt::NoModifier}}) {
+        combo.SetText(u"三"_s);
+        tests::Press(key, modifiers);
+        ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+        EXPECT_EQ(combo.Text(), u"三"_s) << "opening chooses nothing";
+        tests::Press(Qt::Key_Return);
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+        EXPECT_EQ(Told(), "chosen:三") << "the list opens at the text, and the same item counts as chosen";
+    }
+    combo.SetText(u"无此项"_s);
+    combo.showPopup();
+    tests::Press(Qt::Key_Escape);
+    EXPECT_EQ(combo.Text(), u"无此项"_s);
+    EXPECT_EQ(Told(), "");
+}
+
+TEST_F(Boxes, DatesAreTypedDigitByDigit) {
+    date.SetValue(QDate(2024, 11, 24));
+    Enter(date);
+    tests::Type(u"20250307"_s);
+    EXPECT_EQ(date.Value(), QDate(2025, 3, 7));
+    tests::Press(Qt::Key_Up);
+    EXPECT_EQ(date.Value(), QDate(2025, 3, 8));
+    EXPECT_EQ(date.text(), u"2025-03-08"_s);
+    Told();
+    Wheel(date);
+    date.SetValue(QDate());
+    EXPECT_EQ(date.Value(), QDate(2025, 3, 8));
+    EXPECT_EQ(Told(), "");
+    for (const auto& [key, modifiers] :
+         {std::pair{Qt::Key_Down, Qt::AltModifier}, {Qt::Key_F4, Qt::NoModifier}}) {
+        tests::Press(key, modifiers);
+        ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+        EXPECT_EQ(date.calendarWidget()->selectedDate(), QDate(2025, 3, 8));
+        tests::Press(Qt::Key_Escape);
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    }
+}
+
+TEST_F(Boxes, AHalfTypedDateIsFinishedBeforeTheFormReadsIt) {
+    date.SetValue(QDate(2024, 11, 24));
+    QDate seen;
+    date.KeyPressed = [&](KeyPress& key) {
+        if (key.key == Qt::Key_Return) seen = date.Value();
+    };
+    Enter(date);
+    tests::Type(u"2025"_s);
+    tests::Type(u"3"_s);
+    tests::Press(Qt::Key_Return);
+    EXPECT_EQ(seen, QDate(2025, 3, 24));
+    EXPECT_EQ(date.text(), u"2025-03-24"_s);
+}
+
+TEST_F(Boxes, ChecksAndButtons) {
+    Enter(check);
+    tests::Press(Qt::Key_Space);
+    tests::Click(check);
+    EXPECT_EQ(Told(), "check:1") << "a click beside mark and text does nothing";
+    QTest::mouseClick(&check, Qt::LeftButton, Qt::NoModifier, QPoint(6, check.height() / 2));
+    EXPECT_EQ(Told(), "check:0");
+    Enter(button);
+    tests::Press(Qt::Key_Return);
+    tests::Press(Qt::Key_Enter, Qt::KeypadModifier);
+    tests::Press(Qt::Key_Space);
+    EXPECT_EQ(Told(), "pressed pressed pressed");
+    button.setEnabled(false);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_EQ(Told(), "");
+}
+
+TEST_F(Boxes, ArrowCaptionsStayTheButtonsValue) {
+    button.SetCaption(u"5"_s);
+    EXPECT_EQ(button.Caption(), u"5"_s);
+    const QImage up = button.grab().toImage();
+    button.SetCaption(u"6"_s);
+    EXPECT_NE(button.grab().toImage(), up);
+    EXPECT_NE(button.accessibleName(), QString()) << "a screen reader would say the digit";
+}
+
+TEST_F(Boxes, CaptionsNameTheirBoxes) {
+    const QLabel* caption = MakeCaption(u"Shipper'Company："_s, &line, &form);
+    EXPECT_EQ(caption->text(), u"Shipper'Company："_s);
+    EXPECT_EQ(caption->buddy(), &line);
+    EXPECT_EQ(line.accessibleName(), u"Shipper'Company"_s);
+}
+
+TEST_F(Boxes, TabsTellAnotherSelection) {
+    TabStrip tabs({u"列表"_s, u"资料"_s});
+    Add(tabs, u"TabS"_s);
+    tabs.Click = [&] { told << QString::number(tabs.SelectedItem()); };
+    tests::Settle();
+    EXPECT_EQ(tabs.SelectedItem(), 1);
+    tabs.SelectItem(1);
+    tabs.SelectItem(2);
+    tabs.SelectItem(7);
+    EXPECT_EQ(Told(), "2");
+    QTest::mouseClick(&tabs, Qt::LeftButton, Qt::NoModifier, tabs.tabRect(0).center());
+    Wheel(tabs);
+    EXPECT_EQ(Told(), "1");
+    Enter(button);
+    tabs.SetTabStop(false);
+    tests::Press(Qt::Key_Tab);
+    EXPECT_EQ(tests::FocusName(), u"line"_s);
+}
+
+}  // namespace

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QMenu>
+#include <QPointer>
 #include <QTest>
 
 #include <deque>
@@ -34,12 +35,21 @@ QWidget* NeedTarget() {
     return target;
 }
 
+/// Without a window manager nobody makes a window active again when a menu over it has been destroyed.
+void KeepActive() {
+    static QPointer<QWidget> last;
+    if (QWidget* active = QApplication::activeWindow()) last = active;
+    if (QApplication::activeWindow() || QApplication::activePopupWidget()) return;
+    if (last && last->isVisible()) last->activateWindow();
+}
+
 }  // namespace
 
 void Settle() {
     // What is posted may post again; a handful of rounds is far more than any chain in the program.
     for (int round = 0; round < 6; ++round) {
         QCoreApplication::processEvents();
+        KeepActive();
         controls::FocusTracker::Get().Settle();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }

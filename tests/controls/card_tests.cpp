@@ -1,0 +1,171 @@
+// The layout grammar: where boxes of a card start and end, and what covers what.
+#include "platform/controls/box.h"
+#include "platform/controls/look.h"
+#include "platform/controls/modal_form.h"
+#include "tests/support/gui.h"
+
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace controls;
+
+namespace {
+
+constexpr auto L = Card::Half::Left;
+constexpr auto R = Card::Half::Right;
+
+struct Placed {
+    Card::Half half;
+    int row, pair, span;
+};
+
+/// As many groups and rows as the largest card of the program has.
+class Cards : public testing::Test {
+  protected:
+    LineBox* Put(const Placed& at) {
+        auto* box = new LineBox(&card);
+        card.Field(at.half, at.row, at.pair, at.span, MakeCaption(u"说明"_s, box, &card), box);
+        return box;
+    }
+
+    void Fill() {
+        for (const int rows : {1, 2, 4, 2, 2, 1, 2}) {
+            card.Group(u"左"_s, u"右"_s);
+            for (int row = 0; row < rows; ++row)
+                for (const auto half : {L, R})
+                    for (int pair = 0; pair < 3; ++pair) boxes.push_back(Put({half, row, pair, 1}));
+        }
+        card.Finish();
+    }
+
+    Card card;
+    std::vector<LineBox*> boxes;
+};
+
+TEST_F(Cards, TheLargestCardFitsTheSmallestScreens) {
+    Fill();
+    // Less menu bar, tabs and status bar: 1366x768, and 1280x720, which is a 1920x1080 screen at 150 %.
+    for (const QSize page : {QSize(1366, 645), QSize(1280, 597)}) {
+        card.resize(page);
+        tests::Show(card);
+        EXPECT_LE(card.minimumSizeHint().height(), page.height());
+        EXPECT_LE(card.minimumSizeHint().width(), page.width());
+        for (const LineBox* box : boxes) {
+            EXPECT_EQ(box->height(), 24);
+            EXPECT_GE(box->width(), 72);
+            EXPECT_TRUE(card.rect().contains(box->geometry()));
+        }
+        card.hide();
+    }
+}
+
+TEST_F(Cards, BoxesShareTheirEdgesAndAreBlindToTheirContent) {
+    card.Group(u"甲"_s);
+    LineBox* one = Put({L, 0, 0, 1});
+    LineBox* two = Put({L, 0, 1, 1});
+    LineBox* three = Put({L, 0, 2, 1});
+    LineBox* wide = Put({L, 1, 1, 2});
+    LineBox* whole = Put({L, 2, 0, 3});
+    LineBox* mirror = Put({R, 0, 0, 1});
+    auto* alone = new LineBox(&card);
+    card.Field(R, 1, 0, 1, nullptr, alone);
+    card.Finish();
+    card.resize(1366, 600);
+    tests::Show(card);
+    EXPECT_EQ(one->x(), 16 + 128);
+    EXPECT_EQ(wide->x(), two->x());
+    EXPECT_EQ(wide->geometry().right(), three->geometry().right());
+    EXPECT_EQ(whole->x(), one->x());
+    EXPECT_EQ(whole->geometry().right(), three->geometry().right());
+    EXPECT_EQ(mirror->width(), one->width());
+    EXPECT_EQ(alone->x(), mirror->x()) << "without a caption it stands under the others";
+    EXPECT_EQ(wide->y() - one->y(), 32);
+    const QRect before = one->geometry();
+    one->SetText(QString(500, u'宽'));
+    tests::Settle();
+    EXPECT_EQ(one->geometry(), before);
+}
+
+TEST_F(Cards, ACoveredBoxIsNoStop) {
+    card.Group(u"甲"_s);
+    LineBox* before = Put({L, 0, 0, 1});
+    LineBox* box = Put({L, 0, 1, 1});
+    LineBox* after = Put({L, 0, 2, 1});
+    auto* combo = new ComboBox(&card);
+    card.Over(box, combo);
+    card.Finish();
+    card.resize(1366, 600);
+    QWidget::setTabOrder(before, box);
+    QWidget::setTabOrder(box, combo);
+    QWidget::setTabOrder(combo, after);
+    tests::Show(card);
+    EXPECT_FALSE(box->isVisible());
+    EXPECT_EQ(combo->accessibleName(), u"说明"_s);
+    before->SetFocus();
+    tests::Press(Qt::Key_Tab);
+    EXPECT_TRUE(combo->hasFocus());
+    tests::Press(Qt::Key_Tab);
+    EXPECT_TRUE(after->hasFocus());
+    const QRect place = combo->geometry();
+    combo->hide();
+    tests::Settle();
+    EXPECT_TRUE(box->isVisible());
+    EXPECT_EQ(box->geometry(), place);
+    before->SetFocus();
+    tests::Press(Qt::Key_Tab);
+    EXPECT_TRUE(box->hasFocus());
+    combo->show();
+    tests::Settle();
+    EXPECT_FALSE(box->isVisible());
+}
+
+TEST_F(Cards, ACoverThatIsHiddenBeforeTheCardIsShownLeavesTheBox) {
+    card.Group(u"甲"_s);
+    LineBox* early = Put({L, 0, 0, 1});
+    LineBox* late = Put({L, 0, 1, 1});
+    ComboBox first(&card), second(&card);
+    first.hide();
+    card.Over(early, &first);
+    card.Over(late, &second);
+    second.hide();
+    tests::Show(card);
+    EXPECT_TRUE(early->isVisible());
+    EXPECT_TRUE(late->isVisible());
+}
+
+TEST(NarrowCards, StandInTheLeftHalfOrFillADialog) {
+    for (const bool dialog : {false, true}) {
+        std::unique_ptr<QWidget> window;
+        if (dialog)
+            window = std::make_unique<ModalForm>(u"S03"_s, u"密码修改"_s, nullptr);
+        else
+            window = std::make_unique<QWidget>();
+        QVBoxLayout layout(window.get());
+        NarrowCard card;
+        layout.addWidget(&card);
+        card.Title(u"外务员"_s);
+        LineBox name;
+        RowsBox note(3);
+        card.Field(MakeCaption(u"姓 名"_s, &name, &card), &name, 1);
+        card.Field(MakeCaption(u"备 注"_s, &note, &card), &note);
+        card.Finish();
+        window->resize(dialog ? 372 : 1366, 300);
+        tests::Show(*window);
+        EXPECT_LE(card.width(), window->width());
+        EXPECT_EQ(note.height(), 72);
+        EXPECT_EQ(note.y() - name.y(), 32);
+        if (dialog) {
+            EXPECT_EQ(name.width(), note.width());
+            EXPECT_GT(name.width(), 200);
+        } else {
+            EXPECT_LT(name.width(), note.width());
+            EXPECT_LT(note.geometry().right(), card.width() / 2);
+        }
+        layout.removeWidget(&card);
+        card.setParent(nullptr);
+    }
+}
+
+}  // namespace
