@@ -1,7 +1,7 @@
 // The waybill's card: where its boxes stand, how they are filled, what the operator may see.
 #include "app/data_access.h"
 #include "app/session.h"
-#include "platform/controls/keys.h"
+#include "platform/controls/wait.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 #include "waybills/customer_charge.h"
@@ -349,7 +349,7 @@ void B01::EnterBasicCharge() {
     }
     auto& box = *Txt[BasicCharge];
     box.SetLocked(true);
-    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const controls::WaitPointer waiting;
     const Computed charge = ComputeCustomerCharge(*Db, {.customer = Combo(CustomerCode).Text(),
                                                         .zone = Combo(ServiceZoneCode).Text(),
                                                         .weight = BoxText(ReceivedWeight),
@@ -359,7 +359,6 @@ void B01::EnterBasicCharge() {
     else
         sys::MsgBox(charge.box);
     box.SetLocked(false);
-    QApplication::restoreOverrideCursor();
 }
 
 void B01::EnterTotal() {
