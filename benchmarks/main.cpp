@@ -16,6 +16,8 @@ int main(int argc, char** argv) {
         benchmarks::MeasureCharge(bench, company);
         benchmarks::MeasureChain(bench, company);
         benchmarks::MeasureDateRange(bench, company);
+        benchmarks::MeasureList(bench, company);
+        benchmarks::MeasureSave(bench, company);
         return bench.Failures() == 0 ? 0 : 1;
     } catch (const PlatformError& error) {
         std::fprintf(stderr, "%s\n", error.what());

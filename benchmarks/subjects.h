@@ -9,5 +9,7 @@ namespace benchmarks {
 void MeasureCharge(Bench& bench, MadeCompany& company);
 void MeasureChain(Bench& bench, MadeCompany& company);
 void MeasureDateRange(Bench& bench, MadeCompany& company);
+void MeasureList(Bench& bench, MadeCompany& company);
+void MeasureSave(Bench& bench, MadeCompany& company);
 
 }  // namespace benchmarks
