@@ -25,6 +25,7 @@ AboutUS::AboutUS(QWidget* over) : ModalForm(u"AboutUS"_s, u"关于本系统"_s, 
     auto* body = new QVBoxLayout;
     body->setContentsMargins(24, 18, 24, 18);
     auto* purpose = new QLabel(u"计价、开单、帐款与报表，一套系统完成。"_s);
+    body->setSpacing(10);
     body->addWidget(purpose);
     body->addLayout(dressing::ButtonRow({mail, site, back}));
     dressing::Stack(*this, *dressing::ProductHead(notice), body);

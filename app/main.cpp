@@ -1,4 +1,5 @@
 #include "app/product.h"
+#include "app/session.h"
 #include "app/wiring.h"
 #include "platform/controls/look.h"
 #include "platform/system/guard.h"
@@ -12,5 +13,7 @@ int main(int argc, char** argv) {
     app.setWindowIcon(controls::LookIcon(QStringLiteral("app")));
     std::unique_ptr<MForm> frame;
     sys::Guarded([&] { frame = StartUp(Wire(QCoreApplication::applicationDirPath())); });
-    return app.exec();
+    const int status = app.exec();
+    Db.reset();  // while everything that it hangs on is still there
+    return status;
 }

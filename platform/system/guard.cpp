@@ -33,13 +33,14 @@ class HookList {
     int last_ = 0;
 };
 
+// The two are never destroyed: a database that lives until the process ends takes its hooks out of them.
 HookList& CommandEnd() {
-    static HookList list;
+    static auto& list = *new HookList;
     return list;
 }
 
 HookList& ProgramEnd() {
-    static HookList list;
+    static auto& list = *new HookList;
     return list;
 }
 

@@ -1,0 +1,177 @@
+// Restoring: what a cancel, a good file, a wrong file and a failing copy leave behind, from the menu and at
+// the start.
+#include "admin/restore.h"
+#include "app/start_up.h"
+#include "platform/controls/box.h"
+#include "platform/system/guard.h"
+#include "schema/data_files.h"
+#include "schema/engine.h"
+#include "schema/names.h"
+#include "tests/app/frame_run.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace tests {
+namespace {
+
+const QString kDone = u"数据恢复完成，请重新运行本系统！"_s;
+const QString kDialog = u"恢复业务数据"_s;
+
+class RestoreRun : public FrameRun {
+  public:
+    RestoreRun() {
+        registry.modals[u"S32"_s] = [](QWidget* over) { S32(over).ShowModal(); };
+        Open();
+    }
+
+    void Show(std::function<void(QWidget& form)> drive) {
+        modals.Next(u"S32"_s, std::move(drive));
+        AltKey(u's');
+        AltKey(u'5');
+        Settle();
+    }
+
+    /// A backup that is told from the company's own by one courier.
+    QString Backup() {
+        const QString path = elsewhere.filePath(u"DataBak.dat"_s);
+        schema::MakeDatabase(path);
+        const auto engine = schema::OpenEngine(path, schema::kPassword);
+        schema::Run(engine.get(), "insert into M04 (F1,F2) values ('何立伟','')");
+        return path;
+    }
+
+    int Couriers() {
+        return schema::Number(schema::OpenEngine(company.File(), schema::kPassword).get(),
+                              "select count(*) from M04");
+    }
+
+    QTemporaryDir elsewhere;
+};
+
+void PressRestore() {
+    EXPECT_EQ(FocusName(), u"Command1");
+    Press(Qt::Key_Return);
+}
+
+QByteArray Content(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
+}
+
+TEST(Restore, GivingUpChangesNothing) {
+    RestoreRun run;
+    run.Show([&](QWidget& form) {
+        run.script.File(kDialog, QString());
+        PressRestore();
+        EXPECT_TRUE(form.isVisible());
+        EXPECT_TRUE(Db);
+        Press(Qt::Key_Tab);
+        EXPECT_EQ(FocusName(), u"Command2");
+        Press(Qt::Key_Return);
+        EXPECT_FALSE(form.isVisible());
+    });
+    EXPECT_FALSE(sys::HasEnded());
+    EXPECT_EQ(run.company.Answer(u"select F1 from TE1"_s), u"001") << "the session goes on";
+}
+
+TEST(Restore, PutsTheBackupInPlaceEvenInTheMiddleOfAnEdit) {
+    RestoreRun run;
+    EditInProgress = true;
+    run.company.Run(u"insert into M04 (F1,F2) VALUES ('甲','')"_s);
+    run.company.Run(u"insert into M04 (F1,F2) VALUES ('乙','')"_s);
+    run.script.File(kDialog, run.Backup());
+    run.script.Box(kDone, QString());
+    run.script.End(0);
+    run.Show([](QWidget&) { PressRestore(); });
+    EXPECT_TRUE(sys::HasEnded());
+    EXPECT_FALSE(Db);
+    EXPECT_EQ(run.Couriers(), 1);
+}
+
+TEST(Restore, NothingOfTheOldDatabaseIsPlayedIntoTheNewOne) {
+    RestoreRun run;
+    Db.reset();
+    for (const QString& side : {u"-wal"_s, u"-shm"_s, u"-journal"_s}) {
+        QFile file(run.company.File() + side);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("left over");
+    }
+    run.script.File(kDialog, run.Backup());
+    run.script.Box(kDone, QString());
+    run.script.End(0);
+    run.Show([](QWidget&) { PressRestore(); });
+    EXPECT_EQ(QDir(run.company.Folder()).entryList(QDir::Files), QStringList{u"tessik.dat"_s});
+    EXPECT_EQ(run.Couriers(), 1);
+}
+
+TEST(Restore, ACopyThatFailsReportsSuccessAllTheSameAndTheOldFileStays) {
+    for (const bool missing : {true, false}) {
+        RestoreRun run;
+        const QString backup = missing ? run.elsewhere.filePath(u"gone.dat"_s) : run.company.File();
+        run.company.Run(u"insert into M04 (F1,F2) VALUES ('甲','')"_s);
+        run.script.File(kDialog, backup);
+        run.script.Box(kDone, QString());
+        run.script.End(0);
+        run.Show([](QWidget&) { PressRestore(); });
+        EXPECT_EQ(run.Couriers(), 1) << "what the session had written is in it";
+    }
+}
+
+/// Starts the program over the folder with the real restore form.
+void Start(FrameRun& run, std::unique_ptr<MForm>& frame) {
+    StartUpParts parts{.folder = run.company.Folder(),
+                       .registry = {},
+                       .showLogin = [&](QWidget*) { run.log += u"login"_s; },
+                       .showRestore = [](QWidget* over) { S32(over).ShowModal(); }};
+    sys::Guarded([&] { frame = StartUp(parts); });
+}
+
+TEST(Restore, AtTheStartItMakesTheMissingFileAndTheNextStartOpensIt) {
+    RestoreRun run;
+    Db.reset();
+    QFile::remove(run.company.File());
+    std::unique_ptr<MForm> frame;
+
+    run.script.BoxContaining(u"程序启动错误!"_s);
+    run.script.File(kDialog, run.Backup());
+    run.script.Box(kDone, QString());
+    run.script.End(0);
+    run.modals.Next(u"S32"_s, [](QWidget&) { PressRestore(); });
+    Start(run, frame);
+    EXPECT_TRUE(run.script.Done());
+    EXPECT_TRUE(run.log.isEmpty());
+
+    sys::ForgetEnd();
+    Start(run, frame);
+    EXPECT_EQ(run.log, QStringList{u"login"_s});
+    EXPECT_EQ(run.Couriers(), 1);
+}
+
+TEST(Restore, AFileThatIsNoDatabaseIsCopiedAndTheNextStartFails) {
+    RestoreRun run;
+    const QString wrong = run.elsewhere.filePath(u"letter.dat"_s);
+    {
+        QFile file(wrong);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("no database");
+    }
+    run.script.File(kDialog, wrong);
+    run.script.Box(kDone, QString());
+    run.script.End(0);
+    run.Show([](QWidget&) { PressRestore(); });
+    EXPECT_EQ(Content(run.company.File()), "no database");
+
+    sys::ForgetEnd();
+    std::unique_ptr<MForm> frame;
+    run.script.BoxContaining(u"程序启动错误!"_s);
+    run.script.End(1);
+    run.modals.Next(u"S32"_s, [](QWidget& form) { Find<controls::Button>(form, u"Command2"_s).click(); });
+    Start(run, frame);
+    EXPECT_TRUE(sys::HasEnded());
+}
+
+}  // namespace
+}  // namespace tests

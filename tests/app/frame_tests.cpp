@@ -1,0 +1,306 @@
+// The main window: what its keys open, one instance of each form, the tool bar's refusals, its closing.
+#include "app/main_menu.h"
+#include "platform/errors.h"
+#include "platform/system/guard.h"
+#include "tests/app/frame_run.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+namespace tests {
+namespace {
+
+const QString kRefusal = u"对不起,您没有此权限!"_s;
+const QString kEditing = u"操作员正在编辑数据,请先[保存]数据或[取消]编辑!"_s;
+
+TEST(Frame, EveryItemOpensByItsKeys) {
+    FrameRun run;
+    run.Open();
+    const struct {
+        QStringView keys;
+        QStringView opens;  ///< what the log says
+    } rows[] = {
+        {u"a1", u"load A01|front A01 A01"},
+        {u"a2", u"load A011|front A011 A011"},
+        {u"a3", u"load A02|front A02 A02"},
+        {u"a4", u"load A030|front A030 A030"},
+        {u"a5", u"load A03|front A03 A03"},
+        {u"a6", u"load A04|front A04 A04"},
+        {u"a7", u"load A05|front A05 A05"},
+        {u"a8", u"load A06|front A06 A06"},
+        {u"b", u"load B01|front B01 B01"},
+        {u"c1", u"load C01|front C01 C01"},
+        {u"c2", u"load C02|front C02 C02"},
+        {u"c3", u"load C03|front C03 C03"},
+        {u"c4", u"load C04|front C04 C04"},
+        {u"c5", u"load C05|front C05 C05"},
+        {u"c6", u"load C06|front C06 C06"},
+        {u"d1", u"load zhLst 9|front zhLst 增加应付款"},
+        {u"d2", u"load zhLst -9|front zhLst 增加应收款"},
+        {u"d3", u"load PayLst 10|front PayLst 付款"},
+        {u"d4", u"load PayLst -10|front PayLst 收款"},
+        {u"d5", u"load KuanHz 10|front KuanHz 应付货款总帐"},
+        {u"d6", u"load KuanMx 10|front KuanMx 应付帐款明细"},
+        {u"d7", u"load KuanHz -10|front KuanHz 应收帐款总帐"},
+        {u"d8", u"load KuanMx -10|front KuanMx 应收帐款明细"},
+        {u"s1", u"modal S01"},
+        {u"s2", u"load S02|front S02 S02"},
+        {u"s3", u"modal S03"},
+        {u"s4", u"command Backup"},
+        {u"s5", u"modal S32"},
+        {u"h1", u"modal Login"},
+    };
+    for (const auto& row : rows) {
+        for (const QChar key : row.keys) AltKey(key.unicode());
+        EXPECT_EQ(run.TakeLog().join(u'|'), row.opens.toString()) << row.keys.toUtf8().constData();
+        const bool child = run.Frame().Front() != nullptr;
+        EXPECT_EQ(run.Frame().ToolBarShown(), !child);
+        if (child) AltKey(u'r');
+        EXPECT_EQ(run.Frame().Front(), nullptr);
+        EXPECT_TRUE(run.Frame().ToolBarShown());
+    }
+}
+
+TEST(Frame, TwoItemsShareAKeyAndItWalksFromOneToTheOther) {
+    FrameRun run;
+    run.Open();
+    for (const auto& [presses, opens] : {std::pair(1, u"modal S2"_s), std::pair(2, u"modal AboutUS"_s)}) {
+        AltKey(u'h');
+        for (int i = 0; i < presses; ++i) AltKey(u'2');
+        EXPECT_TRUE(run.log.isEmpty()) << "the key alone opens nothing";
+        Press(Qt::Key_Return);
+        EXPECT_EQ(run.TakeLog(), QStringList{opens});
+    }
+}
+
+TEST(Frame, WhatHasNotLandedIsDisabledAndSaysNothing) {
+    FrameRun run(false);
+    run.registry.children[u"A03"_s] = [&] { return std::make_unique<LogForm>(u"A03"_s, run.log, true); };
+    run.Open();
+    for (const MenuRow& row : MenuRows()) {
+        const bool opens = row.opens != Opens::Nothing && row.opens != Opens::Unload;
+        EXPECT_EQ(run.Frame().MenuItem(row.name.toString())->isEnabled(), !opens || row.target == u"A03")
+            << row.name.toUtf8().constData();
+    }
+    run.PressTool(u"d2"_s);  // a refusal here would be an unexpected box
+    AltKey(u'b');
+    EXPECT_EQ(run.Frame().Front(), nullptr);
+    run.PressTool(u"d1"_s);
+    EXPECT_NE(run.Frame().Child(u"A03"_s), nullptr);
+}
+
+TEST(Frame, TheSameItemTwiceKeepsOneInstance) {
+    FrameRun run;
+    run.Open();
+    run.Frame().MenuItem(u"Menu_A04"_s)->trigger();
+    const ChildForm* first = run.Frame().Front();
+    run.Frame().MenuItem(u"Menu_A04"_s)->trigger();
+    EXPECT_EQ(run.Frame().Front(), first);
+    EXPECT_EQ(run.TakeLog(), (QStringList{u"load A04"_s, u"front A04 A04"_s}));
+
+    AltKey(u'r');
+    run.Frame().MenuItem(u"Menu_A04"_s)->trigger();
+    EXPECT_EQ(run.TakeLog(), (QStringList{u"load A04"_s, u"front A04 A04"_s})) << "closed, it loads again";
+}
+
+TEST(Frame, AnOpenLedgerFormTakesTheOtherSideWithoutLoading) {
+    FrameRun run(true, false);
+    run.Open();
+    run.Frame().MenuItem(u"Menu_FK"_s)->trigger();
+    run.Frame().MenuItem(u"Menu_sk"_s)->trigger();
+    EXPECT_EQ(run.Frame().Front()->LB, -10);
+    EXPECT_EQ(run.Frame().Front()->windowTitle(), u"收款");
+    EXPECT_EQ(run.TakeLog().filter(u"load"_s), QStringList{u"load PayLst 10"_s});
+}
+
+TEST(Frame, AChildsBarTakesTheKeysOfTheFramesBar) {
+    FrameRun run;
+    run.Open();
+    run.Frame().MenuItem(u"Menu_A04"_s)->trigger();
+    Settle();
+    run.TakeLog();
+    EXPECT_EQ(run.BarInFront(), u"A04.bar");
+    EXPECT_EQ(FocusName(), u"A04.Txt");
+    AltKey(u'a');
+    EXPECT_EQ(run.TakeLog(), QStringList{u"A04 add"_s});
+    AltKey(u's');
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "the frame's menus are out of reach";
+    Press(Qt::Key_Alt);
+    EXPECT_EQ(run.BarInFront(), u"A04.bar");
+    Press(Qt::Key_Escape);
+    EXPECT_EQ(FocusName(), u"A04.Txt");
+}
+
+TEST(Frame, ClosingOneOfTwoShowsTheToolBarAndGoesBackToTheOther) {
+    FrameRun run;
+    run.Open();
+    run.Frame().ShowChild(u"A04"_s);
+    run.Frame().ShowChild(u"B01"_s);
+    run.Frame().SetPanel(4, u"共 3 条记录"_s);
+    run.TakeLog();
+    EXPECT_FALSE(run.Frame().ToolBarShown());
+    AltKey(u'r');
+    EXPECT_TRUE(run.Frame().ToolBarShown());
+    EXPECT_EQ(run.Frame().Panel(4), u"2024-03-15");
+    EXPECT_EQ(run.Frame().Front(), run.Frame().Child(u"A04"_s));
+    EXPECT_EQ(run.BarInFront(), u"A04.bar");
+    EXPECT_EQ(FocusName(), u"A04.Txt");
+    EXPECT_EQ(run.TakeLog(), QStringList{u"front A04 A04"_s});
+}
+
+TEST(Frame, ClosingTheOneBehindLeavesTheFrontAsItIs) {
+    FrameRun run;
+    run.Open();
+    run.Frame().ShowChild(u"A04"_s);
+    run.Frame().ShowChild(u"B01"_s);
+    run.TakeLog();
+    run.Frame().Child(u"A04"_s)->Unload();
+    Settle();
+    EXPECT_EQ(run.Frame().Child(u"A04"_s), nullptr);
+    EXPECT_EQ(run.BarInFront(), u"B01.bar");
+    EXPECT_TRUE(run.Frame().ToolBarShown());
+    EXPECT_TRUE(run.log.isEmpty());
+}
+
+TEST(Frame, AFormThatRefusesStaysAndOneThatReopensItselfIsNew) {
+    FrameRun run;
+    run.Open();
+    run.Frame().ShowChild(u"A04"_s);
+    run.Form(u"A04"_s).refuses = true;
+    AltKey(u'r');
+    EXPECT_NE(run.Frame().Child(u"A04"_s), nullptr);
+    EXPECT_FALSE(run.Frame().ToolBarShown());
+
+    run.Form(u"A04"_s).refuses = false;
+    run.TakeLog();
+    run.Frame().Child(u"A04"_s)->Unload();
+    run.Frame().ShowChild(u"A04"_s);  // before the old one is gone from memory
+    Settle();
+    EXPECT_EQ(run.TakeLog(), (QStringList{u"load A04"_s, u"front A04 A04"_s}));
+    AltKey(u'a');
+    EXPECT_EQ(run.TakeLog(), QStringList{u"A04 add"_s});
+}
+
+TEST(Frame, ALoadThatFailsLeavesNoFormBehind) {
+    FrameRun run(false);
+    run.registry.children[u"B01"_s] = [&] {
+        auto form = std::make_unique<LogForm>(u"B01"_s, run.log, true);
+        form->whenLoading = [] { throw RuntimeError(u"溢出"_s); };
+        return form;
+    };
+    run.Open();
+    run.script.BoxContaining(u"溢出"_s);
+    run.script.End(1);
+    AltKey(u'b');
+    EXPECT_TRUE(run.script.Done());
+    EXPECT_EQ(run.Frame().Child(u"B01"_s), nullptr);
+}
+
+TEST(Frame, ALoadMayCloseItsOwnForm) {
+    FrameRun run(false);
+    run.registry.children[u"B01"_s] = [&] {
+        auto form = std::make_unique<LogForm>(u"B01"_s, run.log, true);
+        form->whenLoading = [form = form.get()] { form->Unload(); };
+        return form;
+    };
+    run.Open();
+    AltKey(u'b');
+    EXPECT_EQ(run.Frame().Front(), nullptr);
+    EXPECT_TRUE(run.Frame().ToolBarShown());
+    EXPECT_EQ(run.TakeLog(), QStringList{u"load B01"_s});
+}
+
+TEST(ToolBar, AsksTheRightsAndRefusesOneButtonToEveryone) {
+    FrameRun run(true, false);
+    run.AddOperator(u"002"_s, u"张敏"_s, u""_s);
+    run.Open();
+    const struct {
+        QStringView key;
+        QStringView opens;
+    } buttons[] = {{u"d1", u"A03"}, {u"d2", u"B01"},    {u"d3", {}},
+                   {u"d4", u"C01"}, {u"fk", u"PayLst"}, {u"sk", u"PayLst"}};
+    for (const bool allowed : {true, false}) {
+        run.BecomeOperator(allowed ? u"001"_s : u"002"_s);
+        for (const auto& button : buttons) {
+            const bool opens = allowed && !button.opens.isEmpty();
+            if (!opens) run.script.Box(kRefusal, QString());
+            run.PressTool(button.key.toString());
+            EXPECT_TRUE(run.script.Done()) << button.key.toUtf8().constData();
+            const ChildForm* front = run.Frame().Front();
+            EXPECT_EQ(front ? front->objectName() : QString(), opens ? button.opens.toString() : QString());
+            if (front) run.Frame().Front()->Unload();
+        }
+    }
+    run.PressTool(u"quit"_s);
+    EXPECT_FALSE(run.Frame().isVisible());
+}
+
+TEST(ToolBar, TraditionalChineseShowsPicturesOnly) {
+    FrameRun run;
+    LangFlag = 2;
+    run.Open();
+    for (const ToolRow& row : ToolRows()) {
+        auto& button = Find<QAction>(run.Frame(), row.key.toString());
+        auto* widget =
+            qobject_cast<QToolButton*>(Find<QToolBar>(run.Frame(), u"TB"_s).widgetForAction(&button));
+        EXPECT_TRUE(button.text().isEmpty() && widget->text().isEmpty()) << row.key.toUtf8().constData();
+        EXPECT_FALSE(button.icon().isNull());
+        EXPECT_FALSE(widget->accessibleName().isEmpty()) << "a reader of the screen needs the word";
+    }
+    EXPECT_EQ(Find<QStatusBar>(run.Frame(), u"StB"_s).font().family(), u"Times New Romen");
+    EXPECT_EQ(run.Frame().Panel(2), u"操作员：");
+}
+
+TEST(Frame, APictureThatCannotBeReadLeavesTheBackgroundEmpty) {
+    for (const QByteArray& content :
+         {QByteArray(), QByteArray("\x89PNG\r\n\x1a\n broken"), QByteArray("no picture")}) {
+        FrameRun run;
+        if (!content.isEmpty()) {
+            QFile file(run.company.Folder() + u"syspic.dat"_s);
+            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+            file.write(content);
+        }
+        run.Open();  // a message would be an unexpected box
+        EXPECT_EQ(run.Frame().Panel(4), u"2024-03-15");
+    }
+}
+
+TEST(FrameClosing, IsRefusedWhileAnyFormIsEditing) {
+    FrameRun run;
+    run.Open();
+    run.Frame().ShowChild(u"A04"_s);
+    EditInProgress = true;
+    for (int way = 0; way < 3; ++way) {
+        run.script.Box(kEditing, u"提示"_s, sys::BoxIcon::Warning);
+        if (way == 0) run.Frame().close();
+        if (way == 1) run.Frame().MenuItem(u"Quit"_s)->trigger();
+        if (way == 2) run.PressTool(u"quit"_s);
+        EXPECT_TRUE(run.script.Done()) << way;
+        EXPECT_TRUE(run.Frame().isVisible());
+        EXPECT_TRUE(Db);
+        EXPECT_NE(run.Frame().Child(u"A04"_s), nullptr);
+    }
+}
+
+TEST(FrameClosing, ClosesTheDataAndThenThePagesWithoutAskingThem) {
+    FrameRun run;
+    run.Open();
+    run.Frame().ShowChild(u"A04"_s);
+    run.Form(u"A04"_s).refuses = true;  // only the frame's own question counts
+    run.company.Run(u"insert into M04 (F1,F2) VALUES ('何立伟','')"_s);
+    run.Frame().close();
+    EXPECT_FALSE(run.Frame().isVisible());
+    EXPECT_FALSE(Db);
+    EXPECT_EQ(run.Frame().Front(), nullptr);
+    EXPECT_EQ(QDir(run.company.Folder()).entryList(QDir::Files), QStringList{u"tessik.dat"_s})
+        << "one single file that can be copied";
+}
+
+}  // namespace
+}  // namespace tests

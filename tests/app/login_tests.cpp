@@ -1,0 +1,292 @@
+// The login: how the code gets into the box out of sight, every refusal, and what the rights open.
+#include "app/login.h"
+#include "platform/controls/box.h"
+#include "platform/system/guard.h"
+#include "tests/app/frame_run.h"
+
+#include <gtest/gtest.h>
+
+namespace tests {
+namespace {
+
+class LoginRun : public FrameRun {
+  public:
+    LoginRun() {
+        registry.modals[u"Login"_s] = [](QWidget* over) { Login(over).ShowModal(); };
+        OperatorCode.clear();
+        OperatorName.clear();
+    }
+
+    /// Shows the login from its menu; drive is what the operator does.
+    void Show(std::function<void(QWidget& form)> drive) {
+        modals.Next(u"Login"_s, std::move(drive));
+        Frame().MenuItem(u"Relogin"_s)->trigger();
+        Settle();
+    }
+
+    /// A whole login, all by keys: leaves the combo with the text, types the password, presses 确定.
+    static void Try(const QString& user, const QString& password) {
+        GoTo(u"cmbhu"_s);
+        TypeOver(user);
+        Press(Qt::Key_Return);
+        EXPECT_EQ(FocusName(), u"Txt(1)");
+        TypeOver(password);
+        Press(Qt::Key_Return);
+        Press(Qt::Key_Return);
+        EXPECT_EQ(FocusName(), u"Cmd(0)");
+        Press(Qt::Key_Return);
+    }
+
+    static void GoTo(const QString& control) {
+        for (int i = 0; i < 6 && FocusName() != control; ++i) Press(Qt::Key_Tab);
+        EXPECT_EQ(FocusName(), control);
+    }
+
+    static void TypeOver(const QString& text) {
+        Press(Qt::Key_A, Qt::ControlModifier);
+        Press(Qt::Key_Delete);
+        Type(text);
+    }
+
+    void LogIn(const QString& user, const QString& password) {
+        Show([&](QWidget&) { Try(user, password); });
+    }
+};
+
+QString Box(QWidget& form, const QString& name) {
+    return Find<controls::LineBox>(form, name).Text();
+}
+
+TEST(LoginForm, OpensWithTheDesignTextAndAnEmptyCode) {
+    LoginRun run;
+    run.AddOperator(u"002 "_s, u" 张敏 "_s, u"abC"_s);
+    run.Open();
+    run.Show([&](QWidget& form) {
+        auto& users = Find<controls::ComboBox>(form, u"cmbhu"_s);
+        EXPECT_EQ(users.Text(), u"001.管理员");
+        EXPECT_EQ(users.ListCount(), 2);
+        EXPECT_EQ(users.List(1), u"002.张敏");
+        EXPECT_EQ(Box(form, u"Txt(0)"_s) + Box(form, u"Txt(1)"_s), u"");
+        const auto& code = Find<controls::LineBox>(form, u"Txt(0)"_s);
+        EXPECT_FALSE(form.rect().intersects(code.geometry()));
+
+        QStringList stops;
+        for (int i = 0; i < 6; ++i) {
+            stops += FocusName();
+            Press(Qt::Key_Tab);
+        }
+        EXPECT_EQ(stops,
+                  (QStringList{u"Cmd(0)"_s, u"Cmd(1)"_s, u"cmbhu"_s, u"Txt(1)"_s, u"Txt(0)"_s, u"Cmd(0)"_s}));
+        LoginRun::Try(u"001"_s, QString());
+    });
+}
+
+TEST(LoginForm, RefusesWordForWordAndNeverLocks) {
+    LoginRun run;
+    run.AddOperator(u"002"_s, u"张敏"_s, u"abC "_s);
+    run.Open();
+    run.Show([&](QWidget& form) {
+        run.script.Box(u"请输入用户名!"_s, u"提示"_s);
+        Press(Qt::Key_Return);  // on 确定, the combo never entered
+        EXPECT_EQ(FocusName(), u"Txt(0)");
+
+        const struct {
+            QString user, password;
+            QString refusal;
+            QString focus;
+        } rows[] = {
+            {u""_s, u"abC "_s, u"请输入用户名!"_s, u"Txt(0)"_s},
+            {u"."_s, u"abC "_s, u"请输入用户名!"_s, u"Txt(0)"_s},
+            {u"009.张敏"_s, u"abC "_s, u"无效的用户名!"_s, u"Txt(0)"_s},
+            {u"张敏"_s, u"abC "_s, u"无效的用户名!"_s, u"Txt(0)"_s},
+            {u"x' or '1'='1"_s, u""_s, u"无效的用户名!"_s, u"Txt(0)"_s},
+            {u"002' or F1='001"_s, u""_s, u"无效的用户名!"_s, u"Txt(0)"_s},
+            {u"002.张敏"_s, u"abC"_s, u"密码输入错误!"_s, u"Txt(1)"_s},
+            {u"002.张敏"_s, u"ABC "_s, u"密码输入错误!"_s, u"Txt(1)"_s},
+            {u"002"_s, u""_s, u"密码输入错误!"_s, u"Txt(1)"_s},
+        };
+        for (const auto& row : rows) {
+            run.script.Box(row.refusal, u"提示"_s);
+            LoginRun::Try(row.user, row.password);
+            EXPECT_TRUE(run.script.Done()) << row.user.toStdString();
+            EXPECT_EQ(FocusName(), row.focus) << row.user.toStdString();
+            EXPECT_EQ(Box(form, u"Txt(1)"_s), row.focus == u"Txt(1)" ? QString() : row.password);
+            EXPECT_TRUE(form.isVisible());
+            EXPECT_TRUE(OperatorCode.isEmpty());
+        }
+        LoginRun::Try(u"002.张敏"_s, u"abC "_s);
+    });
+    EXPECT_EQ(OperatorCode, u"002");
+    EXPECT_EQ(OperatorName, u"张敏");
+    EXPECT_EQ(run.Frame().Panel(3), u"张敏");
+}
+
+TEST(LoginForm, ATextThatBreaksTheStatementIsToldAndRefused) {
+    LoginRun run;
+    run.Open();
+    run.Show([&](QWidget&) {
+        run.script.BoxContaining(u"GetStr执行错误!系统返回如下信息："_s);
+        run.script.Box(u"无效的用户名!"_s, u"提示"_s);
+        LoginRun::Try(u"0'1"_s, QString());
+        EXPECT_TRUE(run.script.Done());
+        LoginRun::Try(u"001"_s, QString());
+    });
+}
+
+TEST(LoginForm, OnlyLeavingTheComboFillsTheCode) {
+    LoginRun run;
+    run.Open();
+    const std::pair<QString, QString> texts[] = {{u"001.管理员"_s, u"001"_s},
+                                                 {u"  zhang "_s, u"zhang"_s},
+                                                 {u"a.b.c"_s, u"a"_s},
+                                                 {u".x"_s, u""_s},
+                                                 {u""_s, u""_s}};
+    run.Show([&](QWidget& form) {
+        for (const auto& [text, code] : texts) {
+            LoginRun::GoTo(u"cmbhu"_s);
+            const QString before = Box(form, u"Txt(0)"_s);
+            LoginRun::TypeOver(text);
+            EXPECT_EQ(Box(form, u"Txt(0)"_s), before) << "while it is being typed";
+            Press(Qt::Key_Return);
+            EXPECT_EQ(Box(form, u"Txt(0)"_s), code) << text.toStdString();
+        }
+        LoginRun::Try(u"001"_s, QString());
+    });
+}
+
+TEST(LoginForm, ControlSIsTheAdministratorWithoutTheCombo) {
+    LoginRun run;
+    run.company.Run(u"update TE1 set F3='geheim' where F1='001'"_s);
+    run.Open();
+    run.Show([&](QWidget& form) {
+        for (const QString& box : {u"Txt(0)"_s, u"Txt(1)"_s}) {
+            run.script.Box(u"密码输入错误!"_s, u"提示"_s);
+            LoginRun::GoTo(box);
+            Press(Qt::Key_S, Qt::ControlModifier);
+            EXPECT_TRUE(run.script.Done());
+            EXPECT_EQ(Box(form, u"Txt(0)"_s), u"001");
+        }
+        Type(u"geheim"_s);
+        Press(Qt::Key_S, Qt::ControlModifier);
+    });
+    EXPECT_EQ(OperatorCode, u"001");
+}
+
+TEST(LoginForm, NeitherEscNorClosingGetsPastIt) {
+    LoginRun run;
+    run.Open();
+    run.Show([&](QWidget& form) {
+        Press(Qt::Key_Escape);
+        form.close();  // what Alt+F4 asks of it
+        Settle();
+        EXPECT_TRUE(form.isVisible());
+        EXPECT_FALSE(form.windowFlags() & Qt::WindowCloseButtonHint);
+        LoginRun::Try(u"001"_s, QString());
+    });
+}
+
+TEST(LoginForm, ItsExitEndsTheProgramEvenInTheMiddleOfAnEdit) {
+    LoginRun run;
+    run.Open();
+    EditInProgress = true;
+    run.script.End(0);
+    run.Show([&](QWidget&) {
+        LoginRun::GoTo(u"Cmd(1)"_s);
+        Press(Qt::Key_Return);
+    });
+    EXPECT_TRUE(sys::HasEnded());
+    EXPECT_TRUE(Db) << "the data is not closed on this way out";
+}
+
+TEST(LoginForm, APasswordThatWasNeverSetIsEmpty) {
+    LoginRun run;
+    run.company.Run(u"insert into TE1 (F1,F2) VALUES ('003','周婷')"_s);
+    run.Open();
+    run.LogIn(u"003.周婷"_s, QString());
+    EXPECT_EQ(OperatorCode, u"003");
+}
+
+// ------------------------------------------------------------------------------------------------ rights
+
+/// Menus in sight and flags that are set, as one text.
+QString Granted(MForm& frame) {
+    QStringList granted;
+    for (const QString& menu :
+         {u"Menu_A"_s, u"Menu_b"_s, u"Menu_C"_s, u"Menu_S"_s, u"Menu_wanglai"_s, u"Menu_sl"_s})
+        if (frame.MenuVisible(menu)) granted += menu.mid(5);
+    if (CanEditReleased) granted += u"released"_s;
+    if (CanSeeFigures) granted += u"figures"_s;
+    if (CanEditLedger) granted += u"ledger"_s;
+    return granted.join(u' ');
+}
+
+TEST(Rights, EachFieldOpensItsOwn) {
+    LoginRun run;
+    const struct {
+        QString code;
+        QStringList fields;
+        QString granted;
+    } rows[] = {
+        {u"010"_s, {}, u"sl"_s},  // all null
+        {u"011"_s, {u"F60"_s}, u"A sl"_s},
+        {u"012"_s, {u"F61"_s}, u"b sl"_s},
+        {u"013"_s, {u"F62"_s}, u"C sl"_s},
+        {u"014"_s, {u"F63"_s}, u"S sl"_s},
+        {u"015"_s, {u"F67"_s}, u"wanglai sl"_s},
+        {u"016"_s, {u"F64"_s}, u"sl released"_s},
+        {u"017"_s, {u"F65"_s}, u"sl figures"_s},
+        {u"018"_s, {u"F66"_s}, u"sl ledger"_s},
+    };
+    for (const auto& row : rows) run.AddOperator(row.code, u"某"_s, QString(), row.fields);
+    run.company.Run({u"insert into TE1 (F1,F2,F67) VALUES ('019','某',7)"_s});
+    run.Open();
+    for (const auto& row : rows) {
+        run.LogIn(row.code, QString());
+        EXPECT_EQ(Granted(run.Frame()), row.granted) << row.code.toStdString();
+    }
+    run.LogIn(u"019"_s, QString());
+    EXPECT_EQ(Granted(run.Frame()), u"wanglai sl") << "the column keeps a list position too";
+    EXPECT_NE(run.Frame().MenuItem(u"Menu_wanglai"_s)->isVisible(),
+              run.Frame().MenuItem(u"Menu_A"_s)->isVisible());
+}
+
+TEST(Rights, TheAdministratorTakesOverAndTheAccountsMenuStaysAsItWas) {
+    LoginRun run;
+    run.AddOperator(u"002"_s, u"张敏"_s, QString());
+    run.Open();
+    run.LogIn(u"001"_s, QString());
+    EXPECT_EQ(Granted(run.Frame()), u"A b C S wanglai sl released figures ledger");
+    run.LogIn(u"002"_s, QString());
+    EXPECT_EQ(Granted(run.Frame()), u"sl");
+    run.LogIn(u"001"_s, QString());
+    EXPECT_EQ(Granted(run.Frame()), u"A b C S sl released figures ledger");
+}
+
+TEST(Rights, ANewLoginLeavesTheFormsAsTheyStand) {
+    LoginRun run;
+    run.AddOperator(u"002"_s, u"张敏"_s, QString());
+    run.Open();
+    ChildForm& form = run.Frame().ShowChild(u"A04"_s);
+    run.TakeLog();
+    run.LogIn(u"002"_s, QString());
+    EXPECT_EQ(run.Frame().Front(), &form);
+    EXPECT_TRUE(run.log.isEmpty());
+    EXPECT_EQ(FocusName(), u"A04.Txt") << "the keys go on where they were";
+}
+
+TEST(Rights, TheCaptionGainsTheCompanysName) {
+    const std::pair<QString, QString> rows[] = {{u"delete from CompanyInfo"_s, u""_s},
+                                                {u"update CompanyInfo set F1=null"_s, u""_s},
+                                                {u"update CompanyInfo set F1=''"_s, u""_s},
+                                                {u"update CompanyInfo set F1='示例速递'"_s, u"  示例速递"_s}};
+    for (const auto& [statement, gained] : rows) {
+        LoginRun run;
+        run.company.Run(statement);
+        run.Open();
+        run.LogIn(u"001"_s, QString());
+        EXPECT_EQ(run.Frame().windowTitle(), u"Korvane快递业务管理系统"_s + gained);
+    }
+}
+
+}  // namespace
+}  // namespace tests

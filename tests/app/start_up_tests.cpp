@@ -1,0 +1,196 @@
+// The start: what it leaves behind when all goes well, and the one way out when anything fails.
+#include "app/login.h"
+#include "app/main_window.h"
+#include "app/session.h"
+#include "app/start_up.h"
+#include "platform/errors.h"
+#include "platform/system/guard.h"
+#include "schema/data_files.h"
+#include "schema/engine.h"
+#include "schema/names.h"
+#include "tests/support/failing_vfs.h"
+#include "tests/support/gui.h"
+#include "tests/support/script.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace tests {
+namespace {
+
+class StartRun {
+  public:
+    StartRun() {
+        parts.folder = folder.path();
+        parts.showLogin = [this](QWidget*) { events += u"login"_s; };
+        parts.showRestore = [this](QWidget* over) {
+            events += over ? u"restore over the frame"_s : u"restore"_s;
+        };
+    }
+    ~StartRun() {
+        frame.reset();
+        Settle();
+        Db.reset();
+    }
+
+    QString File() const { return folder.filePath(schema::kDatabaseFile.toString()); }
+    void Start() {
+        sys::Guarded([&] { frame = StartUp(parts); });
+    }
+
+    Script script;
+    ModalScript modals;
+    QTemporaryDir folder;
+    StartUpParts parts;
+    QStringList events;
+    std::unique_ptr<MForm> frame;
+};
+
+void Write(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+TEST(StartUp, LeavesTheSessionReadyAndTheLoginOverTheFrame) {
+    StartRun run;
+    schema::MakeDatabase(run.File());
+    EditInProgress = true;
+    CanSeeFigures = false;
+    run.parts.showLogin = [&](QWidget* over) {
+        run.events += u"login over "_s + over->objectName();
+        EXPECT_TRUE(over->isVisible());
+        EXPECT_EQ(&TheFrame(), over);
+    };
+    run.Start();
+    EXPECT_EQ(run.events, QStringList{u"login over MForm"_s});
+    EXPECT_EQ(NumFormat, u"#0.00");
+    EXPECT_EQ(MsgTitle, u"提示");
+    EXPECT_FALSE(EditInProgress);
+    EXPECT_TRUE(CanSeeFigures);
+    EXPECT_EQ(run.frame->windowTitle(), u"Korvane快递业务管理系统");
+    EXPECT_EQ(run.frame->Panel(4), u"2024-03-15");
+    EXPECT_TRUE(Db);
+}
+
+TEST(StartUp, TheFolderEndsInExactlyOneSeparator) {
+    for (const QString& tail : {u""_s, u"/"_s}) {
+        StartRun run;
+        schema::MakeDatabase(run.File());
+        run.parts.folder += tail;
+        run.Start();
+        EXPECT_EQ(AppFolder, run.folder.path() + u'/');
+        EXPECT_EQ(DbFile, run.File());
+    }
+}
+
+TEST(StartUp, TheLocaleChoosesTheLanguageFlag) {
+    const std::pair<QString, int> locales[] = {{u"zh_CN"_s, 1}, {u"en_US"_s, 0}, {u"zh_TW"_s, 2},
+                                               {u"ja_JP"_s, 0}, {u"zh_HK"_s, 0}, {u"C"_s, 0}};
+    for (const auto& [locale, flag] : locales) {
+        StartRun run;
+        schema::MakeDatabase(run.File());
+        run.script.SetLocale(locale);
+        LangFlag = 9;
+        run.Start();
+        EXPECT_EQ(LangFlag, flag) << locale.toStdString();
+        EXPECT_EQ(MsgTitle, u"提示");
+    }
+}
+
+TEST(StartUp, WhateverFailsIsToldThenRestoreIsOfferedThenItEnds) {
+    FailingStorage storage;
+    schema::Engine holder;
+    const struct {
+        const char* name;
+        std::function<void(StartRun&)> prepare;
+        QStringView end = u"restore";
+    } rows[] = {
+        {"no file", [](StartRun&) {}},
+        {"no folder", [](StartRun& run) { run.parts.folder += u"/gone"_s; }},
+        {"empty file", [](StartRun& run) { Write(run.File(), {}); }},
+        {"no database", [](StartRun& run) { Write(run.File(), QByteArray(8192, 'x')); }},
+        {"damaged",
+         [](StartRun& run) {
+             schema::MakeDatabase(run.File());
+             QFile file(run.File());
+             ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+             file.seek(100);
+             file.write(QByteArray(200, '\x5a'));
+         }},
+        {"another password",
+         [](StartRun& run) {
+             const auto engine = schema::OpenEngine(run.File(), u"QXR7306");
+             schema::Run(engine.get(), "create table TE1 (F1 TEXT)");
+         }},
+        {"no password",
+         [](StartRun& run) {
+             const auto engine = schema::OpenEngine(run.File(), {});
+             schema::Run(engine.get(), "create table TE1 (F1 TEXT)");
+         }},
+        {"other tables",
+         [](StartRun& run) {
+             const auto engine = schema::OpenEngine(run.File(), schema::kPassword);
+             schema::Run(engine.get(), "create table notes (F1 TEXT)");
+         }},
+        {"read-only",
+         [&](StartRun& run) {
+             schema::MakeDatabase(run.File());
+             run.parts.vfs = u"failing"_s;
+             storage.RefuseWriting();
+         }},
+        {"locked",
+         [&](StartRun& run) {
+             schema::MakeDatabase(run.File());
+             holder = schema::OpenEngine(run.File(), schema::kPassword);
+             schema::Run(holder.get(), "begin exclusive");
+         }},
+        {"of a newer release",
+         [](StartRun& run) {
+             schema::MakeDatabase(run.File());
+             const auto engine = schema::OpenEngine(run.File(), schema::kPassword);
+             schema::Run(engine.get(), "pragma user_version = 9999");
+         }},
+        {"the login's load",
+         [](StartRun& run) {
+             const auto engine = schema::OpenEngine(run.File(), schema::kPassword);
+             schema::Run(engine.get(), "create table TE1 (F1 TEXT)");
+             schema::Run(engine.get(), "insert into TE1 values ('001')");
+             run.parts.showLogin = [](QWidget* over) { Login(over).ShowModal(); };
+         },
+         u"restore over the frame"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        StartRun run;
+        row.prepare(run);
+        run.script.BoxContaining(u"程序启动错误!系统返回如下信息：\r\r"_s);
+        run.script.End(1);
+        run.Start();
+        EXPECT_TRUE(run.script.Done());
+        EXPECT_TRUE(sys::HasEnded());
+        EXPECT_EQ(run.script.LastBox().title, u"Tessik Studio");
+        EXPECT_EQ(run.script.LastBox().icon, sys::BoxIcon::Warning);
+        EXPECT_TRUE(run.script.LastBox().text.startsWith(u"程序"));
+        EXPECT_GT(run.script.LastBox().text.size(), u"程序启动错误!系统返回如下信息：\r\r"_s.size());
+        EXPECT_EQ(run.events, QStringList{row.end.toString()});
+        storage.Heal();
+        holder.reset();
+    }
+}
+
+TEST(StartUp, NoFailureMakesADataFile) {
+    StartRun run;
+    run.script.BoxContaining(u"程序启动错误"_s);
+    run.script.End(1);
+    run.Start();
+    EXPECT_TRUE(QDir(run.folder.path()).isEmpty());
+}
+
+}  // namespace
+}  // namespace tests
