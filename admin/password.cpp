@@ -23,11 +23,7 @@ S2::S2(QWidget* over) : ModalForm(u"S2"_s, u"操作员修改密码"_s, over) {
         auto* box = new controls::LineBox(this);
         box->setObjectName(u"Txt(%1)"_s.arg(i));
         box->SetMasked(true);
-        box->KeyPressed = [](controls::KeyPress& key) {
-            if (key.key != Qt::Key_Return && key.key != Qt::Key_Enter) return;
-            key.taken = true;
-            controls::SendKeys(u"{TAB}"_s);
-        };
+        box->KeyPressed = controls::EnterMovesOn;
         auto* caption = controls::MakeCaption(kCaptions[i].toString(), box, this);
         caption->setObjectName(u"Lab(%1)"_s.arg(i));
         card->Field(caption, box);

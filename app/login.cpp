@@ -20,17 +20,6 @@ constexpr int kWidth = 372;
 constexpr int kOutOfSight = -4000;
 const QString kShownAtFirst = u"001.管理员"_s;
 
-bool IsEnter(const controls::KeyPress& key) {
-    return key.key == Qt::Key_Return || key.key == Qt::Key_Enter;
-}
-
-/// Enter moves on as Tab does.
-void EnterMovesOn(controls::KeyPress& key) {
-    if (!IsEnter(key)) return;
-    key.taken = true;
-    controls::SendKeys(u"{TAB}"_s);
-}
-
 }  // namespace
 
 Login::Login(QWidget* over)
@@ -52,7 +41,7 @@ Login::Login(QWidget* over)
     Build();
 
     cmbhu_->LostFocus = [this] { TakeCode(); };
-    cmbhu_->KeyPressed = EnterMovesOn;
+    cmbhu_->KeyPressed = controls::EnterMovesOn;
     code_->KeyPressed = [this](controls::KeyPress& key) { KeyInBox(key); };
     password_->KeyPressed = [this](controls::KeyPress& key) { KeyInBox(key); };
     ok_->Click = [this] { TryLogin(); };
@@ -113,7 +102,7 @@ void Login::KeyInBox(controls::KeyPress& key) {
         code_->SetText(u"001"_s);
         return TryLogin();
     }
-    EnterMovesOn(key);
+    controls::EnterMovesOn(key);
 }
 
 void Login::TryLogin() {

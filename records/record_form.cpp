@@ -257,9 +257,3 @@ controls::TextBox& RecordForm::MakeBox(const QString& caption, int maxLength, in
     Lab.push_back(label);
     return *box;
 }
-
-void RecordForm::EnterMovesOn(controls::KeyPress& key) {
-    if (key.key != Qt::Key_Return && key.key != Qt::Key_Enter) return;
-    key.taken = true;
-    controls::SendKeys(u"{TAB}"_s);
-}

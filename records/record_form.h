@@ -9,6 +9,7 @@
 #include "app/child_form.h"
 #include "platform/controls/box.h"
 #include "platform/controls/flex_grid.h"
+#include "platform/controls/keys.h"
 #include "platform/controls/tab_strip.h"
 #include "platform/system/seams.h"
 
@@ -111,8 +112,6 @@ class RecordForm : public ChildForm {
     /// In browsing state the boxes cannot be entered; Enter moves on. Returns the control for chaining.
     template <class Control>
     void WireBox(Control& control);
-    /// Enter acts as Tab.
-    static void EnterMovesOn(controls::KeyPress& key);
 
     controls::TabStrip* TabS;
     controls::FlexGrid* GD;
@@ -133,7 +132,7 @@ class RecordForm : public ChildForm {
 
 template <class Control>
 void RecordForm::WireBox(Control& control) {
-    control.KeyPressed = [](controls::KeyPress& key) { EnterMovesOn(key); };
+    control.KeyPressed = controls::EnterMovesOn;
     control.GotFocus = [this] {
         if (FormMode < Adding) TabS->SetFocus();
     };

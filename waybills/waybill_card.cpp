@@ -193,7 +193,7 @@ void B01::WireCard() {
     Txt[BasicCharge]->GotFocus = [this] { EnterBasicCharge(); };
     Txt[TotalCharge]->GotFocus = [this] { EnterTotal(); };
     Txt[ReleaseMark]->Change = [this] { MirrorRelease(); };
-    ChkChuHuo->KeyPressed = [](controls::KeyPress& key) { EnterMovesOn(key); };
+    ChkChuHuo->KeyPressed = controls::EnterMovesOn;
     ChkChuHuo->Click = [this] { ClickRelease(); };
 }
 

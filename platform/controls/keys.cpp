@@ -29,6 +29,12 @@ void SendKeys(const QString& keys) {
         Qt::QueuedConnection);
 }
 
+void EnterMovesOn(KeyPress& key) {
+    if (key.key != Qt::Key_Return && key.key != Qt::Key_Enter) return;
+    key.taken = true;
+    SendKeys(u"{TAB}"_s);
+}
+
 namespace {
 
 /// The toolkit runs the first of two commands with the same key, and minds neither which are disabled. Here

@@ -4,6 +4,8 @@
 // that can be used share a key, it walks through them and Enter takes one; a disabled command does not count.
 #pragma once
 
+#include "platform/controls/box.h"
+
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
@@ -15,6 +17,9 @@ namespace controls {
 
 /// Sends "{TAB}" to whatever has the focus, after the handler that asked for it. Other keys are not sent.
 void SendKeys(const QString& keys);
+
+/// What Enter does in nearly every box: it acts as Tab.
+void EnterMovesOn(KeyPress& key);
 
 /// A command: objectName is its name in the system, the caption with its "&" key; the handler is entered
 /// through the guard.
