@@ -6,6 +6,7 @@
 #include "app/product.h"
 #include "app/session.h"
 #include "app/wallpaper.h"
+#include "platform/controls/box.h"
 #include "platform/controls/keys.h"
 #include "platform/controls/look.h"
 #include "platform/errors.h"
@@ -49,7 +50,7 @@ QWidget* FirstStop(QWidget* page) {
 void FocusPage(QWidget* page) {
     QWidget* last = page->focusWidget();
     const bool usable = last && last->isVisibleTo(page) && last->isEnabled();
-    (usable ? last : FirstStop(page))->setFocus(Qt::OtherFocusReason);
+    controls::MoveFocus(usable ? last : FirstStop(page));
 }
 
 QString TodayText() {
