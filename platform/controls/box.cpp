@@ -23,6 +23,12 @@ namespace {
 constexpr int kRowHeight = 24;
 constexpr char16_t kPasswordCharacter = u'*';
 
+/// Never half of a rare character at the end.
+QString CutTo(const QString& text, int length) {
+    const bool half = text.size() > length && length > 0 && text[length].isLowSurrogate();
+    return text.left(half ? length - 1 : length);
+}
+
 }  // namespace
 
 void MoveFocus(QWidget* control) {
@@ -87,7 +93,7 @@ void LineBox::SetText(const QString& newText) {
     const bool all = hasFocus() && selectedText() == text();  // an empty box too
     const int cursor = hasFocus() ? cursorPosition() : 0;     // elsewhere a long text shows its beginning
     const QPointer<LineBox> alive(this);
-    setText(newText);
+    setText(CutTo(newText, maxLength()));
     if (!alive) return;
     setCursorPosition(cursor);
     if (all) selectAll();  // a proposed value is ready to be typed over
@@ -168,7 +174,7 @@ void RowsBox::Tell() {
 }
 
 void RowsBox::SetText(const QString& newText) {
-    setPlainText(newText.left(maxLength_));
+    setPlainText(CutTo(newText, maxLength_));
 }
 
 void RowsBox::SetLocked(bool locked) {

@@ -62,6 +62,7 @@ void PrepareBox(QWidget* box) {
 }
 
 Qt::Alignment PlaceOf(QWidget* box) {
+    if (qobject_cast<RowsBox*>(box)) return Qt::AlignTop;  // keeps the height of its rows
     if (qobject_cast<QCheckBox*>(box) || qobject_cast<QPushButton*>(box))
         return Qt::AlignLeft | Qt::AlignVCenter;
     return {};
@@ -135,7 +136,6 @@ void Card::TallField(Half half, int row, int rows, int pair, int span, QLabel* c
     state_->Use(state_->RowOf(row + rows - 1));
     PutCaption(state_->grid, caption, top, column);
     PrepareBox(box);
-    if (rows > 1) box->setFixedHeight(rows * kBoxHeight + (rows - 1) * kRowGap);
     state_->grid->addWidget(box, top, column + 1, 2 * rows - 1, 2 * span - 1, PlaceOf(box));
 }
 
