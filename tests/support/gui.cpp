@@ -1,12 +1,11 @@
 #include "tests/support/gui.h"
 
-#include "platform/controls/box.h"
 #include "platform/controls/focus_tracker.h"
 #include "platform/controls/modal_form.h"
 #include "platform/system/guard.h"
+#include "tests/support/keyboard.h"
 
 #include <QApplication>
-#include <QMenu>
 #include <QPointer>
 #include <QTest>
 
@@ -19,18 +18,9 @@ using namespace Qt::StringLiterals;
 namespace tests {
 namespace {
 
-/// Where a key of the operator goes: an open menu or list, else what has the focus.
-QWidget* KeyTarget() {
-    if (QWidget* popup = QApplication::activePopupWidget())
-        return popup->focusWidget() && popup->isAncestorOf(popup->focusWidget()) ? popup->focusWidget()
-                                                                                 : popup;
-    if (QWidget* focus = QApplication::focusWidget()) return focus;
-    return QApplication::activeWindow();
-}
-
 QWidget* NeedTarget() {
     Settle();
-    QWidget* target = KeyTarget();
+    QWidget* target = keyboard::Target();
     if (!target) ADD_FAILURE() << "no window is active, so nothing takes the key";
     return target;
 }
@@ -62,7 +52,7 @@ void Show(QWidget& window) {
 }
 
 void Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    if (QWidget* target = NeedTarget()) QTest::keyClick(target, key, modifiers);
+    if (QWidget* target = NeedTarget()) keyboard::Press(*target, key, modifiers);
     Settle();
 }
 
@@ -70,26 +60,18 @@ void Type(const QString& text) {
     for (const QChar c : text) {
         QWidget* target = NeedTarget();
         if (!target) return;
-        if (c.unicode() < 0x80) {
-            QTest::keyClick(target, c.toLatin1());
-        } else {  // no key makes it, so it comes as an input method sends it
-            QTest::sendKeyEvent(QTest::Click, target, Qt::Key_unknown, QString(c), Qt::NoModifier);
-        }
+        keyboard::Character(*target, c);
         Settle();
     }
 }
 
 void AltKey(char16_t letter) {
-    const bool menu = qobject_cast<QMenu*>(QApplication::activePopupWidget()) != nullptr;
-    if (QWidget* target = NeedTarget())
-        QTest::keyClick(target, static_cast<char>(letter), menu ? Qt::NoModifier : Qt::AltModifier);
+    if (QWidget* target = NeedTarget()) keyboard::Alt(*target, letter);
     Settle();
 }
 
 QString FocusName() {
-    for (QWidget* w = QApplication::focusWidget(); w; w = w->parentWidget())
-        if (dynamic_cast<controls::FocusEvents*>(w)) return w->objectName();
-    return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
+    return keyboard::FocusName();
 }
 
 void Click(QWidget& control) {

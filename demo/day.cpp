@@ -1,0 +1,332 @@
+#include "demo/day.h"
+
+#include "app/main_window.h"
+#include "app/session.h"
+#include "demo/sample_company.h"
+#include "platform/controls/box.h"
+#include "platform/text/dates.h"
+#include "platform/text/numbers.h"
+
+using namespace Qt::StringLiterals;
+
+namespace demo {
+namespace {
+
+const QString kTitle = u"提示"_s;
+const QString kStillEditing = u"操作员正在编辑数据,请先[保存]数据或[取消]编辑!"_s;
+
+/// Login has the focus on 确定; the combo is to be left once, or its code does not count.
+void LogIn(Operator& op, const QString& user, const QString& password) {
+    op.ExpectWindow(u"Login"_s);
+    op.TabTo(u"cmbhu"_s);
+    op.TypeOver(user);
+    op.EnterTo(u"Txt(1)"_s);
+    op.Type(password);
+}
+
+void Confirm(Operator& op) {
+    op.EnterTo(u"Cmd(0)"_s);
+    op.Press(Qt::Key_Return);
+}
+
+void TellLogin(Operator& op) {
+    LogIn(op, u"001.管理员"_s, u"korvane"_s);
+    op.Picture(u"01-login"_s, u"登录"_s);
+    Confirm(op);
+    op.ExpectBox(u"密码输入错误!"_s, kTitle, u"02-login-refused"_s);
+    op.ExpectText(u"Txt(1)"_s, {});
+    op.Type(kPassword);
+    Confirm(op);
+    op.ExpectWindow(u"MForm"_s);
+    op.Expect(u"标题栏有公司名称"_s, [] { return TheFrame().windowTitle().endsWith(u"  "_s + kCompany); });
+    op.Expect(u"操作员"_s, [] { return TheFrame().Panel(3) == u"管理员" && OperatorCode == u"001"; });
+    op.ExpectStatus(u"2024-11-22"_s);
+    op.Picture(u"03-main-window"_s, u"主窗口"_s);
+    op.Command(u"A"_s);
+    op.Picture(u"04-menu"_s, u"主菜单；灰色的项目尚未开放"_s);
+    op.Press(Qt::Key_Escape);
+    op.Press(Qt::Key_Escape);
+}
+
+// ------------------------------------------------------------------------------------------------ couriers
+
+void AddCourier(Operator& op, const Person& person) {
+    op.Command(u"A"_s);
+    op.ExpectFocus(u"Txt(0)"_s);
+    op.Type(person.name);
+    op.EnterTo(u"Txt(1)"_s);
+    op.Type(person.note);
+}
+
+void TellCouriers(Operator& op) {
+    op.Command(u"A6"_s);
+    int count = 0;
+    for (const Person& person : Couriers()) {
+        AddCourier(op, person);
+        if (++count == 2) op.Picture(u"05-courier-adding"_s, u"外务员：增加"_s);
+        op.Command(u"S"_s);
+        op.ExpectRows(u"select F1,F2 from M04 where F1='"_s + person.name + u"'"_s,
+                      {person.name + u'|' + person.note});
+    }
+    op.Command(u"R"_s);
+    op.Command(u"A6"_s);
+    op.ExpectStatus(u"共 6 条记录 当前为第 1 条"_s);
+    op.TabTo(u"GD"_s);
+    op.Press(Qt::Key_Down);
+    op.Press(Qt::Key_Down);
+    op.ExpectStatus(u"共 6 条记录 当前为第 3 条"_s);
+    op.Picture(u"06-courier-list"_s, u"外务员列表"_s);
+    op.TabTo(u"TabS"_s);
+    op.Press(Qt::Key_Right);
+    op.ExpectText(u"Txt(0)"_s, u"方志远"_s);
+    op.Picture(u"07-courier-card"_s, u"外务员资料，浏览"_s);
+
+    AddCourier(op, {u"何立伟"_s, u"重名"_s});
+    op.Command(u"S"_s);
+    op.ExpectBox(u"系统中已经有其它外务员使用了这个姓名，请重新设置!"_s, kTitle, u"08-courier-duplicate"_s);
+    op.ExpectFocus(u"Txt(0)"_s);
+    op.ExpectText(u"Txt(1)"_s, u"重名"_s);
+    op.Command(u"C"_s);
+    op.ExpectRows(u"select count(*) from M04"_s, {u"6"_s});
+
+    op.Command(u"E"_s);
+    op.EnterTo(u"Txt(1)"_s);
+    op.TypeOver(u"苏州工业园区、昆山"_s);
+    op.Picture(u"09-courier-editing"_s, u"外务员：修改"_s);
+    op.Command(u"S"_s);
+    op.ExpectRows(u"select F2 from M04 where F1='方志远'"_s, {u"苏州工业园区、昆山"_s});
+    op.Command(u"R"_s);
+    op.Expect(u"工具栏重新显示"_s, [] { return TheFrame().ToolBarShown() && !TheFrame().Front(); });
+}
+
+// ------------------------------------------------------------------------------------------------ waybills
+
+/// From "增加" to the customer, who fills the shipper's boxes, and round to the number.
+void BeginWaybill(Operator& op, const Consignment& c) {
+    op.Command(u"A"_s);
+    op.ExpectFocus(u"Cmb(31)"_s);
+    op.TypeOver(u"C0012"_s);
+    op.Press(Qt::Key_Return);
+    op.ExpectText(u"Cmb(31)"_s, u"C0012."_s + kCustomer);
+    if (c.released) {
+        op.EnterTo(u"ChkChuHuo"_s);
+        op.Press(Qt::Key_Space);
+        op.ExpectText(u"Txt(32)"_s, u"管理员"_s);
+    }
+    op.EnterTo(u"Txt(0)"_s);
+    op.Type(c.number);
+}
+
+/// The calendar, as the keys walk in it.
+void PickDate(Operator& op, const Consignment& c) {
+    if (c.date == c.today) return;
+    op.EnterTo(u"DTP"_s);
+    op.Press(Qt::Key_F4);
+    op.Picture(u"14-waybill-calendar"_s, u"速递单：补录，日历"_s);
+    for (QDate day = c.today; day > c.date; day = day.addDays(-1)) op.Press(Qt::Key_Left);
+    op.Press(Qt::Key_Return);
+    op.ExpectText(u"DTP"_s, text::DateText(c.date));
+}
+
+/// The box of the cost lies before that of the fuel rate; the operator goes back to it.
+void TypeCost(Operator& op) {
+    op.EnterTo(u"Txt(35)"_s);
+    op.Type(u"1.12"_s);
+    for (int back = 0; back < 3; ++back) op.Press(Qt::Key_Backtab, Qt::ShiftModifier);
+    op.ExpectFocus(u"Txt(34)"_s);
+    op.TypeOver(u"1948.80"_s);  // 58 x 30 x 1.12
+}
+
+QString Money(const QString& shown) {
+    return text::GeneralText(text::Val(shown));
+}
+
+void CheckWaybill(Operator& op, const Consignment& c) {
+    op.ExpectRows(
+        u"select F101,F603,F203,F502,F504,F604 from B01 where F1='"_s + c.number + u"'"_s,
+        {QStringList{text::DateText(c.date), u"C0012"_s, u"B01"_s, c.basic, Money(c.total),
+                     c.released ? u"管理员"_s : u"未审核"_s}
+             .join(u'|')});
+    op.ExpectRows(u"select SN,LB,F2,F3,YF from TB1 where F1='YS"_s + c.number + u"'"_s,
+                  {QStringList{text::GeneralText(c.sequence), u"-9"_s, text::DateText(c.date), kCustomer,
+                               Money(c.total)}
+                       .join(u'|')});
+    QStringList payable;
+    if (c.released) payable << text::GeneralText(c.sequence + 1) + u"|9|"_s + kChannel + u"|1948.8|0|1948.8"_s;
+    op.ExpectRows(u"select SN,LB,F3,YF,QC,QM from TB1 where F1='YF"_s + c.number + u"'"_s, payable);
+}
+
+void EnterWaybill(Operator& op, const Consignment& c, const QString& picture) {
+    BeginWaybill(op, c);
+    PickDate(op, c);
+    for (const Entry& entry : c.entries) {
+        op.EnterTo(entry.control);
+        op.TypeOver(entry.text);
+    }
+    op.EnterTo(u"Txt(28)"_s);
+    op.ExpectText(u"Txt(26)"_s, c.basic);
+    op.ExpectText(u"Txt(28)"_s, c.total);
+    if (c.released) TypeCost(op);
+    if (!picture.isEmpty()) op.Picture(picture, u"速递单："_s + c.rule);
+    op.Command(u"S"_s);
+    op.Expect(u"已保存"_s, [] { return !EditInProgress; });
+    CheckWaybill(op, c);
+}
+
+void TellTakenNumber(Operator& op) {
+    op.Command(u"E"_s);
+    op.ExpectFocus(u"Txt(0)"_s);
+    op.TypeOver(u"KV2411220002"_s);
+    op.Command(u"S"_s);
+    op.ExpectBox(u"[KV2411220002]已经使用了KV2411220002这个速递单号，请重新设置!"_s, kTitle, u"12-waybill-taken"_s);
+    op.ExpectFocus(u"Txt(0)"_s);
+    op.Command(u"C"_s);
+    op.ExpectText(u"Txt(0)"_s, u"KV2411250003"_s);
+}
+
+// A new waybill proposes the origin that the operator used last, so most of them name none.
+
+void TellFriday(Operator& op, const Consignment& document, const Consignment& parcel) {
+    op.Command(u"B"_s);
+    op.ExpectStatus(u"2024-11-22"_s);
+    EnterWaybill(op, document, {});
+    EnterWaybill(op, parcel, u"10-waybill-adding"_s);
+    op.Command(u"R"_s);
+}
+
+void TellMonday(Operator& op, const std::vector<Consignment>& rest) {
+    op.Command(u"B"_s);
+    op.ExpectStatus(u"2024-11-25"_s);
+    EnterWaybill(op, rest[0], u"11-waybill-released"_s);
+    TellTakenNumber(op);
+    EnterWaybill(op, rest[1], u"13-waybill-no-price"_s);
+    EnterWaybill(op, rest[2], u"15-waybill-back-dated"_s);
+    op.ExpectRows(u"select F1,SN,QC,QM from TB1 where F3='"_s + kCustomer + u"' order by SN"_s,
+                  {u"YSKV2411220001|131|0|293.12"_s, u"YSKV2411220002|133|293.12|948.6"_s,
+                   u"YSKV2411230005|140.75|948.6|1131.8"_s, u"YSKV2411250003|164|1131.8|4085.9"_s,
+                   u"YSKV2411250004|166|4085.9|11354.36"_s});
+    op.Command(u"R"_s);
+}
+
+/// The list anew, the card while browsing, and an edit that is given up again.
+void TellList(Operator& op) {
+    op.Command(u"B"_s);
+    op.TabTo(u"GD"_s);
+    for (int down = 0; down < 2; ++down) op.Press(Qt::Key_Down);
+    op.Press(Qt::Key_Up);
+    op.ExpectStatus(u"速递单：共 5 条记录 当前为第 2 条"_s);
+    op.Picture(u"16-waybill-list"_s, u"速递单列表"_s);
+    op.TabTo(u"TabS"_s);
+    op.Press(Qt::Key_Right);
+    op.ExpectText(u"Txt(0)"_s, u"KV2411220002"_s);
+    op.ExpectText(u"Txt(17)"_s, u"S.物品(Parcel)"_s);
+    op.Picture(u"17-waybill-card"_s, u"速递单资料，浏览"_s);
+
+    op.Command(u"E"_s);
+    op.EnterTo(u"Cmb(5)"_s);
+    op.Press(Qt::Key_F4);
+    op.Picture(u"18-waybill-combo"_s, u"速递单：修改，选择出货渠道"_s);
+    op.Press(Qt::Key_Escape);
+    op.EnterTo(u"Txt(26)"_s);
+    op.ExpectText(u"Txt(26)"_s, u"520"_s);
+    op.Picture(u"19-waybill-editing"_s, u"速递单：修改，光标在基本费用"_s);
+    op.Command(u"R"_s);
+    op.ExpectBox(kStillEditing, kTitle);
+    // No key of the program's own: the window's close box.
+    op.Do(u"关闭主窗口"_s, [] { TheFrame().close(); });
+    op.ExpectBox(kStillEditing, kTitle, u"20-close-refused"_s);
+    op.Expect(u"主窗口仍在"_s, [] { return TheFrame().isVisible() && TheFrame().Front() && Db; });
+    op.Command(u"C"_s);
+    op.ExpectText(u"Txt(26)"_s, u"520"_s);
+    op.Command(u"R"_s);
+}
+
+void TellRestore(Operator& op) {
+    op.Command(u"S5"_s);
+    op.ExpectWindow(u"S32"_s);
+    op.Picture(u"21-restore"_s, u"数据恢复；已取消"_s);
+    op.TabTo(u"Command2"_s);
+    op.Press(Qt::Key_Return);
+    op.ExpectWindow(u"MForm"_s);
+    op.ExpectRows(u"select count(*) from B01"_s, {u"5"_s});
+}
+
+/// An operator without the right to see figures.
+void TellRestricted(Operator& op) {
+    op.Command(u"H1"_s);
+    LogIn(op, u"002.周婷"_s, u"zt"_s);
+    op.Picture(u"22-relogin"_s, u"更换登录用户"_s);
+    Confirm(op);
+    op.Expect(u"操作员"_s, [] { return TheFrame().Panel(3) == u"周婷" && !CanSeeFigures; });
+    op.Picture(u"23-main-window-restricted"_s, u"主窗口，只有开单权限的操作员"_s);
+    op.Command(u"B"_s);
+    op.TabTo(u"TabS"_s);
+    op.Press(Qt::Key_Right);
+    op.Press(Qt::Key_Left);
+    op.TabTo(u"GD"_s);
+    op.Press(Qt::Key_End);
+    op.Press(Qt::Key_Up);
+    op.ExpectStatus(u"速递单：共 5 条记录 当前为第 4 条"_s);
+    op.Command(u"E"_s);
+    op.ExpectBox(u"该速递单已经审核出货,您没有修改权限!"_s, kTitle, u"24-waybill-released-refused"_s);
+    op.Press(Qt::Key_Home);
+    op.Press(Qt::Key_Down);
+    op.TabTo(u"TabS"_s);
+    op.Press(Qt::Key_Right);
+    for (const auto& box : {u"Txt(26)"_s, u"Txt(28)"_s, u"Txt(5)"_s, u"Txt(34)"_s})
+        op.Expect(box + u" 不可见"_s, [box] {
+            const auto* line = TheFrame().findChild<QLineEdit*>(box);
+            return line && line->echoMode() == QLineEdit::Password;
+        });
+    op.Picture(u"25-waybill-card-masked"_s, u"速递单资料，看不到金额的操作员"_s);
+    op.Command(u"E"_s);
+    op.EnterTo(u"Txt(21)"_s);
+    op.Picture(u"26-waybill-editing-masked"_s, u"速递单：修改，看不到金额的操作员"_s);
+    op.Command(u"C"_s);
+    op.Command(u"R"_s);
+    op.ExpectRows(u"select F502,F504,F601 from B01 where F1='KV2411220002'"_s, {u"520|655.48|管理员"_s});
+}
+
+void TellPassword(Operator& op) {
+    op.Command(u"H2"_s);
+    op.Press(Qt::Key_Return);  // two items have the key 2
+    op.ExpectWindow(u"S2"_s);
+    const QString words[] = {u"zt"_s, u"zhouting"_s, u"zhouting"_s};
+    for (int box = 0; box < 3; ++box) {
+        op.EnterTo(u"Txt(%1)"_s.arg(box));
+        op.Type(words[box]);
+    }
+    op.Picture(u"27-password"_s, u"操作员修改密码"_s);
+    Confirm(op);
+    op.ExpectBox(u"密码修改成功!"_s, kTitle);
+    op.ExpectRows(u"select F3 from TE1 where F1='002'"_s, {u"zhouting"_s});
+}
+
+void TellAbout(Operator& op) {
+    op.Command(u"H22"_s);
+    op.Press(Qt::Key_Return);
+    op.ExpectWindow(u"AboutUS"_s);
+    op.Picture(u"28-about"_s, u"关于本系统"_s);
+    op.TabTo(u"Cmd"_s);
+    op.Press(Qt::Key_Return);
+    op.ExpectWindow(u"MForm"_s);
+}
+
+}  // namespace
+
+void TellDay(Operator& op, QDateTime& clock) {
+    const auto& day = Consignments();
+    TellLogin(op);
+    TellCouriers(op);
+    TellFriday(op, day[0], day[1]);
+    op.Do(u"星期一早上"_s, [&clock] { clock = QDateTime(QDate(2024, 11, 25), QTime(9, 15)); });
+    TellMonday(op, {day.begin() + 2, day.end()});
+    TellList(op);
+    TellRestore(op);
+    TellRestricted(op);
+    TellPassword(op);
+    TellAbout(op);
+    op.Command(u"H3"_s);
+}
+
+}  // namespace demo

@@ -1,0 +1,167 @@
+#include "demo/sample_company.h"
+
+using namespace Qt::StringLiterals;
+
+namespace demo {
+namespace {
+
+const QDate kFriday(2024, 11, 22);
+const QDate kSaturday(2024, 11, 23);
+const QDate kMonday(2024, 11, 25);
+const QString kZone = u"B01.北美东岸"_s;
+
+}  // namespace
+
+QStringList MasterStatements() {
+    return {
+        u"update TE1 set F3='"_s + kPassword + u"' where F1='001'"_s,
+        // Enters waybills and nothing else; sees no figures.
+        u"insert into TE1 (F1,F2,F3,F60,F61,F62,F63,F64,F65,F66,F67) VALUES ('002','周婷','zt',0,1,0,0,0,0,0,0)"_s,
+        // The standard's own proposals: heavy segments from 21, 46, 71, 101 and 201 kg.
+        u"insert into MS1 (F1,F2,F3,F4,F5,F6,F7,F8,F9,F10,F11,F12,F13,F14,F15,F16,F17,F18,F19,P888) VALUES "_s +
+            u"(0.5,0.5,0.5,0.5,21,46,71,101,201,201,201,201,201,201,201,201,201,201,201,1.5)"_s,
+        u"insert into M02 (F1,F2,F3,F4,F6,P101,P102,P201,P202,P301,P302,P303,P304,P305) VALUES "_s +
+            u"('B01','北美东岸','国外','North America East',4,150,45,190,58,80,76,72,70,66)"_s,
+        u"insert into M02 (F1,F2,F3,F4,F6,P101,P102,P201,P202,P301,P302,P303,P304,P305) VALUES "_s +
+            u"('C02','东南亚','国外','South-East Asia',3,90,25,110,30,42,40,38,36,34)"_s,
+        u"insert into M021 (F0,F1,F2) VALUES ('B01','纽约','New York')"_s,
+        u"insert into M021 (F0,F1,F2) VALUES ('B01','波士顿','Boston')"_s,
+        u"insert into M021 (F0,F1,F2) VALUES ('B01','多伦多','Toronto')"_s,
+        u"insert into M021 (F0,F1,F2) VALUES ('C02','曼谷','Bangkok')"_s,
+        u"insert into M03 (F1,F2,F301,F302,F401,F402,F5,P888) VALUES ('C0012','"_s + kCustomer +
+            u"','上海华兴电子有限公司','Shanghai Huaxing Electronics Co., Ltd.',"_s +
+            u"'上海市浦东新区金桥路 1288 号 6 号楼 3 层','3/F Bldg 6, No.1288 Jinqiao Rd, Pudong, Shanghai',"_s +
+            u"'021-5555 0188',1)"_s,
+        u"insert into M03 (F1,F2,F301,F302,P888) VALUES ('C0027','恒丰贸易','上海恒丰贸易有限公司',"_s +
+            u"'Shanghai Hengfeng Trading Co., Ltd.',1)"_s,
+        // The customer has a price up to 46 kg and from 71 kg, and none between.
+        u"insert into M031 (F0,F1,F2,F3,F4,F5,F6,F7,F8,F9,F10) VALUES ('C0012','B01',160,48,210,62,86,0,78,74,70)"_s,
+        u"insert into M05 (F1,F2) VALUES ('上海','021-5555 0100')"_s,
+        u"insert into M05 (F1,F2) VALUES ('苏州','0512-5555 0100')"_s,
+        u"insert into M05 (F1,F2) VALUES ('杭州','0571-5555 0100')"_s,
+        u"insert into M06 (F1,F2) VALUES ('地址不详','')"_s,
+        u"insert into M06 (F1,F2) VALUES ('海关查验','')"_s,
+        u"insert into M01 (F1,F2,D0,D1,S0,S1,JFD,J0) VALUES ('HY01','"_s + kChannel +
+            u"',0.5,0.5,0.5,0.5,1,21)"_s,
+        u"insert into M011 (F1,F2,F3,P101,P102,P201,P202,P3,P300) VALUES "_s +
+            u"('HY01-5','美国东部及加拿大东部','HY01',110,30,140,40,1,58)"_s,
+    };
+}
+
+const std::vector<Person>& Couriers() {
+    static const std::vector<Person> couriers = {
+        {u"何立伟"_s, u"闵行、松江"_s}, {u"陈建军"_s, u"浦东北片"_s},   {u"王晓峰"_s, u"徐汇、长宁"_s},
+        {u"李红兵"_s, u"嘉定、青浦"_s}, {u"林少华"_s, u"宝山、虹口"_s}, {u"方志远"_s, u"苏州工业园区"_s},
+    };
+    return couriers;
+}
+
+const std::vector<Consignment>& Consignments() {
+    static const std::vector<Consignment> day = {
+        {.number = u"KV2411220001"_s,
+         .rule = u"文件，首重加续重"_s,
+         .today = kFriday,
+         .date = kFriday,
+         .entries = {{u"Cmb(6)"_s, kZone},
+                     {u"Cmb(7)"_s, u"纽约"_s},
+                     {u"Txt(12)"_s, u"东方光电公司"_s},
+                     {u"Txt(16)"_s, u"+1 212 555 0134"_s},
+                     {u"Txt(13)"_s, u"Eastern Photonics Inc."_s},
+                     {u"Txt(15)"_s, u"12/F, 463 Seventh Avenue, New York, NY 10018"_s},
+                     {u"Cmb(17)"_s, u"D.文件(File)"_s},
+                     {u"Txt(18)"_s, u"合同"_s},
+                     {u"Txt(20)"_s, u"1"_s},
+                     {u"Txt(21)"_s, u"1.2"_s},
+                     {u"Txt(33)"_s, u"1.145"_s}},
+         .basic = u"256"_s,  // 160 + 2 x 48
+         .total = u"293.12"_s,
+         .sequence = 131},
+        {.number = u"KV2411220002"_s,
+         .rule = u"小包裹，首重加续重"_s,
+         .today = kFriday,
+         .date = kFriday,
+         .entries = {{u"Txt(3)"_s, u"易碎，外箱加固"_s},
+                     {u"Cmb(6)"_s, kZone},
+                     {u"Cmb(7)"_s, u"纽约"_s},
+                     {u"Txt(12)"_s, u"东方光电公司"_s},
+                     {u"Txt(16)"_s, u"+1 212 555 0134"_s},
+                     {u"Txt(13)"_s, u"Eastern Photonics Inc."_s},
+                     {u"Txt(14)"_s, u"纽约州纽约市第七大道 463 号 12 层"_s},
+                     {u"Txt(15)"_s, u"12/F, 463 Seventh Avenue, New York, NY 10018"_s},
+                     {u"Cmb(17)"_s, u"S.物品(Parcel)"_s},
+                     {u"Txt(18)"_s, u"光学传感器样品"_s},
+                     {u"Txt(19)"_s, u"USD 480"_s},
+                     {u"Txt(20)"_s, u"2"_s},
+                     {u"Txt(21)"_s, u"3"_s},
+                     {u"Txt(22)"_s, u"2.9"_s},
+                     {u"Txt(46)"_s, u"42"_s},
+                     {u"Txt(47)"_s, u"30"_s},
+                     {u"Txt(48)"_s, u"26"_s},
+                     {u"Txt(27)"_s, u"35"_s},
+                     {u"Txt(43)"_s, u"20"_s},
+                     {u"Txt(33)"_s, u"1.145"_s}},
+         .basic = u"520"_s,     // 210 + 5 x 62
+         .total = u"655.48"_s,  // 635.475 + 20, rounded half away from zero
+         .sequence = 133},
+        {.number = u"KV2411250003"_s,
+         .rule = u"重包裹分段，每公斤计价"_s,
+         .today = kMonday,
+         .date = kMonday,
+         .released = true,
+         .entries = {{u"Txt(2)"_s, u"HY8860 2417 5538"_s},
+                     {u"Cmb(6)"_s, kZone},
+                     {u"Cmb(7)"_s, u"波士顿"_s},
+                     {u"Cmb(5)"_s, u"HY01."_s + kChannel},
+                     {u"Txt(12)"_s, u"北辰仪器公司"_s},
+                     {u"Txt(13)"_s, u"Polaris Instruments LLC"_s},
+                     {u"Cmb(17)"_s, u"S.物品(Parcel)"_s},
+                     {u"Txt(18)"_s, u"测试台架"_s},
+                     {u"Txt(20)"_s, u"3"_s},
+                     {u"Txt(21)"_s, u"30"_s},
+                     {u"Txt(22)"_s, u"29.6"_s},
+                     {u"Txt(23)"_s, u"30"_s},
+                     {u"Txt(43)"_s, u"0"_s},
+                     {u"Txt(33)"_s, u"1.145"_s}},
+         .basic = u"2580"_s,  // 86 x 30
+         .total = u"2954.10"_s,
+         .sequence = 164},
+        {.number = u"KV2411250004"_s,
+         .rule = u"该分段无报价，按首重加续重"_s,
+         .today = kMonday,
+         .date = kMonday,
+         .entries = {{u"Cmb(4)"_s, u"苏州"_s},
+                     {u"Cmb(6)"_s, kZone},
+                     {u"Cmb(7)"_s, u"多伦多"_s},
+                     {u"Txt(12)"_s, u"枫叶影像公司"_s},
+                     {u"Txt(13)"_s, u"Maple Imaging Ltd."_s},
+                     {u"Cmb(17)"_s, u"S.物品(Parcel)"_s},
+                     {u"Txt(18)"_s, u"显示屏"_s},
+                     {u"Txt(20)"_s, u"5"_s},
+                     {u"Txt(21)"_s, u"50"_s},
+                     {u"Cmb(25)"_s, u"现金.Cash"_s},
+                     {u"Txt(33)"_s, u"1.145"_s},
+                     {u"Cmb(30)"_s, u"方志远"_s}},
+         .basic = u"6348"_s,  // 210 + 99 x 62
+         .total = u"7268.46"_s,
+         .sequence = 166},
+        {.number = u"KV2411230005"_s,
+         .rule = u"文件，首重；补录"_s,
+         .today = kMonday,
+         .date = kSaturday,
+         .entries = {{u"Cmb(6)"_s, kZone},
+                     {u"Cmb(7)"_s, u"纽约"_s},
+                     {u"Txt(12)"_s, u"东方光电公司"_s},
+                     {u"Cmb(17)"_s, u"D.文件(File)"_s},
+                     {u"Txt(18)"_s, u"报关单证"_s},
+                     {u"Txt(20)"_s, u"1"_s},
+                     {u"Txt(21)"_s, u"0.5"_s},
+                     {u"Cmb(25)"_s, u"到付.Charge On Delivery"_s},
+                     {u"Txt(33)"_s, u"1.145"_s}},
+         .basic = u"160"_s,
+         .total = u"183.20"_s,
+         .sequence = 140.75},  // a quarter of the way from 133 to 164
+    };
+    return day;
+}
+
+}  // namespace demo

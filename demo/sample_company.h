@@ -1,0 +1,50 @@
+// The sample company: what is in the file before the day begins, and what the day brings.
+//
+// The masters below are put in place through the database until their forms stand; the couriers, who have
+// their form, are entered by keys.
+#pragma once
+
+#include <QDate>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace demo {
+
+inline const QString kCompany = QStringLiteral("示例速递有限公司");
+inline const QString kPassword = QStringLiteral("korvane1");  ///< of the administrator
+inline const QString kCustomer = QStringLiteral("华兴电子");
+inline const QString kChannel = QStringLiteral("环洋快件");
+
+/// Statements in the system's dialect.
+QStringList MasterStatements();
+
+struct Person {
+    QString name;  ///< at most 4 characters
+    QString note;
+};
+/// In the order of their entry.
+const std::vector<Person>& Couriers();
+
+/// Text typed into a control.
+struct Entry {
+    QString control;
+    QString text;
+};
+
+/// A waybill as it is typed, and what has to come of it. Money in yuan, weights in kg.
+struct Consignment {
+    QString number;
+    QString rule;  ///< how the customer's quote prices it
+    QDate today;   ///< the day on which it is entered
+    QDate date;    ///< the sending date
+    bool released = false;
+    std::vector<Entry> entries;  ///< in the order of Tab, from the destination on
+    QString basic;               ///< what entering the box of the basic charge computes
+    QString total;
+    double sequence;  ///< SN of its receivable
+};
+const std::vector<Consignment>& Consignments();
+
+}  // namespace demo

@@ -1,0 +1,40 @@
+// The screen of the demonstration and the pictures of it. A display without a window manager draws no title
+// bars and lays no window over another, so both are done here: what a picture shows inside the windows is
+// what the program painted.
+#pragma once
+
+#include <QImage>
+#include <QString>
+#include <QWidget>
+
+#include <vector>
+
+namespace demo {
+
+class Screen {
+  public:
+    /// size in device-independent pixels; pictures go into the folder as NAME + suffix + ".png".
+    Screen(QSize size, const QString& folder, const QString& suffix);
+
+    /// Gives the main window the whole screen beneath its title bar.
+    void Fill(QWidget& frame);
+    /// Writes a picture of the main window and all that stands over it.
+    void Keep(const QString& name, const QString& caption);
+
+    struct Kept {
+        QString file;
+        QString caption;
+    };
+    const std::vector<Kept>& Pictures() const { return kept_; }
+
+  private:
+    QImage Take() const;
+
+    QSize size_;
+    QString folder_;
+    QString suffix_;
+    QWidget* frame_ = nullptr;
+    std::vector<Kept> kept_;
+};
+
+}  // namespace demo
