@@ -1,7 +1,6 @@
 #include "platform/controls/focus_tracker.h"
 
 #include "platform/controls/box.h"
-#include "platform/system/guard.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -89,7 +88,7 @@ void FocusTracker::Schedule() {
 void FocusTracker::Settle() {
     for (int step = 0; step < kMostSteps; ++step) {
         QWidget* now = ControlOf(QApplication::focusWidget());
-        if (!now || sys::HasEnded() || !TellNext(now)) return;
+        if (!now || !TellNext(now)) return;
     }
 }
 

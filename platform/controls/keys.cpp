@@ -90,7 +90,6 @@ class HotKeys : public QObject {
         const QList<QAction*> candidates = Of(bar, event.key(), true);
         if (candidates.isEmpty()) return true;
         if (candidates.size() > 1) return Walk(bar, candidates);
-        if (!event.isAmbiguous()) return false;  // the toolkit's own way does it
         Run(bar, candidates.front());
         return true;
     }
@@ -121,7 +120,10 @@ class HotKeys : public QObject {
     }
 
     static void Run(QMenuBar& bar, QAction* command) {
-        if (command->menu()) return bar.setActiveAction(command);
+        if (QMenu* menu = command->menu()) {
+            bar.setActiveAction(command);
+            return Press(*menu, Qt::Key_Down);  // to its first item
+        }
         if (bar.hasFocus()) Press(bar, Qt::Key_Escape);
         command->trigger();
     }

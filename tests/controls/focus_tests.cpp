@@ -3,6 +3,7 @@
 #include "platform/controls/focus_tracker.h"
 #include "platform/controls/keys.h"
 #include "platform/controls/modal_form.h"
+#include "platform/controls/wait.h"
 #include "platform/controls/windows.h"
 #include "tests/support/gui.h"
 #include "tests/support/script.h"
@@ -207,6 +208,34 @@ TEST_F(Focus, WhatAHandlerAsksForAfterHidingIsTold) {
     a.SetFocus();
     combo.hide();  // after the operator has really left it
     EXPECT_EQ(Told(), "-combo +a");
+    a.hide();
+    Told();
+    a.show();
+    a.SetFocus();
+    EXPECT_EQ(Told(), "+a") << "it went away meanwhile, so it is entered anew";
+}
+
+TEST_F(Focus, AControlHiddenUnderAModalFormIsNotLeft) {
+    ModalForm modal(u"Query"_s, u"查找"_s, &form);
+    tests::ModalScript operators;
+    operators.Next(u"Query"_s, [&](QWidget&) {
+        a.hide();
+        b.SetFocus();
+        modal.Unload();
+    });
+    modal.ShowModal();
+    EXPECT_EQ(Told(), "+b");
+}
+
+TEST_F(Focus, TheGainWaitsForALossThatShowsItsProgress) {
+    a.LostFocus = [&] {
+        told << u"-a"_s;
+        ShowProgress();
+        FocusTracker::Get().Settle();
+        told << u"."_s;
+    };
+    tests::Press(Qt::Key_Tab);
+    EXPECT_EQ(Told(), "-a . +combo");
 }
 
 TEST_F(Focus, AControlThatGoesAwayIsForgotten) {

@@ -69,8 +69,26 @@ TEST_F(Commands, AltAndTheLetterRunWhatCanBeUsed) {
     cancel->setVisible(false);
     tests::AltKey(u'C');
     EXPECT_EQ(Run(), "C.出货");
+    check->setEnabled(false);
+    cancel->setVisible(true);
+    cancel->setEnabled(false);
+    tests::AltKey(u'C');
+    EXPECT_EQ(Run(), "");
     EXPECT_EQ(tests::FocusName(), u"box"_s);
     EXPECT_EQ(box.Text(), QString());
+}
+
+TEST_F(Commands, AMenuOpensAtItsFirstItem) {
+    QMenu* alone = AddMenu(bar, u"Menu_price"_s, u"&M.价格显示"_s);
+    Item(alone, u"&3.显示"_s);
+    tests::Settle();
+    tests::AltKey(u'M');
+    tests::Press(Qt::Key_Return);
+    EXPECT_EQ(Run(), "3.显示");
+    tests::Find<QMenu>(form, u"Menu_edit"_s).menuAction()->setEnabled(false);
+    tests::AltKey(u'S');  // its twin is alone then
+    tests::Press(Qt::Key_Return);
+    EXPECT_EQ(Run(), "1.按号码");
 }
 
 TEST_F(Commands, AKeyGivenTwiceWalksAndEnterTakesOne) {
