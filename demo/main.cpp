@@ -74,6 +74,14 @@ void Steady(QApplication& app, QDateTime& clock) {
     sys::seams().localeName = [] { return u"zh_CN"_s; };
 }
 
+/// A display without a screen says at every window what it can't do.
+void DropDisplaysWords() {
+    static QtMessageHandler others = nullptr;
+    others = qInstallMessageHandler([](QtMsgType kind, const QMessageLogContext& at, const QString& text) {
+        if (!text.startsWith(u"This plugin does not support")) others(kind, at, text);
+    });
+}
+
 int Play(QApplication& app, const Arguments& arguments) {
     const QString company = MakeCompany(arguments.folder);
     QDateTime clock(QDate(2024, 11, 22), QTime(16, 40));
@@ -103,6 +111,7 @@ int Play(QApplication& app, const Arguments& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    DropDisplaysWords();
     QApplication app(argc, argv);
     app.setApplicationName(product::kName);
     controls::DressApplication(app);
