@@ -209,7 +209,8 @@ void RowsBox::keyPressEvent(QKeyEvent* event) {
 
 void RowsBox::focusInEvent(QFocusEvent* event) {
     QPlainTextEdit::focusInEvent(event);
-    if (SelectsAll(event->reason())) selectAll();
+    // Not ready to be typed over: one key would lose a whole note.
+    if (SelectsAll(event->reason())) moveCursor(QTextCursor::End);
 }
 
 void RowsBox::insertFromMimeData(const QMimeData* source) {

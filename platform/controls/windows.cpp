@@ -10,10 +10,12 @@
 #include <QGridLayout>
 #include <QIdentityProxyModel>
 #include <QInputMethod>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QTreeView>
 #include <QUrl>
 
@@ -21,6 +23,9 @@ using namespace Qt::StringLiterals;
 
 namespace controls {
 namespace {
+
+constexpr int kMostRows = 24;          // of a message, before it is scrolled
+constexpr int kCharactersOfARow = 40;  // Chinese ones, about
 
 /// Runs a dialog; the window beneath is active again afterwards, which a display without a window manager
 /// does not do by itself.
@@ -62,6 +67,22 @@ void AddDetail(QMessageBox& box, const QString& detail) {
     grid->removeWidget(buttons);
     grid->addWidget(text, row, 0, 1, grid->columnCount());
     grid->addWidget(buttons, row + 1, 0, 1, grid->columnCount());
+}
+
+/// A text that would push the buttons off the screen is scrolled.
+void ScrollLongText(QMessageBox& box) {
+    int rows = 0;
+    for (const QStringView row : QStringView(box.text()).split(u'\n'))
+        rows += 1 + static_cast<int>(row.size()) / kCharactersOfARow;
+    auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+    if (rows <= kMostRows || !label) return;
+    auto* area = new QScrollArea(&box);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    delete box.layout()->replaceWidget(label, area);
+    label->setWordWrap(true);
+    area->setWidget(label);
+    area->setMinimumSize(kCharactersOfARow * 13, kMostRows * 16);
 }
 
 void AddButtons(QMessageBox& box, const sys::BoxRequest& request) {
@@ -109,6 +130,7 @@ sys::BoxAnswer ShowMessageBox(const sys::BoxRequest& request) {
     box.setIcon(IconOf(request.icon));
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     AddButtons(box, request);
+    ScrollLongText(box);
     if (!request.detail.isEmpty()) AddDetail(box, request.detail);
     const int pressed = RunOver(box);
     if (request.buttons == sys::BoxButtons::Ok) return sys::BoxAnswer::Ok;

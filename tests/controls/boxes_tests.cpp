@@ -266,6 +266,10 @@ TEST_F(Boxes, AProposedValueIsReadyToBeTypedOver) {
     line.SetText(u"9.50"_s);  // while he types
     tests::Type(u"7"_s);
     EXPECT_EQ(line.Text(), u"97.50"_s);
+    rows.SetText(u"早班"_s);
+    tests::Press(Qt::Key_Tab);
+    tests::Type(u"x"_s);
+    EXPECT_EQ(rows.Text(), u"早班x"_s) << "a note is not";
 }
 
 TEST_F(Boxes, AComboIsFilledWithoutChoosing) {

@@ -115,6 +115,18 @@ TEST(MessageBox, ShowsTheFailingStatementSelectable) {
     ShowMessageBox({.text = u"语法错误"_s, .icon = sys::BoxIcon::Critical, .detail = statement});
 }
 
+TEST(MessageBox, KeepsItsButtonsOnTheScreen) {
+    tests::Script script;
+    for (const QString& text : {QString(10000, u'长'), QString(200, u'\r') + u"完"_s}) {
+        OnNext([&](QWidget& shown) {
+            EXPECT_LT(shown.height(), 600);
+            EXPECT_LT(shown.width(), 1000);
+            EXPECT_EQ(AsBox(shown).text().size(), text.size());
+        });
+        ShowMessageBox({.text = text, .detail = u"select"_s});
+    }
+}
+
 TEST(MessageBox, HasTheOrdinaryPointerDuringLongWork) {
     tests::Script script;
     {
