@@ -82,6 +82,8 @@ void ScrollLongText(QMessageBox& box) {
     delete box.layout()->replaceWidget(label, area);
     label->setWordWrap(true);
     area->setWidget(label);
+    area->viewport()->setAutoFillBackground(false);
+    label->setAutoFillBackground(false);  // the area has just switched it on
     area->setMinimumSize(kCharactersOfARow * 13, kMostRows * 16);
 }
 
