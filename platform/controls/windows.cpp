@@ -10,6 +10,7 @@
 #include <QGridLayout>
 #include <QIdentityProxyModel>
 #include <QInputMethod>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPointer>
@@ -21,6 +22,10 @@ using namespace Qt::StringLiterals;
 
 namespace controls {
 namespace {
+
+// What a message box has for its text; longer texts are wrapped.
+constexpr int kLeastText = 312;
+constexpr int kMostText = 560;
 
 /// Runs a dialog; the window beneath is active again afterwards, which a display without a window manager
 /// does not do by itself.
@@ -44,6 +49,19 @@ QMessageBox::Icon IconOf(sys::BoxIcon icon) {
             break;
     }
     return QMessageBox::Information;
+}
+
+/// A short text makes no narrow box, and one that is a little longer than the toolkit likes is not wrapped
+/// for its last word. (A least width in the style sheet would be taken for the text's own, and a text cut.)
+void WidenText(QMessageBox& box) {
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+    const int index = grid && label ? grid->indexOf(label) : -1;
+    if (index < 0) return;
+    int row = 0, column = 0, rows = 0, columns = 0;
+    grid->getItemPosition(index, &row, &column, &rows, &columns);
+    label->ensurePolished();
+    grid->setColumnMinimumWidth(column, qBound(kLeastText, label->sizeHint().width(), kMostText));
 }
 
 /// Puts a read-only box with the detail between text and buttons.
@@ -109,6 +127,7 @@ sys::BoxAnswer ShowMessageBox(const sys::BoxRequest& request) {
     box.setIcon(IconOf(request.icon));
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     AddButtons(box, request);
+    WidenText(box);
     if (!request.detail.isEmpty()) AddDetail(box, request.detail);
     const int pressed = RunOver(box);
     if (request.buttons == sys::BoxButtons::Ok) return sys::BoxAnswer::Ok;
