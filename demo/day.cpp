@@ -141,17 +141,17 @@ QString Money(const QString& shown) {
 }
 
 void CheckWaybill(Operator& op, const Consignment& c) {
-    op.ExpectRows(
-        u"select F101,F603,F203,F502,F504,F604 from B01 where F1='"_s + c.number + u"'"_s,
-        {QStringList{text::DateText(c.date), u"C0012"_s, u"B01"_s, c.basic, Money(c.total),
-                     c.released ? u"管理员"_s : u"未审核"_s}
-             .join(u'|')});
+    op.ExpectRows(u"select F101,F603,F203,F502,F504,F604 from B01 where F1='"_s + c.number + u"'"_s,
+                  {QStringList{text::DateText(c.date), u"C0012"_s, u"B01"_s, c.basic, Money(c.total),
+                               c.released ? u"管理员"_s : u"未审核"_s}
+                       .join(u'|')});
     op.ExpectRows(u"select SN,LB,F2,F3,YF from TB1 where F1='YS"_s + c.number + u"'"_s,
                   {QStringList{text::GeneralText(c.sequence), u"-9"_s, text::DateText(c.date), kCustomer,
                                Money(c.total)}
                        .join(u'|')});
     QStringList payable;
-    if (c.released) payable << text::GeneralText(c.sequence + 1) + u"|9|"_s + kChannel + u"|1948.8|0|1948.8"_s;
+    if (c.released)
+        payable << text::GeneralText(c.sequence + 1) + u"|9|"_s + kChannel + u"|1948.8|0|1948.8"_s;
     op.ExpectRows(u"select SN,LB,F3,YF,QC,QM from TB1 where F1='YF"_s + c.number + u"'"_s, payable);
 }
 
@@ -177,7 +177,8 @@ void TellTakenNumber(Operator& op) {
     op.ExpectFocus(u"Txt(0)"_s);
     op.TypeOver(u"KV2411220002"_s);
     op.Command(u"S"_s);
-    op.ExpectBox(u"[KV2411220002]已经使用了KV2411220002这个速递单号，请重新设置!"_s, kTitle, u"12-waybill-taken"_s);
+    op.ExpectBox(u"[KV2411220002]已经使用了KV2411220002这个速递单号，请重新设置!"_s, kTitle,
+                 u"12-waybill-taken"_s);
     op.ExpectFocus(u"Txt(0)"_s);
     op.Command(u"C"_s);
     op.ExpectText(u"Txt(0)"_s, u"KV2411250003"_s);
@@ -211,13 +212,13 @@ void TellMonday(Operator& op, const std::vector<Consignment>& rest) {
 void TellList(Operator& op) {
     op.Command(u"B"_s);
     op.TabTo(u"GD"_s);
-    for (int down = 0; down < 2; ++down) op.Press(Qt::Key_Down);
-    op.Press(Qt::Key_Up);
-    op.ExpectStatus(u"速递单：共 5 条记录 当前为第 2 条"_s);
+    for (int row = 1; row < 4; ++row) op.Press(Qt::Key_Down);
+    op.ExpectStatus(u"速递单：共 5 条记录 当前为第 4 条"_s);
     op.Picture(u"16-waybill-list"_s, u"速递单列表"_s);
     op.TabTo(u"TabS"_s);
     op.Press(Qt::Key_Right);
-    op.ExpectText(u"Txt(0)"_s, u"KV2411220002"_s);
+    op.ExpectText(u"Txt(0)"_s, u"KV2411250003"_s);
+    op.ExpectText(u"ChkChuHuo"_s, u"1"_s);
     op.ExpectText(u"Txt(17)"_s, u"S.物品(Parcel)"_s);
     op.Picture(u"17-waybill-card"_s, u"速递单资料，浏览"_s);
 
@@ -227,16 +228,16 @@ void TellList(Operator& op) {
     op.Picture(u"18-waybill-combo"_s, u"速递单：修改，选择出货渠道"_s);
     op.Press(Qt::Key_Escape);
     op.EnterTo(u"Txt(26)"_s);
-    op.ExpectText(u"Txt(26)"_s, u"520"_s);
+    op.ExpectText(u"Txt(26)"_s, u"2580"_s);
     op.Picture(u"19-waybill-editing"_s, u"速递单：修改，光标在基本费用"_s);
-    op.Command(u"R"_s);
-    op.ExpectBox(kStillEditing, kTitle);
     // No key of the program's own: the window's close box.
     op.Do(u"关闭主窗口"_s, [] { TheFrame().close(); });
     op.ExpectBox(kStillEditing, kTitle, u"20-close-refused"_s);
+    op.Command(u"R"_s);
+    op.ExpectBox(kStillEditing, kTitle);
     op.Expect(u"主窗口仍在"_s, [] { return TheFrame().isVisible() && TheFrame().Front() && Db; });
     op.Command(u"C"_s);
-    op.ExpectText(u"Txt(26)"_s, u"520"_s);
+    op.ExpectText(u"Txt(26)"_s, u"2580"_s);
     op.Command(u"R"_s);
 }
 

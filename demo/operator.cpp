@@ -209,7 +209,8 @@ void Operator::Play() {
 }
 
 void Operator::Fail(const QString& why) {
-    std::fprintf(stderr, "演示在第 %d 步停下（%s）：%s\n", played_, qUtf8Printable(current_), qUtf8Printable(why));
+    std::fprintf(stderr, "演示在第 %d 步停下（%s）：%s\n", played_, qUtf8Printable(current_),
+                 qUtf8Printable(why));
     screen_.Keep(u"failed"_s, current_);
     std::fflush(nullptr);
     std::_Exit(1);

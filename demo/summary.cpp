@@ -32,7 +32,8 @@ QString Cell(const Column& column, const QString& text) {
 QString Line(const QList<Column>& columns, const QStringList& cells) {
     QString line;
     for (int i = 0; i < columns.size(); ++i) line += Cell(columns[i], cells[i]);
-    return text::Trim(line) + u'\n';
+    while (line.endsWith(u' ')) line.chop(1);
+    return line + u'\n';
 }
 
 QString Table(const QList<Column>& columns, const QStringList& rows) {
@@ -49,19 +50,27 @@ QString Table(const QList<Column>& columns, const QStringList& rows) {
 }
 
 QString Waybills(dao::Database& db) {
-    const QList<Column> columns = {{u"速递单号"_s, 12},         {u"寄件日期"_s, 10},
-                                   {u"类型"_s, 4},              {u"收重KG"_s, 6, true},
-                                   {u"付款"_s, 4},              {u"基本费用"_s, 8, true, true},
-                                   {u"附加"_s, 7, true, true},  {u"燃油费率"_s, 8, true},
-                                   {u"其它"_s, 7, true, true},  {u"总计费用"_s, 9, true, true},
-                                   {u"出货成本"_s, 9, true, true}, {u"审核"_s, 6},
+    const QList<Column> columns = {{u"速递单号"_s, 12},
+                                   {u"寄件日期"_s, 10},
+                                   {u"类型"_s, 4},
+                                   {u"收重KG"_s, 6, true},
+                                   {u"付款"_s, 4},
+                                   {u"基本费用"_s, 8, true, true},
+                                   {u"附加"_s, 7, true, true},
+                                   {u"燃油费率"_s, 8, true},
+                                   {u"其它"_s, 7, true, true},
+                                   {u"总计费用"_s, 9, true, true},
+                                   {u"出货成本"_s, 9, true, true},
+                                   {u"审核"_s, 6},
                                    {u"计价"_s, 0}};
     QStringList rows;
     for (const Consignment& c : Consignments())
-        rows += Rows(db, u"select F1,F101,F301,F402,F501,F502,F503,F505,F508,F504,F507,F604 from B01 where F1='"_s +
-                             c.number + u"'"_s)
-                    .join(QString()) +
-                u'|' + c.rule;
+        rows +=
+            Rows(db,
+                 u"select F1,F101,F301,F402,F501,F502,F503,F505,F508,F504,F507,F604 from B01 where F1='"_s +
+                     c.number + u"'"_s)
+                .join(QString()) +
+            u'|' + c.rule;
     return Table(columns, rows);
 }
 
@@ -80,9 +89,12 @@ QString Chain(dao::Database& db, const QString& counterparty) {
             throw RuntimeError(u"余额不连续："_s + row);
         balance = closing;
     }
-    const QList<Column> columns = {{u"序号SN"_s, 8, true},        {u"单号"_s, 14},
-                                   {u"日期"_s, 10},               {u"业务类型"_s, 8},
-                                   {u"期初QC"_s, 10, true, true}, {u"增加YF"_s, 10, true, true},
+    const QList<Column> columns = {{u"序号SN"_s, 8, true},
+                                   {u"单号"_s, 14},
+                                   {u"日期"_s, 10},
+                                   {u"业务类型"_s, 8},
+                                   {u"期初QC"_s, 10, true, true},
+                                   {u"增加YF"_s, 10, true, true},
                                    {u"期末QM"_s, 10, true, true}};
     return Table(columns, rows);
 }
@@ -95,7 +107,8 @@ QString Summary(const QString& file, const std::vector<Screen::Kept>& pictures) 
     text += u"\n速递单（金额单位：元）\n"_s + Waybills(*db);
     text += u"\n应收往来："_s + kCustomer + u'\n' + Chain(*db, kCustomer);
     text += u"\n应付往来："_s + kChannel + u'\n' + Chain(*db, kChannel);
-    text += u"\n序号计数器 "_s + Rows(*db, u"select Setval from SysInfo where ID=100"_s).join(QString()) + u'\n';
+    text +=
+        u"\n序号计数器 "_s + Rows(*db, u"select Setval from SysInfo where ID=100"_s).join(QString()) + u'\n';
     text += u"\n图片（标题栏由演示程序画出，窗口内容为程序本身的画面）\n"_s;
     for (const auto& [name, caption] : pictures) text += Cell({{}, 36}, name) + caption + u'\n';
     return text;

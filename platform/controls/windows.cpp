@@ -26,6 +26,9 @@ namespace {
 
 constexpr int kMostRows = 24;          // of a message, before it is scrolled
 constexpr int kCharactersOfARow = 40;  // Chinese ones, about
+// What a message box has for its text; longer texts are wrapped.
+constexpr int kLeastText = 312;
+constexpr int kMostText = 560;
 
 /// Runs a dialog; the window beneath is active again afterwards, which a display without a window manager
 /// does not do by itself.
@@ -49,6 +52,19 @@ QMessageBox::Icon IconOf(sys::BoxIcon icon) {
             break;
     }
     return QMessageBox::Information;
+}
+
+/// A short text makes no narrow box, and one that is a little longer than the toolkit likes is not wrapped
+/// for its last word. (A least width in the style sheet would be taken for the text's own, and a text cut.)
+void WidenText(QMessageBox& box) {
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+    const int index = grid && label ? grid->indexOf(label) : -1;
+    if (index < 0) return;
+    int row = 0, column = 0, rows = 0, columns = 0;
+    grid->getItemPosition(index, &row, &column, &rows, &columns);
+    label->ensurePolished();
+    grid->setColumnMinimumWidth(column, qBound(kLeastText, label->sizeHint().width(), kMostText));
 }
 
 /// Puts a read-only box with the detail between text and buttons.
@@ -132,6 +148,7 @@ sys::BoxAnswer ShowMessageBox(const sys::BoxRequest& request) {
     box.setIcon(IconOf(request.icon));
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     AddButtons(box, request);
+    WidenText(box);
     ScrollLongText(box);
     if (!request.detail.isEmpty()) AddDetail(box, request.detail);
     const int pressed = RunOver(box);
