@@ -58,6 +58,14 @@ void BareStatement::Insert(std::initializer_list<QByteArray> texts) {
     Reset();
 }
 
+int BareStatement::Columns() const {
+    return sqlite3_column_count(statement_);
+}
+
+bool BareStatement::IsText(int column) const {
+    return sqlite3_column_type(statement_, column) == SQLITE_TEXT;
+}
+
 bool BareStatement::IsNull(int column) const {
     return sqlite3_column_type(statement_, column) == SQLITE_NULL;
 }
@@ -90,7 +98,7 @@ BareEngine::BareEngine(const QString& path) {
 }
 
 BareEngine::~BareEngine() {
-    sqlite3_close(engine_);
+    if (own_) sqlite3_close(engine_);
 }
 
 void BareEngine::Run(const QByteArray& text) {

@@ -27,7 +27,9 @@ class BareStatement {
     /// Binds the texts from place 1 on, beside what is bound already, steps and resets.
     void Insert(std::initializer_list<QByteArray> texts);
 
+    int Columns() const;
     bool IsNull(int column) const;
+    bool IsText(int column) const;
     double Number(int column) const;
     sqlite3_int64 Whole(int column) const;
     QString Text(int column) const;
@@ -41,6 +43,8 @@ class BareStatement {
 class BareEngine {
   public:
     explicit BareEngine(const QString& path);
+    /// An engine that is open already and belongs to somebody else.
+    explicit BareEngine(sqlite3* engine) : engine_(engine), own_(false) {}
     ~BareEngine();
     BareEngine(const BareEngine&) = delete;
     BareEngine& operator=(const BareEngine&) = delete;
@@ -51,6 +55,7 @@ class BareEngine {
 
   private:
     sqlite3* engine_ = nullptr;
+    bool own_ = true;
 };
 
 }  // namespace benchmarks

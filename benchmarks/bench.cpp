@@ -13,8 +13,10 @@ constexpr int Rounds = 7;
 /// Another program on the machine can spoil a round; one that was above its limit gets more of them.
 constexpr int RoundsAtMost = 21;
 
-double BestOf(int runs, const std::function<void()>& body, double best) {
+double BestOf(int runs, const std::function<void()>& makeReady, const std::function<void()>& body,
+              double best) {
     for (int i = 0; i < runs; ++i) {
+        if (makeReady) makeReady();
         const auto begin = std::chrono::steady_clock::now();
         body();
         const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
@@ -49,8 +51,8 @@ void Bench::Run(const Measure& measure) {
     double ours = std::numeric_limits<double>::infinity();
     double bare = ours;
     for (int round = 0; round < Rounds || (round < RoundsAtMost && ours > measure.limit * bare); ++round) {
-        ours = BestOf(measure.runsInRound, measure.ours, ours);
-        bare = BestOf(measure.runsInRound, measure.bare, bare);
+        ours = BestOf(measure.runsInRound, measure.makeOursReady, measure.ours, ours);
+        bare = BestOf(measure.runsInRound, measure.makeBareReady, measure.bare, bare);
     }
     const double ratio = ours / bare;
     const bool above = ratio > measure.limit;
@@ -60,10 +62,16 @@ void Bench::Run(const Measure& measure) {
     if (above) ++failures_;
 }
 
-void Bench::State(const std::string& name, double value, const char* unit) {
+void Bench::State(const std::string& name, double value, const char* unit, double limit) {
     if (!Wanted(name)) return;
-    std::printf("%-44s %9.1f %s\n", name.c_str(), value, unit);
+    char figure[40];
+    std::snprintf(figure, sizeof figure, "%.2f %s", value, unit);
+    const bool above = limit > 0 && value > limit;
+    std::printf("%-44s %12s", name.c_str(), figure);
+    if (limit > 0) std::printf(" %30.2f%s", limit, above ? "  ABOVE" : "");
+    std::printf("\n");
     std::fflush(stdout);
+    if (above) ++failures_;
 }
 
 }  // namespace benchmarks

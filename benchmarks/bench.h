@@ -13,6 +13,8 @@ struct Measure {
     int runsInRound = 1;  ///< a round is that many runs of ours, then as many of the bare loop
     std::function<void()> ours;
     std::function<void()> bare;
+    std::function<void()> makeOursReady = {};  ///< before each run of ours, outside of its time
+    std::function<void()> makeBareReady = {};
 };
 
 class Bench {
@@ -23,8 +25,8 @@ class Bench {
     /// Runs both in turn and prints one line: name, ours, bare, ratio, limit. The best run of each side
     /// counts.
     void Run(const Measure& measure);
-    /// Prints a figure that has no limit.
-    void State(const std::string& name, double value, const char* unit);
+    /// Prints a figure that has no bare loop beside it; a limit of 0 is none.
+    void State(const std::string& name, double value, const char* unit, double limit = 0);
 
     bool Wanted(const std::string& name) const;
     /// How many measures were above their limit.

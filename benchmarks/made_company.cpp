@@ -1,7 +1,6 @@
 #include "benchmarks/made_company.h"
 
 #include "schema/data_files.h"
-#include "schema/names.h"
 
 #include <QDate>
 #include <QDir>
@@ -9,35 +8,34 @@
 
 #include <array>
 #include <cstdio>
+#include <iterator>
 
 namespace benchmarks {
 namespace {
 
 /// Raise it when the recipe below changes.
-constexpr int Recipe = 1;
+constexpr int Recipe = 2;
 
-constexpr int Days = 5 * 365;
 const QDate FirstDay(2019, 1, 1);
 
 QByteArray Numbered(const char* head, int index) {
     return head + QByteArray::number(index + 1).rightJustified(4, '0');
 }
 
-QByteArray ChannelCode(int index) {
-    return Numbered("Q", index);
-}
-
-QByteArray ChannelName(int index) {
-    return Numbered("渠道", index);
-}
+constexpr const char* Places[] = {"纽约",   "洛杉矶", "东京", "大阪",     "伦敦", "巴黎",  "悉尼",
+                                  "新加坡", "首尔",   "香港", "法兰克福", "米兰", "多伦多"};
 
 /// The tables' definitions; a file of other tables is made anew.
 QString Shape(const QString& file) {
     return BareEngine(file).Answer("select group_concat(sql,';') from sqlite_master where name<>'made'");
 }
 
-QByteArray Places(int count) {
+QByteArray Marks(int count) {
     return "?" + QByteArray(",?").repeated(count - 1);
+}
+
+QDate DayOf(int waybill) {
+    return FirstDay.addDays(static_cast<qint64>(waybill) * Days / Waybills);
 }
 
 void FillTariffs(BareEngine& engine) {
@@ -50,8 +48,15 @@ void FillTariffs(BareEngine& engine) {
     BareStatement channel(engine.Handle(),
                           "insert into M01 (F1,F2,D0,D1,S0,S1,JFD) values (?,?,0.5,0.5,0.5,0.5,0)");
     for (int c = 0; c < Channels; ++c) channel.Insert({ChannelCode(c), ChannelName(c)});
+    BareStatement courier(engine.Handle(), "insert into M04 (F1,F2) values (?,?)");
+    for (int c = 0; c < Couriers; ++c) courier.Insert({CourierName(c), CourierName(c)});
+    BareStatement place(engine.Handle(), "insert into M021 (F0,F1) values (?,?)");
+    for (int z = 0; z < Zones; ++z)
+        for (const char* name : Places) place.Insert({ZoneCode(z), name});
+    BareStatement origin(engine.Handle(), "insert into M05 (F1,F2) values (?,?)");
+    origin.Insert({"上海", "021"});
     BareStatement customer(engine.Handle(), "insert into M03 (F1,F2,F301) values (?,?,?)");
-    BareStatement quote(engine.Handle(), "insert into M031 values (?,?," + Places(19) + ")");
+    BareStatement quote(engine.Handle(), "insert into M031 values (?,?," + Marks(19) + ")");
     for (int c = 0; c < Customers; ++c) {
         customer.Insert({CustomerCode(c), CustomerName(c), CustomerName(c) + "国际贸易有限公司"});
         for (int z = 0; z < Zones; ++z) {
@@ -70,19 +75,19 @@ class LedgerMaker {
     explicit LedgerMaker(BareEngine& engine)
         : waybill_(
               engine.Handle(),
-              "insert into B01 (F1,F101,F2031,F301,F402,F404,F501,F602,F604,F103,F401,F504,F507,F603,F202,"
-              "F201,F203) values (?,?,'纽约','S',?,?,'月结','外务一','管理员','备注',1,?,?,?,?,'上海',?)"),
-          entry_(engine.Handle(),
-                 "insert into TB1 (S2,F1,F2,F3,H8,LB,SN,YF,QC,QM,S1,F5,F6,F10) values "
-                 "(?,?,?,?,?,?,?,?,?,?,'外务一','管理员','管理员','')") {}
+              "insert into B01 (F1,F101,F2031,F602,F2041,F2051,F2061,F2071,F103,F402,F404,F504,F507,F603,"
+              "F202,F203,F401,F501,F301,F201,F604,F601,F208,F302,F403,F502,F503,F505,F506) values (" +
+                  Marks(17) + ",'月结','S','上海','管理员','管理员','021-58880000','样品',0,0,0,1,1)"),
+          entry_(engine.Handle(), "insert into TB1 (S2,F1,F2,F3,H8,LB,SN,YF,QC,QM,S1,F5,F6,F10) values (" +
+                                      Marks(10) + ",'外务员0001','管理员','管理员','')") {}
 
     void Fill() {
+        QDate day;
         for (int i = 0; i < Waybills; ++i) {
-            const int dayNumber = static_cast<int>(static_cast<qint64>(i) * Days / Waybills);
-            if (dayNumber != day_) counter_ += 29;
-            day_ = dayNumber;
+            if (DayOf(i) != day) counter_ += 29;
+            day = DayOf(i);
             counter_ += 2;
-            Add(i, FirstDay.addDays(dayNumber).toString(u"yyyy-MM-dd").toUtf8());
+            Add(i, day.toString(u"yyyy-MM-dd").toUtf8());
         }
     }
     double Counter() const { return counter_; }
@@ -95,14 +100,19 @@ class LedgerMaker {
         const double charge = 30 + weight * 12;
         const double cost = 20 + weight * 9;
         const QByteArray number = QByteArray::number(80'000'000 + i);
-        waybill_.Bind(3, weight);
-        waybill_.Bind(4, weight);
-        waybill_.Bind(5, charge);
-        waybill_.Bind(6, cost);
-        waybill_.Bind(7, CustomerCode(customer));
-        waybill_.Bind(8, ChannelCode(channel));
-        waybill_.Bind(9, ZoneCode(i % Zones));
-        waybill_.Insert({number, date});
+        const QByteArray shipper = CustomerName(customer) + "国际贸易有限公司";
+        const QByteArray remark = i % 8 == 0 ? "请于" + date + "前送达" : QByteArray();
+        waybill_.Bind(10, weight);
+        waybill_.Bind(11, weight);
+        waybill_.Bind(12, charge);
+        waybill_.Bind(13, cost);
+        waybill_.Bind(14, CustomerCode(customer));
+        waybill_.Bind(15, ChannelCode(channel));
+        waybill_.Bind(16, ZoneCode(i % Zones));
+        waybill_.Bind(17, static_cast<sqlite3_int64>(1 + i % 9));
+        waybill_.Insert({number, date, Places[static_cast<std::size_t>(i) % std::size(Places)],
+                         CourierName(i % Couriers), shipper, "上海市浦东新区世纪大道" + number + "号",
+                         "Trading Company " + number, "Harbour Road " + number, remark});
         Post("增加应收", "YS" + number, date, CustomerName(customer), -9, counter_, charge,
              customerBalance_[static_cast<std::size_t>(customer)]);
         Post("增加应付", "YF" + number, date, ChannelName(channel), 9, counter_ + 1, cost,
@@ -124,7 +134,6 @@ class LedgerMaker {
     BareStatement entry_;
     std::array<double, Customers> customerBalance_{};
     std::array<double, Channels> channelBalance_{};
-    int day_ = -1;
     double counter_ = 100;
 };
 
@@ -164,24 +173,40 @@ QByteArray ZoneCode(int index) {
     return Numbered("Z", index);
 }
 
-MadeCompany::MadeCompany(const QString& folder) : file_(folder + u'/' + schema::kDatabaseFile.toString()) {
+QByteArray ChannelCode(int index) {
+    return Numbered("Q", index);
+}
+
+QByteArray ChannelName(int index) {
+    return Numbered("渠道", index);
+}
+
+QByteArray CourierName(int index) {
+    return Numbered("外务员", index);
+}
+
+QDate LastDay() {
+    return DayOf(Waybills - 1);
+}
+
+MadeCompany::MadeCompany(const QString& folder) : folder_(folder) {
     QDir().mkpath(folder);
     const QString fresh = folder + QStringLiteral("/fresh.dat");
     RemoveWithSideFiles(fresh);
     schema::MakeDatabase(fresh);
-    if (!QFile::exists(file_) || !IsOurs(file_, Shape(fresh))) {
+    if (!QFile::exists(File()) || !IsOurs(File(), Shape(fresh))) {
         std::printf("making a company of %d waybills, once\n", Waybills);
         std::fflush(stdout);
-        RemoveWithSideFiles(file_);
+        RemoveWithSideFiles(File());
         {
             BareEngine engine(fresh);
             Fill(engine);
         }
-        QFile::rename(fresh, file_);
+        QFile::rename(fresh, File());
     }
     RemoveWithSideFiles(fresh);
-    db_ = dao::Database::Open(file_, schema::kConnect.toString());
-    bare_ = std::make_unique<BareEngine>(file_);
+    db_ = dao::Database::Open(File(), schema::kConnect.toString());
+    bare_ = std::make_unique<BareEngine>(File());
 }
 
 }  // namespace benchmarks

@@ -5,8 +5,10 @@
 
 #include "benchmarks/bare_engine.h"
 #include "platform/dao/database.h"
+#include "schema/names.h"
 
 #include <QByteArray>
+#include <QDate>
 #include <QString>
 
 #include <memory>
@@ -17,10 +19,17 @@ constexpr int Waybills = 100'000;
 constexpr int Customers = 2'000;
 constexpr int Channels = 20;
 constexpr int Zones = 10;
+constexpr int Couriers = 12;
+constexpr int Days = 5 * 365;
 
 QByteArray CustomerCode(int index);
 QByteArray CustomerName(int index);
 QByteArray ZoneCode(int index);
+QByteArray ChannelCode(int index);
+QByteArray ChannelName(int index);
+QByteArray CourierName(int index);
+/// The day of the newest waybill.
+QDate LastDay();
 
 /// The one customer with a tenth of all waybills: a chain of 10,000 rows. The channels' chains have 5,000
 /// each.
@@ -33,10 +42,11 @@ class MadeCompany {
 
     dao::Database& Db() { return *db_; }
     BareEngine& Bare() { return *bare_; }
-    QString File() const { return file_; }
+    QString File() const { return folder_ + u'/' + schema::kDatabaseFile.toString(); }
+    QString Folder() const { return folder_; }
 
   private:
-    QString file_;
+    QString folder_;
     std::unique_ptr<dao::Database> db_;
     std::unique_ptr<BareEngine> bare_;
 };

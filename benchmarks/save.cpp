@@ -1,84 +1,121 @@
-// The writing of one waybill: its row, the counter, both journal rows and one commit. The rows go again in
-// the same command, so that the company stays as it was made.
+// The save of a released waybill with its two postings, from the key of the command to the durable commit:
+// for the newest day, and dated back into the middle of the channel's chain of 5,000 rows. The bare loop runs
+// what the save itself sends to the engine, word for word, on the same state of the file.
+#include "app/session.h"
+#include "benchmarks/sent.h"
 #include "benchmarks/subjects.h"
-#include "platform/dao/dialect/translate.h"
+#include "platform/controls/box.h"
 
-#include <QByteArrayList>
+#include <cstdio>
+#include <cstdlib>
 
-#include <benchmark/benchmark.h>
-#include <chrono>
+using namespace Qt::StringLiterals;
+using waybills::Box;
 
 namespace benchmarks {
 namespace {
 
-QByteArray Waybill() {
-    QByteArray insert =
-        "insert into B01 "
-        "(F1,F101,F102,F103,F201,F202,F203,F2031,F2041,F2042,F2051,F2052,F2061,F2062,F2071,F2072,"
-        "F208,F301,F302,F303,F401,F402,F403,F404,F405,F501,F502,F503,F504,F601,F602,F603,F604,F505,F507,F506,"
-        "F701,"
-        "F702,F703,F704,F2021,F605,F606,DF,YJ,XJ,F508,F509,F510,F4051,F4052,F4053) VALUES "
-        "('ZZ1','2024-03-15','";
-    for (int i = 2; i < 19; ++i) insert += "上海市浦东新区某某路一百二十八号','";
-    return insert +
-           "100',1,2.5,2.5,2.4,'','月结',50.5,0,50.5,'管理员','外务一','K0001','未审核',1.1,30.25,1,'','','',"
-           "'','',"
-           "'','',0,50.5,0,0,0,0,10,20,30)";
-}
+const QByteArray Number = "B0000001";
+constexpr int Customer = 7;
+constexpr int Channel = 3;
+constexpr int Charge = 250;
+constexpr int Cost = 180;
 
-QByteArray Post(const char* type, const char* key, const char* party, const char* numbers) {
-    return QByteArray("insert into TB1 (S2,F1,F3,SN,LB,YF,F2,S1,F5,F6,F10,H8) VALUES('") + type + "','" +
-           key + "','" + party + "'," + numbers +
-           ",'2024-03-15','','管理员','管理员','','2024-03-15 10:00:00')";
-}
+/// Takes a save back: the waybill, its postings, the counter, what the postings added to later balances.
+class Undo {
+  public:
+    explicit Undo(BareEngine& engine) : counter_(engine.Answer("select Setval from SysInfo where ID=100")) {}
 
-const QByteArrayList Statements = {
-    "update TE1 set F67=1 where F1='001'",
-    Waybill(),
-    "update sysinfo set Setval=setval+1 Where ID=100",
-    Post("增加应收", "YSZZ1", "客户0002", "9000000,-9,50.5"),
-    Post("增加应付", "YFZZ1", "渠道0002", "9000001,9,30.25"),
-    "update sysinfo set Setval=setval-1 Where ID=100",
-    "DELETE FROM TB1 WHERE F1='YFZZ1' OR F1='YSZZ1'",
-    "delete from B01 where F1='ZZ1'",
+    void Do(BareEngine& engine) const {
+        engine.Run("begin immediate");
+        Lower(engine, "YS", CustomerName(Customer), Charge);
+        Lower(engine, "YF", ChannelName(Channel), Cost);
+        engine.Run("delete from TB1 where F1 in ('YS" + Number + "','YF" + Number + "')");
+        engine.Run("delete from B01 where F1='" + Number + "'");
+        engine.Run("update SysInfo set Setval=" + counter_.toUtf8() + " where ID=100");
+        engine.Run("commit");
+    }
+
+  private:
+    static void Lower(BareEngine& engine, const QByteArray& kind, const QByteArray& party, int amount) {
+        const QString place = engine.Answer("select SN from TB1 where F1='" + kind + Number + "'");
+        if (place.isEmpty()) return;
+        const QByteArray by = QByteArray::number(amount);
+        engine.Run("update TB1 set QC=QC-" + by + ",QM=QM-" + by + " where F3='" + party + "' and SN>" +
+                   place.toUtf8());
+    }
+
+    QString counter_;
 };
 
-void Ours(dao::Database& db) {
-    for (const QByteArray& statement : Statements) db.Execute(QString::fromUtf8(statement));
-    db.CloseGroup();
+void FillCard(OpenForm& form, QDate date) {
+    form.Press(u"Menu_Add"_s);
+    const auto text = [](const QByteArray& utf8) { return QString::fromUtf8(utf8); };
+    const std::pair<Box, QString> combos[] = {
+        {waybills::CustomerCode, text(CustomerCode(Customer) + '.' + CustomerName(Customer))},
+        {waybills::Courier, text(CourierName(0))},
+        {waybills::ServiceType, u"S.物品(Parcel)"_s},
+        {waybills::PaymentMode, u"月结.Account"_s},
+        {waybills::ServiceZoneCode, text(ZoneCode(0))},
+        {waybills::OriginName, u"上海"_s},
+        {waybills::Destination, u"纽约"_s},
+        {waybills::ChannelCode, text(ChannelCode(Channel) + '.' + ChannelName(Channel))},
+    };
+    for (const auto& [box, value] : combos) form.Combo(box).SetText(value);
+    const std::pair<Box, QString> boxes[] = {
+        {waybills::Number, text(Number)},
+        {waybills::ShipperCompany, u"华兴国际贸易有限公司"_s},
+        {waybills::ShipperAddress, u"上海市浦东新区世纪大道100号"_s},
+        {waybills::ConsigneeCompany, u"Hudson Trading Inc."_s},
+        {waybills::ConsigneeAddress, u"350 Fifth Avenue, New York"_s},
+        {waybills::Goods, u"样品"_s},
+        {waybills::Pieces, u"2"_s},
+        {waybills::ReceivedWeight, u"12.5"_s},
+        {waybills::ShippedWeight, u"12.5"_s},
+        {waybills::BasicCharge, QString::number(Charge)},
+        {waybills::FuelRate, u"1"_s},
+        {waybills::TotalCharge, QString::number(Charge)},
+        {waybills::ShippingCost, QString::number(Cost)},
+        {waybills::ReleaseMark, OperatorName},
+    };
+    for (const auto& [box, value] : boxes) form.Box(box).SetText(value);
+    form.findChild<controls::DTPicker*>(u"DTP"_s)->SetValue(date);
 }
 
-void Bare(BareEngine& engine) {
-    engine.Run("begin immediate");
-    for (const QByteArray& statement : Statements) engine.Run(statement);
-    engine.Run("commit");
-}
-
-class NoTables : public dao::dialect::Tables {
-    const dao::dialect::Table* Find(std::string_view) const override { return nullptr; }
-};
-
-/// Microseconds for one translation of the waybill's insert.
-double Translation() {
-    constexpr int Times = 10'000;
-    const std::string insert = Waybill().toStdString();
-    const NoTables tables;
-    const auto begin = std::chrono::steady_clock::now();
-    for (int i = 0; i < Times; ++i) benchmark::DoNotOptimize(dao::dialect::Translate(insert, tables));
-    const std::chrono::duration<double, std::micro> took = std::chrono::steady_clock::now() - begin;
-    return took.count() / Times;
+void MeasureSave(Bench& bench, Office& office, const char* name, QDate date) {
+    if (!bench.Wanted(name)) return;
+    OpenForm& form = office.Form();
+    const Undo undo(office.Bare());
+    BareEngine ours(office.Engine());
+    const auto save = [&] { form.Press(u"Menu_save"_s); };
+    const auto ready = [&] {
+        undo.Do(ours);
+        FillCard(form, date);
+    };
+    ready();
+    save();  // the columns of the tables are read once for a run
+    ready();
+    const std::vector<Sent> sent = Caught(office.Engine(), save);
+    if (office.Bare().Answer("select count(*) from TB1 where F1 in ('YS" + Number + "','YF" + Number +
+                             "')") != u"2") {
+        std::fprintf(stderr, "the save did not post\n");
+        std::exit(2);
+    }
+    bench.Run({.name = name,
+               .limit = 2,
+               .runsInRound = 5,
+               .ours = save,
+               .bare = [&] { RunAgain(office.Bare(), sent); },
+               .makeOursReady = ready,
+               .makeBareReady = [&] { undo.Do(office.Bare()); }});
+    undo.Do(office.Bare());
 }
 
 }  // namespace
 
-void MeasureSave(Bench& bench, MadeCompany& company) {
-    bench.Run({.name = "writing of a waybill with its journal rows",
-               .limit = 2,
-               .runsInRound = 20,
-               .ours = [&] { Ours(company.Db()); },
-               .bare = [&] { Bare(company.Bare()); }});
-    const std::string translation = "translation of an insert of 2 KB";
-    if (bench.Wanted(translation)) bench.State(translation, Translation(), "us");
+void MeasureSaves(Bench& bench, Office& office) {
+    MeasureSave(bench, office, "save: released, on the newest day", LastDay());
+    MeasureSave(bench, office, "save: dated back, 2,500 balances follow", LastDay().addDays(-Days / 2));
 }
 
 }  // namespace benchmarks

@@ -3,13 +3,16 @@
 
 #include "benchmarks/bench.h"
 #include "benchmarks/made_company.h"
+#include "benchmarks/office.h"
 
 namespace benchmarks {
 
 void MeasureCharge(Bench& bench, MadeCompany& company);
 void MeasureChain(Bench& bench, MadeCompany& company);
 void MeasureDateRange(Bench& bench, MadeCompany& company);
-void MeasureList(Bench& bench, MadeCompany& company);
-void MeasureSave(Bench& bench, MadeCompany& company);
+void MeasureList(Bench& bench, Office& office);
+void MeasureSaves(Bench& bench, Office& office);
+void MeasureStart(Bench& bench, MadeCompany& company);
+void MeasureTranslation(Bench& bench);
 
 }  // namespace benchmarks

@@ -1,0 +1,77 @@
+#include "benchmarks/sent.h"
+
+#include <benchmark/benchmark.h>
+#include <cstdlib>
+
+namespace benchmarks {
+namespace {
+
+struct Catch {
+    std::vector<Sent> statements;
+    const void* last = nullptr;
+};
+
+/// The numbers that stand where the text has its question marks. Our writers bind nothing else.
+std::vector<double> ValuesIn(const char* expanded, const char* text) {
+    std::vector<double> values;
+    for (; *text != '\0'; ++text) {
+        if (*text != '?') {
+            ++expanded;
+            continue;
+        }
+        char* end = nullptr;
+        values.push_back(std::strtod(expanded, &end));
+        expanded = end;
+    }
+    return values;
+}
+
+int Take(unsigned, void* context, void* prepared, void*) {
+    auto& caught = *static_cast<Catch*>(context);
+    auto* statement = static_cast<sqlite3_stmt*>(prepared);
+    const char* text = sqlite3_sql(statement);
+    const bool again = caught.last == prepared && caught.statements.back().text == text;
+    if (!again) caught.statements.push_back({text, {}});
+    caught.last = prepared;
+    if (sqlite3_bind_parameter_count(statement) == 0) return 0;
+    char* expanded = sqlite3_expanded_sql(statement);
+    caught.statements.back().values.push_back(ValuesIn(expanded, text));
+    sqlite3_free(expanded);
+    return 0;
+}
+
+void ReadRows(BareStatement& statement) {
+    while (statement.Step()) {
+        for (int i = 0; i < statement.Columns(); ++i) {
+            if (statement.IsText(i))
+                benchmark::DoNotOptimize(statement.Text(i).constData());
+            else
+                benchmark::DoNotOptimize(statement.Number(i));
+        }
+    }
+}
+
+}  // namespace
+
+std::vector<Sent> Caught(sqlite3* engine, const std::function<void()>& command) {
+    Catch caught;
+    sqlite3_trace_v2(engine, SQLITE_TRACE_STMT, Take, &caught);
+    command();
+    sqlite3_trace_v2(engine, 0, nullptr, nullptr);
+    return caught.statements;
+}
+
+void RunAgain(BareEngine& engine, const std::vector<Sent>& statements) {
+    for (const Sent& sent : statements) {
+        BareStatement statement(engine.Handle(), sent.text);
+        if (sent.values.empty()) ReadRows(statement);
+        for (const auto& values : sent.values) {
+            int place = 0;
+            for (const double value : values) statement.Bind(++place, value);
+            ReadRows(statement);
+            statement.Reset();
+        }
+    }
+}
+
+}  // namespace benchmarks
