@@ -25,6 +25,7 @@ int main(int argc, char** argv) {
             benchmarks::MeasureSaves(bench, office);
         }
         benchmarks::MeasureStart(bench, company);
+        benchmarks::MeasureTranslation(bench);
         return bench.Failures() == 0 ? 0 : 1;
     } catch (const PlatformError& error) {
         std::fprintf(stderr, "%s\n", error.what());

@@ -13,5 +13,6 @@ void MeasureDateRange(Bench& bench, MadeCompany& company);
 void MeasureList(Bench& bench, Office& office);
 void MeasureSaves(Bench& bench, Office& office);
 void MeasureStart(Bench& bench, MadeCompany& company);
+void MeasureTranslation(Bench& bench);
 
 }  // namespace benchmarks
