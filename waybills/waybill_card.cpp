@@ -5,6 +5,7 @@
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 #include "waybills/customer_charge.h"
+#include "waybills/shipping_cost.h"
 #include "waybills/waybill_form.h"
 
 #include <QVBoxLayout>
@@ -192,6 +193,7 @@ void B01::WireCard() {
     Combo(CustomerCode).LostFocus = [this] { LeaveCustomer(); };
     Txt[BasicCharge]->GotFocus = [this] { EnterBasicCharge(); };
     Txt[TotalCharge]->GotFocus = [this] { EnterTotal(); };
+    Txt[ShippingCost]->GotFocus = [this] { EnterCost(); };
     Txt[ReleaseMark]->Change = [this] { MirrorRelease(); };
     ChkChuHuo->KeyPressed = controls::EnterMovesOn;
     ChkChuHuo->Click = [this] { ClickRelease(); };
@@ -342,23 +344,49 @@ void B01::ClickRelease() {
         Txt[ReleaseMark]->SetText(ChkChuHuo->Value() == 1 ? OperatorName : NotShipped);
 }
 
-void B01::EnterBasicCharge() {
+void B01::Compute(Box box, const std::function<Computed()>& computation) {
     if (FormMode < Adding) {
         TabS->SetFocus();
         return;
     }
-    auto& box = *Txt[BasicCharge];
-    box.SetLocked(true);
+    auto& target = *Txt[box];
+    target.SetLocked(true);
     const controls::WaitPointer waiting;
-    const Computed charge = ComputeCustomerCharge(*Db, {.customer = Combo(CustomerCode).Text(),
-                                                        .zone = Combo(ServiceZoneCode).Text(),
-                                                        .weight = BoxText(ReceivedWeight),
-                                                        .serviceType = Combo(ServiceType).Text()});
-    if (charge.kind == Computed::Kind::Amount)
-        box.SetText(charge.amount);
-    else
-        sys::MsgBox(charge.box);
-    box.SetLocked(false);
+    const Computed result = computation();
+    if (result.fuelFactorDefaulted) Txt[ChannelFuelRate]->SetText(u"1"_s);
+    switch (result.kind) {
+        case Computed::Kind::Amount:
+            target.SetText(result.amount);
+            break;
+        case Computed::Kind::Refused:
+        case Computed::Kind::StandardMissing:
+            sys::MsgBox(result.box);
+            break;
+        case Computed::Kind::Unchanged:
+            break;
+    }
+    target.SetLocked(false);
+}
+
+void B01::EnterBasicCharge() {
+    Compute(BasicCharge, [this] {
+        return ComputeCustomerCharge(*Db, {.customer = Combo(CustomerCode).Text(),
+                                           .zone = Combo(ServiceZoneCode).Text(),
+                                           .weight = BoxText(ReceivedWeight),
+                                           .serviceType = Combo(ServiceType).Text()});
+    });
+}
+
+void B01::EnterCost() {
+    Compute(ShippingCost, [this] {
+        return ComputeShippingCost(*Db, {.channel = Combo(ChannelCode).Text(),
+                                         .zone = Combo(ChannelZoneCode).Text(),
+                                         .weight = BoxText(ShippedWeight),
+                                         .serviceType = Combo(ServiceType).Text(),
+                                         .fuelFactor = BoxText(ChannelFuelRate),
+                                         .additionalFees = BoxText(ChannelAdditionalFees),
+                                         .otherFees = BoxText(ChannelOtherFees)});
+    });
 }
 
 void B01::EnterTotal() {

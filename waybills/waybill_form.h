@@ -53,8 +53,11 @@ class B01 : public RecordForm {
     void LeaveCustomer();
     void MirrorRelease();
     void ClickRelease();
+    /// Puts a computation's outcome into its box, which is locked meanwhile; or shows why there is none.
+    void Compute(waybills::Box box, const std::function<waybills::Computed()>& computation);
     void EnterBasicCharge();
     void EnterTotal();
+    void EnterCost();
 
     // The commands.
     void Menu_Add();

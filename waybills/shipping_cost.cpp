@@ -1,0 +1,162 @@
+#include "waybills/shipping_cost.h"
+
+#include "app/data_access.h"
+#include "platform/text/numbers.h"
+
+#include <cmath>
+#include <cstdint>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace waybills {
+namespace {
+
+/// Which price applies. From FirstHeavy on the lower bound of bracket b is field b of the channel and its
+/// rate field b of the zone; the flag of that rate stands FlagOffset further on.
+namespace bracket {
+constexpr std::int16_t DocumentFirst = 0;
+constexpr std::int16_t DocumentContinued = 1;
+constexpr std::int16_t ParcelFirst = 2;
+constexpr std::int16_t ParcelContinued = 3;
+constexpr std::int16_t FirstHeavy = 5;
+}  // namespace bracket
+
+constexpr int SegmentCount = 4;      // field of the channel
+constexpr int ParcelFirstPrice = 2;  // field of the zone
+constexpr int FlagOffset = 10;
+
+/// What the channel says about one weight.
+struct Bracket {
+    std::int16_t index;     ///< `BracketIndex`
+    std::int16_t fallback;  ///< where a heavy segment that costs nothing falls back to
+    float firstWeight;      ///< `FirstWeight`, kg
+    float stepWeight;       ///< `StepWeight`, kg; 0 means that no continuation can be counted
+};
+
+/// The fees and the factor as numbers.
+struct Extras {
+    double fuel;
+    double additional;
+    double other;
+};
+
+Computed Refuse(const QString& text) {
+    return {.kind = Computed::Kind::Refused, .box = {.text = text, .title = u"提示"_s}};
+}
+
+std::optional<Computed> CheckCard(const CostInput& input, double weight) {
+    if (text::Trim(input.zone).isEmpty())
+        return Refuse(u"未输入出货区域，系统无法根据区域的成本价格计算出货成本！"_s);
+    if (!(weight > 0)) return Refuse(u"未输入出货重量，系统无法计算出货成本！"_s);
+    if (!input.serviceType.startsWith(u'D') && !input.serviceType.startsWith(u'S'))
+        return Refuse(u"未输入服务类型，无法计算出货成本！"_s);
+    return std::nullopt;
+}
+
+Bracket ChooseBracket(const dao::Recordset& channel, double weight, bool document) {
+    Bracket chosen{};
+    // A weight exactly on the first weight stays within it.
+    if (document) {
+        const bool within = !(weight > channel.Fields(0).Number());
+        chosen.index = within ? bracket::DocumentFirst : bracket::DocumentContinued;
+        chosen.fallback = bracket::DocumentContinued;
+    } else {
+        const bool within = !(weight > channel.Fields(2).Number());
+        chosen.index = within ? bracket::ParcelFirst : bracket::ParcelContinued;
+        chosen.fallback = bracket::ParcelContinued;
+    }
+
+    // Half the index, as for the customer's charge: a parcel reads the document's step as its first weight
+    // and its own first weight as its step. No default here: an empty field is 0.
+    const int k = chosen.index / 2;
+    chosen.firstWeight = text::ToSingle(channel.Fields(k).Number());
+    chosen.stepWeight = text::ToSingle(channel.Fields(k + 1).Number());
+
+    // Of the channel's own segments the last one that the weight reaches wins, for documents too.
+    const int segments = text::ToInteger16(channel.Fields(SegmentCount).Number());
+    for (int i = bracket::FirstHeavy; i <= segments + SegmentCount; ++i)
+        if (channel.Fields(i).Number() <= weight) chosen.index = static_cast<std::int16_t>(i);
+    return chosen;
+}
+
+Computed Amount(double cost) {
+    return {.kind = Computed::Kind::Amount, .amount = text::FormatFixed(cost, 2)};
+}
+
+Computed FirstWeightCost(const dao::Recordset& zone, const Bracket& chosen, const Extras& extras) {
+    const double price = zone.Fields(chosen.index).Number();
+    return Amount(extras.other + extras.additional * extras.fuel + extras.fuel * price);
+}
+
+/// The other fees are never added here, and any that are there take the continuation out of the cost
+/// altogether: the price counts only where the fees and the null test of the price (-1) sum up to 0. Stored
+/// costs and margins rest on it. Fees of 1 with an empty price come out as that empty price, which no amount
+/// can be made of.
+Computed ContinuedCost(const dao::Recordset& zone, const Bracket& chosen, double weight,
+                       const Extras& extras) {
+    if (chosen.stepWeight == 0) return {.kind = Computed::Kind::Unchanged};
+    const dao::Field continued = zone.Fields(chosen.index);
+    const bool counts = (continued.IsNull() ? -1 : 0) + extras.other == 0;
+    if (counts && continued.IsNull()) return Refuse(u"无效使用 Null"_s);
+    const double over = weight - static_cast<double>(chosen.firstWeight);
+    const double steps = std::ceil(over / static_cast<double>(chosen.stepWeight));
+    const double price = zone.Fields(chosen.index - 1).Number();
+    const double weightCost = steps * (counts ? continued.Number() : 0) + price;
+    return Amount(extras.additional * extras.fuel + extras.fuel * weightCost);
+}
+
+Computed HeavyCost(const dao::Recordset& zone, const Bracket& chosen, double weight, const Extras& extras) {
+    const double rate = zone.Fields(chosen.index).Number();
+    double weightCost = rate * weight;
+    // With the flag the parcel's first-weight price applies, to documents as well, and the weight above the
+    // first weight is not rounded.
+    if (zone.Fields(chosen.index + FlagOffset).Number() != 0)
+        weightCost = zone.Fields(ParcelFirstPrice).Number() +
+                     rate * (weight - static_cast<double>(chosen.firstWeight));
+    return Amount(extras.other + extras.fuel * (extras.additional + weightCost));
+}
+
+Computed ApplyBracket(const dao::Recordset& zone, Bracket chosen, double weight, const Extras& extras) {
+    if (chosen.index >= bracket::FirstHeavy) {
+        Computed heavy = HeavyCost(zone, chosen, weight, extras);
+        if (text::Val(heavy.amount) != 0) return heavy;
+        chosen.index = chosen.fallback;
+    }
+    if (chosen.index == bracket::DocumentFirst || chosen.index == bracket::ParcelFirst)
+        return FirstWeightCost(zone, chosen, extras);
+    return ContinuedCost(zone, chosen, weight, extras);
+}
+
+}  // namespace
+
+Computed ComputeShippingCost(dao::Database& db, const CostInput& input) {
+    const QString typed = text::Trim(input.channel);
+    if (typed.isEmpty() || typed == u".") return {.kind = Computed::Kind::Unchanged};
+    const double weight = text::Val(input.weight);
+    if (auto refusal = CheckCard(input, weight)) return *refusal;
+
+    auto channel =
+        db.OpenRecordset(u"select D0,D1,S0,S1,JFD,J0,J1,J2,J3,J4,J5,J6,J7,J8,J9 FROM M01 WHERE F1="_s +
+                         Quoted(CodePart(typed)));
+    // The text has always begun with the standard's caption.
+    if (channel.Eof()) return Refuse(u"本公司报价标准设定您填写的出货渠道编码无效,请从下拉列表中选择！"_s);
+    const Bracket chosen = ChooseBracket(channel, weight, input.serviceType.startsWith(u'D'));
+    channel.Close();
+
+    auto zone = db.OpenRecordset(
+        u"select P101,P102,P201,P202,P3,P300,P301,P302,P303,P304,P305,P306,P307,P308,P309,A30,A31,A32,A33,A34,A35,"_s +
+        u"A36,A37,A38,A39 FROM M011 WHERE F1="_s + Quoted(CodePart(input.zone)));
+    if (zone.Eof()) return Refuse(u"指定的区域编码无效！\r无法计算出货成本"_s);
+    Extras extras{.fuel = text::Val(input.fuelFactor),
+                  .additional = text::Val(input.additionalFees),
+                  .other = text::Val(input.otherFees)};
+    const bool defaulted = extras.fuel == 0;
+    if (defaulted) extras.fuel = 1;
+    Computed cost = ApplyBracket(zone, chosen, weight, extras);
+    cost.fuelFactorDefaulted = defaulted;
+    zone.Close();
+    return cost;
+}
+
+}  // namespace waybills
