@@ -1,5 +1,6 @@
-// A company with what a waybill needs: a priced zone, two customers, couriers, origins, a channel. The tariff is
-// the worked one: a document of 1.2 kg costs 50, a parcel of 3 kg 115, of 30 kg 360, of 50 kg 1525.
+// A company with what a waybill needs: a priced zone, two customers, couriers, origins, a channel. The tariff
+// is the worked one: a document of 1.2 kg costs 50, a parcel of 3 kg 115, of 30 kg 360, of 50 kg 1525; the
+// channel asks 39.00, 66.00, 270.00, 376.50.
 #pragma once
 
 #include <QString>
@@ -23,8 +24,9 @@ inline QStringList WaybillMasters() {
         u"insert into M05 (F1,F2) VALUES ('上海','021')"_s,
         u"insert into M05 (F1,F2) VALUES ('苏州','0512')"_s,
         u"insert into M06 (F1,F2) VALUES ('地址不详','')"_s,
-        u"insert into M01 (F1,F2) VALUES ('H1','环洋')"_s,
-        u"insert into M011 (F1,F2,F3) VALUES ('H1-1','美东','H1')"_s,
+        u"insert into M01 (F1,F2,D0,D1,S0,S1,JFD,J0,J1) VALUES ('H1','环洋',0.5,0.5,1,1,2,21,45)"_s,
+        u"insert into M011 (F1,F2,F3,P101,P102,P201,P202,P300,P301,A30,A31) VALUES "_s +
+            u"('H1-1','美东','H1',20,8,30,12,9,7,False,True)"_s,
         u"insert into M011 (F1,F2,F3) VALUES ('H1-2','美西','H1')"_s,
     };
 }

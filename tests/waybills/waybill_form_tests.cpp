@@ -32,6 +32,7 @@ class WaybillForm : public tests::Program {
         QString date = u"2024-03-15"_s;
         bool released = false;
         QString channel = u""_s;
+        QString shipped = u""_s;
         QString cost = u""_s;
     };
 
@@ -58,6 +59,10 @@ class WaybillForm : public tests::Program {
         Type(entry.service);
         GoTo(u"Txt(21)"_s);
         Type(entry.weight);
+        if (!entry.shipped.isEmpty()) {
+            GoTo(u"Txt(23)"_s);
+            Type(entry.shipped);
+        }
         GoTo(u"Txt(33)"_s);
         Type(entry.fuel);
         GoTo(u"Txt(28)"_s);
@@ -117,7 +122,8 @@ TEST(B01, APaymentModeTakesTheTotalIntoItsColumn) {
 
 TEST(B01, ReleasedPostsThePayable) {
     WaybillForm form;
-    form.Add({.number = u"W1"_s, .released = true, .channel = u"H1.环洋"_s, .cost = u"80.5"_s});
+    form.Add(
+        {.number = u"W1"_s, .released = true, .channel = u"H1.环洋"_s, .shipped = u"3"_s, .cost = u"80.5"_s});
     EXPECT_EQ(form.Rows(u"select F202,F2021,F507,F604 from B01"_s), QStringList{u"H1|H1-1|80.5|管理员"_s})
         << "leaving the channel chose its first zone";
     EXPECT_EQ(form.Journal(), (QStringList{u"YSW1|华兴|115|131|0|115"_s, u"YFW1|环洋|80.5|132|0|80.5"_s}));
@@ -125,7 +131,7 @@ TEST(B01, ReleasedPostsThePayable) {
     // An edit brings both rows anew; unchecked, the payable goes. With no other row left the day counts as
     // new.
     AltKey(u'E');
-    form.GoTo(u"Txt(34)"_s);
+    form.GoTo(u"Txt(28)"_s);
     AltKey(u'S');
     EXPECT_EQ(form.Journal(), (QStringList{u"YSW1|华兴|115|162|0|115"_s, u"YFW1|环洋|80.5|163|0|80.5"_s}));
     AltKey(u'E');
@@ -258,6 +264,45 @@ TEST(B01, ChargeIsAskedByEnteringItsBox) {
     form.Execute(u"delete from MS1"_s);
     form.script.Box(u"本公司报价标准设定数据丢失！请重新设置！"_s, u"意外错误"_s, sys::BoxIcon::Warning);
     enter();
+    AltKey(u'C');
+}
+
+TEST(B01, CostIsAskedByEnteringItsBox) {
+    WaybillForm form;
+    AltKey(u'A');
+    form.SetCombo(ServiceType, u"D.文件(File)"_s);
+    const auto enter = [&](const QString& weight) {
+        form.SetBox(ShippedWeight, weight);
+        form.TextBoxAt(ShippingCost).SetFocus();
+        tests::Settle();
+        return form.Box(ShippingCost);
+    };
+    EXPECT_EQ(enter(u"1.3"_s), u""_s) << "no channel, no cost and no word";
+    EXPECT_EQ(form.Box(ChannelFuelRate), u""_s);
+    form.SetCombo(ChannelCode, u"H1"_s);
+    form.SetBox(ChannelAdditionalFees, u"3"_s);
+    form.script.Box(u"未输入出货重量，系统无法计算出货成本！"_s, Title);
+    enter(u"0"_s);
+    const struct {
+        QString service, weight, cost;
+    } worked[] = {{u"D"_s, u"0.4"_s, u"23.00"_s},
+                  {u"D"_s, u"1.3"_s, u"39.00"_s},
+                  {u"S"_s, u"25"_s, u"228.00"_s},
+                  {u"S"_s, u"50"_s, u"379.50"_s}};
+    for (const auto& row : worked) {
+        form.SetCombo(ServiceType, row.service);
+        EXPECT_EQ(enter(row.weight), row.cost);
+        EXPECT_EQ(form.Box(ChannelFuelRate), u"1"_s) << "the empty factor shows as taken";
+    }
+    form.SetCombo(ServiceType, u"D"_s);
+    form.SetBox(ChannelOtherFees, u"2"_s);
+    EXPECT_EQ(enter(u"1.3"_s), u"23.00"_s);
+    form.SetBox(ChannelOtherFees, u"1"_s);
+    form.Execute(u"update M011 set P102=null"_s);
+    form.script.Box(u"无效使用 Null"_s, Title);
+    EXPECT_EQ(enter(u"1.3"_s), u"23.00"_s) << "nothing to format: the box stays and the program goes on";
+    Type(u"77"_s);
+    EXPECT_EQ(form.Box(ShippingCost), u"77"_s) << "an amount typed afterwards stands";
     AltKey(u'C');
 }
 
