@@ -1,6 +1,5 @@
 #include "app/child_form.h"
 
-#include "app/frame_menu_bar.h"
 #include "app/main_window.h"
 
 ChildForm::ChildForm(const QString& name, const QString& caption) {
@@ -14,7 +13,8 @@ ChildForm::~ChildForm() = default;
 
 QMenuBar* ChildForm::MenuBar() {
     if (!menuBar_) {
-        menuBar_ = new FrameMenuBar(this);
+        menuBar_ = new QMenuBar(this);
+        menuBar_->setNativeMenuBar(false);
         menuBar_->hide();
     }
     return menuBar_;

@@ -9,13 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The session's database; after a backup or restore there is none, and every question fails like a
-/// statement.
-dao::Database& SessionDb() {
-    if (!Db) throw RuntimeError(u"对象变量或 With 块变量未设置"_s);
-    return *Db;
-}
-
 QString FirstText(dao::Database& db, const QString& sql) {
     auto rows = db.OpenRecordset(sql);
     QString result;
@@ -66,7 +59,7 @@ double GetVal(dao::Database& db, const QString& sql) {
 
 QString GetStr(const QString& sql) {
     try {
-        return FirstText(SessionDb(), sql);
+        return FirstText(*Db, sql);
     } catch (const PlatformError& error) {
         TellFailure(u"GetStr"_s, error);
         return {};
@@ -79,7 +72,7 @@ QString GetStrQuiet(const QString& sql) {
 
 double GetVal(const QString& sql) {
     try {
-        return FirstNumber(SessionDb(), sql);
+        return FirstNumber(*Db, sql);
     } catch (const PlatformError& error) {
         TellFailure(u"GetVal"_s, error);
         return 0;
@@ -111,7 +104,7 @@ QString CodeToName(dao::Database& db, QString& text, const QString& table) {
 }
 
 QString CodeToName(QString& text, const QString& table) {
-    return CodeToName(SessionDb(), text, table);
+    return CodeToName(*Db, text, table);
 }
 
 QString CodePart(const QString& comboText) {

@@ -1,7 +1,6 @@
 #include "app/main_window.h"
 
 #include "app/data_access.h"
-#include "app/frame_menu_bar.h"
 #include "app/main_menu.h"
 #include "app/product.h"
 #include "app/session.h"
@@ -95,7 +94,8 @@ struct MForm::State {
 
 void MForm::State::BuildMenus() {
     bars = new QStackedWidget;
-    bar = new FrameMenuBar;
+    bar = new QMenuBar;
+    bar->setNativeMenuBar(false);
     bars->addWidget(bar);
     QMenu* under = nullptr;
     for (const MenuRow& row : MenuRows()) AddRow(row, under);

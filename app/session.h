@@ -9,13 +9,27 @@
 #include <cstdint>
 #include <memory>
 
-extern QString NumFormat;                  ///< "#0.00", the format of amounts in the ledgers
-extern std::int16_t LangFlag;              ///< 0 English or unknown, 1 Simplified, 2 Traditional Chinese
-extern QString MsgTitle;                   ///< title of message boxes
-extern QString AppFolder;                  ///< the program's folder, always ending in a separator
-extern QString DbFile;                     ///< AppFolder + "tessik.dat"
-extern std::unique_ptr<dao::Database> Db;  ///< the one open database; empty after a backup or restore
-extern QString OperatorCode;               ///< "001" is the administrator, by its code alone
+/// The session's database. After a backup or restore there is none; whoever uses it then gets a RuntimeError,
+/// so that the session ends with a word and not with a crash.
+class SessionDatabase {
+  public:
+    SessionDatabase& operator=(std::unique_ptr<dao::Database> opened);
+    dao::Database* operator->() const { return &**this; }
+    dao::Database& operator*() const;
+    explicit operator bool() const { return open_ != nullptr; }
+    void reset() { open_.reset(); }
+
+  private:
+    std::unique_ptr<dao::Database> open_;
+};
+
+extern QString NumFormat;      ///< "#0.00", the format of amounts in the ledgers
+extern std::int16_t LangFlag;  ///< 0 English or unknown, 1 Simplified, 2 Traditional Chinese
+extern QString MsgTitle;       ///< title of message boxes
+extern QString AppFolder;      ///< the program's folder, always ending in a separator
+extern QString DbFile;         ///< AppFolder + "tessik.dat"
+extern SessionDatabase Db;     ///< the one open database; empty after a backup or restore
+extern QString OperatorCode;   ///< "001" is the administrator, by its code alone
 extern QString OperatorName;
 extern bool EditInProgress;   ///< some record form is in add or edit state
 extern bool CanEditReleased;  ///< may edit a waybill that is already released

@@ -132,9 +132,14 @@ TEST(Frame, AChildsBarTakesTheKeysOfTheFramesBar) {
     AltKey(u's');
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "the frame's menus are out of reach";
     Press(Qt::Key_Alt);
-    EXPECT_EQ(run.BarInFront(), u"A04.bar");
+    EXPECT_EQ(FocusName(), u"A04.bar") << "a lone Alt is for the bar that is seen";
     Press(Qt::Key_Escape);
     EXPECT_EQ(FocusName(), u"A04.Txt");
+    AltKey(u'r');
+    Press(Qt::Key_Alt);
+    Press(Qt::Key_Return);
+    EXPECT_NE(QApplication::activePopupWidget(), nullptr) << "the frame's bar takes its turn";
+    Press(Qt::Key_Escape);
 }
 
 TEST(Frame, ClosingOneOfTwoShowsTheToolBarAndGoesBackToTheOther) {

@@ -44,9 +44,9 @@ void Company::EnterSession() {
 }
 
 dao::Database& Company::Db() {
-    auto& db = inSession_ ? ::Db : db_;
-    if (!db) throw std::logic_error("the company's database is closed");
-    return *db;
+    if (inSession_) return *::Db;
+    if (!db_) throw std::logic_error("the company's database is closed");
+    return *db_;
 }
 
 QString Company::Folder() const {
