@@ -35,7 +35,7 @@ cp build/release/bin/korvane demo-out/company/
 
 if [ "${1:-}" = --readme ]; then
     mkdir -p docs/pictures
-    cp demo-out/19-waybill-editing.png docs/pictures/waybill-card.png
+    cp demo-out/*-waybill-editing.png docs/pictures/waybill-card.png
 fi
 
 cat demo-out/summary.txt
