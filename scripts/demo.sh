@@ -18,6 +18,10 @@ without_screen() { # suffix of the pictures, scale
 if [ $# -gt 1 ]; then set -- wrong; fi
 case "${1:-}" in
 --watch)
+    if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+        say "There is no display here to watch it on."
+        exit 2
+    fi
     rm -rf demo-out
     "$demo" demo-out "" 1366x768 150
     ;;
