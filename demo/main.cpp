@@ -74,11 +74,13 @@ void Steady(QApplication& app, QDateTime& clock) {
     sys::seams().localeName = [] { return u"zh_CN"_s; };
 }
 
-/// A display without a screen says at every window what it can't do.
+/// A display without a screen says at every window what it can't do, and that nobody is logged in there.
 void DropDisplaysWords() {
     static QtMessageHandler others = nullptr;
     others = qInstallMessageHandler([](QtMsgType kind, const QMessageLogContext& at, const QString& text) {
-        if (!text.startsWith(u"This plugin does not support")) others(kind, at, text);
+        for (const auto& known : {u"This plugin does not support"_s, u"QStandardPaths: XDG_RUNTIME_DIR"_s})
+            if (text.startsWith(known)) return;
+        others(kind, at, text);
     });
 }
 

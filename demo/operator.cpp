@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QLabel>
 #include <QMessageBox>
 #include <QTimer>
 
@@ -43,6 +44,14 @@ QString TextOf(QWidget& control) {
     if (auto* picker = dynamic_cast<controls::DTPicker*>(&control)) return picker->text();
     if (auto* check = qobject_cast<QCheckBox*>(&control)) return check->isChecked() ? u"1"_s : u"0"_s;
     throw Mismatch{u"控件没有文字："_s + control.objectName()};
+}
+
+/// False when the box shows less than its text.
+bool ShowsAll(const QMessageBox& box) {
+    const auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+    if (!label) return false;
+    return label->wordWrap() ? label->height() >= label->heightForWidth(label->width())
+                             : label->width() >= label->sizeHint().width();
 }
 
 QMessageBox* ActiveBox() {
@@ -156,6 +165,7 @@ void Operator::ExpectBox(const QString& text, const QString& title, const QStrin
     add(text, [this, text, title](QMessageBox& box) {
         Compare(box.windowTitle(), title);
         Compare(box.text(), QString(text).replace(u'\r', u'\n'));
+        if (!ShowsAll(box)) throw Mismatch{u"消息框的文字没有全部显示"_s};
     });
     if (!picture.isEmpty())
         add(text, [this, picture, text](QMessageBox&) { screen_.Keep(picture, u"消息框："_s + text); });

@@ -36,11 +36,6 @@ QStringList MasterStatements() {
             u"'Shanghai Hengfeng Trading Co., Ltd.',1)"_s,
         // The customer has a price up to 46 kg and from 71 kg, and none between.
         u"insert into M031 (F0,F1,F2,F3,F4,F5,F6,F7,F8,F9,F10) VALUES ('C0012','B01',160,48,210,62,86,0,78,74,70)"_s,
-        u"insert into M05 (F1,F2) VALUES ('上海','021-5555 0100')"_s,
-        u"insert into M05 (F1,F2) VALUES ('苏州','0512-5555 0100')"_s,
-        u"insert into M05 (F1,F2) VALUES ('杭州','0571-5555 0100')"_s,
-        u"insert into M06 (F1,F2) VALUES ('地址不详','')"_s,
-        u"insert into M06 (F1,F2) VALUES ('海关查验','')"_s,
         u"insert into M01 (F1,F2,D0,D1,S0,S1,JFD,J0) VALUES ('HY01','"_s + kChannel +
             u"',0.5,0.5,0.5,0.5,1,21)"_s,
         u"insert into M011 (F1,F2,F3,P101,P102,P201,P202,P3,P300) VALUES "_s +
@@ -48,12 +43,43 @@ QStringList MasterStatements() {
     };
 }
 
-const std::vector<Person>& Couriers() {
-    static const std::vector<Person> couriers = {
-        {u"何立伟"_s, u"闵行、松江"_s}, {u"陈建军"_s, u"浦东北片"_s},   {u"王晓峰"_s, u"徐汇、长宁"_s},
-        {u"李红兵"_s, u"嘉定、青浦"_s}, {u"林少华"_s, u"宝山、虹口"_s}, {u"方志远"_s, u"苏州工业园区"_s},
+const std::vector<SmallMaster>& SmallMasters() {
+    static const std::vector<SmallMaster> masters = {
+        {.form = u"A030"_s,
+         .keys = u"A4"_s,
+         .table = u"M030"_s,
+         .picture = u"salesperson"_s,
+         .caption = u"业务员资料"_s,
+         .rows = {{u"孙丽萍"_s, u"华东大客户"_s}, {u"郑凯"_s, u"苏州、杭州"_s}}},
+        {.form = u"A04"_s,
+         .keys = u"A6"_s,
+         .table = u"M04"_s,
+         .picture = u"courier"_s,
+         .caption = u"外务员资料"_s,
+         .rows = {{u"何立伟"_s, u"闵行、松江"_s},
+                  {u"陈建军"_s, u"浦东北片"_s},
+                  {u"王晓峰"_s, u"徐汇、长宁"_s},
+                  {u"李红兵"_s, u"嘉定、青浦"_s},
+                  {u"林少华"_s, u"宝山、虹口"_s},
+                  {u"方志远"_s, u"苏州工业园区"_s}}},
+        {.form = u"A05"_s,
+         .keys = u"A7"_s,
+         .table = u"M05"_s,
+         .picture = u"origin"_s,
+         .caption = u"始发地资料"_s,
+         .rows = {{u"上海"_s, u"021-5555 0100"_s},
+                  {u"苏州"_s, u"0512-5555 0100"_s},
+                  {u"杭州"_s, u"0571-5555 0100"_s}}},
+        {.form = u"A06"_s,
+         .keys = u"A8"_s,
+         .table = u"M06"_s,
+         .picture = u"incident"_s,
+         .caption = u"速递事故原因设置"_s,
+         .rows = {{u"地址不详"_s, u"与发件人核对后再派送"_s},
+                  {u"海关查验"_s, u"等待海关放行"_s},
+                  {u"收件人外出"_s, u"次日再派"_s}}},
     };
-    return couriers;
+    return masters;
 }
 
 const std::vector<Consignment>& Consignments() {

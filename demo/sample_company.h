@@ -1,7 +1,7 @@
 // The sample company: what is in the file before the day begins, and what the day brings.
 //
-// The masters below are put in place through the database until their forms stand; the couriers, who have
-// their form, are entered by keys.
+// Tariffs, customers and channels are put in place through the database until their forms stand; what has its
+// form is entered by keys.
 #pragma once
 
 #include <QDate>
@@ -20,12 +20,21 @@ inline const QString kChannel = QStringLiteral("环洋快件");
 /// Statements in the system's dialect.
 QStringList MasterStatements();
 
-struct Person {
-    QString name;  ///< at most 4 characters
+/// Names of couriers and origins have at most 4 characters.
+struct MasterRow {
+    QString name;
     QString note;
 };
-/// In the order of their entry.
-const std::vector<Person>& Couriers();
+/// A table with a form of its own that is filled by keys.
+struct SmallMaster {
+    QString form;
+    QString keys;  ///< of its menu
+    QString table;
+    QString picture;
+    QString caption;
+    std::vector<MasterRow> rows;  ///< in the order of their entry
+};
+const std::vector<SmallMaster>& SmallMasters();
 
 /// Text typed into a control.
 struct Entry {

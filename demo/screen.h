@@ -13,7 +13,8 @@ namespace demo {
 
 class Screen {
   public:
-    /// size in device-independent pixels; pictures go into the folder as NAME + suffix + ".png".
+    /// size in device-independent pixels; pictures go into the folder as
+    /// NUMBER-NAME + suffix + ".png", numbered in the order of their taking.
     Screen(QSize size, const QString& folder, const QString& suffix);
 
     /// Gives the main window the whole screen beneath its title bar.

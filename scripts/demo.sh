@@ -8,51 +8,41 @@
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 demo=build/release/bin/demo
-out=demo-out
 
-play() { # suffix, scale, further arguments of the program
-    local suffix=$1 scale=$2
-    shift 2
+without_screen() { # suffix of the pictures, scale
     # The company is new for each run; the one of the last run stays.
     rm -rf demo-out/company
-    QT_SCALE_FACTOR=$scale "$demo" "$out" "$suffix" "$@"
+    QT_QPA_PLATFORM=offscreen:configfile=demo/screen$1.json QT_SCALE_FACTOR=$2 "$demo" demo-out "$1"
 }
 
-without_screen() { # scale in percent: a screen of 1366x768 at that scale
-    mkdir -p "$out"
-    cat >"$out/screen.json" <<JSON
-{"screens": [{"name": "demo", "x": 0, "y": 0, "width": $((1366 * $1 / 100)), "height": $((768 * $1 / 100)),
-  "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]}
-JSON
-    export QT_QPA_PLATFORM=offscreen:configfile=$out/screen.json
-}
-
-rm -rf demo-out
+if [ $# -gt 1 ]; then set -- wrong; fi
 case "${1:-}" in
 --watch)
-    mkdir -p "$out"
-    play "" 1 1366x768 150
+    if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+        say "There is no display here to watch it on."
+        exit 2
+    fi
+    rm -rf demo-out
+    "$demo" demo-out "" 1366x768 150
     ;;
 "" | --readme)
-    without_screen 150
-    play -150 1.5
-    without_screen 100
-    play "" 1
-    rm "$out/screen.json"
+    rm -rf demo-out
+    without_screen -150 1.5
+    without_screen "" 1
     ;;
 *)
     say "usage: scripts/demo.sh [--watch | --readme]"
     exit 2
     ;;
 esac
-cp build/release/bin/korvane "$out/company/korvane"
+cp build/release/bin/korvane demo-out/company/
 
 if [ "${1:-}" = --readme ]; then
     mkdir -p docs/pictures
-    cp "$out/19-waybill-editing.png" docs/pictures/waybill-card.png
+    cp demo-out/*-waybill-editing.png docs/pictures/waybill-card.png
 fi
 
-cat "$out/summary.txt"
+cat demo-out/summary.txt
 say ""
-say "Pictures: $out/*.png (at 150 %: $out/*-150.png), the figures above: $out/summary.txt"
-say "The company: $out/company/ (on a desktop, $out/company/korvane opens it; operator 001, password korvane1)"
+say "Pictures: demo-out/*.png (at 150 %: demo-out/*-150.png), the figures above: demo-out/summary.txt"
+say "The company: demo-out/company/ (on a desktop, demo-out/company/korvane opens it; operator 001, password korvane1)"

@@ -71,21 +71,6 @@ TEST(MessageBox, ShowsExactlyWhatIsAsked) {
     }
 }
 
-TEST(MessageBox, CutsNoText) {
-    tests::Script script;
-    const QString word = u"系统中已经有其它外务员使用了这个姓名，"_s;
-    for (const int words : {1, 2, 3, 40}) {
-        OnNext([&](QWidget& shown) {
-            const auto& label = tests::Find<QLabel>(shown, u"qt_msgbox_label"_s);
-            if (label.wordWrap())
-                EXPECT_GE(label.height(), label.heightForWidth(label.width()));
-            else
-                EXPECT_GE(label.width(), label.sizeHint().width());
-        });
-        ShowMessageBox({.text = word.repeated(words)});
-    }
-}
-
 TEST(MessageBox, YesAndNo) {
     tests::Script script;
     const struct {
