@@ -178,6 +178,15 @@ void Card::paintEvent(QPaintEvent*) {
     }
 }
 
+CardAtRest::CardAtRest(QWidget& card) : layout_(card.layout()) {
+    layout_->setEnabled(false);
+}
+
+CardAtRest::~CardAtRest() {
+    layout_->setEnabled(true);
+    layout_->activate();
+}
+
 NarrowCard::NarrowCard(QWidget* parent) : QWidget(parent), grid_(new QGridLayout(this)) {
     Dress(this);
     SetColumns(grid_);

@@ -54,6 +54,19 @@ class Card : public QWidget {
     std::unique_ptr<State> state_;
 };
 
+/// While it lives the card's widgets keep their places, however many are shown and hidden; at its end the card
+/// places them all, once. Without it every single one would place them all.
+class CardAtRest {
+  public:
+    explicit CardAtRest(QWidget& card);
+    ~CardAtRest();
+    CardAtRest(const CardAtRest&) = delete;
+    CardAtRest& operator=(const CardAtRest&) = delete;
+
+  private:
+    QLayout* layout_;
+};
+
 /// A card of one column for small forms: caption left, box right, pitch 32. In the frame it stands where a
 /// card's left half would; in a dialog it fills the width.
 class NarrowCard : public QWidget {
