@@ -178,13 +178,15 @@ void Card::paintEvent(QPaintEvent*) {
     }
 }
 
-CardAtRest::CardAtRest(QWidget& card) : layout_(card.layout()) {
-    layout_->setEnabled(false);
+CardAtRest::CardAtRest(QWidget& card) : card_(card) {
+    card_.setUpdatesEnabled(false);
+    card_.layout()->setEnabled(false);
 }
 
 CardAtRest::~CardAtRest() {
-    layout_->setEnabled(true);
-    layout_->activate();
+    card_.layout()->setEnabled(true);
+    card_.layout()->activate();
+    card_.setUpdatesEnabled(true);
 }
 
 NarrowCard::NarrowCard(QWidget* parent) : QWidget(parent), grid_(new QGridLayout(this)) {

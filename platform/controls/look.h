@@ -54,8 +54,8 @@ class Card : public QWidget {
     std::unique_ptr<State> state_;
 };
 
-/// While it lives the card's widgets keep their places, however many are shown and hidden; at its end the card
-/// places them all, once. Without it every single one would place them all.
+/// While it lives the card places and paints nothing, however many of its widgets are shown, hidden or locked;
+/// at its end it does both once. Without it each of them would place them all.
 class CardAtRest {
   public:
     explicit CardAtRest(QWidget& card);
@@ -64,7 +64,7 @@ class CardAtRest {
     CardAtRest& operator=(const CardAtRest&) = delete;
 
   private:
-    QLayout* layout_;
+    QWidget& card_;
 };
 
 /// A card of one column for small forms: caption left, box right, pitch 32. In the frame it stands where a
