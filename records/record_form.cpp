@@ -154,11 +154,13 @@ void RecordForm::SelectTab() {
 }
 
 void RecordForm::ShowCommands(CommandRow::When state) {
+    std::vector<std::pair<QAction*, bool>> enabled;
     for (std::size_t i = 0; i < commands_.size(); ++i) {
         const CommandRow& row = commands_[i];
         const bool fits = row.when == CommandRow::When::Always || row.when == state;
-        actions_[i]->setEnabled(fits && row.handler);
+        enabled.emplace_back(actions_[i], fits && row.handler);
     }
+    controls::EnableCommands(MenuBar(), enabled);
 }
 
 void RecordForm::ShowBadge() {

@@ -205,6 +205,7 @@ void B01::ShowCombo(Box box, bool shown) {
 }
 
 void B01::OpenCard() {
+    const controls::CardAtRest rest(*Txt[Number]->Widget()->parentWidget());
     // The number is unlocked by the commands themselves; maker and release mark are never typed.
     for (int i = SendDate; i < BoxCount; ++i)
         if (i != Maker && i != ReleaseMark) Txt[i]->SetLocked(false);
@@ -220,7 +221,9 @@ void B01::OpenCard() {
 }
 
 void B01::CloseCard() {
-    for (auto* box : Txt) box->SetLocked(true);
+    const controls::CardAtRest rest(*Txt[Number]->Widget()->parentWidget());
+    for (auto* box : Txt)
+        if (!box->Locked()) box->SetLocked(true);
     for (const Box box : ComboBoxes) ShowCombo(box, false);
     DTP->hide();
     Txt[SendDate]->Widget()->show();

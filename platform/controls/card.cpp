@@ -178,6 +178,17 @@ void Card::paintEvent(QPaintEvent*) {
     }
 }
 
+CardAtRest::CardAtRest(QWidget& card) : card_(card) {
+    card_.setUpdatesEnabled(false);
+    card_.layout()->setEnabled(false);
+}
+
+CardAtRest::~CardAtRest() {
+    card_.layout()->setEnabled(true);
+    card_.layout()->activate();
+    card_.setUpdatesEnabled(true);
+}
+
 NarrowCard::NarrowCard(QWidget* parent) : QWidget(parent), grid_(new QGridLayout(this)) {
     Dress(this);
     SetColumns(grid_);

@@ -52,6 +52,7 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), state_(std::make_uniqu
     corner->setPalette(low);
     setCornerWidget(corner);
     SetFramed(false);
+    setVerticalHeader(new RowHeads(this));
     verticalHeader()->hide();
     verticalHeader()->setMinimumSectionSize(kRowHeight);
     verticalHeader()->setDefaultSectionSize(kRowHeight);

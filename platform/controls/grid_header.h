@@ -39,4 +39,15 @@ class GridHeader : public QHeaderView {
     bool merge_ = false;
 };
 
+/// The rows' heads, never shown: they only know the rows' heights. A current row is nothing to them; marking
+/// it would have them measure all rows of a long list whenever a line was added.
+class RowHeads : public QHeaderView {
+    Q_OBJECT
+  public:
+    explicit RowHeads(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {}
+
+  protected:
+    void currentChanged(const QModelIndex&, const QModelIndex&) override {}
+};
+
 }  // namespace controls

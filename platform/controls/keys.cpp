@@ -147,6 +147,15 @@ class HotKeys : public QObject {
     }
 };
 
+/// Keeps from a bar that its commands change.
+class Curtain : public QObject {
+  public:
+    explicit Curtain(QMenuBar& bar) { bar.installEventFilter(this); }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override { return event->type() == QEvent::ActionChanged; }
+};
+
 void Hang(QAction* action, const QString& name, std::function<void()> handler) {
     action->setObjectName(name);
     QObject::connect(action, &QAction::triggered, action, [handler = std::move(handler)] {
@@ -171,6 +180,19 @@ QAction* AddCommand(QMenu* menu, const QString& name, const QString& caption, st
     HotKeys::Watch(menu);
     Hang(action, name, std::move(handler));
     return action;
+}
+
+void EnableCommands(QMenuBar* bar, const std::vector<std::pair<QAction*, bool>>& commands) {
+    auto changed = commands;
+    std::erase_if(changed, [](const auto& command) { return command.first->isEnabled() == command.second; });
+    if (changed.empty()) return;
+    const auto [last, lastEnabled] = changed.back();
+    changed.pop_back();
+    {
+        const Curtain curtain(*bar);
+        for (const auto& [command, enabled] : changed) command->setEnabled(enabled);
+    }
+    last->setEnabled(lastEnabled);
 }
 
 QMenu* AddMenu(QMenuBar* bar, const QString& name, const QString& caption) {

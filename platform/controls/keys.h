@@ -12,6 +12,8 @@
 #include <QString>
 
 #include <functional>
+#include <utility>
+#include <vector>
 
 namespace controls {
 
@@ -26,6 +28,8 @@ void EnterMovesOn(KeyPress& key);
 QAction* AddCommand(QMenuBar* bar, const QString& name, const QString& caption,
                     std::function<void()> handler);
 QAction* AddCommand(QMenu* menu, const QString& name, const QString& caption, std::function<void()> handler);
+/// Enables and disables commands of a bar together: it measures itself anew once and not for each.
+void EnableCommands(QMenuBar* bar, const std::vector<std::pair<QAction*, bool>>& commands);
 QMenu* AddMenu(QMenuBar* bar, const QString& name, const QString& caption);
 
 }  // namespace controls

@@ -54,6 +54,19 @@ class Card : public QWidget {
     std::unique_ptr<State> state_;
 };
 
+/// While it lives the card places and paints nothing, however many of its widgets are shown, hidden or locked;
+/// at its end it does both once. Without it each of them would place them all.
+class CardAtRest {
+  public:
+    explicit CardAtRest(QWidget& card);
+    ~CardAtRest();
+    CardAtRest(const CardAtRest&) = delete;
+    CardAtRest& operator=(const CardAtRest&) = delete;
+
+  private:
+    QWidget& card_;
+};
+
 /// A card of one column for small forms: caption left, box right, pitch 32. In the frame it stands where a
 /// card's left half would; in a dialog it fills the width.
 class NarrowCard : public QWidget {
