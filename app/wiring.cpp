@@ -23,7 +23,10 @@ std::function<std::unique_ptr<ChildForm>()> Child() {
 
 Registry FilledRegistry() {
     Registry forms;
+    forms.children[u"A030"_s] = Child<A030>();
     forms.children[u"A04"_s] = Child<A04>();
+    forms.children[u"A05"_s] = Child<A05>();
+    forms.children[u"A06"_s] = Child<A06>();
     forms.children[u"B01"_s] = Child<B01>();
     forms.modals[u"Login"_s] = Modal<Login>();
     forms.modals[u"AboutUS"_s] = Modal<AboutUS>();

@@ -41,7 +41,7 @@ SmallMaster::SmallMaster(const SmallMasterSettings& settings)
     MakeBox(settings.keyCaption, settings.keyLimit);
     MakeBox(settings.noteCaption, settings.noteLimit, settings.noteRows);
     using Half = controls::Card::Half;
-    card->Field(Half::Left, 0, 0, 1, Lab[Key], Txt[Key]->Widget());
+    card->Field(Half::Left, 0, 0, settings.keySpan, Lab[Key], Txt[Key]->Widget());
     if (settings.noteRows > 1)
         card->TallField(Half::Left, 1, settings.noteRows, 0, 3, Lab[Note], Txt[Note]->Widget());
     else
@@ -53,6 +53,11 @@ void SmallMaster::Load() {
     FormMode = Browsing;
     GD->raise();
     LoadGrid(u"select * from "_s + master_.table + u" order by F1"_s);
+}
+
+QStringList SmallMaster::Headers() const {
+    if (master_.headers.isEmpty()) return {Lab[Key]->text(), Lab[Note]->text()};
+    return master_.headers;
 }
 
 QString SmallMaster::StatusText() const {
@@ -115,7 +120,8 @@ bool SmallMaster::MakeRoom() {
     const QString found = GetStr(master_.duplicateTest + key + u"'"_s);
     const bool taken = !found.isEmpty() && (FormMode == Adding || key != CurrentCell(Key));
     if (taken) {
-        sys::Inform(master_.duplicateText, MsgTitle);
+        const QString named = master_.duplicateNamesKey ? Txt[Key]->Text() : QString();
+        sys::Inform(named + master_.duplicateText, MsgTitle);
         Txt[Key]->SetFocus();
         return false;
     }

@@ -14,18 +14,22 @@ struct SmallMasterSettings {
     QString group;  ///< the card's group title
     QString table;  ///< "M04"
     QString keyCaption, noteCaption;
-    QStringList headers;
+    QStringList headers;      ///< none: the captions of the boxes
     int keyLimit, noteLimit;  ///< characters
+    int keySpan;              ///< pairs of the card's half that the key's box takes
     int noteRows;             ///< rows of the note's box
     int requiredBoxes;        ///< Txt(0) up to here must not be empty
     QString usedIn;           ///< in-use test, up to the apostrophe before the key
     QString cascade;          ///< what goes with a used record, up to the apostrophe before the key
     QString duplicateTest;    ///< up to the apostrophe before the key
+    bool duplicateNamesKey;   ///< the message begins with the text of Txt(0)
     QString duplicateText;    ///< the message
 };
 
-/// FieldCourier, table M04.
-extern const SmallMasterSettings CourierSettings;
+extern const SmallMasterSettings CourierSettings;      ///< FieldCourier, table M04
+extern const SmallMasterSettings SalespersonSettings;  ///< Salesperson, table M030
+extern const SmallMasterSettings OriginSettings;       ///< Origin, table M05
+extern const SmallMasterSettings IncidentSettings;     ///< IncidentReason, table M06
 
 class SmallMaster : public RecordForm {
     Q_OBJECT
@@ -34,7 +38,7 @@ class SmallMaster : public RecordForm {
     void Load() override;
 
   protected:
-    QStringList Headers() const override { return master_.headers; }
+    QStringList Headers() const override;
     QString StatusText() const override;
     void RowToCard() override;
     void OpenCard() override;
@@ -55,4 +59,22 @@ class SmallMaster : public RecordForm {
 class A04 : public SmallMaster {
   public:
     A04() : SmallMaster(CourierSettings) {}
+};
+
+/// 业务员资料: the salespersons.
+class A030 : public SmallMaster {
+  public:
+    A030() : SmallMaster(SalespersonSettings) {}
+};
+
+/// 始发地资料: where consignments begin.
+class A05 : public SmallMaster {
+  public:
+    A05() : SmallMaster(OriginSettings) {}
+};
+
+/// 速递事故原因设置: why consignments fail.
+class A06 : public SmallMaster {
+  public:
+    A06() : SmallMaster(IncidentSettings) {}
 };
