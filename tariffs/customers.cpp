@@ -102,6 +102,8 @@ A03::A03()
         {u"Menu_Return"_s, u"&R.返回"_s, When::Always, [this] { Menu_Return(); }},
     });
     BuildCard();
+    GD->SetCols(BoxCount);
+    for (const Box number : {Coefficient, Paid, Owed}) GD->SetColAlignment(number, Qt::AlignRight);
 }
 
 // ---------------------------------------------------------------- the card
@@ -129,11 +131,14 @@ void A03::BuildCard() {
     column->setSpacing(0);
     column->addWidget(card, 1);
     PlaceFields(*card);
-    FrmBtm = new QuotePanel(
-        Frm, {.coefficient = Txt[Coefficient],
-              .coefficientCaption = Lab[Coefficient],
-              .lastCustomerRow = [this] { return GD->Rows() - 1; },
-              .unfolded = [column, card](bool open) { column->setStretchFactor(card, open ? 0 : 1); }});
+    FrmBtm = new QuotePanel(Frm, {.coefficient = Txt[Coefficient],
+                                  .coefficientCaption = Lab[Coefficient],
+                                  .lastCustomerRow = [this] { return GD->Rows() - 1; },
+                                  .unfolded =
+                                      [this, column, card](bool open) {
+                                          column->setStretchFactor(card, open ? 0 : 1);
+                                          column->setStretchFactor(FrmBtm, open ? 1 : 0);
+                                      }});
     column->addWidget(FrmBtm);
     WireCard();
     SetTabOrder();

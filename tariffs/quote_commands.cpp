@@ -143,6 +143,7 @@ bool QuotePanel::AddQuotes() {
         CmdDel->SetCaption(DeleteCaption);
         quoteRow_ = GdMx->Rows() - 1;
     }
+    ShowChange();
     ShowQuoteRow();
     return found;
 }
@@ -150,6 +151,7 @@ bool QuotePanel::AddQuotes() {
 bool QuotePanel::FloatRow(int row, double coefficient) {
     if (sys::Ask(u"已经存在针对该区域的报价！\r需要在现有报价基础上，再次浮动报价吗？"_s, u"提示"_s))
         MultiplyRow(row, coefficient);
+    ShowChange();
     return false;
 }
 
@@ -191,6 +193,7 @@ void QuotePanel::RemoveQuoteRow(int row) {
         for (int col = 0; col <= LastBlanked; ++col) GdMx->SetTextMatrix(FirstQuoteRow, col, {});
     // Bounded by the customer list and not by this grid: with more customers than quotes, deleting the last
     // row names a row that is gone, which fails. It has always been so.
+    ShowChange();
     quoteRow_ = std::min(row, host_.lastCustomerRow());
     ShowQuoteRow();
 }
@@ -216,5 +219,6 @@ void QuotePanel::ReNewPrice() {
         .defaultButton = sys::BoxAnswer::Yes};
     if (sys::MsgBox(question) != sys::BoxAnswer::Yes) return;
     for (int row = FirstQuoteRow; row < GdMx->Rows(); ++row) MultiplyRow(row, coefficient);
+    ShowChange();
     sys::Inform(u"报价已更新！请及时保存更新的报价！"_s, MsgTitle);
 }

@@ -30,14 +30,16 @@ constexpr int BarHeight = 40;
 constexpr int BarMargin = 16;
 constexpr int CodeWidth = 76;
 constexpr int CoefficientWidth = 56;
-constexpr QSize DownListSize(424, 268);  // ten zones and the header
+constexpr QSize DownListSize(424, 270);  // ten zones and the header
 
-/// Narrowest columns, pixels: the code, the name, a price. A wider caption widens its column.
+/// Narrowest columns, pixels. A longer caption or text widens its column, a name only so far.
 constexpr int ZoneWidth = 46;
-constexpr int NameWidth = 72;
-constexpr int PriceWidth = 48;
+constexpr int NameWidth = 64;
+constexpr int NameWidthMost = 110;
+constexpr int PriceWidth = 44;
 constexpr int CaptionPixels = 12;
-constexpr int CaptionPadding = 5;
+constexpr int CaptionPadding = 4;
+constexpr int CellPadding = 12;
 
 QLabel* BarLabel(const QString& text, const QString& role) {
     auto* label = new QLabel(text);
@@ -72,7 +74,7 @@ QuotePanel::QuotePanel(QWidget* form, Host host)
     column->addWidget(bar_);
     column->addWidget(GdMx, 1);
     ShowEntry(false);
-    Fold();
+    GdMx->hide();
 }
 
 void QuotePanel::BuildBar(QBoxLayout* row) {
@@ -130,6 +132,7 @@ void QuotePanel::BuildGrid() {
     GdMx->SetFixedRows(FirstQuoteRow);
     GdMx->SetCols(QuoteColumns);
     GdMx->SetMergeHeader(true);
+    GdMx->setProperty("kind", u"dense"_s);
     for (int col = 0; col < QuoteColumns; ++col) GdMx->SetColAlignment(col, Qt::AlignCenter);
     GdMx->Editor()->setObjectName(u"TxtEnter"_s);
     GdMx->Editor()->setAccessibleName(u"报价"_s);
@@ -209,7 +212,9 @@ void QuotePanel::FinishCell() {
     GdMx->CommitEditor();
 }
 
-void QuotePanel::ShowCount() {
+/// What the texts decide: the count in the bar and the widths.
+void QuotePanel::ShowChange() {
+    FitColumns();
     count_->setText(u"共 "_s + QString::number(HasQuotes() ? GdMx->Rows() - FirstQuoteRow : 0) +
                     u" 个区域"_s);
 }
@@ -217,6 +222,11 @@ void QuotePanel::ShowCount() {
 // ---------------------------------------------------------------- the grid
 
 void QuotePanel::BuildQuoteGrid() {
+    DressQuoteGrid();
+    ShowChange();
+}
+
+void QuotePanel::DressQuoteGrid() {
     GdMx->Clear();
     GdMx->SetRows(FirstQuoteRow + 1);
     quoteRow_ = FirstQuoteRow;
@@ -229,29 +239,30 @@ void QuotePanel::BuildQuoteGrid() {
         GdMx->SetTextMatrix(0, col, upper[col]);
         GdMx->SetTextMatrix(1, col, lower.value(col));
     }
-    FitColumns();
-    ShowCount();
 }
 
 void QuotePanel::LoadQuotes(const QString& customer) {
-    BuildQuoteGrid();
-    if (text::Trim(customer).isEmpty()) return;
+    DressQuoteGrid();
     try {
-        auto rows = Db->OpenRecordset(QuoteSelect(text::Trim(customer)));
-        if (rows.Eof()) return;
-        rows.MoveLast();
-        GdMx->BeginLoad(rows.RecordCount());
-        rows.MoveFirst();
-        for (int row = 0; !rows.Eof(); ++row, rows.MoveNext())
-            for (int col = 0; col < QuoteColumns; ++col)
-                GdMx->LoadCell(row, col, DressedPrice(col, rows.Fields(col).Text()));
-        GdMx->EndLoad();
-        rows.Close();
+        if (!text::Trim(customer).isEmpty()) ReadQuotes(text::Trim(customer));
     } catch (const PlatformError& error) {
         GdMx->EndLoad();
         sys::Inform(error.Text(), MsgTitle);
     }
-    ShowCount();
+    ShowChange();
+}
+
+void QuotePanel::ReadQuotes(const QString& customer) {
+    auto rows = Db->OpenRecordset(QuoteSelect(customer));
+    if (rows.Eof()) return;
+    rows.MoveLast();
+    GdMx->BeginLoad(rows.RecordCount());
+    rows.MoveFirst();
+    for (int row = 0; !rows.Eof(); ++row, rows.MoveNext())
+        for (int col = 0; col < QuoteColumns; ++col)
+            GdMx->LoadCell(row, col, DressedPrice(col, rows.Fields(col).Text()));
+    GdMx->EndLoad();
+    rows.Close();
 }
 
 bool QuotePanel::HasQuotes() const {
@@ -305,6 +316,7 @@ void QuotePanel::EditCell(int row, int col) {
 
 void QuotePanel::CellDone(int row, int col) {
     GdMx->SetTextMatrix(row, col, text::GeneralText(text::Val(GdMx->TextMatrix(row, col))));
+    FitColumns();
 }
 
 /// Enter or F2 opens the editor over the current price; a digit does too and is its first character.
@@ -352,21 +364,38 @@ bool QuotePanel::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-/// Every caption can be read; what room is left is shared, and where there is too little the grid scrolls.
+/// The longest text of a column. By characters: prices are digits of one width.
+const QString& QuotePanel::LongestText(int col) const {
+    int longest = FirstQuoteRow;
+    for (int row = longest + 1; row < GdMx->Rows(); ++row)
+        if (GdMx->TextMatrix(row, col).size() > GdMx->TextMatrix(longest, col).size()) longest = row;
+    return GdMx->TextMatrix(longest, col);
+}
+
+/// Every caption and price can be read; what room is left is shared, and where there is too little the grid
+/// scrolls.
 void QuotePanel::FitColumns() {
-    QFont font = GdMx->font();
-    font.setPixelSize(CaptionPixels);
-    const QFontMetrics metrics(font);
-    std::vector<int> widths{ZoneWidth, NameWidth};
-    int room = GdMx->viewport()->width() - ZoneWidth - NameWidth;
-    for (int col = FirstPrice; col <= LastPrice; ++col) {
-        const int caption = metrics.horizontalAdvance(GdMx->TextMatrix(1, col)) + CaptionPadding;
-        widths.push_back(std::max(PriceWidth, caption));
+    QFont small = GdMx->font();
+    small.setPixelSize(CaptionPixels);
+    const QFontMetrics captions(small);
+    const QFontMetrics cells = GdMx->fontMetrics();
+    std::vector<int> widths;
+    int room = GdMx->viewport()->width();
+    for (int col = 0; col < QuoteColumns; ++col) {
+        const int cell = cells.horizontalAdvance(LongestText(col)) + CellPadding;
+        const int caption = captions.horizontalAdvance(GdMx->TextMatrix(1, col)) + CaptionPadding;
+        if (col == ZoneColumn)
+            widths.push_back(std::max(ZoneWidth, cell));
+        else if (col == NameColumn)
+            widths.push_back(std::clamp(cell, NameWidth, NameWidthMost));
+        else
+            widths.push_back(std::max({PriceWidth, cell, caption}));
         room -= widths.back();
     }
     for (int col = 0; col < QuoteColumns; ++col) {
         const int share = room > 0 ? room * (col + 1) / QuoteColumns - room * col / QuoteColumns : 0;
-        GdMx->SetGridColWidth(col, (widths[static_cast<std::size_t>(col)] + share) * UnitsPerPixel);
+        const int width = (widths[static_cast<std::size_t>(col)] + share) * UnitsPerPixel;
+        if (GdMx->GridColWidth(col) != width) GdMx->SetGridColWidth(col, width);
     }
 }
 

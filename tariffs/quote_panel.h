@@ -60,8 +60,11 @@ class QuotePanel : public QWidget {
     void BuildDownList(QWidget* form);
 
     void ShowEntry(bool shown);
-    void ShowCount();
+    void DressQuoteGrid();
+    void ReadQuotes(const QString& customer);
+    void ShowChange();
     void FitColumns();
+    const QString& LongestText(int col) const;
     void PlaceDownList();
 
     // The entry line and the buttons (quote_commands.cpp).
