@@ -10,6 +10,8 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 using controls::FlexGrid;
 using controls::TabStrip;
@@ -77,9 +79,21 @@ RecordForm::RecordForm(const RecordFormSettings& settings)
 
 void RecordForm::SetCommands(std::vector<CommandRow> rows) {
     commands_ = std::move(rows);
-    for (const CommandRow& row : commands_)
-        actions_.push_back(controls::AddCommand(MenuBar(), row.name, row.caption, row.handler));
+    for (const CommandRow& row : commands_) {
+        if (row.items.empty())
+            actions_.push_back(controls::AddCommand(MenuBar(), row.name, row.caption, row.handler));
+        else
+            HangItems(row);
+    }
     ShowCommands(CommandRow::When::Browsing);
+}
+
+void RecordForm::HangItems(const CommandRow& row) {
+    QMenu* menu = controls::AddMenu(MenuBar(), row.name, row.caption);
+    menu->menuAction()->setObjectName(row.name);
+    actions_.push_back(menu->menuAction());
+    for (const CommandRow& item : row.items)
+        controls::AddCommand(menu, item.name, item.caption, item.handler)->setEnabled(bool(item.handler));
 }
 
 bool RecordForm::QueryUnload() {
@@ -158,7 +172,9 @@ void RecordForm::ShowCommands(CommandRow::When state) {
     for (std::size_t i = 0; i < commands_.size(); ++i) {
         const CommandRow& row = commands_[i];
         const bool fits = row.when == CommandRow::When::Always || row.when == state;
-        enabled.emplace_back(actions_[i], fits && row.handler);
+        const auto works = [](const CommandRow& command) { return bool(command.handler); };
+        const bool landed = works(row) || std::any_of(row.items.begin(), row.items.end(), works);
+        enabled.emplace_back(actions_[i], fits && landed);
     }
     controls::EnableCommands(MenuBar(), enabled);
 }

@@ -29,6 +29,8 @@ struct CommandRow {
     When when;        ///< the state in which it is enabled
     /// What it does. Without one the entry is there and stays disabled: its work comes later.
     std::function<void()> handler = {};
+    /// With items it is a menu, open to the operator when one of them has a handler.
+    std::vector<CommandRow> items = {};
 };
 
 struct RecordFormSettings {
@@ -121,12 +123,13 @@ class RecordForm : public ChildForm {
 
   private:
     void SelectTab();
+    void HangItems(const CommandRow& menu);
     void ShowCommands(CommandRow::When state);
     void ShowBadge();
 
     RecordFormSettings settings_;
     std::vector<CommandRow> commands_;
-    std::vector<QAction*> actions_;
+    std::vector<QAction*> actions_;  ///< one for each of commands_, a menu's items not among them
     QLabel* badge_;
 };
 

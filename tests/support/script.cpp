@@ -74,11 +74,11 @@ void Script::Box(const QString& text, const QString& title, sys::BoxIcon icon) {
     steps_.push_back({.kind = u"box"_s, .text = text, .title = title, .icon = icon});
 }
 
-void Script::Question(const QString& text, const QString& title, bool yes) {
+void Script::Question(const QString& text, const QString& title, bool yes, sys::BoxIcon icon) {
     steps_.push_back({.kind = u"box"_s,
                       .text = text,
                       .title = title,
-                      .icon = sys::BoxIcon::Question,
+                      .icon = icon,
                       .answer = yes ? u"yes"_s : u"no"_s});
 }
 

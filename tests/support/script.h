@@ -33,7 +33,8 @@ class Script {
     /// A box with one button. The text is compared exactly; character 13 included.
     void Box(const QString& text, const QString& title, sys::BoxIcon icon = sys::BoxIcon::Information);
     /// A Yes/No question and its answer.
-    void Question(const QString& text, const QString& title, bool yes);
+    void Question(const QString& text, const QString& title, bool yes,
+                  sys::BoxIcon icon = sys::BoxIcon::Question);
     /// A box whose text contains this, whatever else: for the report of a failing statement.
     void BoxContaining(const QString& text);
     /// A file dialog: its title, and the path that the operator picks ("" gives up).

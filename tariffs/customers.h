@@ -1,0 +1,58 @@
+// The customers: who sends, who looks after them, and what each has been quoted.
+//
+// Always holds: an edit is a delete followed by an insert of the customer and of all its quotes, with no
+// transaction, so an insert that fails loses them. The markup coefficient (Txt(11)) works while the card is
+// edited and is stored as 1: what it did is in the quotes.
+#pragma once
+
+#include "platform/controls/look.h"
+#include "records/record_form.h"
+#include "tariffs/quote_panel.h"
+
+#include <vector>
+
+/// 客户资料与报价: the customers with their quotes.
+class A03 : public RecordForm {
+    Q_OBJECT
+  public:
+    A03();
+    void Load() override;
+
+  protected:
+    QStringList Headers() const override;
+    QString StatusText() const override;
+    void RowToCard() override;
+    void OpenCard() override;
+    void CloseCard() override;
+
+  private:
+    void BuildCard();
+    void PlaceFields(controls::Card& card);
+    controls::LineBox* MakeMemo(int index);
+    void WireCard();
+    void SetTabOrder();
+    void LoadCustomers(const QString& sql);
+    void FillSalespersons();
+
+    void EnterBox(int box);
+    void LeaveEnglishName();
+
+    void Menu_Add();
+    void Menu_edit();
+    void Menu_del();
+    void Menu_save();
+    bool NoCustomer() const;
+    static bool IsUsed(const QString& code);
+    /// False, with a message, when another customer has the code.
+    bool CodeIsFree();
+    void ForgetStoredCustomer();
+    QString InsertStatement() const;
+    void AppendSavedLine();
+
+    QString BoxText(int box) const { return Txt[static_cast<std::size_t>(box)]->Text(); }
+
+    std::vector<controls::LineBox*> TxtMEMO;  ///< four more remark lines
+    controls::ComboBox* CmbYWY;               ///< over Txt(9)
+    QuotePanel* FrmBtm;
+    bool inputSwitched_ = false;  ///< entering Txt(3) switched the input method
+};

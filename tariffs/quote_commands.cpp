@@ -1,0 +1,224 @@
+// What the entry line and the buttons of the quote panel do: adding, floating, removing, updating quotes.
+#include "app/data_access.h"
+#include "app/session.h"
+#include "platform/system/seams.h"
+#include "platform/text/numbers.h"
+#include "tariffs/quote_panel.h"
+#include "tariffs/quote_rules.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using namespace tariffs;
+
+namespace {
+
+const QString BatchCaption = u"批量增加"_s;
+const QString DeleteCaption = u"删除报价"_s;
+
+bool IsEnter(const controls::KeyPress& key) {
+    return key.key == Qt::Key_Return || key.key == Qt::Key_Enter;
+}
+
+}  // namespace
+
+void QuotePanel::WireEntry() {
+    CmdUpDown->Click = [this] { Folded() ? Unfold() : Fold(); };
+    TxtHPBM->GotFocus = [this] { CloseDownList(); };
+    TxtHPBM->KeyPressed = [this](controls::KeyPress& key) {
+        const bool down = key.key == Qt::Key_Down;
+        key.taken = down || IsEnter(key);
+        if (down) OpenDownList();
+        if (IsEnter(key)) TxtSL->SetFocus();
+    };
+    TxtSL->GotFocus = [this] {
+        CloseDownList();
+        const double coefficient = text::Val(host_.coefficient->Text());
+        if (coefficient != 0) TxtSL->SetText(text::GeneralText(coefficient));
+    };
+    TxtSL->KeyPressed = [this](controls::KeyPress& key) {
+        if (!IsEnter(key)) return;
+        key.taken = true;
+        text::Trim(TxtHPBM->Text()).isEmpty() ? TxtHPBM->SetFocus() : PressEnter();
+    };
+    CmdDownList->Click = [this] { OpenDownList(); };
+    GdDownList->DoubleClick = [this] { PickFromDownList(); };
+    GdDownList->KeyPressed = [this](controls::KeyPress& key) {
+        key.taken = key.key == Qt::Key_Escape || IsEnter(key);
+        if (key.key == Qt::Key_Escape) TxtHPBM->SetFocus();
+        if (IsEnter(key)) PickFromDownList();
+    };
+    CmdEnter->Click = [this] { PressEnter(); };
+    CmdDel->Click = [this] { PressDelete(); };
+    CmdGdMxclear->Click = [this] {
+        FinishCell();
+        BuildQuoteGrid();
+    };
+    CmdReNewPrice->Click = [this] { ReNewPrice(); };
+}
+
+// ---------------------------------------------------------------- the drop-down
+
+void QuotePanel::OpenDownList() {
+    FinishCell();
+    if (DownListOpen()) {
+        TxtHPBM->SetFocus();
+        return;
+    }
+    FillDownList();
+    PlaceDownList();
+    GdDownList->show();
+    GdDownList->raise();
+    GdDownList->SetFocus();
+}
+
+void QuotePanel::FillDownList() {
+    const QStringList headers{u"区域编码"_s, u"区域名称"_s, u"英文名称"_s};
+    auto zones = Db->OpenRecordset(u"select M02.F1,M02.F2,M02.F4 from M02  WHERE M02.F1 LIKE '"_s +
+                                   text::Trim(TxtHPBM->Text()) + u"*' order by M02.F1"_s);
+    int found = 0;
+    if (!zones.Eof()) {
+        zones.MoveLast();
+        found = zones.RecordCount();
+        zones.MoveFirst();
+    }
+    GdDownList->Clear();
+    for (int col = 0; col < headers.size(); ++col) GdDownList->SetTextMatrix(0, col, headers[col]);
+    GdDownList->ShareWidths();
+    GdDownList->BeginLoad(found);
+    for (int row = 0; row < found; ++row, zones.MoveNext())
+        for (int col = 0; col < headers.size(); ++col)
+            GdDownList->LoadCell(row, col, zones.Fields(col).Text());
+    GdDownList->EndLoad();
+    zones.Close();
+    if (found > 0) CmdDel->SetCaption(BatchCaption);
+}
+
+void QuotePanel::PickFromDownList() {
+    TxtHPBM->SetText(text::Trim(GdDownList->TextMatrix(GdDownList->Row(), ZoneColumn)));
+    TxtSL->SetFocus();
+}
+
+bool QuotePanel::BatchJob() const {
+    return CmdDel->Caption() == BatchCaption;
+}
+
+// ---------------------------------------------------------------- adding
+
+void QuotePanel::PressEnter() {
+    FinishCell();
+    // With the drop-down open it looks for zones whose codes begin with the chosen zone's name, not its code.
+    if (BatchJob()) TxtHPBM->SetText(text::Trim(GdDownList->TextMatrix(GdDownList->Row(), NameColumn)));
+    AddQuotes();
+    TxtHPBM->SetFocus();
+}
+
+/// A code is compared as it stands, capitals included. Begins with a header row, which only the code 区域
+/// could match. 0 when there is none.
+int QuotePanel::FindQuoteRow(const QString& zone) const {
+    for (int row = 1; row < GdMx->Rows(); ++row)
+        if (text::Trim(GdMx->TextMatrix(row, ZoneColumn)) == zone) return row;
+    return 0;
+}
+
+/// True if zones were found.
+bool QuotePanel::AddQuotes() {
+    const double coefficient = text::Val(TxtSL->Text());
+    if (coefficient == 0) return false;
+    const QString code = text::Trim(TxtHPBM->Text());
+    const int existing = BatchJob() ? 0 : FindQuoteRow(code);
+    if (existing > 0) return FloatRow(existing, coefficient);
+    auto zones = Db->OpenRecordset(ListPriceSelect() + (BatchJob() ? u" where F1 like '"_s + code + u"*'"_s
+                                                                   : u" where F1="_s + Quoted(code)));
+    const bool found = !zones.Eof();
+    if (!found) sys::Inform(u"无效的"_s + GdMx->TextMatrix(0, ZoneColumn) + u"编码!"_s, MsgTitle);
+    for (; !zones.Eof(); zones.MoveNext()) {
+        if (FindQuoteRow(text::Trim(zones.Fields(ZoneColumn).Text())) > 0) continue;
+        GdMx->AddItem(QuoteLine(zones, coefficient).join(u'\t'));
+    }
+    zones.Close();
+    if (found) {
+        const bool blank = text::Trim(GdMx->TextMatrix(FirstQuoteRow, ZoneColumn)).isEmpty();
+        if (blank && GdMx->Rows() > FirstQuoteRow + 1) GdMx->RemoveItem(FirstQuoteRow);
+        CmdDel->SetCaption(DeleteCaption);
+        quoteRow_ = GdMx->Rows() - 1;
+    }
+    ShowChange();
+    ShowQuoteRow();
+    return found;
+}
+
+bool QuotePanel::FloatRow(int row, double coefficient) {
+    if (sys::Ask(u"已经存在针对该区域的报价！\r需要在现有报价基础上，再次浮动报价吗？"_s, u"提示"_s))
+        MultiplyRow(row, coefficient);
+    ShowChange();
+    return false;
+}
+
+// ---------------------------------------------------------------- removing
+
+void QuotePanel::PressDelete() {
+    FinishCell();
+    if (!BatchJob()) {
+        DeleteQuote();
+        return;
+    }
+    AddQuotes();
+    TxtHPBM->SetFocus();
+}
+
+void QuotePanel::DeleteQuote() {
+    const QString code = text::Trim(TxtHPBM->Text());
+    if (code.isEmpty()) {
+        sys::Inform(u"请输入要删除的区域编码或点击要删除的行!"_s, MsgTitle);
+        TxtHPBM->SetFocus();
+        return;
+    }
+    const int row = FindQuoteRow(code);
+    if (row == 0) {
+        sys::Inform(u"此客户资料中没有指定区域编号的相关报价："_s + TxtHPBM->Text() + u"!"_s, MsgTitle);
+        return;
+    }
+    const QString name = text::Trim(GdMx->TextMatrix(row, NameColumn));
+    if (sys::Ask(u"真的要删除["_s + name + u"]的报价吗?"_s, MsgTitle)) RemoveQuoteRow(row);
+}
+
+void QuotePanel::RemoveQuoteRow(int row) {
+    // The last quote leaves a blank row with the prices further right still in it; without a name they are
+    // never stored.
+    constexpr int LastBlanked = 6;
+    if (GdMx->Rows() > FirstQuoteRow + 1)
+        GdMx->RemoveItem(row);
+    else
+        for (int col = 0; col <= LastBlanked; ++col) GdMx->SetTextMatrix(FirstQuoteRow, col, {});
+    // Bounded by the customer list and not by this grid: with more customers than quotes, deleting the last
+    // row names a row that is gone, which fails. It has always been so.
+    ShowChange();
+    quoteRow_ = std::min(row, host_.lastCustomerRow());
+    ShowQuoteRow();
+}
+
+// ---------------------------------------------------------------- updating
+
+void QuotePanel::ReNewPrice() {
+    FinishCell();
+    const double coefficient = text::Val(host_.coefficient->Text());
+    if (coefficient == 1 || coefficient <= 0) {
+        sys::Inform(u"请首先输入有意义的加价系数！"_s, MsgTitle);
+        return;
+    }
+    if (!HasQuotes()) {
+        sys::Inform(u"请先输入报价资料！"_s, MsgTitle);
+        return;
+    }
+    const sys::BoxRequest question{
+        .text = u"您打算把下列所有报价再浮动"_s + PercentOf(coefficient) + u"%吗？"_s,
+        .title = MsgTitle,
+        .icon = sys::BoxIcon::Information,
+        .buttons = sys::BoxButtons::YesNo,
+        .defaultButton = sys::BoxAnswer::Yes};
+    if (sys::MsgBox(question) != sys::BoxAnswer::Yes) return;
+    for (int row = FirstQuoteRow; row < GdMx->Rows(); ++row) MultiplyRow(row, coefficient);
+    ShowChange();
+    sys::Inform(u"报价已更新！请及时保存更新的报价！"_s, MsgTitle);
+}
