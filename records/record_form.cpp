@@ -70,7 +70,6 @@ RecordForm::RecordForm(const RecordFormSettings& settings)
 
     TabS->Click = [this] { SelectTab(); };
     GD->RowChange = [this] { RowChanged(); };
-    GD->Click = [this] { RowChanged(); };
     GD->DoubleClick = [this] {
         RowChanged();
         TabS->SelectItem(CardTab);

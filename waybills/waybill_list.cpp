@@ -40,6 +40,8 @@ B01::B01()
         {u"Menu_Return"_s, u"&R.返回"_s, When::Always, [this] { Menu_Return(); }},
     });
     BuildCard();
+    // Here alone a click takes the line that is highlighted already; the masters' lists wait for another one.
+    GD->Click = [this] { RowChanged(); };
     GD->SetCols(static_cast<int>(Headers().size()));
     GD->SetColAlignment(PiecesColumn, Qt::AlignRight | Qt::AlignVCenter);
     GD->SetColAlignment(3, Qt::AlignCenter);

@@ -29,6 +29,13 @@ QString CutTo(const QString& text, int length) {
     return text.left(half ? length - 1 : length);
 }
 
+/// A press and a release that come in one go would bring the click before the loss of the box that was left.
+void ClickAfterFocus(QWidget* control, const sys::Event<>& click) {
+    const QPointer<QWidget> alive(control);
+    FocusTracker::Get().Settle();
+    if (alive) click();
+}
+
 }  // namespace
 
 void MoveFocus(QWidget* control) {
@@ -227,7 +234,7 @@ void RowsBox::contextMenuEvent(QContextMenuEvent* event) {
 
 CheckBox::CheckBox(const QString& caption, QWidget* parent) : QCheckBox(caption, parent) {
     FocusTracker::Get();
-    connect(this, &QCheckBox::clicked, this, [this] { Click(); });
+    connect(this, &QCheckBox::clicked, this, [this] { ClickAfterFocus(this, Click); });
 }
 
 void CheckBox::keyPressEvent(QKeyEvent* event) {
@@ -241,7 +248,7 @@ Button::Button(const QString& caption, QWidget* parent) : QPushButton(parent) {
     FocusTracker::Get();
     setAutoDefault(false);
     SetCaption(caption);
-    connect(this, &QPushButton::clicked, this, [this] { Click(); });
+    connect(this, &QPushButton::clicked, this, [this] { ClickAfterFocus(this, Click); });
 }
 
 void Button::SetCaption(const QString& caption) {

@@ -74,6 +74,18 @@ QString General(double value, int precision) {
     return QString::fromLatin1(shown);
 }
 
+/// Whether an unsigned number ("0.05e400") is above 1, told by where its first digit but zeros stands.
+bool IsLarge(const QByteArray& number) {
+    const qsizetype e = number.indexOf('e');
+    const QByteArray digits = number.mid(0, e);
+    const qsizetype point = digits.contains('.') ? digits.indexOf('.') : digits.size();
+    qsizetype first = 0;
+    while (first < digits.size() && (digits[first] == '0' || digits[first] == '.')) ++first;
+    bool fits = true;
+    const qint64 exponent = e < 0 ? 0 : number.mid(e + 1).toInt(&fits);
+    return fits ? point - first + exponent > 0 : number[e + 1] != '-';
+}
+
 template <class Whole>
 Whole RoundTo(double value) {
     const double rounded = std::nearbyint(value);  // the default rounding mode is half to even
@@ -119,8 +131,9 @@ double Val(QStringView value) {
     double result = 0;
     const auto [end, error] = std::from_chars(number.constData(), number.constData() + number.size(), result);
     if (error == std::errc::result_out_of_range) {
-        // Both ends of the range answer alike: what is too small to hold is nothing, what is too large fails.
-        result = number.contains("e-") || number.startsWith('0') || number.startsWith('.') ? 0 : HUGE_VAL;
+        // Both ends of the range answer alike, and leave the result as it was: what is too small to hold is
+        // nothing, what is too large fails.
+        result = IsLarge(number) ? HUGE_VAL : 0;
     }
     if (!std::isfinite(result)) Overflow();
     return negative ? -result : result;

@@ -82,6 +82,23 @@ TEST_F(Focus, TellsTheLossBeforeTheGainOnceItHasSettled) {
     EXPECT_EQ(FocusTracker::Get().Current(), &b);
 }
 
+TEST_F(Focus, AClickIsToldAfterTheLossAndTheGain) {
+    Button ok(u"确定"_s, &form);
+    CheckBox mark(u"已出货"_s, &form);
+    form.layout()->addWidget(&ok);
+    form.layout()->addWidget(&mark);
+    tests::Settle();
+    ok.Click = [this] { told << u"ok"_s; };
+    mark.Click = [this] { told << u"mark"_s; };
+    // Press and release without a look at what is posted between them.
+    QTest::mouseClick(&ok, Qt::LeftButton);
+    EXPECT_EQ(Told(), "-a ok");
+    a.SetFocus();
+    EXPECT_EQ(Told(), "+a");
+    QTest::mouseClick(&mark, Qt::LeftButton, Qt::NoModifier, QPoint(6, mark.height() / 2));
+    EXPECT_EQ(Told(), "-a mark");
+}
+
 TEST_F(Focus, WalksInOneStepThroughComboAndPicker) {
     for (const auto* expected : {"-a +combo", "-combo +date", "-date +b"}) {
         tests::Press(Qt::Key_Tab);

@@ -20,8 +20,11 @@ TEST(Val, ReadsTheLeadingNumber) {
         {u"1e-999"_s, 0},  {u"0.1"_s, 0.1},  {u"公斤3"_s, 0},       {u"1 2"_s, 1},   {u"--1"_s, 0},
     };
     for (const auto& row : rows) EXPECT_EQ(text::Val(row.text), row.value) << row.text.toStdString();
-    EXPECT_THROW(text::Val(u"1e999"_s), RuntimeError);
-    EXPECT_THROW(text::Val(QString(400, u'9')), RuntimeError);
+    for (const QString& small : {u"0."_s + QString(400, u'0') + u'1', u"5e-99999999999"_s})
+        EXPECT_EQ(text::Val(small), 0) << small.toStdString();
+    for (const QString& large :
+         {u"1e999"_s, u"0.5e999"_s, u".5e999"_s, u"007e400"_s, u"1e99999999999"_s, QString(400, u'9')})
+        EXPECT_THROW(text::Val(large), RuntimeError) << large.toStdString();
 }
 
 TEST(GeneralText, ShowsAtMostFifteenDigits) {

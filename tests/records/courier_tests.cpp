@@ -136,6 +136,26 @@ TEST(A04, DeletesWhatNoWaybillUses) {
     EXPECT_EQ(form.Lines(), QStringList{u"赵六|"_s});
 }
 
+TEST(A04, AClickOnTheHighlightedLineLeavesTheSavedRecordCurrent) {
+    Couriers form;
+    AltKey(u'A');
+    Type(u"赵六"_s);
+    Press(Qt::Key_Return);
+    Type(u"夜班"_s);
+    form.At<controls::TabStrip>(u"TabS"_s).SelectItem(1);
+    tests::Settle();
+    AltKey(u'S');
+    auto& grid = form.Grid();
+    EXPECT_EQ(grid.Row(), 1);
+    tests::ClickAt(*grid.viewport(), grid.CellRect(1, 0).center());
+    form.script.Question(u"真的要删除夜班吗?"_s, u"提示"_s, false);
+    AltKey(u'D');
+    // Another line is taken as ever.
+    tests::ClickAt(*grid.viewport(), grid.CellRect(2, 0).center());
+    form.script.Question(u"真的要删除晚班吗?"_s, u"提示"_s, false);
+    AltKey(u'D');
+}
+
 QStringList UsedCourier() {
     return ThreeCouriers() + QStringList{u"insert into B01 (F1,F602) VALUES ('W1','李四')"_s,
                                          u"insert into B01 (F1,F602) VALUES ('W2','张三')"_s,

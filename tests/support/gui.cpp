@@ -75,7 +75,11 @@ QString FocusName() {
 }
 
 void Click(QWidget& control) {
-    QTest::mouseClick(&control, Qt::LeftButton);
+    ClickAt(control, control.rect().center());
+}
+
+void ClickAt(QWidget& control, QPoint place) {
+    QTest::mouseClick(&control, Qt::LeftButton, Qt::NoModifier, place);
     Settle();
 }
 

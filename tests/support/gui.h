@@ -37,6 +37,8 @@ QString FocusName();
 
 /// A click with the left button into the middle of a control; then everything posted happens.
 void Click(QWidget& control);
+/// At a place inside it.
+void ClickAt(QWidget& control, QPoint place);
 
 /// What the operator does with the next modal form of that name. An unexpected one fails the test; so does
 /// one that never came. Steps are taken in order.
