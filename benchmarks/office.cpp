@@ -35,10 +35,6 @@ void EndOnBoxes() {
     };
 }
 
-void Settle() {
-    for (int i = 0; i < 4; ++i) QCoreApplication::processEvents();
-}
-
 }  // namespace
 
 controls::ComboBox& OpenForm::Combo(waybills::Box box) {
@@ -76,6 +72,10 @@ Office::Office(MadeCompany& company) {
     ApplyRights();
     form_ = static_cast<OpenForm*>(&frame_->ShowChild(u"B01"_s));
     Settle();
+}
+
+void Office::Settle() {
+    for (int i = 0; i < 4; ++i) QCoreApplication::processEvents();
 }
 
 Office::~Office() {

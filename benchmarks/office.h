@@ -28,6 +28,8 @@ class Office {
     Office& operator=(const Office&) = delete;
 
     OpenForm& Form() { return *form_; }
+    /// What is posted happens, as it has long happened when an operator presses the next key.
+    static void Settle();
     BareEngine& Bare() { return *bare_; }
     /// The engine underneath the session's database.
     sqlite3* Engine() { return engine_; }

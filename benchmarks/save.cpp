@@ -91,6 +91,7 @@ void MeasureSave(Bench& bench, Office& office, const char* name, QDate date) {
     const auto ready = [&] {
         undo.Do(ours);
         FillCard(form, date);
+        Office::Settle();
     };
     ready();
     save();  // the columns of the tables are read once for a run
