@@ -24,9 +24,9 @@ const QString& FreshFile() {
 
 }  // namespace
 
-Company::Company() {
+Company::Company(const OpenWith& with) {
     if (!QFile::copy(FreshFile(), File())) throw std::runtime_error("no room for the company's file");
-    db_ = dao::Database::Open(File(), schema::kConnect.toString());
+    db_ = dao::Database::Open(File(), schema::kConnect.toString(), with.vfs, with.prepare);
 }
 
 Company::~Company() {

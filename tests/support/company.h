@@ -8,14 +8,21 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <functional>
 #include <initializer_list>
 #include <memory>
 
 namespace tests {
 
+/// How the file is opened, for tests of what can go wrong in it: Database::Open's last two arguments.
+struct OpenWith {
+    QString vfs = {};
+    std::function<void(sqlite3*)> prepare = {};
+};
+
 class Company {
   public:
-    Company();
+    explicit Company(const OpenWith& with = {});
     /// Closes the database, the session's too if it was handed over.
     ~Company();
     Company(const Company&) = delete;

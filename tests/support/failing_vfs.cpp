@@ -4,6 +4,7 @@
 #include <limits>
 #include <new>
 #include <sqlite3.h>
+#include <utility>
 
 namespace tests {
 namespace {
@@ -17,12 +18,15 @@ struct Plan {
     StorageFault fault = StorageFault::DiskFull;
     bool readOnly = false;
     bool failed = false;
+    std::function<void()> look = {};
 };
 
 Plan plan;
 
-/// Counts a change; true if it has to fail.
-bool Fails() {
+/// Counts a change or a reading, whichever the plan is about; true if it has to fail.
+bool Fails(bool reading) {
+    if (!reading && plan.look) plan.look();
+    if (reading != (plan.fault == StorageFault::ReadError)) return false;
     ++plan.changes;
     const bool fails = plan.changes >= plan.first && plan.changes <= plan.last;
     plan.failed = plan.failed || fails;
@@ -46,7 +50,7 @@ sqlite3_file* Real(sqlite3_file* file) {
 template <class Call>
 int Change(sqlite3_file* file, int ioError, Call call) {
     if (plan.readOnly) return SQLITE_READONLY;
-    return Fails() ? Code(ioError) : call(Real(file));
+    return Fails(false) ? Code(ioError) : call(Real(file));
 }
 
 int Close(sqlite3_file* file) {
@@ -54,6 +58,7 @@ int Close(sqlite3_file* file) {
 }
 
 int Read(sqlite3_file* file, void* buffer, int amount, sqlite3_int64 offset) {
+    if (Fails(true)) return SQLITE_IOERR_READ;
     return Real(file)->pMethods->xRead(Real(file), buffer, amount, offset);
 }
 
@@ -158,7 +163,7 @@ int Open(sqlite3_vfs* vfs, const char* name, sqlite3_file* file, int flags, int*
 
 int Delete(sqlite3_vfs* vfs, const char* name, int syncFolder) {
     if (plan.readOnly) return SQLITE_READONLY;
-    return Fails() ? Code(SQLITE_IOERR_DELETE) : Below(vfs)->xDelete(Below(vfs), name, syncFolder);
+    return Fails(false) ? Code(SQLITE_IOERR_DELETE) : Below(vfs)->xDelete(Below(vfs), name, syncFolder);
 }
 
 void Register() {
@@ -195,7 +200,7 @@ FailingStorage::~FailingStorage() {
 }
 
 void FailingStorage::FailAt(int n, StorageFault fault, bool andAllAfter) {
-    plan = Plan();
+    plan = Plan{.look = std::move(plan.look)};
     plan.first = n;
     plan.last = andAllAfter ? kNever : n;
     plan.fault = fault;
@@ -209,6 +214,10 @@ void FailingStorage::Heal() {
     plan.first = kNever;
     plan.last = kNever;
     plan.readOnly = false;
+}
+
+void FailingStorage::BeforeEachChange(std::function<void()> look) {
+    plan.look = std::move(look);
 }
 
 int FailingStorage::Changes() const {

@@ -1,13 +1,16 @@
 // A storage layer for the engine, named "failing": it hands everything to the engine's own and counts what
-// changes a file (writes, truncations, syncs and removals), and on demand one of these fails.
+// changes a file (writes, truncations, syncs and removals) or, when reading is to fail, what reads one, and on
+// demand one of these fails.
 //
 // Used as Database::Open(path, connect, u"failing"). One plan at a time, for all files; a FailingStorage puts
 // everything back at its end.
 #pragma once
 
+#include <functional>
+
 namespace tests {
 
-enum class StorageFault { DiskFull, IoError };
+enum class StorageFault { DiskFull, IoError, ReadError };
 
 class FailingStorage {
   public:
@@ -18,14 +21,16 @@ class FailingStorage {
     FailingStorage& operator=(const FailingStorage&) = delete;
 
     /// The n-th change from now on (1 is the next one) fails, and every later one too when andAllAfter is
-    /// set.
+    /// set. With ReadError it is the n-th reading.
     void FailAt(int n, StorageFault fault, bool andAllAfter = false);
     /// From now on files open read-only, as on a write-protected medium.
     void RefuseWriting();
     /// The storage works again; the count goes on.
     void Heal();
+    /// Called before each change, until the end of this object.
+    void BeforeEachChange(std::function<void()> look);
 
-    /// Changes since the beginning or the last FailAt.
+    /// Changes (with ReadError: readings) since the beginning or the last FailAt.
     int Changes() const;
     /// Did a planned failure come?
     bool HasFailed() const;

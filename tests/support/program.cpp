@@ -7,7 +7,8 @@
 #include <stdexcept>
 
 namespace tests {
-Program::Program(const QStringList& masters, const QString& operatorCode) {
+Program::Program(const QStringList& masters, const QString& operatorCode, const OpenWith& with)
+    : company_(with) {
     company_.EnterSession();
     for (const QString& statement : masters) ::Db->Execute(statement);
     ::Db->CloseGroup();

@@ -24,7 +24,8 @@ using namespace Qt::StringLiterals;
 class Program {
   public:
     /// Statements put the masters in place; then the operator (an existing row of TE1) is logged in.
-    explicit Program(const QStringList& masters = {}, const QString& operatorCode = u"001"_s);
+    explicit Program(const QStringList& masters = {}, const QString& operatorCode = u"001"_s,
+                     const OpenWith& with = {});
     ~Program();
 
     Script script;
@@ -57,6 +58,8 @@ class Program {
     /// All rows of a statement, fields joined by "|", null as "<null>".
     QStringList Rows(const QString& sql);
     void Execute(const QString& sql);
+    /// The data file.
+    QString File() const { return company_.File(); }
 
   private:
     void LogIn(const QString& operatorCode);
