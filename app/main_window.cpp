@@ -235,7 +235,7 @@ void MForm::State::Run(const MenuRow& row) {
             Show(target, &row);
             break;
         case Opens::Modal:
-            registry.modals.at(target)(&frame);
+            frame.ShowModal(target);
             break;
         case Opens::Command:
             registry.commands.at(target)();
@@ -343,6 +343,12 @@ void MForm::State::TakeAway(ChildForm& form) {
         form.MenuBar()->setParent(&form);
     }
     form.deleteLater();
+}
+
+void MForm::ShowModal(const QString& form) {
+    const auto shower = state_->registry.modals.find(form);
+    if (shower == state_->registry.modals.end()) throw RuntimeError(u"没有窗体“%1”"_s.arg(form));
+    shower->second(this);
 }
 
 ChildForm& MForm::ShowChild(const QString& form) {

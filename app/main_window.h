@@ -36,6 +36,8 @@ class MForm : public QMainWindow {
     void ShowToolBar(bool shown);
     bool ToolBarShown() const;
 
+    /// Shows a modal form of the registry over the frame and returns when it has gone.
+    void ShowModal(const QString& form);
     /// Shows the single instance of a child form, made and loaded if it is not there.
     ChildForm& ShowChild(const QString& form);
     /// The instance if it is there.

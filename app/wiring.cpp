@@ -6,6 +6,7 @@
 #include "app/login.h"
 #include "records/small_master.h"
 #include "tariffs/customers.h"
+#include "tariffs/standard.h"
 #include "waybills/waybill_form.h"
 
 using namespace Qt::StringLiterals;
@@ -32,6 +33,7 @@ Registry FilledRegistry() {
     forms.children[u"B01"_s] = Child<B01>();
     forms.modals[u"Login"_s] = Modal<Login>();
     forms.modals[u"AboutUS"_s] = Modal<AboutUS>();
+    forms.modals[u"S01"_s] = Modal<S01>();
     forms.modals[u"S2"_s] = Modal<S2>();
     forms.modals[u"S32"_s] = Modal<S32>();
     return forms;

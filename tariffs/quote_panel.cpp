@@ -8,7 +8,7 @@
 #include "platform/errors.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
-#include "tariffs/quote_captions.h"
+#include "tariffs/brackets.h"
 #include "tariffs/quote_rules.h"
 
 #include <QScrollBar>

@@ -1,5 +1,6 @@
 // The waybill's card: where its boxes stand, how they are filled, what the operator may see.
 #include "app/data_access.h"
+#include "app/main_window.h"
 #include "app/session.h"
 #include "platform/controls/wait.h"
 #include "platform/system/seams.h"
@@ -362,8 +363,11 @@ void B01::Compute(Box box, const std::function<Computed()>& computation) {
             target.SetText(result.amount);
             break;
         case Computed::Kind::Refused:
+            sys::MsgBox(result.box);
+            break;
         case Computed::Kind::StandardMissing:
             sys::MsgBox(result.box);
+            TheFrame().ShowModal(u"S01"_s);  // nothing is computed after it
             break;
         case Computed::Kind::Unchanged:
             break;

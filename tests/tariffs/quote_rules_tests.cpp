@@ -1,6 +1,6 @@
 // Quotes without a screen: captions, the prices that a coefficient makes, what is stored.
 #include "platform/errors.h"
-#include "tariffs/quote_captions.h"
+#include "tariffs/brackets.h"
 #include "tariffs/quote_rules.h"
 #include "tests/support/script.h"
 

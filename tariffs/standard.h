@@ -1,0 +1,44 @@
+// The pricing standard: the one row (table MS1) that says how the company's own price list is cut up by
+// weight. Changing it re-labels every stored price without touching it, and the dialog warns of that.
+//
+// Always holds: saving deletes the row and then inserts it, with no transaction and the texts of the boxes as
+// they stand; an insert that fails leaves the table empty. Weights are in kg.
+#pragma once
+
+#include "platform/controls/box.h"
+#include "platform/controls/modal_form.h"
+
+#include <QGridLayout>
+#include <QLabel>
+
+#include <array>
+
+/// 本公司报价标准设定. Shown from its menu, and by whoever needs the row and finds none.
+class S01 : public controls::ModalForm {
+    Q_OBJECT
+  public:
+    explicit S01(QWidget* over);
+
+  protected:
+    void Load() override;
+
+  private:
+    static constexpr int Boxes = 20;
+    static constexpr int Labels = 22;
+
+    void MakeControls();
+    QLayout* Sentences();
+    QLayout* Segments();
+    void ShowTop(int box);
+    void LeaveSegment(int box);
+    void Save();
+    QString InsertStatement() const;
+
+    double Number(int box) const;
+
+    std::array<controls::LineBox*, Boxes> Txt{};
+    std::array<QLabel*, Labels> Lab{};
+    QLabel* Labd = nullptr;
+    controls::Button* CmdOK = nullptr;
+    controls::Button* CmdCancel = nullptr;
+};

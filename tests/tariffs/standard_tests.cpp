@@ -1,0 +1,231 @@
+// The pricing standard's dialog, driven by keys from its menu and from the waybill's charge.
+#include "platform/controls/modal_form.h"
+#include "tests/support/program.h"
+#include "tests/waybills/waybill_company.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using tests::AltKey;
+using tests::Press;
+
+namespace {
+
+const QString Question = u"警告！计价标准不宜经常改变！真的继续吗？"_s;
+const QString NotPositive = u"所有数值都不能小于或等于0！"_s;
+const QStringList Defaults =
+    QStringList{u"0.5"_s, u"0.5"_s, u"0.5"_s, u"0.5"_s, u"21"_s, u"46"_s, u"71"_s, u"101"_s} +
+    QStringList(11, u"201"_s) + QStringList{u"1.5"_s};
+const QString FreshRow = u"0.5|0.5|0.5|0.5|21|46|71|101|"_s + u"201|"_s.repeated(11) + u"1.5"_s;
+
+class Standard : public tests::Program {
+  public:
+    explicit Standard(const QStringList& masters = {}, const QString& operatorCode = u"001"_s)
+        : Program(masters, operatorCode) {}
+
+    /// Opens the dialog from its menu, does this in it and leaves by CmdCancel.
+    void Visit(const std::function<void()>& drive) {
+        modals.Next(u"S01"_s, [this, drive](QWidget& form) {
+            dialog = &form;
+            drive();
+            if (!sys::HasEnded()) Push(u"CmdCancel"_s);
+        });
+        AltKey(u'S');
+        AltKey(u'1');
+    }
+    QString Text(int box) { return tests::Find<controls::LineBox>(*dialog, u"Txt(%1)"_s.arg(box)).Text(); }
+    QStringList Texts() {
+        QStringList texts;
+        for (int i = 0; i < 20; ++i) texts += Text(i);
+        return texts;
+    }
+    QString Label(int label) { return tests::Find<QLabel>(*dialog, u"Lab(%1)"_s.arg(label)).text(); }
+    /// What stands behind the heavy boxes.
+    QStringList Tops() {
+        QStringList tops;
+        for (int label = 7; label <= 21; ++label) tops += Label(label);
+        return tops;
+    }
+    void Enter(int box, const QString& text) {
+        tests::Find<controls::LineBox>(*dialog, u"Txt(%1)"_s.arg(box)).SetFocus();
+        tests::Settle();
+        TypeOver(text);
+    }
+    void Push(const QString& button) {
+        tests::Find<controls::Button>(*dialog, button).SetFocus();
+        tests::Settle();
+        Press(Qt::Key_Return);
+    }
+    QStringList Row() { return Rows(u"select * from MS1"_s); }
+
+    tests::ModalScript modals;
+    QWidget* dialog = nullptr;
+};
+
+TEST(S01, ShowsDefaultsUntilTheRowIsSaved) {
+    Standard form;
+    form.Visit([&] {
+        EXPECT_EQ(form.dialog->windowTitle(), u"本公司报价标准设定");
+        EXPECT_EQ(form.Texts(), Defaults);
+        EXPECT_EQ(form.Tops(), (QStringList{u"Kg-45Kg"_s, u"Kg-70Kg"_s, u"Kg-100Kg"_s, u"Kg-200Kg"_s} +
+                                QStringList(11, u"Kg以上"_s)));
+    });
+    EXPECT_TRUE(form.Row().isEmpty()) << "leaving stores nothing";
+    form.Visit([&] {
+        form.script.Question(Question, u"提示"_s, true);
+        form.script.Box(u"保存成功！"_s, u"提示"_s);
+        form.Push(u"CmdOK"_s);
+        EXPECT_EQ(form.Text(19), u"1.5") << "the dialog stays open";
+    });
+    EXPECT_EQ(form.Row(), QStringList{FreshRow});
+    form.Visit([&] {
+        EXPECT_EQ(form.Texts(), (QStringList{u"0.5"_s, u"0.5"_s, u"0.5"_s, u"0.5"_s, u"21.0"_s, u"46.0"_s,
+                                             u"71.0"_s, u"101.0"_s} +
+                                 QStringList(11, u"201.0"_s) + QStringList{u"1.5"_s}));
+        EXPECT_EQ(form.Tops(), (QStringList{u"Kg-45Kg"_s, u"Kg-70Kg"_s, u"Kg-100Kg"_s} +
+                                QStringList(11, u"Kg-200Kg"_s) + QStringList{u"Kg以上"_s}));
+        // Tabbing through equal bounds raises each above the one before; the captions follow.
+        form.Enter(8, u"201"_s);
+        for (int i = 0; i < 10; ++i) Press(Qt::Key_Tab);
+        EXPECT_EQ(tests::FocusName(), u"Txt(18)");
+        Press(Qt::Key_Return);
+        EXPECT_EQ(tests::FocusName(), u"Txt(19)") << "Enter moves on";
+        QStringList raised;
+        for (int i = 9; i <= 18; ++i) raised += form.Text(i);
+        EXPECT_EQ(raised.join(u' '), u"226 251 276 301 326 351 376 401 426 451");
+        EXPECT_EQ(form.Tops().mid(4).join(u' '),
+                  u"Kg-225Kg Kg-250Kg Kg-275Kg Kg-300Kg Kg-325Kg Kg-350Kg Kg-375Kg Kg-400Kg Kg-425Kg "
+                  u"Kg-450Kg Kg以上");
+    });
+}
+
+TEST(S01, PutsABoundRightWithoutAWord) {
+    Standard form;
+    const struct {
+        int box;
+        QString left, typed;
+        const char* after;
+        const char* top;
+        const char* why;
+    } rows[] = {
+        {5, u"21"_s, u"22"_s, "22", "Kg-21Kg", "above its left neighbour"},
+        {5, u"21"_s, u"21"_s, "46", "Kg-45Kg", "equal counts as out of order"},
+        {5, u"21"_s, u"20.5"_s, "46", "Kg-45Kg", "below"},
+        {5, u"21.5"_s, u""_s, "46.5", "Kg-45.5Kg", "an empty box is 0"},
+        {5, u"-1"_s, u""_s, "", "Kg--1Kg", "which is enough above a negative neighbour"},
+        {5, u"21"_s, u"30kg"_s, "30kg", "Kg-29Kg", "the leading number counts, the text stays"},
+        {18, u"600"_s, u"7"_s, "625", "Kg-624Kg", "the last one"},
+    };
+    form.Visit([&] {
+        for (const auto& row : rows) {
+            // The neighbour is set without being left: it would be looked at itself.
+            tests::Find<controls::LineBox>(*form.dialog, u"Txt(%1)"_s.arg(row.box - 1)).SetText(row.left);
+            form.Enter(row.box, row.typed);
+            Press(Qt::Key_Tab);
+            EXPECT_EQ(form.Text(row.box).toStdString(), row.after) << row.why;
+            EXPECT_EQ(form.Label(row.box + 2).toStdString(), row.top) << row.why;
+        }
+        // The first bound has no such check, and what is right of a box that is left stays.
+        form.Enter(4, u"900"_s);
+        Press(Qt::Key_Tab);
+        EXPECT_EQ(form.Text(4), u"900");
+        EXPECT_EQ(form.Text(5), u"30kg");
+    });
+}
+
+TEST(S01, RefusesInOrder) {
+    Standard ordinary({u"insert into TE1 (F1,F2,F64) VALUES ('002','小王',1)"_s}, u"002"_s);
+    ordinary.Frame().SetMenuVisible(u"Menu_S"_s, true);
+    ordinary.Visit([&] {
+        ordinary.Enter(0, u"0"_s);
+        ordinary.script.Box(u"只有系统管理员才能修改此项设置，请用“001”帐号登录！"_s, u"提示"_s);
+        ordinary.Push(u"CmdOK"_s);
+        EXPECT_EQ(ordinary.Text(0), u"0") << "refused before anything is looked at";
+    });
+    EXPECT_TRUE(ordinary.Row().isEmpty());
+}
+
+TEST(S01, ChecksTheFirstNineBoxesAndNoOther) {
+    Standard form({u"insert into MS1 VALUES ("_s + QString(FreshRow).replace(u'|', u',') + u')'});
+    const QStringList before = form.Row();
+    form.Visit([&] {
+        form.Enter(0, u"1.50kg"_s);
+        form.script.Question(Question, u"提示"_s, false);
+        form.Push(u"CmdOK"_s);
+        EXPECT_EQ(form.Text(0), u"1.50kg") << "No stops before anything is changed";
+        form.Enter(2, u"x"_s);
+        form.script.Question(Question, u"提示"_s, true);
+        form.script.Box(NotPositive, u" 提示"_s);
+        form.Push(u"CmdOK"_s);
+        EXPECT_EQ(form.Texts().mid(0, 5).join(u' '), u"1.5 0.5 0 0.5 21.0")
+            << "the boxes already passed are made plain numbers";
+        form.Enter(2, u"0.5"_s);
+        tests::Find<controls::LineBox>(*form.dialog, u"Txt(8)"_s).SetText(u"-201"_s);
+        form.script.Question(Question, u"提示"_s, true);
+        form.script.Box(NotPositive, u" 提示"_s);
+        form.Push(u"CmdOK"_s);
+        EXPECT_EQ(form.Row(), before);
+    });
+    // From the tenth on anything that the engine takes goes in as it stands.
+    form.Visit([&] {
+        for (const auto& [box, typed] : {std::pair{9, u"0"_s}, {18, u"-7.50"_s}, {19, u"1+0.25"_s}})
+            tests::Find<controls::LineBox>(*form.dialog, u"Txt(%1)"_s.arg(box)).SetText(typed);
+        form.script.Question(Question, u"提示"_s, true);
+        form.script.Box(u"保存成功！"_s, u"提示"_s);
+        form.Push(u"CmdOK"_s);
+    });
+    EXPECT_EQ(form.Rows(u"select F1,F9,F10,F11,F19,P888 from MS1"_s),
+              QStringList{u"0.5|201|0|201|-7.5|1.25"_s});
+}
+
+TEST(S01, NullsKeepWhatTheBoxesShow) {
+    Standard form({u"insert into MS1 (F1,F6,F8) VALUES (2.25,60.5,99)"_s});
+    form.Visit([&] {
+        EXPECT_EQ(form.Texts().mid(0, 9).join(u' '), u"2.3 0.5 0.5 0.5 21.0 60.5 71.0 99.0 201.0");
+        EXPECT_EQ(form.Tops().mid(0, 4).join(u' '), u"Kg-59.5Kg Kg-70Kg Kg-98Kg Kg-200Kg");
+    });
+}
+
+TEST(S01, AFailingInsertLeavesNoStandard) {
+    Standard form(tests::WaybillMasters());
+    EXPECT_EQ(form.Row().size(), 1);
+    form.Visit([&] {
+        form.Enter(19, u""_s);
+        form.script.Question(Question, u"提示"_s, true);
+        form.script.BoxContaining(u"1000.0,)"_s);
+        form.script.End(1);
+        form.Push(u"CmdOK"_s);
+    });
+    EXPECT_TRUE(form.script.Done());
+    EXPECT_TRUE(form.Row().isEmpty());
+}
+
+TEST(S01, IsShownByTheChargeThatFindsNone) {
+    Standard form(tests::WaybillMasters() + QStringList{u"delete from MS1"_s});
+    form.Open(u"B"_s, u"B01"_s);
+    AltKey(u'A');
+    form.SetCombo(31, u"C1.华兴"_s);
+    form.SetCombo(6, u"Z1"_s);
+    form.SetCombo(17, u"S"_s);
+    form.SetBox(21, u"30"_s);
+    form.script.Box(u"本公司报价标准设定数据丢失！请重新设置！"_s, u"意外错误"_s, sys::BoxIcon::Warning);
+    form.modals.Next(u"S01"_s, [&](QWidget& dialog) {
+        form.dialog = &dialog;
+        form.script.Question(Question, u"提示"_s, true);
+        form.script.Box(u"保存成功！"_s, u"提示"_s);
+        form.Push(u"CmdOK"_s);
+        form.Push(u"CmdCancel"_s);
+    });
+    form.TextBoxAt(26).SetFocus();
+    tests::Settle();
+    EXPECT_EQ(form.Box(26), u"") << "nothing is computed after the dialog";
+    EXPECT_FALSE(form.TextBoxAt(26).Locked());
+    form.TextBoxAt(21).SetFocus();
+    tests::Settle();
+    form.TextBoxAt(26).SetFocus();
+    tests::Settle();
+    EXPECT_EQ(form.Box(26), u"360");
+    AltKey(u'C');
+}
+
+}  // namespace
