@@ -75,11 +75,8 @@ void Script::Box(const QString& text, const QString& title, sys::BoxIcon icon) {
 }
 
 void Script::Question(const QString& text, const QString& title, bool yes, sys::BoxIcon icon) {
-    steps_.push_back({.kind = u"box"_s,
-                      .text = text,
-                      .title = title,
-                      .icon = icon,
-                      .answer = yes ? u"yes"_s : u"no"_s});
+    steps_.push_back(
+        {.kind = u"box"_s, .text = text, .title = title, .icon = icon, .answer = yes ? u"yes"_s : u"no"_s});
 }
 
 void Script::BoxContaining(const QString& text) {
