@@ -113,6 +113,40 @@ void TellSmallMasters(Operator& op) {
     }
 }
 
+// ----------------------------------------------------------------------------------------------- customers
+
+/// The customer with his quotes, and a new one without.
+void TellCustomers(Operator& op) {
+    op.Command(u"A5"_s);
+    op.ExpectStatus(u"客户资料列表：共 1 条记录 当前为第 1 条"_s);
+    op.Picture(u"customer-list"_s, u"客户资料列表"_s);
+    op.TabTo(u"TabS"_s);
+    op.Press(Qt::Key_Right);
+    op.ExpectText(u"Txt(1)"_s, kCustomer);
+    op.TabTo(u"CmdUpDown"_s);
+    op.Press(Qt::Key_Return);
+    op.Picture(u"customer-quotes"_s, u"客户资料与报价：浏览"_s);
+    op.Press(Qt::Key_Return);
+
+    op.Command(u"A"_s);
+    op.ExpectFocus(u"Txt(0)"_s);
+    const Entry entries[] = {{u"Txt(0)"_s, u"C0027"_s},
+                             {u"Txt(1)"_s, u"恒丰贸易"_s},
+                             {u"Txt(2)"_s, u"上海恒丰贸易有限公司"_s},
+                             {u"Txt(3)"_s, u"Shanghai Hengfeng Trading Co., Ltd."_s},
+                             {u"CmbYWY"_s, u"孙丽萍"_s}};
+    for (const Entry& entry : entries) {
+        op.EnterTo(entry.control);
+        op.TypeOver(entry.text);
+    }
+    op.Picture(u"customer-adding"_s, u"客户资料：增加"_s);
+    op.Command(u"S"_s);
+    op.ExpectRows(
+        u"select F1,F2,F301,F8 from M03 order by F1"_s,
+        {u"C0012|华兴电子|上海华兴电子有限公司|null"_s, u"C0027|恒丰贸易|上海恒丰贸易有限公司|孙丽萍"_s});
+    op.Command(u"R"_s);
+}
+
 // ------------------------------------------------------------------------------------------------ waybills
 
 /// From "增加" to the customer, who fills the shipper's boxes, and round to the number.
@@ -142,13 +176,14 @@ void PickDate(Operator& op, const Consignment& c) {
     op.ExpectText(u"DTP"_s, text::DateText(c.date));
 }
 
-/// The box of the cost lies before that of the fuel rate; the operator goes back to it.
-void TypeCost(Operator& op) {
+/// The box of the cost lies before that of the fuel rate; the operator goes back to it, and it is computed
+/// anew.
+void PriceCost(Operator& op) {
     op.EnterTo(u"Txt(35)"_s);
     op.Type(u"1.12"_s);
     for (int back = 0; back < 3; ++back) op.Press(Qt::Key_Backtab, Qt::ShiftModifier);
     op.ExpectFocus(u"Txt(34)"_s);
-    op.TypeOver(u"1948.80"_s);  // 58 x 30 x 1.12
+    op.ExpectText(u"Txt(34)"_s, u"1948.80"_s);  // 58 x 30 x 1.12
 }
 
 QString Money(const QString& shown) {
@@ -180,7 +215,7 @@ void EnterWaybill(Operator& op, const Consignment& c, const QString& picture) {
     op.EnterTo(u"Txt(28)"_s);
     op.ExpectText(u"Txt(26)"_s, c.basic);
     op.ExpectText(u"Txt(28)"_s, c.total);
-    if (c.released) TypeCost(op);
+    if (c.released) PriceCost(op);
     if (!picture.isEmpty()) op.Picture(picture, u"速递单："_s + c.rule);
     op.Command(u"S"_s);
     op.Expect(u"已保存"_s, [] { return !EditInProgress; });
@@ -333,6 +368,7 @@ void TellDay(Operator& op, QDateTime& clock) {
     const auto& day = Consignments();
     TellLogin(op);
     TellSmallMasters(op);
+    TellCustomers(op);
     TellFriday(op, day[0], day[1]);
     op.Do(u"星期一早上"_s, [&clock] { clock = QDateTime(QDate(2024, 11, 25), QTime(9, 15)); });
     TellMonday(op, {day.begin() + 2, day.end()});

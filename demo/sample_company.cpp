@@ -32,8 +32,6 @@ QStringList MasterStatements() {
             u"','上海华兴电子有限公司','Shanghai Huaxing Electronics Co., Ltd.',"_s +
             u"'上海市浦东新区金桥路 1288 号 6 号楼 3 层','3/F Bldg 6, No.1288 Jinqiao Rd, Pudong, Shanghai',"_s +
             u"'021-5555 0188',1)"_s,
-        u"insert into M03 (F1,F2,F301,F302,P888) VALUES ('C0027','恒丰贸易','上海恒丰贸易有限公司',"_s +
-            u"'Shanghai Hengfeng Trading Co., Ltd.',1)"_s,
         // The customer has a price up to 46 kg and from 71 kg, and none between.
         u"insert into M031 (F0,F1,F2,F3,F4,F5,F6,F7,F8,F9,F10) VALUES ('C0012','B01',160,48,210,62,86,0,78,74,70)"_s,
         u"insert into M01 (F1,F2,D0,D1,S0,S1,JFD,J0) VALUES ('HY01','"_s + kChannel +
