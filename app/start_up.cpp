@@ -5,7 +5,6 @@
 #include "app/session.h"
 #include "platform/errors.h"
 #include "platform/system/seams.h"
-#include "schema/engine.h"
 #include "schema/names.h"
 #include "schema/upgrade.h"
 
@@ -33,8 +32,9 @@ void OpenData(const StartUpParts& parts) {
     AppFolder = parts.folder;
     if (!AppFolder.endsWith(u'/')) AppFolder += u'/';
     DbFile = AppFolder + schema::kDatabaseFile.toString();
-    Db = dao::Database::Open(DbFile, schema::kConnect.toString(), parts.vfs);
-    schema::Upgrade(schema::OpenEngine(DbFile, schema::kPassword).get());
+    // Opened once for both: deriving the key is the longest single piece of the start.
+    Db = dao::Database::Open(DbFile, schema::kConnect.toString(), parts.vfs,
+                             [](sqlite3* engine) { schema::Upgrade(engine); });
 }
 
 void Run(const StartUpParts& parts, std::unique_ptr<MForm>& frame) {
