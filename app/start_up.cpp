@@ -32,6 +32,7 @@ void OpenData(const StartUpParts& parts) {
     AppFolder = parts.folder;
     if (!AppFolder.endsWith(u'/')) AppFolder += u'/';
     DbFile = AppFolder + schema::kDatabaseFile.toString();
+    // Opened once for both: deriving the key is the longest single piece of the start.
     Db = dao::Database::Open(DbFile, schema::kConnect.toString(), parts.vfs,
                              [](sqlite3* engine) { schema::Upgrade(engine); });
 }

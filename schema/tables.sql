@@ -9,7 +9,8 @@
 --   date     DATE: null, yyyy-MM-dd or yyyy-MM-dd HH:mm:ss of a day that exists
 --
 -- Weights are in kilograms, money in yuan, rates are factors. Indexes serve what statements search and sort
--- by; (LB, SN) is the list of one kind of entry in journal order, (F3, SN) the chain of one counterparty.
+-- by; (LB, SN) is the list of one kind of entry in journal order, (F3, SN) the chain of one counterparty,
+-- (SN, F2, F1) all that the search for a late entry's place looks at.
 
 -- -------------------- the company and its operators ---------------------------------------------------
 
@@ -349,7 +350,7 @@ create table TB1 (
 );
 create index TB1_F1 on TB1 (F1);
 create index TB1_F2 on TB1 (F2);
-create index TB1_SN on TB1 (SN);
+create index TB1_SN_F2_F1 on TB1 (SN, F2, F1);
 create index TB1_LB_SN on TB1 (LB, SN);
 create index TB1_F3_SN on TB1 (F3, SN);
 

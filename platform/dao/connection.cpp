@@ -44,12 +44,47 @@ dialect::ColumnKind KindOf(std::string_view table, std::string_view column, cons
     return ColumnKind::Number;
 }
 
+std::string Lower(std::string_view name) {
+    std::string lower(name);
+    std::transform(lower.begin(), lower.end(), lower.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return lower;
+}
+
+/// A column of the answer of the engine's own question; nothing when it cannot be asked.
+std::optional<std::vector<std::string>> Answers(sqlite3* engine, const std::string& question, int column) {
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(engine, question.c_str(), -1, &statement, nullptr) != SQLITE_OK) return {};
+    std::vector<std::string> answers;
+    while (sqlite3_step(statement) == SQLITE_ROW) {
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+        answers.emplace_back(text ? text : "");
+    }
+    if (sqlite3_finalize(statement) != SQLITE_OK) return {};
+    return answers;
+}
+
 }  // namespace
 
+bool TableCache::LeadsIndex(std::string_view table, std::string_view column) const {
+    std::string key = Lower(table);
+    auto known = leading_.find(key);
+    if (known == leading_.end()) {
+        const auto indexes = Answers(engine_, "pragma index_list(" + dialect::Quoted(key) + ")", 1);
+        if (!indexes) return false;
+        std::vector<std::string> leading;
+        for (const std::string& index : *indexes) {
+            const auto columns = Answers(engine_, "pragma index_info(" + dialect::Quoted(index) + ")", 2);
+            if (columns && !columns->empty()) leading.push_back(columns->front());
+        }
+        known = leading_.emplace(std::move(key), std::move(leading)).first;
+    }
+    return std::any_of(known->second.begin(), known->second.end(),
+                       [&](const std::string& name) { return dialect::SameText(name, column); });
+}
+
 const dialect::Table* TableCache::Find(std::string_view name) const {
-    std::string key(name);
-    std::transform(key.begin(), key.end(), key.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    std::string key = Lower(name);
     const auto known = known_.find(key);
     if (known != known_.end()) return &known->second;
 

@@ -14,18 +14,21 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace dao {
 
-/// The kinds of columns, read once per table.
+/// The kinds of columns and what the indexes begin with, read once per table.
 class TableCache : public dialect::Tables {
   public:
     void SetEngine(sqlite3* engine) { engine_ = engine; }
     const dialect::Table* Find(std::string_view table) const override;
+    bool LeadsIndex(std::string_view table, std::string_view column) const override;
 
   private:
     sqlite3* engine_ = nullptr;
     mutable std::unordered_map<std::string, dialect::Table> known_;
+    mutable std::unordered_map<std::string, std::vector<std::string>> leading_;
 };
 
 class Connection {

@@ -136,6 +136,21 @@ bool IsTextAlone(const Statement& s, const Piece& piece) {
     return piece.second == piece.first + 1 && s.At(piece.first).kind == TokenKind::Text;
 }
 
+/// The one row that an order puts first, out of a range with one end: left to itself the engine takes the
+/// range's index and sorts what it finds, for a day of this week the whole journal. Where an index gives the
+/// order, it is better walked to the first row that fits; at worst that is the whole index, once.
+bool FollowsOrder(const Statement& s, const ColumnRef& ranged, Comparison comparison, const Tables& tables) {
+    if (comparison == Comparison::Equal || comparison == Comparison::NotEqual) return false;
+    const Scope& scope = s.ScopeOf(ranged.begin);
+    if (scope.top == kNone || s.At(scope.top + 1).text != "1") return false;
+    if (scope.order == kNone || scope.tables.size() != 1 || scope.summary) return false;
+    auto [begin, end] = s.Pieces(scope.order + 2, scope.end).front();
+    if (IsOneOf(s.At(end - 1), {"asc", "desc"})) --end;
+    const ColumnRef first = s.ColumnBetween(begin, end);
+    return !first.column.empty() && !SameText(first.column, ranged.column) &&
+           tables.LeadsIndex(scope.tables.front().name, first.column);
+}
+
 void TranslateDatediff(Statement& s, size_t call, const Tables& tables) {
     const size_t close = s.PartnerOf(call + 1);
     if (close == kNone) return;
@@ -162,8 +177,10 @@ void TranslateDatediff(Statement& s, size_t call, const Tables& tables) {
     const auto dayText = DayText(day);
     const auto dayAfter = DayText(day + 1);
     if (!dayText || !dayAfter) return;
+    // A sign before the column keeps the engine from its index and changes nothing else.
+    const std::string sign = FollowsOrder(s, ref, comparison, tables) ? "+" : "";
     std::string range =
-        Range(s.Written(ref), column->kind == ColumnKind::DateText, comparison, *dayText, *dayAfter);
+        Range(sign + s.Written(ref), column->kind == ColumnKind::DateText, comparison, *dayText, *dayAfter);
     s.Remove(compared->begin + 1, compared->end);
     s.Replace(compared->begin, std::move(range), TokenKind::Word);
 }

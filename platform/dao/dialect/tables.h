@@ -37,6 +37,8 @@ class Tables {
     virtual ~Tables() = default;
     /// Case-blind; null when there is no such table.
     virtual const Table* Find(std::string_view table) const = 0;
+    /// Is it the first column of an index? Case-blind.
+    virtual bool LeadsIndex(std::string_view /*table*/, std::string_view /*column*/) const { return false; }
 };
 
 }  // namespace dao::dialect
