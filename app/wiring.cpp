@@ -5,6 +5,7 @@
 #include "app/about.h"
 #include "app/login.h"
 #include "records/small_master.h"
+#include "tariffs/channels.h"
 #include "tariffs/customers.h"
 #include "tariffs/standard.h"
 #include "waybills/waybill_form.h"
@@ -26,6 +27,7 @@ std::function<std::unique_ptr<ChildForm>()> Child() {
 Registry FilledRegistry() {
     Registry forms;
     forms.children[u"A030"_s] = Child<A030>();
+    forms.children[u"A01"_s] = Child<A01>();
     forms.children[u"A03"_s] = Child<A03>();
     forms.children[u"A04"_s] = Child<A04>();
     forms.children[u"A05"_s] = Child<A05>();

@@ -101,6 +101,10 @@ bool RecordForm::QueryUnload() {
     return false;
 }
 
+QString RecordForm::StatusText() const {
+    return u"共 "_s + QString::number(RecCount) + u" 条记录 当前为第 "_s + QString::number(CurRow) + u" 条"_s;
+}
+
 void RecordForm::DressGrid() {
     const QStringList headers = Headers();
     GD->Clear();

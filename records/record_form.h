@@ -68,7 +68,7 @@ class RecordForm : public ChildForm {
 
     // What a form says of itself.
     virtual QStringList Headers() const = 0;
-    virtual QString StatusText() const = 0;
+    virtual QString StatusText() const;
     /// A cell as it goes into the grid.
     virtual void DressCell(int /*col*/, QString& /*text*/) const {}
     virtual void RowToCard() = 0;

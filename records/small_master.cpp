@@ -60,10 +60,6 @@ QStringList SmallMaster::Headers() const {
     return master_.headers;
 }
 
-QString SmallMaster::StatusText() const {
-    return u"共 "_s + QString::number(RecCount) + u" 条记录 当前为第 "_s + QString::number(CurRow) + u" 条"_s;
-}
-
 void SmallMaster::RowToCard() {
     if (CurRow == 0) CurRow = 1;
     for (int i = Key; i <= Note; ++i) Txt[i]->SetText(CurrentCell(i));

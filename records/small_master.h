@@ -39,7 +39,6 @@ class SmallMaster : public RecordForm {
 
   protected:
     QStringList Headers() const override;
-    QString StatusText() const override;
     void RowToCard() override;
     void OpenCard() override;
     void CloseCard() override;

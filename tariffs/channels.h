@@ -1,0 +1,54 @@
+// The outbound channels: through whom consignments leave, and the weight brackets of each one's own cost
+// standard.
+//
+// Always holds: the bounds are read from the table when the card is shown, never from the list. A bound of 0
+// ends them; the segment before it is the open last one. The number of segments (JFD) and the bounds are kept
+// in step by the card alone: a hidden bound is stored as it stands. Weights are in kg.
+#pragma once
+
+#include "platform/controls/look.h"
+#include "platform/dao/recordset.h"
+#include "records/record_form.h"
+
+/// 出货渠道计价标准: the channels.
+class A01 : public RecordForm {
+    Q_OBJECT
+  public:
+    A01();
+    void Load() override;
+
+  protected:
+    QStringList Headers() const override;
+    void RowToCard() override;
+    void OpenCard() override;
+    void CloseCard() override;
+
+  private:
+    void BuildCard();
+    QWidget* Sentences();
+    QWidget* Segments();
+    void WireCard();
+    void SetTabOrder();
+
+    /// A bound and the caption behind it.
+    void ShowBound(int box, bool shown);
+    /// The caption that tells the top of the segment before this bound.
+    void CaptionTop(int box);
+    void FillBounds(const dao::Recordset& row);
+    void LeaveCount();
+    void LeaveBound(int box);
+
+    void Menu_Add();
+    void Menu_edit();
+    void Menu_del();
+    void Menu_save();
+    static bool IsUsed(QString& code);
+    bool BoundsFilled() const;
+    /// False, with a message, when another channel has the number; takes the old row away in an edit.
+    bool MakeRoom();
+    QString InsertStatement() const;
+
+    double Number(int box) const;
+
+    QLabel* Lab2[3] = {};
+};
