@@ -263,7 +263,14 @@ TEST(B01, ChargeIsAskedByEnteringItsBox) {
     EXPECT_EQ(form.Box(TotalCharge), u"134.00"_s);
     form.Execute(u"delete from MS1"_s);
     form.script.Box(u"本公司报价标准设定数据丢失！请重新设置！"_s, u"意外错误"_s, sys::BoxIcon::Warning);
+    tests::ModalScript modals;
+    modals.Next(u"S01"_s, [](QWidget& dialog) {
+        tests::Find<controls::Button>(dialog, u"CmdCancel"_s).SetFocus();
+        Press(Qt::Key_Return);
+    });
     enter();
+    EXPECT_EQ(form.Box(BasicCharge), u"115"_s)
+        << "after the dialog nothing is charged; the box has to be entered again";
     AltKey(u'C');
 }
 
