@@ -10,35 +10,80 @@ const QDate kSaturday(2024, 11, 23);
 const QDate kMonday(2024, 11, 25);
 const QString kZone = u"B01.北美东岸"_s;
 
+/// A zone with its list prices and, in whole yuan beside them, what the customer has been quoted.
+struct Zone {
+    QString code, name, english;
+    int document, more, parcel, each;  ///< list prices, yuan
+    int heavy;      ///< of the first heavy segment, yuan per kg; each further one is 1 less
+    int quoted[5];  ///< the same five of the quote
+};
+
+const Zone kZones[] = {
+    {u"A01"_s, u"东亚"_s, u"East Asia"_s, 80, 24, 100, 30, 40, {85, 26, 108, 32, 43}},
+    {u"A02"_s, u"东南亚"_s, u"South-East Asia"_s, 90, 25, 110, 30, 44, {96, 27, 118, 32, 47}},
+    {u"B01"_s, u"北美东岸"_s, u"North America East"_s, 150, 45, 190, 58, 80, {160, 48, 210, 62, 86}},
+    {u"B02"_s, u"北美西岸"_s, u"North America West"_s, 145, 43, 184, 56, 78, {155, 46, 200, 60, 84}},
+    {u"C01"_s, u"西欧"_s, u"Western Europe"_s, 155, 47, 195, 60, 82, {166, 50, 216, 64, 88}},
+    {u"D01"_s, u"中东"_s, u"Middle East"_s, 165, 50, 205, 62, 84, {176, 53, 220, 66, 90}},
+};
+
+constexpr int kSegments = 15;
+/// Where the customer has no price between two that he has, so that the heavy segment falls back.
+const QString kGapZone = u"B01"_s;
+constexpr int kGapSegment = 1;
+
+QString Heavy(int first, int gap = -1) {
+    QString prices;
+    for (int segment = 0; segment < kSegments; ++segment)
+        prices += u',' + QString::number(segment == gap ? 0 : first - segment);
+    return prices;
+}
+
+/// The standard, the zones' list prices and the customer's quotes.
+QStringList TariffStatements() {
+    QStringList statements = {
+        u"insert into MS1 (F1,F2,F3,F4,F5,F6,F7,F8,F9,F10,F11,F12,F13,F14,F15,F16,F17,F18,F19,"_s +
+        u"P888) VALUES (0.5,0.5,0.5,0.5,21,46,71,101,151,201,251,301,401,501,601,701,801,"_s +
+        u"901,1001,1.5)"_s};
+    const auto four = [](int a, int b, int c, int d) {
+        return u",%1,%2,%3,%4"_s.arg(a).arg(b).arg(c).arg(d);
+    };
+    for (const Zone& zone : kZones) {
+        const auto& q = zone.quoted;
+        statements
+            << u"insert into M02 (F1,F2,F3,F4,F6,P101,P102,P201,P202,P301,P302,P303,P304,P305,P306,P307,P308,"_s +
+                   u"P309,P310,P311,P312,P313,P314,P315) VALUES ('%1','%2','国外','%3',4"_s.arg(
+                       zone.code, zone.name, zone.english) +
+                   four(zone.document, zone.more, zone.parcel, zone.each) + Heavy(zone.heavy) + u')'
+            << u"insert into M031 (F0,F1,F2,F3,F4,F5,F6,F7,F8,F9,F10,F11,F12,F13,F14,F15,F16,F17,F18,F19,F20) "_s +
+                   u"VALUES ('C0012','%1'"_s.arg(zone.code) + four(q[0], q[1], q[2], q[3]) +
+                   Heavy(q[4], zone.code == kGapZone ? kGapSegment : -1) + u')';
+    }
+    return statements;
+}
+
 }  // namespace
 
 QStringList MasterStatements() {
-    return {
+    QStringList statements = {
         u"update TE1 set F3='"_s + kPassword + u"' where F1='001'"_s,
         // Enters waybills and nothing else; sees no figures.
         u"insert into TE1 (F1,F2,F3,F60,F61,F62,F63,F64,F65,F66,F67) VALUES ('002','周婷','zt',0,1,0,0,0,0,0,0)"_s,
-        // The standard's own proposals: heavy segments from 21, 46, 71, 101 and 201 kg.
-        u"insert into MS1 (F1,F2,F3,F4,F5,F6,F7,F8,F9,F10,F11,F12,F13,F14,F15,F16,F17,F18,F19,P888) VALUES "_s +
-            u"(0.5,0.5,0.5,0.5,21,46,71,101,201,201,201,201,201,201,201,201,201,201,201,1.5)"_s,
-        u"insert into M02 (F1,F2,F3,F4,F6,P101,P102,P201,P202,P301,P302,P303,P304,P305) VALUES "_s +
-            u"('B01','北美东岸','国外','North America East',4,150,45,190,58,80,76,72,70,66)"_s,
-        u"insert into M02 (F1,F2,F3,F4,F6,P101,P102,P201,P202,P301,P302,P303,P304,P305) VALUES "_s +
-            u"('C02','东南亚','国外','South-East Asia',3,90,25,110,30,42,40,38,36,34)"_s,
         u"insert into M021 (F0,F1,F2) VALUES ('B01','纽约','New York')"_s,
         u"insert into M021 (F0,F1,F2) VALUES ('B01','波士顿','Boston')"_s,
         u"insert into M021 (F0,F1,F2) VALUES ('B01','多伦多','Toronto')"_s,
-        u"insert into M021 (F0,F1,F2) VALUES ('C02','曼谷','Bangkok')"_s,
-        u"insert into M03 (F1,F2,F301,F302,F401,F402,F5,P888) VALUES ('C0012','"_s + kCustomer +
+        u"insert into M021 (F0,F1,F2) VALUES ('A02','曼谷','Bangkok')"_s,
+        u"insert into M03 (F1,F2,F301,F302,F401,F402,F5,F8,P888) VALUES ('C0012','"_s + kCustomer +
             u"','上海华兴电子有限公司','Shanghai Huaxing Electronics Co., Ltd.',"_s +
             u"'上海市浦东新区金桥路 1288 号 6 号楼 3 层','3/F Bldg 6, No.1288 Jinqiao Rd, Pudong, Shanghai',"_s +
-            u"'021-5555 0188',1)"_s,
-        // The customer has a price up to 46 kg and from 71 kg, and none between.
-        u"insert into M031 (F0,F1,F2,F3,F4,F5,F6,F7,F8,F9,F10) VALUES ('C0012','B01',160,48,210,62,86,0,78,74,70)"_s,
+            u"'021-5555 0188','孙丽萍',1)"_s,
         u"insert into M01 (F1,F2,D0,D1,S0,S1,JFD,J0) VALUES ('HY01','"_s + kChannel +
             u"',0.5,0.5,0.5,0.5,1,21)"_s,
         u"insert into M011 (F1,F2,F3,P101,P102,P201,P202,P3,P300) VALUES "_s +
             u"('HY01-5','美国东部及加拿大东部','HY01',110,30,140,40,1,58)"_s,
     };
+    statements += TariffStatements();
+    return statements;
 }
 
 const std::vector<SmallMaster>& SmallMasters() {
