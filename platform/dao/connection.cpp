@@ -164,24 +164,15 @@ sqlite3* Connection::Engine(const QString& statement) const {
     return engine_;
 }
 
-dialect::Translation Connection::Translate(const QString& statement, bool forDynaset) const {
-    Engine(statement);
+dialect::Translation Connection::Translate(const QString& statement, Wording wording) const {
     const QByteArray text = statement.toUtf8();
+    const std::string_view words(text.constData(), static_cast<size_t>(text.size()));
+    if (wording == Wording::Engine) return {dialect::Verb::Update, std::string(words), {}};
     try {
-        return dialect::Translate(std::string_view(text.constData(), static_cast<size_t>(text.size())),
-                                  tables_, forDynaset);
+        return dialect::Translate(words, tables_, wording == Wording::SystemDynaset);
     } catch (const dialect::Refusal& refusal) {
         throw DatabaseError(refusal.text, statement);
     }
-}
-
-sqlite3_stmt* Connection::Prepare(const std::string& sql, const QString& statement) {
-    sqlite3* engine = Engine(statement);
-    sqlite3_stmt* prepared = nullptr;
-    const int code =
-        sqlite3_prepare_v2(engine, sql.c_str(), static_cast<int>(sql.size()) + 1, &prepared, nullptr);
-    if (code != SQLITE_OK) Fail(code, statement);
-    return prepared;
 }
 
 void Connection::BeginGroup(const QString& statement) {
@@ -248,6 +239,7 @@ void Connection::Close() {
 
 void Connection::LetGo() {
     if (!engine_) return;
+    kept_.Clear();
     while (sqlite3_stmt* open = sqlite3_next_stmt(engine_, nullptr)) sqlite3_finalize(open);
     sqlite3_close(engine_);
     engine_ = nullptr;
