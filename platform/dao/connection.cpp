@@ -121,9 +121,10 @@ Connection::~Connection() {
 
 void Connection::Open(const QString& path, const QString& connect, const QString& vfs) {
     const QByteArray vfsName = vfs.toUtf8();
-    const int code =
-        sqlite3_open_v2(path.toUtf8().constData(), &engine_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_PRIVATECACHE,
-                        vfs.isEmpty() ? nullptr : vfsName.constData());
+    // The program has one thread, so the engine need not lock itself at every call.
+    const int code = sqlite3_open_v2(path.toUtf8().constData(), &engine_,
+                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_PRIVATECACHE | SQLITE_OPEN_NOMUTEX,
+                                     vfs.isEmpty() ? nullptr : vfsName.constData());
     if (code != SQLITE_OK) Fail(code, path);
     sqlite3_extended_result_codes(engine_, 1);
     sqlite3_busy_timeout(engine_, kBusyMilliseconds);
