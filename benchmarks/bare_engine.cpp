@@ -84,7 +84,9 @@ QString BareStatement::Text(int column) const {
 }
 
 BareEngine::BareEngine(const QString& path) {
-    Must(engine_, sqlite3_open_v2(path.toUtf8().constData(), &engine_, SQLITE_OPEN_READWRITE, nullptr),
+    Must(engine_,
+         sqlite3_open_v2(path.toUtf8().constData(), &engine_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX,
+                         nullptr),
          "open");
     const QByteArray key = schema::kPassword.toUtf8();
     Must(engine_, sqlite3_key(engine_, key.constData(), static_cast<int>(key.size())), "key");

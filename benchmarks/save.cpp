@@ -88,14 +88,15 @@ void MeasureSave(Bench& bench, Office& office, const char* name, QDate date) {
     const Undo undo(office.Bare());
     BareEngine ours(office.Engine());
     const auto save = [&] { form.Press(u"Menu_save"_s); };
-    const auto ready = [&] {
-        undo.Do(ours);
+    // Either side begins where an operator has just filled the card.
+    const auto ready = [&](BareEngine& engine) {
+        undo.Do(engine);
         FillCard(form, date);
         Office::Settle();
     };
-    ready();
+    ready(ours);
     save();  // the columns of the tables are read once for a run
-    ready();
+    ready(ours);
     const std::vector<Sent> sent = Caught(office.Engine(), save);
     if (office.Bare().Answer("select count(*) from TB1 where F1 in ('YS" + Number + "','YF" + Number +
                              "')") != u"2") {
@@ -107,8 +108,8 @@ void MeasureSave(Bench& bench, Office& office, const char* name, QDate date) {
                .runsInRound = 5,
                .ours = save,
                .bare = [&] { RunAgain(office.Bare(), sent); },
-               .makeOursReady = ready,
-               .makeBareReady = [&] { undo.Do(office.Bare()); }});
+               .makeOursReady = [&] { ready(ours); },
+               .makeBareReady = [&] { ready(office.Bare()); }});
     undo.Do(office.Bare());
 }
 

@@ -121,9 +121,10 @@ Connection::~Connection() {
 
 void Connection::Open(const QString& path, const QString& connect, const QString& vfs) {
     const QByteArray vfsName = vfs.toUtf8();
-    const int code =
-        sqlite3_open_v2(path.toUtf8().constData(), &engine_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_PRIVATECACHE,
-                        vfs.isEmpty() ? nullptr : vfsName.constData());
+    // The program has one thread, so the engine need not lock itself at every call.
+    const int code = sqlite3_open_v2(path.toUtf8().constData(), &engine_,
+                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_PRIVATECACHE | SQLITE_OPEN_NOMUTEX,
+                                     vfs.isEmpty() ? nullptr : vfsName.constData());
     if (code != SQLITE_OK) Fail(code, path);
     sqlite3_extended_result_codes(engine_, 1);
     sqlite3_busy_timeout(engine_, kBusyMilliseconds);
@@ -164,24 +165,15 @@ sqlite3* Connection::Engine(const QString& statement) const {
     return engine_;
 }
 
-dialect::Translation Connection::Translate(const QString& statement, bool forDynaset) const {
-    Engine(statement);
+dialect::Translation Connection::Translate(const QString& statement, Wording wording) const {
     const QByteArray text = statement.toUtf8();
+    const std::string_view words(text.constData(), static_cast<size_t>(text.size()));
+    if (wording == Wording::Engine) return {dialect::Verb::Update, std::string(words), {}};
     try {
-        return dialect::Translate(std::string_view(text.constData(), static_cast<size_t>(text.size())),
-                                  tables_, forDynaset);
+        return dialect::Translate(words, tables_, wording == Wording::SystemDynaset);
     } catch (const dialect::Refusal& refusal) {
         throw DatabaseError(refusal.text, statement);
     }
-}
-
-sqlite3_stmt* Connection::Prepare(const std::string& sql, const QString& statement) {
-    sqlite3* engine = Engine(statement);
-    sqlite3_stmt* prepared = nullptr;
-    const int code =
-        sqlite3_prepare_v2(engine, sql.c_str(), static_cast<int>(sql.size()) + 1, &prepared, nullptr);
-    if (code != SQLITE_OK) Fail(code, statement);
-    return prepared;
 }
 
 void Connection::BeginGroup(const QString& statement) {
@@ -248,6 +240,7 @@ void Connection::Close() {
 
 void Connection::LetGo() {
     if (!engine_) return;
+    kept_.Clear();
     while (sqlite3_stmt* open = sqlite3_next_stmt(engine_, nullptr)) sqlite3_finalize(open);
     sqlite3_close(engine_);
     engine_ = nullptr;

@@ -4,7 +4,7 @@
 // statement of the same command fails like the one that lost it, so that no half of a command is kept.
 #pragma once
 
-#include "platform/dao/dialect/translate.h"
+#include "platform/dao/statements.h"
 #include "platform/errors.h"
 
 #include <QString>
@@ -42,9 +42,8 @@ class Connection {
     /// Raises when the file is closed, or when this command has lost its group.
     sqlite3* Engine(const QString& statement) const;
 
-    dialect::Translation Translate(const QString& statement, bool forDynaset) const;
-    /// The caller owns what it gets, best as a Prepared.
-    sqlite3_stmt* Prepare(const std::string& sql, const QString& statement);
+    dialect::Translation Translate(const QString& statement, Wording wording) const;
+    KeptStatements& Kept() { return kept_; }
 
     bool InGroup() const { return inGroup_; }
     void BeginGroup(const QString& statement);
@@ -65,26 +64,9 @@ class Connection {
 
     sqlite3* engine_ = nullptr;
     TableCache tables_;
+    KeptStatements kept_;
     bool inGroup_ = false;
     std::optional<QString> lost_;  ///< why this command's group is gone
-};
-
-/// A prepared statement; ends with its connection at the latest.
-class Prepared {
-  public:
-    Prepared(const Connection& connection, sqlite3_stmt* statement)
-        : connection_(&connection), statement_(statement) {}
-    ~Prepared() {
-        // A closed connection has finished its statements itself.
-        if (connection_->IsOpen()) sqlite3_finalize(statement_);
-    }
-    Prepared(const Prepared&) = delete;
-    Prepared& operator=(const Prepared&) = delete;
-    operator sqlite3_stmt*() const { return statement_; }
-
-  private:
-    const Connection* connection_;
-    sqlite3_stmt* statement_;
 };
 
 }  // namespace dao

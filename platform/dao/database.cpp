@@ -50,19 +50,24 @@ Database::~Database() {
 
 void Database::Execute(const QString& statement) {
     Connection& connection = *impl_->connection;
-    const dialect::Translation translation = connection.Translate(statement, false);
-    if (translation.verb == dialect::Verb::Select) throw DatabaseError(u"无法执行选择查询。"_s, statement);
-    const Prepared prepared(connection, connection.Prepare(translation.sql, statement));
+    Prepared prepared(connection, statement, Wording::System, statement);
+    if (prepared.Translation().verb == dialect::Verb::Select)
+        throw DatabaseError(u"无法执行选择查询。"_s, statement);
+    prepared.Prepare();
     connection.BeginGroup(statement);
     const int code = sqlite3_step(prepared);
     if (code != SQLITE_DONE) connection.Fail(code, statement);
+    prepared.Done();
 }
 
 Recordset Database::OpenRecordset(const QString& statement, RecordsetType type) {
     const bool dynaset = type == RecordsetType::Dynaset;
-    const dialect::Translation translation = impl_->connection->Translate(statement, dynaset);
-    if (translation.verb != dialect::Verb::Select) throw DatabaseError(u"无效的操作。"_s, statement);
-    return Recordset(ReadRows(impl_->connection, translation, statement));
+    Prepared prepared(*impl_->connection, statement, dynaset ? Wording::SystemDynaset : Wording::System,
+                      statement);
+    if (prepared.Translation().verb != dialect::Verb::Select)
+        throw DatabaseError(u"无效的操作。"_s, statement);
+    prepared.Prepare();
+    return Recordset(ReadRows(impl_->connection, prepared, statement));
 }
 
 void Database::CloseGroup() {

@@ -46,11 +46,11 @@ void AddCell(RecordsetData& data, sqlite3_stmt* statement, int i, bool boolean) 
 
 }  // namespace
 
-std::unique_ptr<RecordsetData> ReadRows(const std::shared_ptr<Connection>& connection,
-                                        const dialect::Translation& translation, const QString& statement) {
-    const Prepared prepared(*connection, connection->Prepare(translation.sql, statement));
+std::unique_ptr<RecordsetData> ReadRows(const std::shared_ptr<Connection>& connection, Prepared& prepared,
+                                        const QString& statement) {
+    const std::string& table = prepared.Translation().table;
     auto data = std::make_unique<RecordsetData>();
-    const bool writable = !translation.table.empty();
+    const bool writable = !table.empty();
     const int columns = sqlite3_column_count(prepared) - (writable ? 1 : 0);
     // Most sets have one row; its cells come without growing step by step.
     data->names.reserve(static_cast<size_t>(columns));
@@ -66,7 +66,8 @@ std::unique_ptr<RecordsetData> ReadRows(const std::shared_ptr<Connection>& conne
         ++data->rows;
     }
     if (code != SQLITE_DONE) connection->Fail(code, statement);
-    if (writable) data->writer = std::make_unique<RowWriter>(connection, translation.table, statement);
+    prepared.Done();
+    if (writable) data->writer = std::make_unique<RowWriter>(connection, table, statement);
     return data;
 }
 
@@ -138,7 +139,9 @@ void RowWriter::Prepare(const std::vector<Value>& values, const std::vector<QStr
             (sql.empty() ? "" : ",") + ("[" + names[static_cast<size_t>(value.column)].toStdString() + "]=?");
     }
     sql = "update [" + table_ + "] set " + sql + " where rowid=?";
-    prepared_ = std::make_unique<Prepared>(*connection_, connection_->Prepare(sql, statement_));
+    prepared_ =
+        std::make_unique<Prepared>(*connection_, QString::fromStdString(sql), Wording::Engine, statement_);
+    prepared_->Prepare();
 }
 
 void RowWriter::Write(std::int64_t row, const std::vector<Value>& values, const std::vector<QString>& names) {
@@ -156,6 +159,7 @@ void RowWriter::Write(std::int64_t row, const std::vector<Value>& values, const 
         connection_->Fail(code, statement_);
     }
     sqlite3_reset(*prepared_);
+    prepared_->Done();
     if (sqlite3_changes(engine) == 0) throw DatabaseError(u"记录已被删除。"_s, statement_);
 }
 

@@ -79,8 +79,8 @@ struct RecordsetData {
     std::int64_t WholeOf(const Cell& cell) const;
 };
 
-/// Runs a translated SELECT to its end.
-std::unique_ptr<RecordsetData> ReadRows(const std::shared_ptr<Connection>& connection,
-                                        const dialect::Translation& translation, const QString& statement);
+/// Runs a SELECT to its end.
+std::unique_ptr<RecordsetData> ReadRows(const std::shared_ptr<Connection>& connection, Prepared& prepared,
+                                        const QString& statement);
 
 }  // namespace dao
