@@ -36,7 +36,7 @@ class Connection {
     Connection& operator=(const Connection&) = delete;
 
     bool IsOpen() const { return engine_ != nullptr; }
-    /// Raises when the file is closed, or when this command has lost its group.
+    /// Raises when the file is closed. When this command has lost its group, raises once more what lost it.
     sqlite3* Engine(const QString& statement) const;
 
     dialect::Translation Translate(const QString& statement, bool forDynaset) const;
@@ -63,7 +63,11 @@ class Connection {
     sqlite3* engine_ = nullptr;
     TableCache tables_;
     bool inGroup_ = false;
-    std::optional<QString> lost_;  ///< why this command's group is gone
+    struct Loss {
+        QString words;
+        QString statement;
+    };
+    std::optional<Loss> lost_;  ///< why this command's group is gone
 };
 
 /// A prepared statement; ends with its connection at the latest.

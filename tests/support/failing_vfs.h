@@ -1,6 +1,6 @@
 // A storage layer for the engine, named "failing": it hands everything to the engine's own and counts what
-// changes a file (writes, truncations, syncs and removals) or, when reading is to fail, what reads one, and on
-// demand one of these fails.
+// changes a file (writes, truncations, syncs and removals) or, when reading is to fail, what reads one, and
+// on demand one of these fails.
 //
 // Used as Database::Open(path, connect, u"failing"). One plan at a time, for all files; a FailingStorage puts
 // everything back at its end.
