@@ -25,8 +25,19 @@ double FirstNumber(dao::Database& db, const QString& sql) {
     return result;
 }
 
+/// An error that has taken the whole command with it ends that command; no asker may go on with an empty
+/// answer.
+void PassOnLoss(const PlatformError& error) {
+    const auto* failure = dynamic_cast<const DatabaseError*>(&error);
+    if (failure && failure->GroupLost()) throw;
+}
+
 void TellFailure(const QString& helper, const PlatformError& error) {
-    sys::Inform(helper + u"执行错误!系统返回如下信息："_s + u'\r' + error.Text(), MsgTitle);
+    PassOnLoss(error);
+    // The question may stand inside a save, which goes on behind the box: nothing of it is kept meanwhile.
+    sys::MsgBox({.text = helper + u"执行错误!系统返回如下信息："_s + u'\r' + error.Text(),
+                 .title = MsgTitle,
+                 .keepsGroup = true});
 }
 
 }  // namespace
@@ -43,7 +54,8 @@ QString GetStr(dao::Database& db, const QString& sql) {
 QString GetStrQuiet(dao::Database& db, const QString& sql) {
     try {
         return FirstText(db, sql);
-    } catch (const PlatformError&) {
+    } catch (const PlatformError& error) {
+        PassOnLoss(error);
         return {};
     }
 }

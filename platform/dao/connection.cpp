@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -161,7 +162,7 @@ void Connection::Inspect(const QString& path, bool withPassword) {
 
 sqlite3* Connection::Engine(const QString& statement) const {
     if (!engine_) throw DatabaseError(u"对象无效或不再被设置。"_s, statement);
-    if (lost_) throw DatabaseError(*lost_, statement, true);
+    if (lost_) throw DatabaseError(lost_->words, lost_->statement, true);
     return engine_;
 }
 
@@ -184,9 +185,8 @@ void Connection::BeginGroup(const QString& statement) {
 
 void Connection::CloseGroup() {
     if (lost_) {
-        const QString words = *lost_;
-        lost_.reset();
-        throw DatabaseError(words, QString(), true);
+        const Loss loss = *std::exchange(lost_, std::nullopt);
+        throw DatabaseError(loss.words, loss.statement, true);
     }
     if (!inGroup_) return;
     const int code = sqlite3_exec(engine_, "commit", nullptr, nullptr, nullptr);
@@ -194,7 +194,7 @@ void Connection::CloseGroup() {
     if (code == SQLITE_OK) return;
     const QString words = EngineText(sqlite3_errmsg(engine_));
     if (sqlite3_get_autocommit(engine_) == 0) sqlite3_exec(engine_, "rollback", nullptr, nullptr, nullptr);
-    throw DatabaseError(words, QString(), true);
+    throw DatabaseError(words, u"commit"_s, true);
 }
 
 void Connection::Fail(int code, const QString& statement) {
@@ -207,7 +207,7 @@ void Connection::Fail(int code, const QString& statement) {
             sqlite3_exec(engine_, "rollback", nullptr, nullptr, nullptr);
         if (sqlite3_get_autocommit(engine_) != 0) {
             inGroup_ = false;
-            lost_ = words;
+            lost_ = Loss{words, statement};
         }
     }
     throw DatabaseError(words, statement, lost_.has_value());

@@ -39,7 +39,7 @@ class Connection {
     Connection& operator=(const Connection&) = delete;
 
     bool IsOpen() const { return engine_ != nullptr; }
-    /// Raises when the file is closed, or when this command has lost its group.
+    /// Raises when the file is closed. When this command has lost its group, raises once more what lost it.
     sqlite3* Engine(const QString& statement) const;
 
     dialect::Translation Translate(const QString& statement, Wording wording) const;
@@ -66,7 +66,11 @@ class Connection {
     TableCache tables_;
     KeptStatements kept_;
     bool inGroup_ = false;
-    std::optional<QString> lost_;  ///< why this command's group is gone
+    struct Loss {
+        QString words;
+        QString statement;
+    };
+    std::optional<Loss> lost_;  ///< why this command's group is gone
 };
 
 }  // namespace dao

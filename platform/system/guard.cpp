@@ -46,14 +46,17 @@ HookList& ProgramEnd() {
 
 /// Shows what escaped and ends. Committing what was executed before may fail in its turn; the box then says
 /// so.
-[[noreturn]] void Report(QString text, const QString& statement, bool groupLost) {
-    if (!groupLost) {
-        try {
-            CloseCommand();
-        } catch (const DatabaseError& error) {
+[[noreturn]] void Report(QString text, QString statement, bool groupLost) {
+    // Also where the group is known to be lost: the loss has to be over before the box waits, or whatever
+    // happens meanwhile would report it again.
+    try {
+        CloseCommand();
+    } catch (const DatabaseError& error) {
+        if (!groupLost) {
             text += u"\r\r"_s + error.Text();
-            groupLost = true;
+            if (statement.isEmpty()) statement = error.Statement();
         }
+        groupLost = true;
     }
     if (groupLost) text += u"\r\r本次操作已写入的内容未能保存，全部撤回。"_s;
     BoxRequest request;
