@@ -197,6 +197,7 @@ void QuotePanel::Fold() {
 void QuotePanel::Unfold() {
     CloseDownList();
     GdMx->show();
+    FitColumns();
     CmdUpDown->SetCaption(u"6"_s);
     controls::Mark(bar_, "edge", u"both"_s);
     host_.unfolded(true);
@@ -214,7 +215,7 @@ void QuotePanel::FinishCell() {
 
 /// What the texts decide: the count in the bar and the widths.
 void QuotePanel::ShowChange() {
-    FitColumns();
+    if (!Folded()) FitColumns();
     count_->setText(u"共 "_s + QString::number(HasQuotes() ? GdMx->Rows() - FirstQuoteRow : 0) +
                     u" 个区域"_s);
 }
@@ -227,8 +228,8 @@ void QuotePanel::BuildQuoteGrid() {
 }
 
 void QuotePanel::DressQuoteGrid() {
-    GdMx->Clear();
-    GdMx->SetRows(FirstQuoteRow + 1);
+    GdMx->BeginLoad(0);
+    GdMx->EndLoad();
     quoteRow_ = FirstQuoteRow;
     const QStringList fixed{u"区域"_s, u"区域名称"_s};
     QStringList upper = fixed + QStringList{u"文件资料"_s, u"文件资料"_s, u"小包裹"_s, u"小包裹"_s};
@@ -322,7 +323,8 @@ void QuotePanel::CellDone(int row, int col) {
 /// Enter or F2 opens the editor over the current price; a digit does too and is its first character.
 void QuotePanel::GridKey(controls::KeyPress& key) {
     const bool opens = key.key == Qt::Key_Return || key.key == Qt::Key_Enter || key.key == Qt::Key_F2;
-    const bool digit = key.key >= Qt::Key_0 && key.key <= Qt::Key_9 && !key.text.isEmpty();
+    const bool chord = key.modifiers & (Qt::ControlModifier | Qt::AltModifier);
+    const bool digit = key.key >= Qt::Key_0 && key.key <= Qt::Key_9 && !key.text.isEmpty() && !chord;
     if (!opens && !digit) return;
     key.taken = true;
     EditCell(GdMx->Row(), std::max<int>(GdMx->Col(), FirstPrice));
