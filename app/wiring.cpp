@@ -7,6 +7,7 @@
 #include "records/small_master.h"
 #include "tariffs/channels.h"
 #include "tariffs/customers.h"
+#include "tariffs/service_zones.h"
 #include "tariffs/standard.h"
 #include "waybills/waybill_form.h"
 
@@ -26,6 +27,7 @@ std::function<std::unique_ptr<ChildForm>()> Child() {
 
 Registry FilledRegistry() {
     Registry forms;
+    forms.children[u"A02"_s] = Child<A02>();
     forms.children[u"A030"_s] = Child<A030>();
     forms.children[u"A01"_s] = Child<A01>();
     forms.children[u"A03"_s] = Child<A03>();

@@ -4,6 +4,7 @@
 #include "app/main_window.h"
 #include "app/session.h"
 #include "platform/controls/keys.h"
+#include "platform/errors.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 
@@ -127,19 +128,38 @@ void RecordForm::LoadGrid(const QString& sql) {
     rows.MoveLast();
     RecCount = rows.RecordCount();
     rows.MoveFirst();
-    GD->BeginLoad(RecCount);
-    const int cols = GD->Cols();
-    for (int row = 0; !rows.Eof(); ++row, rows.MoveNext()) {
-        for (int col = 0; col < cols; ++col) {
-            QString text = rows.Fields(col).Text();
-            DressCell(col, text);
-            GD->LoadCell(row, col, std::move(text));
-        }
-    }
-    GD->EndLoad();
+    FillGrid(rows);
     CurRow = 1;
     ShowRow();
     rows.Close();
+}
+
+void RecordForm::FillGrid(dao::Recordset& rows) {
+    GD->BeginLoad(RecCount);
+    const int cols = LoadedCols();
+    int row = 0;
+    try {
+        for (; !rows.Eof(); ++row, rows.MoveNext()) {
+            for (int col = 0; col < cols; ++col) {
+                QString text = rows.Fields(col).Text();
+                DressCell(col, text);
+                GD->LoadCell(row, col, std::move(text));
+            }
+        }
+    } catch (...) {
+        GD->EndLoad();
+        GD->SetRows(row + 2);  // the header, and the row that failed with what it has
+        throw;
+    }
+    GD->EndLoad();
+}
+
+void RecordForm::LoadGridOrTell(const QString& sql) {
+    try {
+        LoadGrid(sql);
+    } catch (const PlatformError& error) {
+        sys::Inform(error.Text(), MsgTitle);
+    }
 }
 
 void RecordForm::ShowRow() {
@@ -259,6 +279,14 @@ void RecordForm::RemoveCurrentLine() {
 void RecordForm::AppendLine(const QStringList& cells) {
     GD->AddItem(cells.join(u'\t'));
     if (text::Trim(GD->TextMatrix(1, 0)).isEmpty()) GD->RemoveItem(1);
+}
+
+void RecordForm::SetTabOrder(const std::vector<QWidget*>& stops) {
+    QWidget* before = TabS;
+    for (QWidget* stop : stops) {
+        QWidget::setTabOrder(before, stop);
+        before = stop;
+    }
 }
 
 controls::TextBox& RecordForm::MakeBox(const QString& caption, int maxLength, int rows) {

@@ -11,6 +11,7 @@
 #include "platform/controls/flex_grid.h"
 #include "platform/controls/keys.h"
 #include "platform/controls/tab_strip.h"
+#include "platform/dao/recordset.h"
 #include "platform/system/seams.h"
 
 #include <QLabel>
@@ -71,6 +72,8 @@ class RecordForm : public ChildForm {
     virtual QString StatusText() const;
     /// A cell as it goes into the grid.
     virtual void DressCell(int /*col*/, QString& /*text*/) const {}
+    /// How many columns a load fills, from the first on.
+    virtual int LoadedCols() const { return GD->Cols(); }
     virtual void RowToCard() = 0;
     /// Unlocks (and, when adding, empties) the boxes as this form does it; and the way back.
     virtual void OpenCard() = 0;
@@ -78,7 +81,10 @@ class RecordForm : public ChildForm {
 
     // The routines that all record forms share.
     void DressGrid();
+    /// A failure leaves in the list what was read before it.
     void LoadGrid(const QString& sql);
+    /// For the forms that tell a failure in a box and go on.
+    void LoadGridOrTell(const QString& sql);
     void ShowRow();
     void EnterEdit();
     void LeaveEdit();
@@ -115,6 +121,9 @@ class RecordForm : public ChildForm {
     template <class Control>
     void WireBox(Control& control);
 
+    /// Tab goes through these in this order, behind the tab strip.
+    void SetTabOrder(const std::vector<QWidget*>& stops);
+
     controls::TabStrip* TabS;
     controls::FlexGrid* GD;
     QWidget* Frm;  ///< holds the card; its layout belongs to the form
@@ -122,6 +131,7 @@ class RecordForm : public ChildForm {
     std::vector<QLabel*> Lab;
 
   private:
+    void FillGrid(dao::Recordset& rows);
     void SelectTab();
     void HangItems(const CommandRow& menu);
     void ShowCommands(CommandRow::When state);

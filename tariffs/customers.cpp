@@ -4,7 +4,6 @@
 #include "app/session.h"
 #include "platform/controls/look.h"
 #include "platform/controls/wait.h"
-#include "platform/errors.h"
 #include "platform/text/numbers.h"
 
 #include <QVBoxLayout>
@@ -141,7 +140,7 @@ void A03::BuildCard() {
                                       }});
     column->addWidget(FrmBtm);
     WireCard();
-    SetTabOrder();
+    SetTabOrder(Stops());
     CloseCard();
 }
 
@@ -174,17 +173,15 @@ void A03::WireCard() {
     CmbYWY->GotFocus = enter;
 }
 
-void A03::SetTabOrder() {
-    QWidget* before = TabS;
-    const auto next = [&before](QWidget* stop) {
-        QWidget::setTabOrder(before, stop);
-        before = stop;
-    };
-    for (const Place& place : Places) next(Txt[place.box]->Widget());
-    QWidget::setTabOrder(Txt[Salesperson]->Widget(), CmbYWY);
-    QWidget::setTabOrder(CmbYWY, Txt[Remark]->Widget());
-    for (auto* memo : TxtMEMO) next(memo);
-    for (QWidget* stop : FrmBtm->Stops()) next(stop);
+std::vector<QWidget*> A03::Stops() const {
+    std::vector<QWidget*> stops;
+    for (const Place& place : Places) {
+        stops.push_back(Txt[place.box]->Widget());
+        if (place.box == Salesperson) stops.push_back(CmbYWY);
+    }
+    for (auto* memo : TxtMEMO) stops.push_back(memo);
+    for (QWidget* stop : FrmBtm->Stops()) stops.push_back(stop);
+    return stops;
 }
 
 void A03::OpenCard() {
@@ -250,18 +247,8 @@ void A03::LeaveEnglishName() {
 
 void A03::Load() {
     FormMode = Browsing;
-    LoadCustomers(u"select M03.* FROM M03 ORDER BY M03.F1"_s);
+    LoadGridOrTell(u"select M03.* FROM M03 ORDER BY M03.F1"_s);
     FillSalespersons();
-}
-
-/// A statement that fails is told and leaves what was read so far.
-void A03::LoadCustomers(const QString& sql) {
-    try {
-        LoadGrid(sql);
-    } catch (const PlatformError& error) {
-        GD->EndLoad();
-        sys::Inform(error.Text(), MsgTitle);
-    }
 }
 
 void A03::FillSalespersons() {

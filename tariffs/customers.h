@@ -30,8 +30,7 @@ class A03 : public RecordForm {
     void PlaceFields(controls::Card& card);
     controls::LineBox* MakeMemo(int index);
     void WireCard();
-    void SetTabOrder();
-    void LoadCustomers(const QString& sql);
+    std::vector<QWidget*> Stops() const;
     void FillSalespersons();
 
     void EnterBox(int box);

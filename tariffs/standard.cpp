@@ -135,10 +135,10 @@ QLayout* S01::Segments() {
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(6);
     grid->setVerticalSpacing(8);
-    grid->setColumnMinimumWidth(0, kIndent - grid->horizontalSpacing());
+    grid->setContentsMargins(kIndent, 0, 0, 0);
     for (int box = kFirstSegment; box <= kLastSegment; ++box) {
         const int nth = box - kFirstSegment;
-        const int column = 1 + 2 * (nth % kColumns);
+        const int column = 2 * (nth % kColumns);
         QLabel* top = Lab[static_cast<std::size_t>(box + kBoxToCaption)];
         top->setMinimumWidth(kCaptionWidth);
         grid->addWidget(Txt[static_cast<std::size_t>(box)], nth / kColumns, column);

@@ -171,14 +171,6 @@ void B01::PlaceFields(Card& card) {
     SetTabOrder(stops);
 }
 
-void B01::SetTabOrder(const std::vector<QWidget*>& stops) {
-    QWidget* before = TabS;
-    for (QWidget* stop : stops) {
-        QWidget::setTabOrder(before, stop);
-        before = stop;
-    }
-}
-
 void B01::WireCard() {
     for (int i = ShipperCompany; i <= Telephone; ++i) {
         Txt[i]->GotFocus = [this] {

@@ -38,7 +38,6 @@ class B01 : public RecordForm {
     void PlaceFields(controls::Card& card);
     void MakeCombo(waybills::Box box);
     void WireCard();
-    void SetTabOrder(const std::vector<QWidget*>& stops);
     /// A combo stands in its box's place, or the box does.
     void ShowCombo(waybills::Box box, bool shown);
     void FillCombos();

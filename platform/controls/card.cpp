@@ -139,6 +139,12 @@ void Card::TallField(Half half, int row, int rows, int pair, int span, QLabel* c
     state_->grid->addWidget(box, top, column + 1, 2 * rows - 1, 2 * span - 1, PlaceOf(box));
 }
 
+void Card::Panel(int row, int rows, QWidget* panel) {
+    state_->Use(state_->RowOf(row + rows - 1));
+    panel->setSizePolicy(QSizePolicy::Ignored, panel->sizePolicy().verticalPolicy());
+    state_->grid->addWidget(panel, state_->RowOf(row), 1, 2 * rows - 1, kColumns - 1);
+}
+
 void Card::Over(QWidget* box, QWidget* cover) {
     const int index = state_->grid->indexOf(box);
     if (index < 0) return;

@@ -42,6 +42,9 @@ class Card : public QWidget {
     void Over(QWidget* box, QWidget* cover);
     /// The same for a box that takes several rows of the card; the caption stands on the first.
     void TallField(Half half, int row, int rows, int pair, int span, QLabel* caption, QWidget* box);
+    /// A panel with columns of its own over several rows, from the first box's edge to the right edge of the
+    /// card.
+    void Panel(int row, int rows, QWidget* panel);
     /// Spare height goes into the bands between the groups, then to the foot. Call after the last field.
     void Finish();
 

@@ -1,0 +1,323 @@
+// The card of a zone and how it behaves under the operator's hands; the commands are in zone_commands.cpp.
+#include "tariffs/zone_form.h"
+
+#include "app/data_access.h"
+#include "app/session.h"
+#include "platform/controls/keys.h"
+#include "platform/text/numbers.h"
+
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using controls::Card;
+using When = CommandRow::When;
+
+namespace {
+
+enum Box { Code = 0, Name = 1, AreaName = 6, AreaEnglish = 7, AreaRemark = 8 };
+
+constexpr int CodeLimit = 8;
+constexpr int NoLimit = 32767;
+
+/// Boxes up to here are locked, unlocked and emptied. Those behind are not: a new zone begins with the heavy
+/// prices of the zone seen before from the sixth segment on. In browsing nobody gets into them.
+constexpr int LastHandled = 17;
+
+// Places on the card: rows of the left half.
+enum Row { CodeRow, NameRow, EnglishRow, DaysRow, RemarkRow, MapRow };
+constexpr int MapRows = 6;
+constexpr int AllRows = MapRow + MapRows;
+constexpr QSize EastSize(224, 160);
+constexpr QSize WestSize(229, 182);
+
+constexpr int PriceCols = 5;  // pairs of caption and box in a row of prices
+constexpr int PlainPrices = 4;
+constexpr int PriceCaption = 104;  // with the gap to its box
+constexpr int ColumnGap = 14;
+constexpr int PriceBox = 56;
+constexpr int BoxHeight = 24;
+constexpr int RowGap = 8;
+
+}  // namespace
+
+ZoneForm::ZoneForm(const ZoneSettings& settings)
+    : RecordForm({.form = settings.form,
+                  .caption = settings.caption,
+                  .listTab = settings.listTab,
+                  .cardTab = settings.cardTab,
+                  .tabStripDisabled = true}),
+      selection_(new controls::ComboBox(Frm)),
+      selectionLabel_(controls::MakeCaption(settings.selectionCaption, selection_, Frm)),
+      zone_(settings) {
+    SetCommands({
+        {u"Menu_Add"_s, u"&A.增加"_s, When::Browsing, [this] { Menu_Add(); }},
+        {u"Menu_edit"_s, u"&E.修改"_s, When::Browsing, [this] { Menu_edit(); }},
+        {u"Menu_del"_s, u"&D.删除"_s, When::Browsing, [this] { Menu_del(); }},
+        {u"Menu_query"_s, u"&Q.查找"_s, When::Browsing},
+        {u"Menu_save"_s, u"&S.保存"_s, When::Editing, [this] { Menu_save(); }},
+        {u"Menu_cancel"_s, u"&C.取消"_s, When::Editing, [this] { Menu_cancel(); }},
+        {u"Menu_ToExcel"_s, u"&T.导出数据"_s, When::Browsing},
+        {u"Menu_print"_s, u"&P.打印"_s, When::Browsing, [] {}},  // has never printed anything
+        {u"Menu_Return"_s, u"&R.返回"_s, When::Always, [this] { Menu_Return(); }},
+    });
+    MakeBoxes();
+    MakeAreas();
+    BuildCard();
+    WireCard();
+    CloseCard();
+    GD->SetCols(static_cast<int>(settings.headers.size()));
+    for (int col = settings.shownCols; col < GD->Cols(); ++col) GD->SetGridColWidth(col, 0);
+}
+
+QString ZoneForm::StatusText() const {
+    return u"共 "_s + QString::number(RecCount) + u" 条记录 当前为第 "_s + QString::number(CurRow) + u" 条"_s;
+}
+
+// ------------------------------------------------------------------------------------------ building
+
+void ZoneForm::MakeBoxes() {
+    for (const QString& caption : zone_.captions) MakeBox(caption, Txt.empty() ? CodeLimit : NoLimit);
+    for (int box = LastHandled + 1; box <= zone_.lastPrice; ++box)
+        Txt[static_cast<std::size_t>(box)]->SetLocked(false);
+    Txt[static_cast<std::size_t>(zone_.unused)]->Widget()->hide();
+    Lab[static_cast<std::size_t>(zone_.unused)]->hide();
+    for (int box = 0; box <= zone_.lastPrice; ++box)
+        if (box == zone_.days || box >= zone_.firstPrice)
+            static_cast<controls::LineBox*>(Txt[static_cast<std::size_t>(box)]->Widget())
+                ->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    selection_->setObjectName(zone_.selectionCombo);
+    selectionLabel_->setObjectName(zone_.selectionLabel);
+    WireBox(*selection_);
+}
+
+void ZoneForm::MakeAreas() {
+    GDdq = new controls::FlexGrid;
+    GDdq->setObjectName(u"GDdq"_s);
+    GDdq->setAccessibleName(u"包含地区"_s);
+    GDdq->SetFramed(true);
+    const QString captions[] = {u"添加 >>"_s, u"<< 删除"_s};
+    for (std::size_t i = 0; i < Cmd.size(); ++i) {
+        Cmd[i] = new controls::Button(captions[i]);
+        Cmd[i]->setObjectName(u"Cmd(%1)"_s.arg(i));
+    }
+    ImgMap[0] = new MapPicture(u"east"_s, EastSize, Frm);
+    ImgMap[1] = new MapPicture(u"west"_s, WestSize, Frm);
+    for (std::size_t i = 0; i < ImgMap.size(); ++i) ImgMap[i]->setObjectName(u"ImgMap(%1)"_s.arg(i));
+    ImgMap[0]->setAccessibleName(u"世界地图东部"_s);
+    ImgMap[1]->setAccessibleName(u"世界地图西部"_s);
+    ImgMap[1]->hide();
+    ClearAreas();
+}
+
+void ZoneForm::BuildCard() {
+    auto* card = new Card;
+    auto* column = new QVBoxLayout(Frm);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(card);
+    const auto place = [&](int row, int box, int span) {
+        const auto i = static_cast<std::size_t>(box);
+        card->Field(Card::Half::Left, row, 0, span, Lab[i], Txt[i]->Widget());
+    };
+    card->Group(u"区域"_s, u"包含地区"_s);
+    place(CodeRow, Code, 1);
+    place(NameRow, Name, 3);
+    place(EnglishRow, zone_.englishName, 3);
+    place(DaysRow, zone_.days, 1);
+    card->Field(Card::Half::Left, DaysRow, 1, 2, selectionLabel_, selection_);
+    place(RemarkRow, zone_.remark, 3);
+    card->TallField(Card::Half::Left, MapRow, MapRows, 0, 3, nullptr, MapPanel());
+    card->TallField(Card::Half::Right, 0, AllRows, 0, 3, nullptr, AreaPanel());
+    card->Group(zone_.priceGroup);
+    card->Panel(0, 1 + (zone_.lastPrice - zone_.firstPrice - PlainPrices) / PriceCols + 1, PricePanel());
+    card->Finish();
+    SetTabOrder(Stops());
+}
+
+QWidget* ZoneForm::MapPanel() {
+    auto* panel = new QWidget;
+    auto* row = new QHBoxLayout(panel);
+    row->setContentsMargins(0, 0, 0, 0);
+    for (MapPicture* picture : ImgMap) row->addWidget(picture, 0, Qt::AlignLeft | Qt::AlignTop);
+    row->addStretch(1);
+    return panel;
+}
+
+/// The places, and beneath them in an edit the boxes and buttons that change them.
+QWidget* ZoneForm::AreaPanel() {
+    auto* FrmDq = new QWidget;
+    FrmDq->setObjectName(u"FrmDq"_s);
+    FrmEddq = new QWidget(FrmDq);
+    FrmEddq->setObjectName(u"FrmEddq"_s);
+    auto* grid = new QGridLayout(FrmEddq);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(0);
+    grid->setVerticalSpacing(RowGap);
+    const auto place = [&](Box box, int row, int col) {
+        grid->addWidget(Lab[box], row, col);
+        Txt[box]->Widget()->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        grid->addWidget(Txt[box]->Widget(), row, col + 1);
+    };
+    place(AreaName, 0, 0);
+    place(AreaEnglish, 0, 3);
+    place(AreaRemark, 1, 0);
+    grid->setColumnMinimumWidth(2, 14);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(4, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(RowGap);
+    for (controls::Button* button : Cmd) buttons->addWidget(button);
+    buttons->addStretch(1);
+    grid->addLayout(buttons, 1, 3, 1, 2);
+
+    auto* column = new QVBoxLayout(FrmDq);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(RowGap);
+    column->addWidget(GDdq, 1);
+    column->addWidget(FrmEddq);
+    return FrmDq;
+}
+
+/// Documents and small parcels in the first row, the heavy segments below.
+QWidget* ZoneForm::PricePanel() {
+    auto* FrmPrice = new QWidget;
+    FrmPrice->setObjectName(u"FrmPrice"_s);
+    auto* grid = new QGridLayout(FrmPrice);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(0);
+    grid->setVerticalSpacing(RowGap);
+    for (int box = zone_.firstPrice; box <= zone_.lastPrice; ++box) {
+        const auto i = static_cast<std::size_t>(box);
+        const int nth = box - zone_.firstPrice;
+        const int heavy = nth - PlainPrices;
+        const int row = heavy < 0 ? 0 : 1 + heavy / PriceCols;
+        const int col = 2 * (heavy < 0 ? nth : heavy % PriceCols);
+        Lab[i]->setFixedHeight(BoxHeight);
+        QWidget* price = Txt[i]->Widget();
+        price->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        price->setMinimumWidth(PriceBox);
+        grid->addWidget(Lab[i], row, col);
+        grid->addWidget(price, row, col + 1);
+    }
+    for (int pair = 0; pair < PriceCols; ++pair) {
+        grid->setColumnMinimumWidth(2 * pair, PriceCaption + (pair > 0 ? ColumnGap : 0));
+        grid->setColumnStretch(2 * pair + 1, 1);
+    }
+    return FrmPrice;
+}
+
+std::vector<QWidget*> ZoneForm::Stops() const {
+    const auto box = [this](int i) { return Txt[static_cast<std::size_t>(i)]->Widget(); };
+    std::vector<QWidget*> stops{box(Code),       box(Name),        box(zone_.englishName),
+                                box(zone_.days), selection_,       box(zone_.remark),
+                                box(AreaName),   box(AreaEnglish), box(AreaRemark),
+                                Cmd[0],          Cmd[1],           GDdq};
+    for (int i = zone_.firstPrice; i <= zone_.lastPrice; ++i) stops.push_back(box(i));
+    return stops;
+}
+
+// ------------------------------------------------------------------------------------------ the card at work
+
+void ZoneForm::WireCard() {
+    for (int box = 0; box <= zone_.lastPrice; ++box) {
+        auto& text = *Txt[static_cast<std::size_t>(box)];
+        text.GotFocus = [this, box] { EnterBox(box); };
+        text.KeyPressed = [this, box](controls::KeyPress& key) { KeyInBox(box, key); };
+    }
+    Txt[Code]->LostFocus = [this] { DropTrailingBlanks(); };
+    Cmd[0]->Click = [this] { AddArea(); };
+    Cmd[1]->Click = [this] { DeleteArea(); };
+    GDdq->Click = [this] { AreaToBoxes(); };
+    GDdq->KeyPressed = [this](controls::KeyPress& key) {
+        if (key.key == Qt::Key_Return || key.key == Qt::Key_Enter) AreaToBoxes();
+    };
+    for (MapPicture* picture : ImgMap) picture->Click = [this] { SwapPictures(); };
+}
+
+void ZoneForm::ShowForEdit(bool shown) {
+    for (QWidget* part : {static_cast<QWidget*>(selectionLabel_), static_cast<QWidget*>(selection_), FrmEddq})
+        part->setVisible(shown);
+}
+
+/// The prices that are never locked look as the others do.
+void ZoneForm::LookLocked(bool locked) {
+    for (int box = LastHandled + 1; box <= zone_.lastPrice; ++box)
+        controls::Mark(Txt[static_cast<std::size_t>(box)]->Widget(), "state",
+                       locked ? u"locked"_s : QString());
+}
+
+void ZoneForm::OpenCard() {
+    const controls::CardAtRest rest(*Txt[Code]->Widget()->parentWidget());
+    for (int box = Name; box <= LastHandled; ++box) {
+        if (box == zone_.unused) continue;
+        auto& text = *Txt[static_cast<std::size_t>(box)];
+        text.SetLocked(false);
+        if (FormMode == Adding) text.SetText({});
+    }
+    ShowForEdit(true);
+    LookLocked(false);
+}
+
+void ZoneForm::CloseCard() {
+    const controls::CardAtRest rest(*Txt[Code]->Widget()->parentWidget());
+    for (int box = Code; box <= LastHandled; ++box) Txt[static_cast<std::size_t>(box)]->SetLocked(true);
+    ShowForEdit(false);
+    LookLocked(true);
+}
+
+void ZoneForm::EnterBox(int box) {
+    if (FormMode < Adding) {
+        TabS->SetFocus();
+        return;
+    }
+    ProposeFor(box);
+    static_cast<controls::LineBox*>(Txt[static_cast<std::size_t>(box)]->Widget())->selectAll();
+}
+
+void ZoneForm::ProposeFor(int box) {
+    const QString code = BoxText(Code);
+    if (box == Name && !code.isEmpty() && BoxText(Name).isEmpty()) Txt[Name]->SetText(u"区域"_s + code);
+    if (box == zone_.englishName && !code.isEmpty() && BoxText(box).isEmpty())
+        Txt[static_cast<std::size_t>(box)]->SetText(u"Zone "_s + code);
+    if (box == AreaName && GDdq->Rows() == 2 && BoxText(AreaEnglish).isEmpty()) {
+        Txt[AreaName]->SetText(BoxText(Name));
+        // The days of delivery, not the English name: so the first place has always been proposed.
+        Txt[AreaEnglish]->SetText(BoxText(zone_.days));
+    }
+}
+
+void ZoneForm::KeyInBox(int box, controls::KeyPress& key) {
+    const bool enter = key.key == Qt::Key_Return || key.key == Qt::Key_Enter;
+    if (box == AreaRemark && enter) {
+        // A second Enter adds the place.
+        key.taken = true;
+        Cmd[0]->SetFocus();
+        return;
+    }
+    if (box == Code) key.text = key.text.toUpper();
+    controls::EnterMovesOn(key);
+}
+
+/// In the file a code with trailing blanks would be another code.
+void ZoneForm::DropTrailingBlanks() {
+    QString code = BoxText(Code);
+    if (FormMode < Adding || !code.endsWith(u' ')) return;
+    while (code.endsWith(u' ')) code.chop(1);
+    Txt[Code]->SetText(code);
+}
+
+void ZoneForm::SwapPictures() {
+    MapPicture* shown = ImgMap[0]->isHidden() ? ImgMap[1] : ImgMap[0];
+    MapPicture* hidden = shown == ImgMap[0] ? ImgMap[1] : ImgMap[0];
+    shown->setCursor(Qt::WaitCursor);
+    shown->hide();
+    hidden->show();
+    shown->setCursor(Qt::PointingHandCursor);
+}
+
+QString ZoneForm::TrimmedBox(int box) const {
+    return text::Trim(BoxText(box));
+}
+
+QString ZoneForm::NumberBox(int box) const {
+    return text::GeneralText(text::Val(BoxText(box)));
+}
