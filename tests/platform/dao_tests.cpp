@@ -275,6 +275,46 @@ TEST(Rows, ShowNumbersAsGeneralTextWhateverTheWay) {
     }
 }
 
+/// Statements are kept ready; that must show in nothing but the time.
+TEST(Statements, ThatComeAgainAreAsNew) {
+    const tests::DataFile file(kTables);
+    auto db = Open(file);
+    const QString add = u"insert into TB1 (SN,F3,YF) values (1,'甲',2)"_s;
+    const QString all = u"select YF,QM from TB1"_s;
+    EXPECT_TRUE(db->OpenRecordset(all).Eof());
+    for (int i = 0; i < 3; ++i) db->Execute(add);
+    auto snapshot = db->OpenRecordset(all);
+    auto dynaset = db->OpenRecordset(all, dao::RecordsetType::Dynaset);
+    auto another = db->OpenRecordset(all, dao::RecordsetType::Dynaset);
+    EXPECT_THROW(snapshot.Edit(), RuntimeError);
+    EXPECT_EQ(dynaset.FieldCount(), snapshot.FieldCount());
+    for (double value = 1; !dynaset.Eof(); dynaset.MoveNext(), another.MoveNext(), ++value)
+        for (dao::Recordset* rows : {&dynaset, &another}) {  // both write with the same words
+            rows->Edit();
+            rows->SetValue(u"QM", rows == &dynaset ? value : value * 10);
+            rows->Update();
+        }
+    for (int i = 0; i < 200; ++i) db->OpenRecordset(u"select SN from TB1 where SN=%1"_s.arg(i));
+    auto now = db->OpenRecordset(all);
+    for (const double value : {10.0, 20.0, 30.0}) {
+        EXPECT_TRUE(snapshot.Fields(1).IsNull());
+        EXPECT_EQ(now.Fields(1).Number(), value);
+        snapshot.MoveNext();
+        now.MoveNext();
+    }
+    // One that failed fails again for as long as there is a reason, and no longer.
+    const QString copy = u"insert into M04 (F1,D0) select F3,F3 from TB1"_s;
+    EXPECT_THROW(db->Execute(copy), DatabaseError);
+    EXPECT_THROW(db->Execute(copy), DatabaseError);
+    db->Execute(u"update TB1 set F3=null"_s);
+    db->Execute(copy);
+    EXPECT_THROW(db->Execute(all), DatabaseError);
+    EXPECT_THROW(db->OpenRecordset(add), DatabaseError);
+    db->Close();
+    EXPECT_THROW(db->Execute(add), DatabaseError);
+    EXPECT_THROW(db->OpenRecordset(all), DatabaseError);
+}
+
 TEST(Dynaset, WritesRowsBackInTheOrderOfTheJournal) {
     const tests::DataFile file(kTables);
     auto db = Open(file);
