@@ -107,7 +107,9 @@ void A01::BuildCard() {
     card->TallField(Card::Half::Right, 0, 5, 0, 3, nullptr, Segments());
     card->Finish();
     WireCard();
-    SetTabOrder();
+    std::vector<QWidget*> stops;
+    for (auto* box : Txt) stops.push_back(box->Widget());
+    SetTabOrder(stops);
 }
 
 /// Documents, small parcels, and into how many segments heavy parcels are cut.
@@ -160,14 +162,6 @@ void A01::WireCard() {
     Txt[SegmentCount]->LostFocus = [this] { LeaveCount(); };
     for (int box = FirstBound + 1; box <= LastBound; ++box)
         Txt[static_cast<std::size_t>(box)]->LostFocus = [this, box] { LeaveBound(box); };
-}
-
-void A01::SetTabOrder() {
-    QWidget* before = TabS;
-    for (auto* box : Txt) {
-        QWidget::setTabOrder(before, box->Widget());
-        before = box->Widget();
-    }
 }
 
 double A01::Number(int box) const {

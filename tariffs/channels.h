@@ -28,7 +28,6 @@ class A01 : public RecordForm {
     QWidget* Sentences();
     QWidget* Segments();
     void WireCard();
-    void SetTabOrder();
 
     /// A bound and the caption behind it.
     void ShowBound(int box, bool shown);
