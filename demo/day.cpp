@@ -3,6 +3,7 @@
 #include "app/main_window.h"
 #include "app/session.h"
 #include "demo/sample_company.h"
+#include "demo/tariffs.h"
 #include "platform/controls/box.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
@@ -113,41 +114,6 @@ void TellSmallMasters(Operator& op) {
     }
 }
 
-// ----------------------------------------------------------------------------------------------- customers
-
-/// A new customer; then the list, and the card of the one who has quotes.
-void TellCustomers(Operator& op) {
-    op.Command(u"A5"_s);
-    op.ExpectStatus(u"客户资料列表：共 1 条记录 当前为第 1 条"_s);
-    op.Command(u"A"_s);
-    op.ExpectFocus(u"Txt(0)"_s);
-    const Entry entries[] = {{u"Txt(0)"_s, u"C0027"_s},
-                             {u"Txt(1)"_s, u"恒丰贸易"_s},
-                             {u"Txt(2)"_s, u"上海恒丰贸易有限公司"_s},
-                             {u"Txt(3)"_s, u"Shanghai Hengfeng Trading Co., Ltd."_s},
-                             {u"CmbYWY"_s, u"孙丽萍"_s}};
-    for (const Entry& entry : entries) {
-        op.EnterTo(entry.control);
-        op.TypeOver(entry.text);
-    }
-    op.Picture(u"customer-adding"_s, u"客户资料：增加"_s);
-    op.Command(u"S"_s);
-    op.ExpectRows(
-        u"select F1,F2,F301,F8 from M03 order by F1"_s,
-        {u"C0012|华兴电子|上海华兴电子有限公司|孙丽萍"_s, u"C0027|恒丰贸易|上海恒丰贸易有限公司|孙丽萍"_s});
-    op.Command(u"R"_s);
-    op.Command(u"A5"_s);
-    op.ExpectStatus(u"客户资料列表：共 2 条记录 当前为第 1 条"_s);
-    op.Picture(u"customer-list"_s, u"客户资料列表"_s);
-    op.TabTo(u"TabS"_s);
-    op.Press(Qt::Key_Right);
-    op.ExpectText(u"Txt(1)"_s, kCustomer);
-    op.TabTo(u"CmdUpDown"_s);
-    op.Press(Qt::Key_Return);
-    op.Picture(u"customer-quotes"_s, u"客户资料与报价：浏览"_s);
-    op.Command(u"R"_s);
-}
-
 // ------------------------------------------------------------------------------------------------ waybills
 
 /// From "增加" to the customer, who fills the shipper's boxes, and round to the number.
@@ -253,9 +219,9 @@ void TellMonday(Operator& op, const std::vector<Consignment>& rest) {
     EnterWaybill(op, rest[1], u"waybill-no-price"_s);
     EnterWaybill(op, rest[2], u"waybill-back-dated"_s);
     op.ExpectRows(u"select F1,SN,QC,QM from TB1 where F3='"_s + kCustomer + u"' order by SN"_s,
-                  {u"YSKV2411220001|131|0|293.12"_s, u"YSKV2411220002|133|293.12|948.6"_s,
-                   u"YSKV2411230005|140.75|948.6|1131.8"_s, u"YSKV2411250003|164|1131.8|4085.9"_s,
-                   u"YSKV2411250004|166|4085.9|11354.36"_s});
+                  {u"YSKV2411220001|131|0|296.78"_s, u"YSKV2411220002|133|296.78|950.19"_s,
+                   u"YSKV2411230005|140.75|950.19|1135.68"_s, u"YSKV2411250003|164|1135.68|4103.52"_s,
+                   u"YSKV2411250004|166|4103.52|11434.5"_s});
     op.Command(u"R"_s);
 }
 
@@ -279,7 +245,7 @@ void TellList(Operator& op) {
     op.Picture(u"waybill-combo"_s, u"速递单：修改，选择出货渠道"_s);
     op.Press(Qt::Key_Escape);
     op.EnterTo(u"Txt(26)"_s);
-    op.ExpectText(u"Txt(26)"_s, u"2580"_s);
+    op.ExpectText(u"Txt(26)"_s, u"2592"_s);
     op.Picture(u"waybill-editing"_s, u"速递单：修改，光标在基本费用"_s);
     // No key of the program's own: the window's close box.
     op.Do(u"关闭主窗口"_s, [] { TheFrame().close(); });
@@ -288,7 +254,7 @@ void TellList(Operator& op) {
     op.ExpectBox(kStillEditing, kTitle);
     op.Expect(u"主窗口仍在"_s, [] { return TheFrame().isVisible() && TheFrame().Front() && Db; });
     op.Command(u"C"_s);
-    op.ExpectText(u"Txt(26)"_s, u"2580"_s);
+    op.ExpectText(u"Txt(26)"_s, u"2592"_s);
     op.Command(u"R"_s);
 }
 
@@ -335,7 +301,7 @@ void TellRestricted(Operator& op) {
     op.Picture(u"waybill-editing-masked"_s, u"速递单：修改，看不到金额的操作员"_s);
     op.Command(u"C"_s);
     op.Command(u"R"_s);
-    op.ExpectRows(u"select F502,F504,F601 from B01 where F1='KV2411220002'"_s, {u"520|655.48|管理员"_s});
+    op.ExpectRows(u"select F502,F504,F601 from B01 where F1='KV2411220002'"_s, {u"518.2|653.41|管理员"_s});
 }
 
 void TellPassword(Operator& op) {
@@ -368,7 +334,10 @@ void TellAbout(Operator& op) {
 void TellDay(Operator& op, QDateTime& clock) {
     const auto& day = Consignments();
     TellLogin(op);
+    TellStandard(op);
     TellSmallMasters(op);
+    TellZone(op);
+    TellChannel(op);
     TellCustomers(op);
     TellFriday(op, day[0], day[1]);
     op.Do(u"星期一早上"_s, [&clock] { clock = QDateTime(QDate(2024, 11, 25), QTime(9, 15)); });

@@ -10,56 +10,35 @@ const QDate kSaturday(2024, 11, 23);
 const QDate kMonday(2024, 11, 25);
 const QString kZone = u"B01.北美东岸"_s;
 
-/// A zone with its list prices and, in whole yuan beside them, what the customer has been quoted.
+/// A zone with its list prices in whole yuan.
 struct Zone {
     QString code, name, english;
-    int document, more, parcel, each;  ///< list prices, yuan
-    int heavy;      ///< of the first heavy segment, yuan per kg; each further one is 1 less
-    int quoted[5];  ///< the same five of the quote
+    int document, more, parcel, each;
+    int heavy;  ///< of the first heavy segment, per kg; each further one is 1 less
 };
 
-const Zone kZones[] = {
-    {u"A01"_s, u"东亚"_s, u"East Asia"_s, 80, 24, 100, 30, 40, {85, 26, 108, 32, 43}},
-    {u"A02"_s, u"东南亚"_s, u"South-East Asia"_s, 90, 25, 110, 30, 44, {96, 27, 118, 32, 47}},
-    {u"B01"_s, u"北美东岸"_s, u"North America East"_s, 150, 45, 190, 58, 80, {160, 48, 210, 62, 86}},
-    {u"B02"_s, u"北美西岸"_s, u"North America West"_s, 145, 43, 184, 56, 78, {155, 46, 200, 60, 84}},
-    {u"C01"_s, u"西欧"_s, u"Western Europe"_s, 155, 47, 195, 60, 82, {166, 50, 216, 64, 88}},
-    {u"D01"_s, u"中东"_s, u"Middle East"_s, 165, 50, 205, 62, 84, {176, 53, 220, 66, 90}},
+const Zone kEnteredZone = {u"B01"_s, u"北美东岸"_s, u"North America East"_s, 150, 45, 190, 58, 80};
+const Zone kOtherZones[] = {
+    {u"A01"_s, u"东亚"_s, u"East Asia"_s, 80, 24, 100, 30, 40},
+    {u"A02"_s, u"东南亚"_s, u"South-East Asia"_s, 90, 25, 110, 30, 44},
+    {u"B02"_s, u"北美西岸"_s, u"North America West"_s, 145, 43, 184, 56, 78},
+    {u"C01"_s, u"西欧"_s, u"Western Europe"_s, 155, 47, 195, 60, 82},
+    {u"D01"_s, u"中东"_s, u"Middle East"_s, 165, 50, 205, 62, 84},
 };
-
 constexpr int kSegments = 15;
-/// Where the customer has no price between two that he has, so that the heavy segment falls back.
-const QString kGapZone = u"B01"_s;
-constexpr int kGapSegment = 1;
 
-QString Heavy(int first, int gap = -1) {
-    QString prices;
-    for (int segment = 0; segment < kSegments; ++segment)
-        prices += u',' + QString::number(segment == gap ? 0 : first - segment);
+QStringList ListPrices(const Zone& zone) {
+    QStringList prices;
+    for (const int price : {zone.document, zone.more, zone.parcel, zone.each})
+        prices += QString::number(price);
+    for (int segment = 0; segment < kSegments; ++segment) prices += QString::number(zone.heavy - segment);
     return prices;
 }
 
-/// The standard, the zones' list prices and the customer's quotes.
-QStringList TariffStatements() {
-    QStringList statements = {
-        u"insert into MS1 (F1,F2,F3,F4,F5,F6,F7,F8,F9,F10,F11,F12,F13,F14,F15,F16,F17,F18,F19,"_s +
-        u"P888) VALUES (0.5,0.5,0.5,0.5,21,46,71,101,151,201,251,301,401,501,601,701,801,"_s +
-        u"901,1001,1.5)"_s};
-    const auto four = [](int a, int b, int c, int d) {
-        return u",%1,%2,%3,%4"_s.arg(a).arg(b).arg(c).arg(d);
-    };
-    for (const Zone& zone : kZones) {
-        const auto& q = zone.quoted;
-        statements
-            << u"insert into M02 (F1,F2,F3,F4,F6,P101,P102,P201,P202,P301,P302,P303,P304,P305,P306,P307,P308,"_s +
-                   u"P309,P310,P311,P312,P313,P314,P315) VALUES ('%1','%2','国外','%3',4"_s.arg(
-                       zone.code, zone.name, zone.english) +
-                   four(zone.document, zone.more, zone.parcel, zone.each) + Heavy(zone.heavy) + u')'
-            << u"insert into M031 (F0,F1,F2,F3,F4,F5,F6,F7,F8,F9,F10,F11,F12,F13,F14,F15,F16,F17,F18,F19,F20) "_s +
-                   u"VALUES ('C0012','%1'"_s.arg(zone.code) + four(q[0], q[1], q[2], q[3]) +
-                   Heavy(q[4], zone.code == kGapZone ? kGapSegment : -1) + u')';
-    }
-    return statements;
+std::vector<Entry> Boxes(int first, const QStringList& texts) {
+    std::vector<Entry> entries;
+    for (const QString& text : texts) entries.push_back({u"Txt(%1)"_s.arg(first++), text});
+    return entries;
 }
 
 }  // namespace
@@ -69,21 +48,62 @@ QStringList MasterStatements() {
         u"update TE1 set F3='"_s + kPassword + u"' where F1='001'"_s,
         // Enters waybills and nothing else; sees no figures.
         u"insert into TE1 (F1,F2,F3,F60,F61,F62,F63,F64,F65,F66,F67) VALUES ('002','周婷','zt',0,1,0,0,0,0,0,0)"_s,
-        u"insert into M021 (F0,F1,F2) VALUES ('B01','纽约','New York')"_s,
-        u"insert into M021 (F0,F1,F2) VALUES ('B01','波士顿','Boston')"_s,
-        u"insert into M021 (F0,F1,F2) VALUES ('B01','多伦多','Toronto')"_s,
         u"insert into M021 (F0,F1,F2) VALUES ('A02','曼谷','Bangkok')"_s,
-        u"insert into M03 (F1,F2,F301,F302,F401,F402,F5,F8,P888) VALUES ('C0012','"_s + kCustomer +
-            u"','上海华兴电子有限公司','Shanghai Huaxing Electronics Co., Ltd.',"_s +
-            u"'上海市浦东新区金桥路 1288 号 6 号楼 3 层','3/F Bldg 6, No.1288 Jinqiao Rd, Pudong, Shanghai',"_s +
-            u"'021-5555 0188','孙丽萍',1)"_s,
-        u"insert into M01 (F1,F2,D0,D1,S0,S1,JFD,J0) VALUES ('HY01','"_s + kChannel +
-            u"',0.5,0.5,0.5,0.5,1,21)"_s,
         u"insert into M011 (F1,F2,F3,P101,P102,P201,P202,P3,P300) VALUES "_s +
             u"('HY01-5','美国东部及加拿大东部','HY01',110,30,140,40,1,58)"_s,
     };
-    statements += TariffStatements();
+    for (const Zone& zone : kOtherZones)
+        statements
+            << u"insert into M02 (F1,F2,F3,F4,F6,P101,P102,P201,P202,P301,P302,P303,P304,P305,P306,P307,P308,"_s +
+                   u"P309,P310,P311,P312,P313,P314,P315) VALUES ('%1','%2','国外','%3',4,"_s.arg(
+                       zone.code, zone.name, zone.english) +
+                   ListPrices(zone).join(u',') + u')';
     return statements;
+}
+
+std::vector<Entry> StandardEntries() {
+    return Boxes(
+        0, u"0.5 0.5 0.5 0.5 21 46 71 101 151 201 251 301 401 501 601 701 801 901 1001 1.5"_s.split(u' '));
+}
+
+std::vector<Entry> ZoneEntries() {
+    std::vector<Entry> entries =
+        Boxes(0, {kEnteredZone.code, kEnteredZone.name, kEnteredZone.english, u"4"_s});
+    entries.push_back({u"cmbFw"_s, u"国外"_s});
+    return entries;
+}
+
+std::vector<Entry> ZonePrices() {
+    return Boxes(9, ListPrices(kEnteredZone));
+}
+
+const std::vector<MasterRow>& ZoneAreas() {
+    static const std::vector<MasterRow> areas = {
+        {u"纽约"_s, u"New York"_s}, {u"波士顿"_s, u"Boston"_s}, {u"多伦多"_s, u"Toronto"_s}};
+    return areas;
+}
+
+std::vector<Entry> ChannelEntries() {
+    return Boxes(0, {u"HY01"_s, kChannel, u"每日 18:00 取件"_s, u"0.5"_s, u"0.5"_s, u"0.5"_s, u"0.5"_s,
+                     u"1"_s, u"21"_s});
+}
+
+const std::vector<Customer>& Customers() {
+    static const std::vector<Customer> customers = {
+        {.code = u"C0012"_s,
+         .name = kCustomer,
+         .company = u"上海华兴电子有限公司"_s,
+         .entries = {{u"Txt(3)"_s, u"Shanghai Huaxing Electronics Co., Ltd."_s},
+                     {u"Txt(4)"_s, u"上海市浦东新区金桥路 1288 号 6 号楼 3 层"_s},
+                     {u"Txt(5)"_s, u"3/F Bldg 6, No.1288 Jinqiao Rd, Pudong, Shanghai"_s},
+                     {u"Txt(6)"_s, u"021-5555 0188"_s},
+                     {u"CmbYWY"_s, u"孙丽萍"_s}}},
+        {.code = u"C0027"_s,
+         .name = u"恒丰贸易"_s,
+         .company = u"上海恒丰贸易有限公司"_s,
+         .entries = {{u"Txt(3)"_s, u"Shanghai Hengfeng Trading Co., Ltd."_s}, {u"CmbYWY"_s, u"孙丽萍"_s}}},
+    };
+    return customers;
 }
 
 const std::vector<SmallMaster>& SmallMasters() {
@@ -142,8 +162,8 @@ const std::vector<Consignment>& Consignments() {
                      {u"Txt(20)"_s, u"1"_s},
                      {u"Txt(21)"_s, u"1.2"_s},
                      {u"Txt(33)"_s, u"1.145"_s}},
-         .basic = u"256"_s,  // 160 + 2 x 48
-         .total = u"293.12"_s,
+         .basic = u"259.2"_s,  // 162 + 2 x 48.6
+         .total = u"296.78"_s,
          .sequence = 131},
         {.number = u"KV2411220002"_s,
          .rule = u"小包裹，首重加续重"_s,
@@ -171,8 +191,8 @@ const std::vector<Consignment>& Consignments() {
                      {u"Txt(27)"_s, u"35"_s},
                      {u"Txt(43)"_s, u"20"_s},
                      {u"Txt(33)"_s, u"1.145"_s}},
-         .basic = u"520"_s,     // 210 + 5 x 62
-         .total = u"655.48"_s,  // 635.475 + 20, rounded half away from zero
+         .basic = u"518.2"_s,   // 205.2 + 5 x 62.6
+         .total = u"653.41"_s,  // (518.2 + 35) x 1.145 + 20
          .sequence = 133},
         {.number = u"KV2411250003"_s,
          .rule = u"重包裹分段，每公斤计价"_s,
@@ -201,8 +221,8 @@ const std::vector<Consignment>& Consignments() {
                      {u"Txt(48)"_s, u"40"_s},
                      {u"Txt(43)"_s, u"0"_s},
                      {u"Txt(33)"_s, u"1.145"_s}},
-         .basic = u"2580"_s,  // 86 x 30
-         .total = u"2954.10"_s,
+         .basic = u"2592"_s,  // 86.4 x 30
+         .total = u"2967.84"_s,
          .sequence = 164},
         {.number = u"KV2411250004"_s,
          .rule = u"该分段无报价，按首重加续重"_s,
@@ -220,8 +240,8 @@ const std::vector<Consignment>& Consignments() {
                      {u"Cmb(25)"_s, u"现金.Cash"_s},
                      {u"Txt(33)"_s, u"1.145"_s},
                      {u"Cmb(30)"_s, u"方志远"_s}},
-         .basic = u"6348"_s,  // 210 + 99 x 62
-         .total = u"7268.46"_s,
+         .basic = u"6402.6"_s,  // 205.2 + 99 x 62.6
+         .total = u"7330.98"_s,
          .sequence = 166},
         {.number = u"KV2411230005"_s,
          .rule = u"文件，首重；补录"_s,
@@ -236,8 +256,8 @@ const std::vector<Consignment>& Consignments() {
                      {u"Txt(21)"_s, u"0.5"_s},
                      {u"Cmb(25)"_s, u"到付.Charge On Delivery"_s},
                      {u"Txt(33)"_s, u"1.145"_s}},
-         .basic = u"160"_s,
-         .total = u"183.20"_s,
+         .basic = u"162"_s,
+         .total = u"185.49"_s,
          .sequence = 140.75},  // a quarter of the way from 133 to 164
     };
     return day;

@@ -1,7 +1,7 @@
 // The sample company: what is in the file before the day begins, and what the day brings.
 //
-// Tariffs, customers and channels are put in place through the database until their forms stand; what has its
-// form is entered by keys.
+// What has its form is entered by keys. Five further zones stand in the file already, as the old system left
+// them; cost zones are put in place through the database until their form stands.
 #pragma once
 
 #include <QDate>
@@ -41,6 +41,25 @@ struct Entry {
     QString control;
     QString text;
 };
+
+// The tariffs, in the order of Tab. Prices in yuan, weights in kg.
+std::vector<Entry> StandardEntries();
+/// The zone of all the day's waybills, up to its range; then its places and its list prices.
+std::vector<Entry> ZoneEntries();
+const std::vector<MasterRow>& ZoneAreas();
+std::vector<Entry> ZonePrices();
+std::vector<Entry> ChannelEntries();
+
+// What the customer is quoted: the zones beginning with B at one coefficient, all others at another.
+inline const QString kQuotedPrefix = QStringLiteral("B");
+inline const QString kCoefficient = QStringLiteral("1.08");
+inline const QString kOtherCoefficient = QStringLiteral("1.06");
+
+struct Customer {
+    QString code, name, company;
+    std::vector<Entry> entries;  ///< behind the three
+};
+const std::vector<Customer>& Customers();
 
 /// A waybill as it is typed, and what has to come of it. Money in yuan, weights in kg.
 struct Consignment {

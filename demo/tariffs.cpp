@@ -1,0 +1,174 @@
+#include "demo/tariffs.h"
+
+#include "app/main_window.h"
+#include "demo/sample_company.h"
+#include "platform/controls/flex_grid.h"
+
+using namespace Qt::StringLiterals;
+
+namespace demo {
+namespace {
+
+const QString kTitle = u"提示"_s;
+/// Of the quote grid: the heavy segment of 46 to 70 kg.
+constexpr int kGapColumn = 7;
+constexpr int kFirstQuote = 2;
+
+/// Tab, since Enter would press a button on the way.
+void Fill(Operator& op, const std::vector<Entry>& entries) {
+    for (const Entry& entry : entries) {
+        op.TabTo(entry.control);
+        op.TypeOver(entry.text);
+    }
+}
+
+void ShowList(Operator& op, const QString& keys, const QString& picture, const QString& caption) {
+    op.Command(u"R"_s);
+    op.Command(keys);
+    op.Picture(picture, caption);
+    op.TabTo(u"TabS"_s);
+    op.Press(Qt::Key_Right);
+}
+
+/// Quotes all zones with the prefix that are not quoted yet.
+void QuoteZones(Operator& op, const QString& prefix, const QString& coefficient, bool picture) {
+    op.TabTo(u"TxtHPBM"_s);
+    op.TypeOver(prefix);
+    op.TabTo(u"TxtSL"_s);
+    op.TypeOver(coefficient);
+    op.Press(Qt::Key_Backtab, Qt::ShiftModifier);
+    op.ExpectFocus(u"TxtHPBM"_s);
+    op.Press(Qt::Key_Down);
+    op.ExpectFocus(u"GdDownList"_s);
+    if (picture) op.Picture(u"quote-drop-down"_s, u"客户报价：选择区域，批量增加"_s);
+    op.Press(Qt::Key_Tab);
+    op.ExpectFocus(u"CmdDel"_s);
+    op.Press(Qt::Key_Return);
+    op.ExpectFocus(u"TxtHPBM"_s);
+}
+
+/// The customer has no price for one heavy segment between two that he has, so that a waybill falls back.
+void TakeAPriceOut(Operator& op) {
+    op.TabTo(u"GdMx"_s);
+    op.Press(Qt::Key_Home);
+    for (int col = 0; col < kGapColumn; ++col) op.Press(Qt::Key_Right);
+    op.Expect(u"报价表的当前格"_s, [] {
+        const auto* grid = TheFrame().findChild<controls::FlexGrid*>(u"GdMx"_s);
+        return grid && grid->Row() == kFirstQuote && grid->Col() == kGapColumn;
+    });
+    op.Type(u"0"_s);
+    op.Picture(u"quote-editing"_s, u"客户报价：修改一个价格"_s);
+    op.Press(Qt::Key_Return);
+}
+
+void QuoteCustomer(Operator& op) {
+    op.TabTo(u"CmdUpDown"_s);
+    op.Press(Qt::Key_Return);
+    QuoteZones(op, kQuotedPrefix, kCoefficient, true);
+    op.ExpectStatus(u"报价单：共 2 条记录 当前为第 2 条"_s);
+    QuoteZones(op, {}, kOtherCoefficient, false);
+    op.ExpectStatus(u"报价单：共 6 条记录 当前为第 6 条"_s);
+    op.Picture(u"quote-added"_s, u"客户报价：批量增加之后"_s);
+    TakeAPriceOut(op);
+}
+
+void AddCustomer(Operator& op, const Customer& customer) {
+    op.Command(u"A"_s);
+    op.ExpectFocus(u"Txt(0)"_s);
+    Fill(op, {{u"Txt(0)"_s, customer.code}, {u"Txt(1)"_s, customer.name}, {u"Txt(2)"_s, customer.company}});
+    Fill(op, customer.entries);
+}
+
+}  // namespace
+
+void TellStandard(Operator& op) {
+    op.Command(u"S1"_s);
+    op.ExpectWindow(u"S01"_s);
+    Fill(op, StandardEntries());
+    op.Picture(u"standard"_s, u"本公司报价标准设定"_s);
+    op.TabTo(u"CmdOK"_s);
+    op.Press(Qt::Key_Return);
+    op.ExpectBox(u"警告！计价标准不宜经常改变！真的继续吗？"_s, kTitle, u"standard-warning"_s);
+    op.ExpectBox(u"保存成功！"_s, kTitle);
+    op.ExpectWindow(u"S01"_s);
+    op.TabTo(u"CmdCancel"_s);
+    op.Press(Qt::Key_Return);
+    op.ExpectWindow(u"MForm"_s);
+    op.ExpectRows(u"select * from MS1"_s,
+                  {u"0.5|0.5|0.5|0.5|21|46|71|101|151|201|251|301|401|501|601|701|801|901|1001|1.5"_s});
+}
+
+void TellZone(Operator& op) {
+    op.Command(u"A3"_s);
+    op.ExpectStatus(u"共 5 条记录 当前为第 1 条"_s);
+    op.Command(u"A"_s);
+    op.ExpectFocus(u"Txt(0)"_s);
+    Fill(op, ZoneEntries());
+    for (const MasterRow& area : ZoneAreas()) {
+        Fill(op, {{u"Txt(6)"_s, area.name}, {u"Txt(7)"_s, area.note}});
+        op.TabTo(u"Cmd(0)"_s);
+        op.Press(Qt::Key_Return);
+        op.ExpectFocus(u"Txt(6)"_s);
+    }
+    Fill(op, ZonePrices());
+    op.Picture(u"zone-adding"_s, u"速递区域资料与报价：增加"_s);
+    op.Command(u"S"_s);
+    op.ExpectRows(u"select F2,F3,F4,F6,P101,P102,P201,P202,P301,P302,P315 from M02 where F1='B01'"_s,
+                  {u"北美东岸|国外|North America East|4|150|45|190|58|80|79|66"_s});
+    op.ExpectRows(u"select F1,F2 from M021 where F0='B01'"_s,
+                  {u"纽约|New York"_s, u"波士顿|Boston"_s, u"多伦多|Toronto"_s});
+    ShowList(op, u"A3"_s, u"zone-list"_s, u"速递区域列表"_s);
+    op.ExpectText(u"Txt(0)"_s, u"A01"_s);
+    op.Picture(u"zone-card"_s, u"速递区域资料与报价：浏览"_s);
+    op.Command(u"R"_s);
+}
+
+void TellChannel(Operator& op) {
+    op.Command(u"A1"_s);
+    op.Command(u"A"_s);
+    op.ExpectFocus(u"Txt(0)"_s);
+    Fill(op, ChannelEntries());
+    op.Picture(u"channel-adding"_s, u"出货渠道计价标准：增加"_s);
+    op.Command(u"S"_s);
+    op.ExpectRows(u"select F1,F2,D0,D1,S0,S1,JFD,J0,J1 from M01"_s,
+                  {u"HY01|"_s + kChannel + u"|0.5|0.5|0.5|0.5|1|21|0"_s});
+    ShowList(op, u"A1"_s, u"channel-list"_s, u"出货渠道列表"_s);
+    op.Picture(u"channel-card"_s, u"出货渠道计价标准：浏览"_s);
+    op.Command(u"R"_s);
+}
+
+/// Two new customers, the first with quotes; then the list, and his card.
+void TellCustomers(Operator& op) {
+    op.Command(u"A5"_s);
+    op.ExpectStatus(u"无客户资料"_s);
+    for (const Customer& customer : Customers()) {
+        const bool quoted = &customer == &Customers().front();
+        AddCustomer(op, customer);
+        if (!quoted) op.Picture(u"customer-adding"_s, u"客户资料：增加"_s);
+        if (quoted) QuoteCustomer(op);
+        op.Command(u"S"_s);
+        op.ExpectRows(u"select F2,F301,F8 from M03 where F1='"_s + customer.code + u"'"_s,
+                      {customer.name + u'|' + customer.company + u"|孙丽萍"_s});
+    }
+    // List price times the coefficient, to one decimal: 150, 45, 190, 58, 80, 78 yuan times 1.08; 155
+    // times 1.06.
+    op.ExpectRows(u"select F2,F3,F4,F5,F6,F7,F8 from M031 where F0='C0012' and F1='B01'"_s,
+                  {u"162|48.6|205.2|62.6|86.4|0|84.2"_s});
+    op.ExpectRows(
+        u"select F1,F2 from M031 where F0='C0012' order by F1"_s,
+        {u"A01|84.8"_s, u"A02|95.4"_s, u"B01|162"_s, u"B02|156.6"_s, u"C01|164.3"_s, u"D01|174.9"_s});
+    op.ExpectRows(u"select count(*) from M031"_s, {u"6"_s});
+    op.Command(u"R"_s);
+    op.Command(u"A5"_s);
+    op.ExpectStatus(u"客户资料列表：共 2 条记录 当前为第 1 条"_s);
+    op.Picture(u"customer-list"_s, u"客户资料列表"_s);
+    op.TabTo(u"TabS"_s);
+    op.Press(Qt::Key_Right);
+    op.ExpectText(u"Txt(1)"_s, kCustomer);
+    op.TabTo(u"CmdUpDown"_s);
+    op.Press(Qt::Key_Return);
+    op.Picture(u"customer-quotes"_s, u"客户资料与报价：浏览"_s);
+    op.Command(u"R"_s);
+}
+
+}  // namespace demo

@@ -1,0 +1,15 @@
+// How the company sets up what it sells, each form by its keys: the pricing standard, a zone with its places
+// and list prices, a channel, and the customers with what they are quoted.
+#pragma once
+
+#include "demo/operator.h"
+
+namespace demo {
+
+void TellStandard(Operator& op);
+void TellZone(Operator& op);
+void TellChannel(Operator& op);
+/// Takes the salespersons and the zones as entered.
+void TellCustomers(Operator& op);
+
+}  // namespace demo
