@@ -58,6 +58,12 @@ QMessageBox* ActiveBox() {
     return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
 }
 
+/// A desktop does this by itself; a display without one forgets the window beneath the second of two boxes.
+void WakeModalWindow() {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal && !QApplication::activeWindow()) modal->activateWindow();
+}
+
 void AfterTurns(int turns, const std::function<void()>& act) {
     if (turns == 0) return act();
     QTimer::singleShot(0, qApp, [turns, act] { AfterTurns(turns - 1, act); });
@@ -170,6 +176,7 @@ void Operator::ExpectBox(const QString& text, const QString& title, const QStrin
     if (!picture.isEmpty())
         add(text, [this, picture, text](QMessageBox&) { screen_.Keep(picture, u"消息框："_s + text); });
     add(text, [this, answer](QMessageBox&) { keyboard::Press(KeyTarget(), answer); });
+    Add(u"窗口重新激活"_s, WakeModalWindow, true);
 }
 
 void Operator::Picture(const QString& name, const QString& caption) {

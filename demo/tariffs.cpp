@@ -12,7 +12,8 @@ namespace {
 const QString kTitle = u"提示"_s;
 /// Of the quote grid: the heavy segment of 46 to 70 kg.
 constexpr int kGapColumn = 7;
-constexpr int kFirstQuote = 2;
+/// Below the one of B02, which stands in the file first.
+constexpr int kGapRow = 3;
 
 /// Tab, since Enter would press a button on the way.
 void Fill(Operator& op, const std::vector<Entry>& entries) {
@@ -51,10 +52,11 @@ void QuoteZones(Operator& op, const QString& prefix, const QString& coefficient,
 void TakeAPriceOut(Operator& op) {
     op.TabTo(u"GdMx"_s);
     op.Press(Qt::Key_Home);
+    op.Press(Qt::Key_Down);
     for (int col = 0; col < kGapColumn; ++col) op.Press(Qt::Key_Right);
     op.Expect(u"报价表的当前格"_s, [] {
         const auto* grid = TheFrame().findChild<controls::FlexGrid*>(u"GdMx"_s);
-        return grid && grid->Row() == kFirstQuote && grid->Col() == kGapColumn;
+        return grid && grid->Row() == kGapRow && grid->Col() == kGapColumn;
     });
     op.Type(u"0"_s);
     op.Picture(u"quote-editing"_s, u"客户报价：修改一个价格"_s);
@@ -140,7 +142,7 @@ void TellChannel(Operator& op) {
 /// Two new customers, the first with quotes; then the list, and his card.
 void TellCustomers(Operator& op) {
     op.Command(u"A5"_s);
-    op.ExpectStatus(u"无客户资料"_s);
+    op.ExpectRows(u"select count(*) from M03"_s, {u"0"_s});
     for (const Customer& customer : Customers()) {
         const bool quoted = &customer == &Customers().front();
         AddCustomer(op, customer);
