@@ -102,7 +102,7 @@ void A01::BuildCard() {
     card->Field(Card::Half::Left, 0, 0, 1, Lab[Code], Txt[Code]->Widget());
     card->Field(Card::Half::Left, 0, 1, 2, Lab[Name], Txt[Name]->Widget());
     card->Field(Card::Half::Right, 0, 0, 3, Lab[Remark], Txt[Remark]->Widget());
-    card->Group(u"计价标准"_s);
+    card->Group(u"计价标准"_s, u"重包裹"_s);
     card->TallField(Card::Half::Left, 0, 3, 0, 3, nullptr, Sentences());
     card->TallField(Card::Half::Right, 0, 5, 0, 3, nullptr, Segments());
     card->Finish();
@@ -120,7 +120,8 @@ QWidget* A01::Sentences() {
     grid->setColumnStretch(5, 1);
     const QString words[] = {u"文件资料："_s, u"小包裹："_s, u"个计费段："_s};
     for (int i = 0; i < 3; ++i) {
-        Lab2[i] = new QLabel(words[i], holder);
+        Lab2[i] = controls::MakeCaption(words[i], nullptr, holder);
+        Lab2[i]->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
         Lab2[i]->setObjectName(u"Lab2(%1)"_s.arg(i));
     }
     for (int line = 0; line < 2; ++line) {
@@ -155,6 +156,7 @@ QWidget* A01::Segments() {
         grid->addWidget(Txt[static_cast<std::size_t>(box)]->Widget(), row, column);
         grid->addWidget(Lab[static_cast<std::size_t>(box)], row, column + 1);
     }
+    grid->setRowStretch(MostSegments / BoundColumns, 1);
     return holder;
 }
 
