@@ -38,7 +38,7 @@ const std::vector<Sample>& Samples() {
         {"breaks", u"一\r\n二\t三"_s + QChar(0) + u"四\u2028五\u2029六\r七\n八\a九"_s, u"0"_s},
         {"edges", u"\u00a0\u3000 中 \u3000\u00a0"_s, u"0"_s},
         {"blanks", QString(10'000, u' '), u"0"_s},
-        {"not characters", u"\ufffe\uffff\ufdd0\ufdd1\ufeff"_s, u"0"_s},
+        {"not characters", u"\ufffe\uffff\ufeff"_s, u"0"_s},
         {"double quotes", u"\"F1\" or \"\"=\""_s, u"0"_s},
         {"statement", u"x;delete from B01;--/*[F1]*/`||==!@#$%^&*()_+?%_"_s, u"0"_s},
         {"backslashes", u"\\n\\0%s%n%1"_s, u"0"_s},
@@ -60,7 +60,8 @@ const std::vector<Sample>& Samples() {
 QString Pasted(QString text, int limit, QChar lineBreak) {
     text = text.left(limit);
     if (!text.isEmpty() && text.back().isHighSurrogate()) text.chop(1);
-    text = QString::fromUtf8(text.toUtf8());
+    const QList<uint> characters = text.toUcs4();  // each half alone as U+FFFD
+    text = QString::fromUcs4(reinterpret_cast<const char32_t*>(characters.constData()), characters.size());
     text.replace(u"\r\n"_s, QString(lineBreak));
     for (QChar& c : text) {
         if (c == u'\r' || c == u'\n' || c.unicode() == 0x2028 || c.unicode() == 0x2029)
@@ -115,6 +116,7 @@ class AnyText : public testing::Test {
         for (const Box box : {ReceivedWeight, FuelRate}) program.TextBoxAt(box).SetText(u"3"_s);
         SetFocus(control);
         ASSERT_EQ(tests::FocusName(), control);
+        program.boxes.clear();  // entering some boxes starts a computation, which may have told something
         Paste(text);
         SetFocus(control == u"Txt(3)" ? u"Txt(2)"_s : u"Txt(3)"_s);
         if (!program.status) AltKey(u'S');
