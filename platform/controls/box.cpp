@@ -66,8 +66,20 @@ bool KeepsFocus(QWidget* control) {
     return alive && control->hasFocus();
 }
 
+QString WholeCharacters(QString text) {
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (!text[i].isSurrogate()) continue;
+        const bool pair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        if (pair)
+            ++i;
+        else
+            text[i] = QChar::ReplacementCharacter;
+    }
+    return text;
+}
+
 QString OneRow(const QString& text) {
-    QString row = text;
+    QString row = WholeCharacters(text);
     row.replace(u"\r\n"_s, u" "_s);
     for (QChar& c : row)
         if (c < u' ' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator) c = u' ';
@@ -75,9 +87,10 @@ QString OneRow(const QString& text) {
 }
 
 void TidyLine(QLineEdit* line) {
-    QString row = OneRow(line->text());
+    QString row = line->text();
     // The length limit may have cut between the two halves of a rare character.
     if (!row.isEmpty() && row.back().isHighSurrogate()) row.chop(1);
+    row = OneRow(row);
     if (row == line->text()) return;
     const int fromEnd = static_cast<int>(line->text().size()) - line->cursorPosition();
     line->setText(row);
@@ -222,8 +235,9 @@ void RowsBox::focusInEvent(QFocusEvent* event) {
 
 void RowsBox::insertFromMimeData(const QMimeData* source) {
     if (isReadOnly() || !KeepsFocus(this)) return;
-    QString text = source->text();
-    text.replace(u'\t', u' ');
+    QString text = WholeCharacters(source->text());
+    for (QChar& c : text)
+        if (c < u' ' && c != u'\n' && c != u'\r') c = u' ';
     insertPlainText(text);
 }
 

@@ -23,6 +23,10 @@ bool SelectsAll(Qt::FocusReason reason);
 /// did not send the operator away.
 bool KeepsFocus(QWidget* control);
 
+/// Half of a pair alone is no character: the file would keep something else than the box shows, so it becomes
+/// U+FFFD at once.
+QString WholeCharacters(QString text);
+
 /// Pasted text as one row: a line break or any other control character becomes a blank.
 QString OneRow(const QString& text);
 

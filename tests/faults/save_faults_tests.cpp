@@ -2,17 +2,12 @@
 // the file in memory and with hardly any of it there. Afterwards the file must hold all of the save or
 // nothing, and the operator must have been told.
 #include "app/data_access.h"
-#include "platform/system/guard.h"
-#include "tests/faults/company_state.h"
-#include "tests/faults/waybill_entry.h"
+#include "tests/faults/recorded_program.h"
 #include "tests/support/failing_vfs.h"
-#include "tests/support/program.h"
 
 #include <QSet>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-#include <optional>
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
@@ -35,29 +30,9 @@ tests::OpenWith Failing(Memory memory) {
 }
 
 /// A program that stands right before a save.
-class Ready : public tests::Program {
+class Ready : public tests::RecordedProgram {
   public:
-    explicit Ready(Memory memory)
-        : Program(tests::FaultMasters() + QStringList{u"insert into M04 (F1,F2) VALUES ('王五','早班')"_s},
-                  u"001"_s, Failing(memory)) {
-        sys::seams().showBox = [this](const sys::BoxRequest& request) {
-            if (whileBox) whileBox();
-            boxes.push_back(request);
-            return sys::BoxAnswer::Ok;
-        };
-        sys::seams().leave = [this](int with) {
-            status = with;
-            throw sys::ProgramEnded{with};
-        };
-    }
-    QStringList StateLeft() {
-        const QTemporaryDir folder;
-        return tests::StateOf(tests::CopyAsLeft(File(), folder.path()));
-    }
-
-    std::vector<sys::BoxRequest> boxes;
-    std::function<void()> whileBox;
-    std::optional<int> status;
+    explicit Ready(Memory memory) : RecordedProgram(Failing(memory)) {}
 };
 
 void Add(Ready& program, const tests::WaybillEntry& entry) {

@@ -1,0 +1,306 @@
+// Every box takes any text. Whatever is pasted into a box of the waybills' and of the couriers' card and
+// saved ends as a stored value by the rules of the box, as a message, or as the report of the failing
+// statement.
+#include "platform/text/numbers.h"
+#include "tests/faults/recorded_program.h"
+#include "waybills/waybill_fields.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+#include <gtest/gtest.h>
+#include <set>
+
+using namespace Qt::StringLiterals;
+using namespace waybills;
+using tests::AltKey;
+using tests::Press;
+
+namespace {
+
+const QString Title = u"提示"_s;
+constexpr int NoLimit = 1 << 20;
+
+struct Sample {
+    const char* name;
+    QString text;
+    QString number;  ///< what a number's box stores of it; "" where it is too large for any number
+};
+
+const std::vector<Sample>& Samples() {
+    static const std::vector<Sample> samples = {
+        {"ten thousand", QString(10'000, u'长'), u"0"_s},
+        {"ten thousand pairs", u"𝄞"_s.repeated(5'000), u"0"_s},
+        {"cut within a pair", u"x"_s + u"𝄞"_s.repeated(30), u"0"_s},
+        {"combining", u"e\u0301\u0302"_s.repeated(20), u"0"_s},
+        {"right to left", u"\u202eשלום עולם\u202c مرحبا\u200f"_s, u"0"_s},
+        {"lone halves", u"甲"_s + QChar(0xDC00) + u'乙' + QChar(0xD800) + u"丙"_s, u"0"_s},
+        {"breaks", u"一\r\n二\t三"_s + QChar(0) + u"四\u2028五\u2029六\r七\n八\a九"_s, u"0"_s},
+        {"edges", u"\u00a0\u3000 中 \u3000\u00a0"_s, u"0"_s},
+        {"blanks", QString(10'000, u' '), u"0"_s},
+        {"not characters", u"\ufffe\uffff\ufeff"_s, u"0"_s},
+        {"double quotes", u"\"F1\" or \"\"=\""_s, u"0"_s},
+        {"statement", u"x;delete from B01;--/*[F1]*/`||==!@#$%^&*()_+?%_"_s, u"0"_s},
+        {"backslashes", u"\\n\\0%s%n%1"_s, u"0"_s},
+        {"weight", u" 12.5kg "_s, u"12.5"_s},
+        {"exponent", u"1e5"_s, u"100000"_s},
+        {"many digits", u"123456789012345678901234567890"_s, u"1.23456789012346E+29"_s},
+        {"too large", u"1e400"_s, QString()},
+        {"negative nothing", u"-0"_s, u"0"_s},
+        {"other digits", u"１２٣"_s, u"0"_s},
+        {"apostrophe", u"O'Neil"_s, u"0"_s},
+        {"injected", u"'); delete from TB1 where (''='"_s, u"0"_s},
+        {"apostrophes", u"a'"_s.repeated(5'000), u"0"_s},
+    };
+    return samples;
+}
+
+/// What is in a box after pasting: `lineBreak` for each line break, a blank for any other control character,
+/// U+FFFD for half of a pair, unless it was the limit that cut it.
+QString Pasted(QString text, int limit, QChar lineBreak) {
+    text = text.left(limit);
+    if (!text.isEmpty() && text.back().isHighSurrogate()) text.chop(1);
+    const QList<uint> characters = text.toUcs4();  // each half alone as U+FFFD
+    text = QString::fromUcs4(reinterpret_cast<const char32_t*>(characters.constData()), characters.size());
+    text.replace(u"\r\n"_s, QString(lineBreak));
+    for (QChar& c : text) {
+        if (c == u'\r' || c == u'\n' || c.unicode() == 0x2028 || c.unicode() == 0x2029)
+            c = lineBreak;
+        else if (c.unicode() < 0x20)
+            c = u' ';
+    }
+    return text;
+}
+
+void Paste(const QString& text) {
+    QGuiApplication::clipboard()->setText(text);
+    Press(Qt::Key_A, Qt::ControlModifier);
+    Press(Qt::Key_Delete);
+    Press(Qt::Key_V, Qt::ControlModifier);
+}
+
+/// What the operator was told, each box by the beginning of its text; the report of a failing statement as
+/// "report".
+QStringList Told(tests::RecordedProgram& program) {
+    QStringList told;
+    for (const sys::BoxRequest& box : program.boxes) {
+        if (box.icon == sys::BoxIcon::Critical)
+            told << u"report"_s;
+        else
+            told << box.text.section(u'\r', 0, 0);
+    }
+    EXPECT_EQ(program.status.has_value(), told.contains(u"report"_s));
+    return told;
+}
+
+/// Brings a program back that has ended or refused, for the next text.
+void GoOn(tests::RecordedProgram& program) {
+    sys::ForgetEnd();
+    program.boxes.clear();
+    program.status.reset();
+    if (EditInProgress) AltKey(u'C');
+}
+
+const QString Trapped = u"GetStr执行错误!系统返回如下信息："_s;
+
+class AnyText : public testing::Test {
+  public:
+    AnyText() { program.Open(u"B"_s, u"B01"_s); }
+
+    /// Enters a waybill, pastes the text into one control and saves.
+    void Enter(const QString& control, const QString& text) {
+        GoOn(program);
+        AltKey(u'A');
+        entry.number = u"N%1"_s.arg(++count_);
+        tests::FillCard(*program.Frame().Front(), entry);
+        for (const Box box : {ReceivedWeight, FuelRate}) program.TextBoxAt(box).SetText(u"3"_s);
+        SetFocus(control);
+        ASSERT_EQ(tests::FocusName(), control);
+        program.boxes.clear();  // entering some boxes starts a computation, which may have told something
+        Paste(text);
+        SetFocus(control == u"Txt(3)" ? u"Txt(2)"_s : u"Txt(3)"_s);
+        if (!program.status) AltKey(u'S');
+    }
+    void SetFocus(const QString& control) {
+        controls::MoveFocus(&program.At<QWidget>(control));
+        tests::Settle();
+    }
+    /// The field of the waybill that was saved last; "" and a failure if none was.
+    QString Field(const QString& field) {
+        const QStringList rows = program.Rows(u"select "_s + field + u" from B01"_s);
+        EXPECT_EQ(rows.size(), 1);
+        return rows.value(0);
+    }
+    void Empty() {
+        program.Execute(u"delete from B01"_s);
+        program.Execute(u"delete from TB1"_s);
+    }
+
+    tests::RecordedProgram program;
+    tests::WaybillEntry entry;
+
+  private:
+    int count_ = 0;
+};
+
+TEST_F(AnyText, InATextBoxIsCutTrimmedAndStoredOrBreaksItsStatement) {
+    for (const BoxRow& row : Boxes()) {
+        static const std::set<Box> covered = {
+            SendDate, OriginName, ChannelCode,  ServiceZoneCode, Destination, ServiceType,    PaymentMode,
+            Maker,    Courier,    CustomerCode, IncidentReason,  ReleaseMark, ChannelZoneCode};
+        if (row.kind != Kind::Text || covered.contains(row.box)) continue;
+        for (const Sample& sample : Samples()) {
+            SCOPED_TRACE(testing::Message() << row.field.toStdString() << ": " << sample.name);
+            Empty();
+            Enter(u"Txt(%1)"_s.arg(row.box), sample.text);
+            const int limit = row.box == Number || row.box == Forwarding ? 25 : 49;
+            const QString in = Pasted(sample.text, limit, u' ');
+            EXPECT_EQ(program.Box(row.box), in);
+            const bool breaks = in.contains(u'\'');
+            QStringList expected;
+            if (row.box == Number && text::Trim(in).isEmpty()) expected << u"请输入速递单号!"_s;
+            if (row.box == Number && breaks) expected << Trapped;
+            if (breaks) expected << u"report"_s;
+            EXPECT_EQ(Told(program), expected);
+            if (breaks) {
+                EXPECT_TRUE(program.boxes.back().detail.contains(text::Trim(in)));
+            }
+            if (!expected.isEmpty()) {
+                EXPECT_TRUE(program.Rows(u"select F1 from B01"_s).isEmpty());
+                continue;
+            }
+            EXPECT_EQ(Field(row.field), text::Trim(in));
+            // And once more as it is, from the list.
+            AltKey(u'E');
+            AltKey(u'S');
+            EXPECT_EQ(Told(program), QStringList());
+            EXPECT_EQ(Field(row.field), text::Trim(in));
+            EXPECT_EQ(program.Rows(u"select F1 from TB1"_s).size(), 2);
+        }
+        if (HasFailure()) return;
+    }
+}
+
+TEST_F(AnyText, InANumbersBoxIsReadByItsLeadingNumber) {
+    for (const BoxRow& row : Boxes()) {
+        if (row.kind != Kind::Number) continue;
+        for (const Sample& sample : Samples()) {
+            SCOPED_TRACE(testing::Message() << row.field.toStdString() << ": " << sample.name);
+            Empty();
+            Enter(u"Txt(%1)"_s.arg(row.box), sample.text);
+            QStringList expected;
+            if (sample.number.isEmpty())
+                expected << u"report"_s;
+            else if (row.box == TotalCharge && sample.number == u"0")
+                expected << u"请输入总计费用!"_s;
+            else if (row.box == TotalCharge && sample.text != text::Trim(sample.text))
+                expected << u"report"_s;  // its text goes bare into the column of the payment mode
+            EXPECT_EQ(Told(program), expected);
+            if (expected.isEmpty()) {
+                EXPECT_EQ(Field(row.field), sample.number);
+            }
+        }
+        if (HasFailure()) return;
+    }
+}
+
+TEST_F(AnyText, InAComboIsTestedOrStoredOrReported) {
+    enum class Leaving { Asks, AsksNothing };
+    enum class Check { ByQuestion, ByWords, None };
+    const struct {
+        Box box;
+        Leaving leaving;  ///< leaving it runs a statement with the code
+        Check check;
+    } combos[] = {{CustomerCode, Leaving::Asks, Check::ByQuestion},
+                  {ChannelCode, Leaving::Asks, Check::ByQuestion},
+                  {ServiceZoneCode, Leaving::Asks, Check::ByQuestion},
+                  {OriginName, Leaving::AsksNothing, Check::ByQuestion},
+                  {Courier, Leaving::AsksNothing, Check::ByQuestion},
+                  {ServiceType, Leaving::AsksNothing, Check::ByWords},
+                  {PaymentMode, Leaving::AsksNothing, Check::ByWords},
+                  {Destination, Leaving::AsksNothing, Check::None},
+                  {ChannelZoneCode, Leaving::AsksNothing, Check::None},
+                  {IncidentReason, Leaving::AsksNothing, Check::None}};
+    for (const auto& combo : combos) {
+        const QString caption = Boxes()[combo.box].caption;
+        const QString field = Boxes()[combo.box].field;
+        const bool optional =
+            combo.box == ChannelCode || combo.box == ChannelZoneCode || combo.box == IncidentReason;
+        for (const Sample& sample : Samples()) {
+            SCOPED_TRACE(testing::Message() << field.toStdString() << ": " << sample.name);
+            Empty();
+            Enter(u"Cmb(%1)"_s.arg(combo.box), sample.text);
+            QString in = Pasted(sample.text, NoLimit, u' ');
+            const bool asksIt = combo.leaving == Leaving::Asks && in.contains(u'\'');
+            if (combo.box != IncidentReason) in = text::Trim(in).section(u'.', 0, 0);
+            const bool empty = text::Trim(in).isEmpty();
+            in = in.left(49);
+            if (!in.isEmpty() && in.back().isHighSurrogate()) in.chop(1);
+            QStringList expected;
+            if (asksIt) {
+                expected << u"report"_s;
+            } else if (empty && !optional) {
+                expected << u"请输入"_s + caption + u'!';
+            } else if (!empty && combo.check != Check::None) {
+                if (in.contains(u'\'') && combo.check == Check::ByQuestion) expected << Trapped;
+                expected << caption + u"输入错误！"_s;
+            } else if (in.contains(u'\'')) {
+                expected << u"report"_s;
+            }
+            EXPECT_EQ(Told(program), expected);
+            if (expected.isEmpty()) {
+                EXPECT_EQ(Field(field), text::Trim(in));
+            }
+        }
+        if (HasFailure()) return;
+    }
+}
+
+TEST_F(AnyText, InALockedBoxAndInThePickerChangesNothing) {
+    for (const Sample& sample : Samples()) {
+        for (const QString& control : {u"Txt(29)"_s, u"Txt(32)"_s, u"DTP"_s}) {
+            SCOPED_TRACE(testing::Message() << control.toStdString() << ": " << sample.name);
+            Empty();
+            Enter(control, sample.text);
+            EXPECT_EQ(Told(program), QStringList());
+            EXPECT_EQ(Field(u"F601,F604"_s), u"管理员|管理员"_s);
+            EXPECT_TRUE(QDate::fromString(Field(u"F101"_s), Qt::ISODate).isValid());
+        }
+    }
+}
+
+TEST(AnyTextOfACourier, IsStoredOrRefusedOrReported) {
+    tests::RecordedProgram program;
+    program.Open(u"A6"_s, u"A04"_s);
+    for (const Sample& sample : Samples()) {
+        for (const int box : {0, 1}) {
+            SCOPED_TRACE(testing::Message() << box << ": " << sample.name);
+            GoOn(program);
+            program.Execute(u"delete from M04"_s);
+            AltKey(u'A');
+            program.TextBoxAt(0).SetText(u"甲"_s);
+            program.TextBoxAt(box).SetFocus();
+            tests::Settle();
+            Paste(sample.text);
+            // The note has several rows, which a pasted text keeps.
+            const QString in = Pasted(sample.text, box == 0 ? 4 : 49, box == 0 ? u' ' : u'\n');
+            EXPECT_EQ(program.Box(box), in);
+            AltKey(u'S');
+            QStringList expected;
+            if (box == 0 && text::Trim(in).isEmpty()) expected << u"姓 名不能为空!"_s;
+            if (box == 0 && in.contains(u'\'')) expected << Trapped;
+            if (in.contains(u'\'')) expected << u"report"_s;
+            EXPECT_EQ(Told(program), expected);
+            if (!expected.isEmpty()) continue;
+            const QStringList rows = {(box == 0 ? text::Trim(in) : u"甲"_s) + u'|' +
+                                      (box == 1 ? text::Trim(in) : QString())};
+            EXPECT_EQ(program.Rows(u"select F1,F2 from M04"_s), rows);
+            AltKey(u'E');
+            AltKey(u'S');
+            EXPECT_EQ(Told(program), QStringList());
+            EXPECT_EQ(program.Rows(u"select F1,F2 from M04"_s), rows);
+        }
+    }
+}
+
+}  // namespace
