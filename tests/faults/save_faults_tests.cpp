@@ -183,6 +183,7 @@ TEST(ASave, IsThereOrNotWheneverTheProcessDies) {
             };
             storage.BeforeEachChange(look);
             AltKey(u'S');
+            ::Db->Close();  // brings the log into the file
             storage.BeforeEachChange({});
             look();
             EXPECT_GT(left.size(), 5U);
