@@ -223,14 +223,14 @@ void QuotePanel::ShowChange() {
 // ---------------------------------------------------------------- the grid
 
 void QuotePanel::BuildQuoteGrid() {
-    DressQuoteGrid();
-    ShowChange();
-}
-
-void QuotePanel::DressQuoteGrid() {
     GdMx->BeginLoad(0);
     GdMx->EndLoad();
     quoteRow_ = FirstQuoteRow;
+    WriteHeaders();
+    ShowChange();
+}
+
+void QuotePanel::WriteHeaders() {
     const QStringList fixed{u"区域"_s, u"区域名称"_s};
     QStringList upper = fixed + QStringList{u"文件资料"_s, u"文件资料"_s, u"小包裹"_s, u"小包裹"_s};
     while (upper.size() < QuoteColumns) upper += u"重包裹优惠价"_s;
@@ -243,27 +243,33 @@ void QuotePanel::DressQuoteGrid() {
 }
 
 void QuotePanel::LoadQuotes(const QString& customer) {
-    DressQuoteGrid();
+    const QString code = text::Trim(customer);
+    if (code.isEmpty()) return BuildQuoteGrid();
     try {
-        if (!text::Trim(customer).isEmpty()) ReadQuotes(text::Trim(customer));
+        ReadQuotes(code);
     } catch (const PlatformError& error) {
-        GdMx->EndLoad();
+        BuildQuoteGrid();
         sys::Inform(error.Text(), MsgTitle);
     }
-    ShowChange();
 }
 
 void QuotePanel::ReadQuotes(const QString& customer) {
+    WriteHeaders();
     auto rows = Db->OpenRecordset(QuoteSelect(customer));
-    if (rows.Eof()) return;
-    rows.MoveLast();
-    GdMx->BeginLoad(rows.RecordCount());
-    rows.MoveFirst();
-    for (int row = 0; !rows.Eof(); ++row, rows.MoveNext())
+    int count = 0;
+    if (!rows.Eof()) {
+        rows.MoveLast();
+        count = rows.RecordCount();
+        rows.MoveFirst();
+    }
+    GdMx->BeginLoad(count);
+    for (int row = 0; row < count; ++row, rows.MoveNext())
         for (int col = 0; col < QuoteColumns; ++col)
             GdMx->LoadCell(row, col, DressedPrice(col, rows.Fields(col).Text()));
     GdMx->EndLoad();
     rows.Close();
+    quoteRow_ = FirstQuoteRow;
+    ShowChange();
 }
 
 bool QuotePanel::HasQuotes() const {

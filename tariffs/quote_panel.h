@@ -60,7 +60,7 @@ class QuotePanel : public QWidget {
     void BuildDownList(QWidget* form);
 
     void ShowEntry(bool shown);
-    void DressQuoteGrid();
+    void WriteHeaders();
     void ReadQuotes(const QString& customer);
     void ShowChange();
     void FitColumns();

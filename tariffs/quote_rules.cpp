@@ -41,11 +41,12 @@ QString QuoteSelect(const QString& customer) {
 }
 
 QString QuoteInsert(const QString& customer, const QStringList& cells) {
-    QStringList values{Quoted(customer), Quoted(text::Trim(cells[ZoneColumn]))};
+    QString statement =
+        u"insert into M031 (F0,F1,F2,F3,F4,F5,F6,F7,F8,F9,F10,F11,F12,F13,F14,F15,F16,F17,F18,F19,F20) VALUES ("_s;
+    statement += Quoted(customer) + u',' + Quoted(text::Trim(cells[ZoneColumn]));
     for (int column = FirstPrice; column <= LastPrice; ++column)
-        values += text::GeneralText(text::Val(cells[column]));
-    return u"insert into M031 (F0,F1,F2,F3,F4,F5,F6,F7,F8,F9,F10,F11,F12,F13,F14,F15,F16,F17,F18,F19,F20) "_s +
-           u"VALUES ("_s + values.join(u',') + u')';
+        statement += u',' + text::GeneralText(text::Val(cells[column]));
+    return statement + u')';
 }
 
 QString PercentOf(double coefficient) {

@@ -4,27 +4,11 @@
 #include "platform/text/numbers.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
 namespace dao {
 namespace {
-
-/// General text, quickly for what nearly every number is: few digits, of common size. The shortest text of a
-/// double that has at most 15 digits is its 15-digit text.
-QString NumberText(double value) {
-    char buffer[40];
-    const double size = std::fabs(value);
-    if (size >= 1e-3 && size < 1e15) {
-        const auto [end, error] =
-            std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
-        if (error == std::errc() && end - buffer <= 15)
-            return QString::fromLatin1(buffer, static_cast<qsizetype>(end - buffer));
-    }
-    return text::GeneralText(value);
-}
 
 QString WholeText(std::int64_t value) {
     constexpr std::int64_t kPlain = 1'000'000'000'000'000;  // 15 digits show as they are
@@ -57,7 +41,7 @@ bool Field::IsNull() const {
 
 QString Field::Text() const {
     const Cell& cell = data_->CurrentCell(column_);
-    if (const auto* pending = PendingValue(*data_, column_)) return NumberText(pending->value);
+    if (const auto* pending = PendingValue(*data_, column_)) return text::GeneralText(pending->value);
     switch (cell.Kind()) {
         case CellKind::Null:
             break;
@@ -66,7 +50,7 @@ QString Field::Text() const {
             return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
         }
         case CellKind::Real:
-            return NumberText(data_->RealOf(cell));
+            return text::GeneralText(data_->RealOf(cell));
         case CellKind::Whole:
             return WholeText(data_->WholeOf(cell));
     }

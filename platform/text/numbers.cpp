@@ -8,7 +8,9 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <iterator>
 #include <limits>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -86,6 +88,28 @@ bool IsLarge(const QByteArray& number) {
     return fits ? point - first + exponent > 0 : number[e + 1] != '-';
 }
 
+/// A short text that is a number as a whole, as nearly all are: read without the long way of Val.
+std::optional<double> ShortNumber(QStringView value) {
+    char buffer[32];
+    if (value.isEmpty() || value.size() > std::ssize(buffer) || !IsDigit(value[0])) return std::nullopt;
+    for (qsizetype i = 0; i < value.size(); ++i) buffer[i] = value[i].toLatin1();
+    double number = 0;
+    const auto [end, error] = std::from_chars(buffer, buffer + value.size(), number);
+    if (error != std::errc() || end != buffer + value.size()) return std::nullopt;
+    return number;
+}
+
+/// The general text of what has one of 15 characters at most, as amounts and weights have: the shortest text
+/// that reads back as the same number is then the one of 15 digits.
+std::optional<QString> ShortText(double value) {
+    const double size = std::fabs(value);
+    if (!(size >= 1e-3 && size < 1e15)) return std::nullopt;
+    char buffer[40];
+    const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
+    if (error != std::errc() || end - buffer > 15) return std::nullopt;
+    return QString::fromLatin1(buffer, static_cast<qsizetype>(end - buffer));
+}
+
 template <class Whole>
 Whole RoundTo(double value) {
     const double rounded = std::nearbyint(value);  // the default rounding mode is half to even
@@ -103,6 +127,7 @@ QString Trim(QStringView value) {
 }
 
 double Val(QStringView value) {
+    if (const auto number = ShortNumber(value)) return *number;
     qsizetype i = 0;
     QByteArray number;
     const auto at = [&](qsizetype k) { return k < value.size() ? value[k] : QChar(); };
@@ -140,6 +165,7 @@ double Val(QStringView value) {
 }
 
 QString GeneralText(double value) {
+    if (const auto shown = ShortText(value)) return *shown;
     return General(value, 15);
 }
 
@@ -152,6 +178,14 @@ QString GeneralText(int value) {
 }
 
 QString FormatFixed(double value, int decimals) {
+    if (const auto shown = ShortText(value)) {
+        const qsizetype point = shown->indexOf(u'.');
+        const qsizetype have = point < 0 ? 0 : shown->size() - point - 1;
+        if (have <= decimals) {  // nothing to round
+            const QString pad(decimals - have, u'0');
+            return point < 0 && decimals > 0 ? *shown + u'.' + pad : *shown + pad;
+        }
+    }
     Decimal decimal = ToDecimal(value, 15);
     // Number of digits that stay; the next one decides.
     const int kept = decimal.exponent + 1 + decimals;
