@@ -104,4 +104,19 @@ TEST(Dates, AreReadLeniently) {
     EXPECT_EQ(text::DateTimeText(*text::ReadDateTime(u"2024-3-1 8:00:09"_s)), u"2024-03-01 08:00:09"_s);
 }
 
+/// Amounts and weights take a short way; it must say what the long one says.
+TEST(Numbers, AmountsReadAndWriteTheSameEveryWay) {
+    for (int hundredths = -20'000; hundredths <= 20'000; hundredths += 7) {
+        const double value = hundredths / 100.0;
+        const QString shown = QString::number(value, 'g', 15);
+        ASSERT_EQ(text::GeneralText(value), shown);
+        ASSERT_EQ(text::Val(shown), value) << shown.toStdString();
+        ASSERT_EQ(text::Val(shown + u"kg"_s), value) << shown.toStdString();
+        const int tenths = (std::abs(hundredths) + 5) / 10;
+        const QString sign = hundredths < 0 && tenths != 0 ? u"-"_s : u""_s;
+        ASSERT_EQ(text::FormatFixed(value, 1), sign + u"%1.%2"_s.arg(tenths / 10).arg(tenths % 10))
+            << shown.toStdString();
+    }
+}
+
 }  // namespace
