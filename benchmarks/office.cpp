@@ -61,7 +61,6 @@ Office::Office(MadeCompany& company) {
     MsgTitle = u"提示"_s;
     Registry registry = Wire(AppFolder).registry;
     registry.children[u"B01"_s] = [] { return std::make_unique<OpenForm>(); };
-    registry.children[u"A03"_s] = [] { return std::make_unique<OpenCustomers>(); };
     frame_ = std::make_unique<MForm>(registry);
     SetTheFrame(frame_.get());
     frame_->resize(1366, 768);

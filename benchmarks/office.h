@@ -4,7 +4,6 @@
 
 #include "app/main_window.h"
 #include "benchmarks/made_company.h"
-#include "tariffs/customers.h"
 #include "waybills/waybill_form.h"
 
 #include <memory>
@@ -19,12 +18,6 @@ class OpenForm : public B01 {
     controls::TextBox& Box(waybills::Box box) { return *Txt[box]; }
     controls::ComboBox& Combo(waybills::Box box);
     void Press(const QString& command);
-};
-
-/// The customers' form, its card's door open.
-class OpenCustomers : public A03 {
-  public:
-    using A03::RowToCard;
 };
 
 class Office {
