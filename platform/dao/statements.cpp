@@ -10,10 +10,15 @@ namespace dao {
 namespace {
 
 constexpr std::size_t kMost = 48;
-/// Longer ones are the inserts of whole records, which do not come twice.
-constexpr qsizetype kLongest = 600;
 
 }  // namespace
+
+bool KeptStatements::ComesAgain(std::size_t hash) {
+    if (std::find(seen_.begin(), seen_.end(), hash) != seen_.end()) return true;
+    seen_[nextSeen_] = hash;
+    nextSeen_ = (nextSeen_ + 1) % seen_.size();
+    return false;
+}
 
 std::optional<ReadyStatement> KeptStatements::Take(const QString& text, Wording wording, std::size_t hash) {
     const auto found = std::find_if(kept_.begin(), kept_.end(), [&](const ReadyStatement& each) {
@@ -40,13 +45,14 @@ Prepared::Prepared(Connection& connection, const QString& text, Wording wording,
         statement_ = std::move(*kept);
         return;
     }
+    comesAgain_ = connection_.Kept().ComesAgain(hash);
     statement_ = {text, wording, hash, connection_.Translate(text, wording), nullptr};
 }
 
 Prepared::~Prepared() {
     // A closed connection has finished its statements itself.
     if (!connection_.IsOpen() || !statement_.prepared) return;
-    if (done_ && statement_.text.size() <= kLongest && sqlite3_reset(statement_.prepared) == SQLITE_OK)
+    if (done_ && comesAgain_ && sqlite3_reset(statement_.prepared) == SQLITE_OK)
         connection_.Kept().Keep(std::move(statement_));
     else
         sqlite3_finalize(statement_.prepared);

@@ -9,6 +9,7 @@
 
 #include <QString>
 
+#include <array>
 #include <cstddef>
 #include <list>
 #include <optional>
@@ -32,15 +33,19 @@ struct ReadyStatement {
     sqlite3_stmt* prepared = nullptr;
 };
 
-/// The statements that ran last. They end with their engine.
+/// The statements that came more than once, those that ran last. They end with their engine.
 class KeptStatements {
   public:
+    /// Has a statement of that hash come lately? It counts as come from now on.
+    bool ComesAgain(std::size_t hash);
     /// Takes the statement out, so that nobody else runs it meanwhile; nothing if it is not there.
     std::optional<ReadyStatement> Take(const QString& text, Wording wording, std::size_t hash);
     void Keep(ReadyStatement statement);
     void Clear() { kept_.clear(); }
 
   private:
+    std::array<std::size_t, 128> seen_{};
+    std::size_t nextSeen_ = 0;
     std::list<ReadyStatement> kept_;  ///< the one that was kept last stands in front
 };
 
@@ -56,7 +61,7 @@ class Prepared {
     const dialect::Translation& Translation() const { return statement_.translation; }
     /// Before the first step. Raises DatabaseError.
     void Prepare();
-    /// It ran to its end, so it is worth keeping.
+    /// It ran to its end, so it can be kept.
     void Done() { done_ = true; }
     operator sqlite3_stmt*() const { return statement_.prepared; }
 
@@ -64,6 +69,7 @@ class Prepared {
     Connection& connection_;
     const QString& told_;
     ReadyStatement statement_;
+    bool comesAgain_ = true;
     bool done_ = false;
 };
 
