@@ -29,11 +29,20 @@ std::vector<double> ValuesIn(const char* expanded, const char* text) {
 int Take(unsigned, void* context, void* prepared, void*) {
     auto& caught = *static_cast<Catch*>(context);
     auto* statement = static_cast<sqlite3_stmt*>(prepared);
+    const bool writesRows = sqlite3_bind_parameter_count(statement) > 0;
+    if (writesRows && qstrnicmp(sqlite3_sql(statement), "insert", 6) == 0) {
+        // The values of an insert go beside it; the bare engine gets them in its text.
+        char* whole = sqlite3_expanded_sql(statement);
+        caught.statements.push_back({whole, {}});
+        sqlite3_free(whole);
+        caught.last = nullptr;
+        return 0;
+    }
     const char* text = sqlite3_sql(statement);
     const bool again = caught.last == prepared && caught.statements.back().text == text;
     if (!again) caught.statements.push_back({text, {}});
     caught.last = prepared;
-    if (sqlite3_bind_parameter_count(statement) == 0) return 0;
+    if (!writesRows) return 0;
     char* expanded = sqlite3_expanded_sql(statement);
     caught.statements.back().values.push_back(ValuesIn(expanded, text));
     sqlite3_free(expanded);

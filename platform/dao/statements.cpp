@@ -41,12 +41,26 @@ Prepared::Prepared(Connection& connection, const QString& text, Wording wording,
     : connection_(connection), told_(told) {
     connection_.Engine(told_);
     const std::size_t hash = qHash(text);
-    if (auto kept = connection_.Kept().Take(text, wording, hash)) {
-        statement_ = std::move(*kept);
+    if (TakeKept(text, wording, hash)) return;
+    dialect::Translation translation = connection_.Translate(text, wording);
+    if (translation.values.empty()) {
+        comesAgain_ = connection_.Kept().ComesAgain(hash);
+        statement_ = {text, wording, hash, std::move(translation), nullptr};
         return;
     }
-    comesAgain_ = connection_.Kept().ComesAgain(hash);
-    statement_ = {text, wording, hash, connection_.Translate(text, wording), nullptr};
+    // Without its values an insert comes again where its text as a whole never does.
+    values_ = std::move(translation.values);
+    const QString words = QString::fromStdString(translation.sql);
+    const std::size_t wordsHash = qHash(words);
+    if (TakeKept(words, Wording::Engine, wordsHash)) return;
+    comesAgain_ = connection_.Kept().ComesAgain(wordsHash);
+    statement_ = {words, Wording::Engine, wordsHash, std::move(translation), nullptr};
+}
+
+bool Prepared::TakeKept(const QString& text, Wording wording, std::size_t hash) {
+    auto kept = connection_.Kept().Take(text, wording, hash);
+    if (kept) statement_ = std::move(*kept);
+    return kept.has_value();
 }
 
 Prepared::~Prepared() {
@@ -59,12 +73,31 @@ Prepared::~Prepared() {
 }
 
 void Prepared::Prepare() {
-    if (statement_.prepared) return;
-    sqlite3* const engine = connection_.Engine(told_);
-    const std::string& sql = statement_.translation.sql;
-    const int code = sqlite3_prepare_v2(engine, sql.c_str(), static_cast<int>(sql.size()) + 1,
-                                        &statement_.prepared, nullptr);
-    if (code != SQLITE_OK) connection_.Fail(code, told_);
+    if (!statement_.prepared) {
+        sqlite3* const engine = connection_.Engine(told_);
+        const std::string& sql = statement_.translation.sql;
+        const int code = sqlite3_prepare_v2(engine, sql.c_str(), static_cast<int>(sql.size()) + 1,
+                                            &statement_.prepared, nullptr);
+        if (code != SQLITE_OK) connection_.Fail(code, told_);
+    }
+    BindValues();
+}
+
+void Prepared::BindValues() {
+    sqlite3_stmt* const statement = statement_.prepared;
+    int place = 0;
+    for (const dialect::Value& value : values_) {
+        ++place;
+        int code = SQLITE_OK;
+        if (const auto* text = std::get_if<std::string>(&value))
+            code = sqlite3_bind_text(statement, place, text->data(), static_cast<int>(text->size()),
+                                     SQLITE_TRANSIENT);
+        else if (const auto* real = std::get_if<double>(&value))
+            code = sqlite3_bind_double(statement, place, *real);
+        else
+            code = sqlite3_bind_int64(statement, place, std::get<std::int64_t>(value));
+        if (code != SQLITE_OK) connection_.Fail(code, told_);
+    }
 }
 
 }  // namespace dao

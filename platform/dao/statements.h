@@ -66,9 +66,13 @@ class Prepared {
     operator sqlite3_stmt*() const { return statement_.prepared; }
 
   private:
+    bool TakeKept(const QString& text, Wording wording, std::size_t hash);
+    void BindValues();
+
     Connection& connection_;
     const QString& told_;
     ReadyStatement statement_;
+    std::vector<dialect::Value> values_;
     bool comesAgain_ = true;
     bool done_ = false;
 };

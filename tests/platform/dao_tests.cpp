@@ -315,6 +315,42 @@ TEST(Statements, ThatComeAgainAreAsNew) {
     EXPECT_THROW(db->OpenRecordset(all), DatabaseError);
 }
 
+TEST(Statements, InsertWhateverValuesTheyHold) {
+    const tests::DataFile file(kTables);
+    auto db = Open(file);
+    const struct {
+        QString values, text, number;
+    } rows[] = {
+        {u"'A''s',-2"_s, u"A's"_s, u"-2"_s},
+        {u"\"it's\",.5"_s, u"it's"_s, u"0.5"_s},
+        {u"'',5."_s, u""_s, u"5"_s},
+        {u"'张 ?',1E+3"_s, u"张 ?"_s, u"1000"_s},
+        {u"007,9223372036854775807"_s, u"7"_s, u"9.22337203685478E+18"_s},
+        {u"1.50,99999999999999999999"_s, u"1.5"_s, u"1E+20"_s},
+        {u"null,1+2*3"_s, u""_s, u"7"_s},
+        {u"'12kg', null"_s, u"12kg"_s, u""_s},
+        {u"'00','12'"_s, u"00"_s, u"12"_s},
+    };
+    for (const auto& row : rows) {
+        db->Execute(u"insert into M04 (F1,D0) values ("_s + row.values + u')');
+        auto last = db->OpenRecordset(u"select F1,D0 from M04"_s);
+        EXPECT_EQ(last.Fields(0).Text(), row.text) << row.values.toStdString();
+        EXPECT_EQ(last.Fields(1).Text(), row.number) << row.values.toStdString();
+        db->Execute(u"delete from M04"_s);
+    }
+    for (const QString& wrong :
+         {u"'a','12kg'"_s, u"'a'"_s, u"'a',1,2"_s, u"'a',"_s, u"'a' 1"_s, u"'a',b"_s}) {
+        const QString statement = u"insert into M04 (F1,D0) values ("_s + wrong + u')';
+        try {
+            db->Execute(statement);
+            ADD_FAILURE() << "went through: " << wrong.toStdString();
+        } catch (const DatabaseError& error) {
+            EXPECT_EQ(error.Statement(), statement);
+        }
+    }
+    EXPECT_TRUE(db->OpenRecordset(u"select F1 from M04"_s).Eof());
+}
+
 TEST(Dynaset, WritesRowsBackInTheOrderOfTheJournal) {
     const tests::DataFile file(kTables);
     auto db = Open(file);

@@ -16,7 +16,8 @@ Translation Translate(std::string_view text, const Tables& tables, bool forDynas
     TopToLimit(statement);
     std::string table;
     if (forDynaset) table = AddRowNumber(statement);
-    return {statement.Kind(), statement.Render(), std::move(table)};
+    auto values = TakeValues(statement);
+    return {statement.Kind(), statement.Render(), std::move(table), std::move(values)};
 }
 
 }  // namespace dao::dialect

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/dao/dialect/statement.h"
+#include "platform/dao/dialect/translate.h"
 
 namespace dao::dialect {
 
@@ -25,6 +26,9 @@ void LikeToRange(Statement& statement, const Tables& tables);
 
 /// Dates that are written to a DATE column take the form yyyy-MM-dd[ HH:mm:ss].
 void DatesInWrites(Statement& statement, const Tables& tables);
+
+/// The literals in the values of an insert leave the statement and go beside it.
+std::vector<Value> TakeValues(Statement& statement);
 
 /// Rows come in the order in which they were written, and rows that an order leaves equal too.
 void OrderByRow(Statement& statement);
