@@ -135,11 +135,7 @@ void MeasureOpening(Bench& bench, Office& office, CustomerForm& form) {
                .runsInRound = 10,
                .ours = open,
                .bare = [&] { ReadTexts(office.Bare(), sent); },
-               .makeOursReady = close,
-               .makeBareReady = [&] {  // either side begins with the list come back to the front
-                   open();
-                   close();
-               }});
+               .makeOursReady = close});
     close();
 }
 
