@@ -4,6 +4,7 @@
 #include "app/main_window.h"
 #include "app/session.h"
 #include "platform/controls/keys.h"
+#include "platform/controls/look.h"
 #include "platform/errors.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
@@ -176,18 +177,22 @@ void RecordForm::RowChanged() {
 }
 
 void RecordForm::SelectTab() {
-    if (TabS->SelectedItem() == ListTab) {
-        Frm->hide();
-        GD->show();
+    const bool list = TabS->SelectedItem() == ListTab;
+    TurnPage(list ? *Frm : *GD, list ? static_cast<QWidget&>(*GD) : *Frm);
+    if (list) {
         GD->SetRow(CurRow);
         RowChanged();
         GD->SetFocus();
         GD->SetTopRow(CurRow);
     } else {
-        GD->hide();
-        Frm->show();
         RowToCard();
     }
+}
+
+void RecordForm::TurnPage(QWidget& from, QWidget& to) {
+    const controls::CardAtRest rest(*this);
+    from.hide();
+    to.show();
 }
 
 void RecordForm::ShowCommands(CommandRow::When state) {

@@ -133,6 +133,7 @@ class RecordForm : public ChildForm {
   private:
     void FillGrid(dao::Recordset& rows);
     void SelectTab();
+    void TurnPage(QWidget& from, QWidget& to);
     void HangItems(const CommandRow& menu);
     void ShowCommands(CommandRow::When state);
     void ShowBadge();

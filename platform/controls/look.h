@@ -57,8 +57,8 @@ class Card : public QWidget {
     std::unique_ptr<State> state_;
 };
 
-/// While it lives the card places and paints nothing, however many of its widgets are shown, hidden or
-/// locked; at its end it does both once. Without it each of them would place them all.
+/// While it lives the card (or a whole form) places and paints nothing, however many of its widgets are
+/// shown, hidden or locked; at its end it does both once. Without it each of them would place them all.
 class CardAtRest {
   public:
     explicit CardAtRest(QWidget& card);

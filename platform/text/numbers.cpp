@@ -5,10 +5,11 @@
 #include <QByteArray>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
-#include <iterator>
 #include <limits>
 #include <optional>
 
@@ -88,26 +89,29 @@ bool IsLarge(const QByteArray& number) {
     return fits ? point - first + exponent > 0 : number[e + 1] != '-';
 }
 
-/// A short text that is a number as a whole, as nearly all are: read without the long way of Val.
-std::optional<double> ShortNumber(QStringView value) {
-    char buffer[32];
-    if (value.isEmpty() || value.size() > std::ssize(buffer) || !IsDigit(value[0])) return std::nullopt;
-    for (qsizetype i = 0; i < value.size(); ++i) buffer[i] = value[i].toLatin1();
-    double number = 0;
-    const auto [end, error] = std::from_chars(buffer, buffer + value.size(), number);
-    if (error != std::errc() || end != buffer + value.size()) return std::nullopt;
-    return number;
+constexpr int kQuickDecimals = 4;
+constexpr std::array<std::int64_t, kQuickDecimals + 1> kPowers = {1, 10, 100, 1'000, 10'000};
+
+/// The ten thousandths of a size that consists of them, as nearly every number here does. A text of at most
+/// 15 digits that reads as a number is that number's 15-digit text, so these are its digits.
+std::optional<std::int64_t> TenThousandths(double size) {
+    constexpr double kMost = 1e15;
+    const double scaled = std::nearbyint(size * 1e4);
+    if (!(scaled < kMost) || scaled / 1e4 != size) return std::nullopt;
+    return static_cast<std::int64_t>(scaled);
 }
 
-/// The general text of what has one of 15 characters at most, as amounts and weights have: the shortest text
-/// that reads back as the same number is then the one of 15 digits.
-std::optional<QString> ShortText(double value) {
-    const double size = std::fabs(value);
-    if (!(size >= 1e-3 && size < 1e15)) return std::nullopt;
-    char buffer[40];
-    const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
-    if (error != std::errc() || end - buffer > 15) return std::nullopt;
-    return QString::fromLatin1(buffer, static_cast<qsizetype>(end - buffer));
+/// A whole number of tenths, hundredths and so on as a text with so many digits behind the point.
+QString WithPoint(bool negative, std::int64_t scaled, int decimals) {
+    std::array<char16_t, 24> room;
+    std::size_t at = room.size();
+    const bool minus = negative && scaled != 0;
+    for (int digit = 0; digit <= decimals || scaled > 0; ++digit, scaled /= 10) {
+        if (digit == decimals && decimals > 0) room[--at] = u'.';
+        room[--at] = static_cast<char16_t>(u'0' + scaled % 10);
+    }
+    if (minus) room[--at] = u'-';
+    return QStringView(room.data() + at, static_cast<qsizetype>(room.size() - at)).toString();
 }
 
 template <class Whole>
@@ -127,9 +131,9 @@ QString Trim(QStringView value) {
 }
 
 double Val(QStringView value) {
-    if (const auto number = ShortNumber(value)) return *number;
     qsizetype i = 0;
     QByteArray number;
+    number.reserve(value.size());
     const auto at = [&](qsizetype k) { return k < value.size() ? value[k] : QChar(); };
     const auto digits = [&] {
         while (IsDigit(at(i))) number += value[i++].toLatin1();
@@ -165,7 +169,12 @@ double Val(QStringView value) {
 }
 
 QString GeneralText(double value) {
-    if (const auto shown = ShortText(value)) return *shown;
+    if (const auto quick = TenThousandths(std::fabs(value))) {
+        std::int64_t scaled = *quick;
+        int decimals = kQuickDecimals;
+        for (; decimals > 0 && scaled % 10 == 0; --decimals) scaled /= 10;
+        return WithPoint(value < 0, scaled, decimals);
+    }
     return General(value, 15);
 }
 
@@ -178,13 +187,9 @@ QString GeneralText(int value) {
 }
 
 QString FormatFixed(double value, int decimals) {
-    if (const auto shown = ShortText(value)) {
-        const qsizetype point = shown->indexOf(u'.');
-        const qsizetype have = point < 0 ? 0 : shown->size() - point - 1;
-        if (have <= decimals) {  // nothing to round
-            const QString pad(decimals - have, u'0');
-            return point < 0 && decimals > 0 ? *shown + u'.' + pad : *shown + pad;
-        }
+    if (const auto quick = TenThousandths(std::fabs(value)); quick && decimals < kQuickDecimals) {
+        const std::int64_t unit = kPowers[static_cast<std::size_t>(kQuickDecimals - decimals)];
+        return WithPoint(value < 0, (*quick + unit / 2) / unit, decimals);
     }
     Decimal decimal = ToDecimal(value, 15);
     // Number of digits that stay; the next one decides.

@@ -3,6 +3,8 @@
 #include "platform/text/numbers.h"
 
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -66,6 +68,17 @@ TEST(FormatFixed, RoundsTheDecimalFormHalfAway) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(text::FormatFixed(row.value, row.decimals).toStdString(), row.text);
+}
+
+/// Every thousandth up to 30 yuan, on both sides of nothing, against whole numbers.
+TEST(FormatFixed, AgreesWithWholeNumbersThroughout) {
+    for (int thousandths = -30000; thousandths <= 30000; ++thousandths) {
+        const int cents = (std::abs(thousandths) + 5) / 10;
+        char expected[20];
+        std::snprintf(expected, sizeof expected, "%s%d.%02d", thousandths < 0 && cents > 0 ? "-" : "",
+                      cents / 100, cents % 100);
+        ASSERT_EQ(text::FormatFixed(thousandths / 1000.0, 2).toStdString(), expected);
+    }
 }
 
 TEST(WholeNumbers, RoundHalfToEvenAndRaise) {
