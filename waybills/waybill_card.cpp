@@ -259,6 +259,7 @@ void B01::CombosTakeBoxes() {
 }
 
 void B01::RowToCard() {
+    if (CurRow == 0) CurRow = 1;
     auto row = Db->OpenRecordset(u"select * from B01 where F1='"_s + text::Trim(CurrentCell(0)) + u"'"_s);
     if (row.Eof() && row.Bof()) {
         // The other fees keep what they held; so the card has always done.

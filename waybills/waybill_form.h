@@ -62,6 +62,9 @@ class B01 : public RecordForm {
     void Menu_Add();
     void Menu_edit();
     void Menu_save();
+    void Menu_del();
+    void Menu_Check();
+    static void Menu_JSQ();
     void ProposeOrigin();
 
     // The save (waybill_save.cpp).

@@ -1,4 +1,4 @@
-// The list of waybills and the commands that begin and end an edit.
+// The list of waybills and its commands: adding and editing begin here, releasing and deleting happen here.
 #include "app/data_access.h"
 #include "app/main_window.h"
 #include "app/session.h"
@@ -6,6 +6,10 @@
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
 #include "waybills/waybill_form.h"
+
+#include <QFile>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using namespace waybills;
@@ -30,12 +34,12 @@ B01::B01()
     SetCommands({
         {u"Menu_Add"_s, u"&A.增加"_s, When::Browsing, [this] { Menu_Add(); }},
         {u"Menu_edit"_s, u"&E.修改"_s, When::Browsing, [this] { Menu_edit(); }},
-        {u"Menu_del"_s, u"&D.删除"_s, When::Browsing},
-        {u"Menu_Check"_s, u"&C.出货"_s, When::Browsing},
+        {u"Menu_del"_s, u"&D.删除"_s, When::Browsing, [this] { Menu_del(); }},
+        {u"Menu_Check"_s, u"&C.出货"_s, When::Browsing, [this] { Menu_Check(); }},
         {u"Menu_query"_s, u"&Q.查找"_s, When::Browsing},
         {u"Menu_save"_s, u"&S.保存"_s, When::Editing, [this] { Menu_save(); }},
         {u"Menu_cancel"_s, u"&C.取消"_s, When::Editing, [this] { Menu_cancel(); }},
-        {u"Menu_JSQ"_s, u"&J.计算器"_s, When::Always},
+        {u"Menu_JSQ"_s, u"&J.计算器"_s, When::Always, [] { Menu_JSQ(); }},
         {u"Menu_ToExcel"_s, u"&T.导出数据"_s, When::Browsing},
         {u"Menu_Return"_s, u"&R.返回"_s, When::Always, [this] { Menu_Return(); }},
     });
@@ -122,4 +126,51 @@ void B01::Menu_edit() {
     Txt[Maker]->SetText(OperatorName);
     Txt[Number]->SetLocked(false);
     Txt[Number]->SetFocus();
+}
+
+void B01::Menu_del() {
+    if (RecCount == 0) return;
+    RowToCard();
+    if (ChkChuHuo->Value() == 1 && OperatorCode != u"001") {
+        sys::Inform(u"该速递单已经审核出货,非系统管理员,无权删除!"_s, MsgTitle);
+        return;
+    }
+    const QString number = text::Trim(CurrentCell(NumberColumn));
+    if (!sys::Ask(u"数据删除后将不可恢复！\r真的要删除单号为:"_s + number + u"的单据吗？"_s, u"警告"_s))
+        return;
+    Db->Execute(u"delete from B01 WHERE F1="_s + Quoted(number));
+    // The chains of customer and channel are left as they are: the rows behind keep their balances.
+    Db->Execute(u"DELETE FROM TB1 WHERE F1="_s + Quoted(u"YF"_s + number) + u" OR F1="_s +
+                Quoted(u"YS"_s + number));
+    // Released waybills left the list and not the count.
+    RecCount = std::min(RecCount, GD->Rows() - 1);
+    ForgetCurrentRecord();
+}
+
+void B01::Menu_Check() {
+    const QString number = Quoted(text::Trim(CurrentCell(NumberColumn)));
+    const QString mark = GetStr(u"select F604 from B01 WHERE F1="_s + number);
+    if (mark != NotShipped && mark != NotChecked) {
+        sys::Inform(u"该单已经出货!不能再次进行出货操作"_s, MsgTitle);
+        return;
+    }
+    Db->Execute(u"update B01 set F604="_s + Quoted(OperatorName) + u" where F1="_s + number);
+    // It leaves the list at once, and comes back with the operator's name when the list is next loaded.
+    const bool last = GD->Rows() < 3;
+    RemoveCurrentLine();
+    if (!last) CurRow -= 1;
+    if (TabS->SelectedItem() == CardTab)
+        RowToCard();
+    else
+        RowChanged();
+}
+
+/// The calculator is a program of the operator's own, in the program's folder.
+void B01::Menu_JSQ() {
+    const QString path = AppFolder + u"jisuan.exe"_s;
+    if (!QFile::exists(path))
+        sys::Inform(u"计算器(jisuan.exe)文件丢失！\r请找到jisuan.exe文件，并复制到本系统所在文件夹内！"_s,
+                    MsgTitle);
+    else if (!sys::seams().startProgram(path))
+        sys::Inform(u"计算器(jisuan.exe)无法启动！"_s, MsgTitle);
 }

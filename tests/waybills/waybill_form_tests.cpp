@@ -390,12 +390,6 @@ TEST(B01, TheListShowsNamesAndKeepsItsOddities) {
          u"insert into B01 (F1,F101,F202,F603,F401) VALUES ('W1','2024-01-05','H1','C2',12.5)"_s});
     EXPECT_EQ(form.Lines(),
               (QStringList{u"W1|2024-01-05|||12.5||环洋|恒丰|||"_s, u"W2|2024-02-01|||2||3.00||||"_s}));
-    for (const auto& command :
-         {u"Menu_del"_s, u"Menu_Check"_s, u"Menu_query"_s, u"Menu_JSQ"_s, u"Menu_ToExcel"_s})
-        EXPECT_FALSE(form.Enabled(command)) << command.toStdString();
-    AltKey(u'E');
-    AltKey(u'C');
-    EXPECT_FALSE(form.Enabled(u"Menu_del"_s)) << "leaving the edit does not bring it";
 }
 
 TEST(B01, RightsDecideWhatIsSeenAndEdited) {
