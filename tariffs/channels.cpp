@@ -325,6 +325,8 @@ QString A01::InsertStatement() const {
 }
 
 void A01::Menu_save() {
+    // By its key from within the box: more segments than there are bounds must not be stored.
+    if (Txt[SegmentCount]->Widget()->hasFocus()) LeaveCount();
     if (!RequireFilled(2) || !BoundsFilled() || !MakeRoom()) return;
     Db->Execute(InsertStatement());
     QStringList cells;

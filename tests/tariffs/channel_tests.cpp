@@ -120,6 +120,10 @@ TEST(A01, ANewChannelIsEnteredByKeys) {
 TEST(A01, HiddenBoundsAreStoredAsTheyStand) {
     Channels form;
     AltKey(u'E');
+    form.SetBox(SegmentCount, u"45"_s);
+    form.script.Box(u"请输入第4个计费段数值!"_s, Title);
+    AltKey(u'S');
+    EXPECT_EQ(form.Box(SegmentCount), u"10"_s) << "saved from within, the box is corrected all the same";
     form.Enter(SegmentCount, u"1"_s);
     EXPECT_EQ(form.Bounds().size(), 1);
     AltKey(u'S');
