@@ -5,6 +5,7 @@
 #include "app/about.h"
 #include "app/login.h"
 #include "records/small_master.h"
+#include "tariffs/channel_zones.h"
 #include "tariffs/channels.h"
 #include "tariffs/customers.h"
 #include "tariffs/service_zones.h"
@@ -30,6 +31,7 @@ Registry FilledRegistry() {
     forms.children[u"A02"_s] = Child<A02>();
     forms.children[u"A030"_s] = Child<A030>();
     forms.children[u"A01"_s] = Child<A01>();
+    forms.children[u"A011"_s] = Child<A011>();
     forms.children[u"A03"_s] = Child<A03>();
     forms.children[u"A04"_s] = Child<A04>();
     forms.children[u"A05"_s] = Child<A05>();

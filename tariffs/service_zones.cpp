@@ -58,17 +58,25 @@ const ZoneSettings& Settings() {
         .codeCol = 0,
         .nameCol = 1,
         .captions = DesignedCaptions(),
+        .places = {{Code, 0, 0, 1},
+                   {Name, 1, 0, 3},
+                   {EnglishName, 2, 0, 3},
+                   {Days, 3, 0, 1},
+                   {ChoicePlace, 3, 1, 2},
+                   {Remark, 4, 0, 3}},
         .englishName = EnglishName,
         .days = Days,
-        .remark = Remark,
         .unused = Unused,
         .firstPrice = FirstPrice,
         .lastPrice = LastPrice,
         .priceGroup = u"报价(元)"_s,
         .negativePrice = u"价格不能为负值！"_s,
-        .selectionCaption = u"范围"_s,
-        .selectionLabel = u"Labfw"_s,
-        .selectionCombo = u"cmbFw"_s,
+        .priceNote = {},
+        .choiceCombo = u"cmbFw"_s,
+        .choiceBox = NoBox,
+        .choiceLabel = u"Labfw"_s,
+        .choiceCaption = u"范围"_s,
+        .inputSwitches = {},
         .cascades = {u"delete from M031 where F1='"_s, u"delete from B01 where F203='"_s},
     };
     return settings;
@@ -77,8 +85,8 @@ const ZoneSettings& Settings() {
 }  // namespace
 
 A02::A02() : ZoneForm(Settings()) {
-    for (const QString& range : {u"国内"_s, u"国外"_s}) selection_->AddItem(range);
-    selection_->lineEdit()->setReadOnly(true);  // these two and no other
+    for (const QString& range : {u"国内"_s, u"国外"_s}) choice_->AddItem(range);
+    choice_->lineEdit()->setReadOnly(true);  // these two and no other
     GD->SetColAlignment(Days, Qt::AlignRight);
 }
 
@@ -109,7 +117,7 @@ void A02::RowToCard() {
         Txt[static_cast<std::size_t>(box)]->SetText(price);
     }
     const QString range = GetStr(u"select F3 from M02 where F1="_s + Quoted(CurrentCell(Code)));
-    selection_->SetListIndex(range == u"国内" ? 0 : 1);
+    choice_->SetListIndex(range == u"国内" ? 0 : 1);
     FillAreas();
 }
 
@@ -117,7 +125,7 @@ QString A02::InsertStatement() const {
     QStringList values{Quoted(TrimmedBox(Code)), Quoted(TrimmedBox(Name)), Quoted(TrimmedBox(EnglishName)),
                        NumberBox(Days), Quoted(TrimmedBox(Remark))};
     for (int box = FirstPrice; box <= LastPrice; ++box) values += NumberBox(box);
-    values += Quoted(selection_->Text());
+    values += Quoted(choice_->Text());
     return u"insert into M02 (F1,F2,F4,F6,F8,P101,P102,P201,P202,P301,P302,P303,P304,P305,P306,P307,P308,"_s +
            u"P309,P310,P311,P312,P313,P314,P315,F3) VALUES ("_s + values.join(u',') + u")"_s;
 }

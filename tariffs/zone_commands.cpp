@@ -99,7 +99,7 @@ bool ZoneForm::IsUsed(const QString& /*code*/) const {
 }
 
 void ZoneForm::Menu_del() {
-    if (text::Trim(GD->TextMatrix(1, 0)).isEmpty()) return;
+    if (text::Trim(GD->TextMatrix(1, zone_.codeCol)).isEmpty()) return;
     const QString code = text::Trim(CurrentCell(zone_.codeCol));
     const QString name = CurrentCell(zone_.nameCol);
     const Consent consent =
@@ -129,8 +129,9 @@ bool ZoneForm::RequirePrices() const {
     return true;
 }
 
+/// The refusals in their order.
 bool ZoneForm::TestCard() {
-    return RequireFilled(RequiredBoxes) && RequireAreas() && RequirePrices();
+    return RequireFilled(RequiredBoxes) && RequireChoice() && RequireAreas() && RequirePrices();
 }
 
 /// False, with a message, when another zone has the code; takes the old zone away in an edit.

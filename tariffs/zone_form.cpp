@@ -4,9 +4,12 @@
 #include "app/data_access.h"
 #include "app/session.h"
 #include "platform/controls/keys.h"
+#include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using controls::Card;
@@ -23,18 +26,21 @@ constexpr int NoLimit = 32767;
 /// prices of the zone seen before from the sixth segment on. In browsing nobody gets into them.
 constexpr int LastHandled = 17;
 
-// Places on the card: rows of the left half.
-enum Row { CodeRow, NameRow, EnglishRow, DaysRow, RemarkRow, MapRow };
+/// Proposed as the first place's English name. In the selling zones these are the days of delivery: so it has
+/// always been.
+constexpr int ProposedEnglish = 3;
+
 constexpr int MapRows = 6;
-constexpr int AllRows = MapRow + MapRows;
 constexpr QSize EastSize(224, 160);
 constexpr QSize WestSize(229, 182);
 
-constexpr int PriceCols = 5;  // pairs of caption and box in a row of prices
+constexpr int PriceCols = 5;   // prices in a row
+constexpr int PriceParts = 3;  // caption, box, and what stands beside it
 constexpr int PlainPrices = 4;
 constexpr int PriceCaption = 104;  // with the gap to its box
 constexpr int ColumnGap = 14;
 constexpr int PriceBox = 56;
+constexpr int BesideWidth = 24;
 constexpr int BoxHeight = 24;
 constexpr int RowGap = 8;
 
@@ -46,8 +52,7 @@ ZoneForm::ZoneForm(const ZoneSettings& settings)
                   .listTab = settings.listTab,
                   .cardTab = settings.cardTab,
                   .tabStripDisabled = true}),
-      selection_(new controls::ComboBox(Frm)),
-      selectionLabel_(controls::MakeCaption(settings.selectionCaption, selection_, Frm)),
+      choice_(new controls::ComboBox(Frm)),
       zone_(settings) {
     SetCommands({
         {u"Menu_Add"_s, u"&A.增加"_s, When::Browsing, [this] { Menu_Add(); }},
@@ -61,6 +66,7 @@ ZoneForm::ZoneForm(const ZoneSettings& settings)
         {u"Menu_Return"_s, u"&R.返回"_s, When::Always, [this] { Menu_Return(); }},
     });
     MakeBoxes();
+    MakeChoice();
     MakeAreas();
     BuildCard();
     WireCard();
@@ -79,15 +85,27 @@ void ZoneForm::MakeBoxes() {
     for (const QString& caption : zone_.captions) MakeBox(caption, Txt.empty() ? CodeLimit : NoLimit);
     for (int box = LastHandled + 1; box <= zone_.lastPrice; ++box)
         Txt[static_cast<std::size_t>(box)]->SetLocked(false);
-    Txt[static_cast<std::size_t>(zone_.unused)]->Widget()->hide();
-    Lab[static_cast<std::size_t>(zone_.unused)]->hide();
+    if (zone_.unused != NoBox) {
+        Txt[static_cast<std::size_t>(zone_.unused)]->Widget()->hide();
+        Lab[static_cast<std::size_t>(zone_.unused)]->hide();
+    }
     for (int box = 0; box <= zone_.lastPrice; ++box)
         if (box == zone_.days || box >= zone_.firstPrice)
             static_cast<controls::LineBox*>(Txt[static_cast<std::size_t>(box)]->Widget())
                 ->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    selection_->setObjectName(zone_.selectionCombo);
-    selectionLabel_->setObjectName(zone_.selectionLabel);
-    WireBox(*selection_);
+}
+
+void ZoneForm::MakeChoice() {
+    choice_->setObjectName(zone_.choiceCombo);
+    WireBox(*choice_);
+    if (zone_.choiceBox != NoBox) {
+        choiceLabel_ = Lab[static_cast<std::size_t>(zone_.choiceBox)];
+        choiceLabel_->setBuddy(choice_);
+        choice_->setAccessibleName(choiceLabel_->text());
+        return;
+    }
+    choiceLabel_ = controls::MakeCaption(zone_.choiceCaption, choice_, Frm);
+    choiceLabel_->setObjectName(zone_.choiceLabel);
 }
 
 void ZoneForm::MakeAreas() {
@@ -110,27 +128,29 @@ void ZoneForm::MakeAreas() {
 }
 
 void ZoneForm::BuildCard() {
-    auto* card = new Card;
+    card_ = new Card;
     auto* column = new QVBoxLayout(Frm);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(card);
-    const auto place = [&](int row, int box, int span) {
-        const auto i = static_cast<std::size_t>(box);
-        card->Field(Card::Half::Left, row, 0, span, Lab[i], Txt[i]->Widget());
-    };
-    card->Group(u"区域"_s, u"包含地区"_s);
-    place(CodeRow, Code, 1);
-    place(NameRow, Name, 3);
-    place(EnglishRow, zone_.englishName, 3);
-    place(DaysRow, zone_.days, 1);
-    card->Field(Card::Half::Left, DaysRow, 1, 2, selectionLabel_, selection_);
-    place(RemarkRow, zone_.remark, 3);
-    card->TallField(Card::Half::Left, MapRow, MapRows, 0, 3, nullptr, MapPanel());
-    card->TallField(Card::Half::Right, 0, AllRows, 0, 3, nullptr, AreaPanel());
-    card->Group(zone_.priceGroup);
-    card->Panel(0, 1 + (zone_.lastPrice - zone_.firstPrice - PlainPrices) / PriceCols + 1, PricePanel());
-    card->Finish();
+    column->addWidget(card_);
+    card_->Group(u"区域"_s, u"包含地区"_s);
+    PlaceZone();
+    const int mapRow = zone_.places.back().row + 1;
+    card_->TallField(Card::Half::Left, mapRow, MapRows, 0, 3, nullptr, MapPanel());
+    card_->TallField(Card::Half::Right, 0, mapRow + MapRows, 0, 3, nullptr, AreaPanel());
+    card_->Group(zone_.priceGroup);
+    card_->Panel(0, PriceRows(), PricePanel());
+    card_->Finish();
     SetTabOrder(Stops());
+}
+
+void ZoneForm::PlaceZone() {
+    for (const auto& [box, row, pair, span] : zone_.places) {
+        const int shown = box == ChoicePlace ? zone_.choiceBox : box;
+        QLabel* caption = box == ChoicePlace ? choiceLabel_ : Lab[static_cast<std::size_t>(box)];
+        QWidget* field = shown == NoBox ? choice_ : Txt[static_cast<std::size_t>(shown)]->Widget();
+        card_->Field(Card::Half::Left, row, pair, span, caption, field);
+        if (box == ChoicePlace && shown != NoBox) card_->Over(field, choice_);
+    }
 }
 
 QWidget* ZoneForm::MapPanel() {
@@ -177,11 +197,16 @@ QWidget* ZoneForm::AreaPanel() {
     return FrmDq;
 }
 
+int ZoneForm::PriceRows() const {
+    const int heavy = zone_.lastPrice - zone_.firstPrice + 1 - PlainPrices;
+    return 1 + (heavy + PriceCols - 1) / PriceCols + (zone_.priceNote.isEmpty() ? 0 : 1);
+}
+
 /// Documents and small parcels in the first row, the heavy segments below.
 QWidget* ZoneForm::PricePanel() {
     auto* FrmPrice = new QWidget;
     FrmPrice->setObjectName(u"FrmPrice"_s);
-    auto* grid = new QGridLayout(FrmPrice);
+    auto* grid = prices_ = new QGridLayout(FrmPrice);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(0);
     grid->setVerticalSpacing(RowGap);
@@ -190,7 +215,7 @@ QWidget* ZoneForm::PricePanel() {
         const int nth = box - zone_.firstPrice;
         const int heavy = nth - PlainPrices;
         const int row = heavy < 0 ? 0 : 1 + heavy / PriceCols;
-        const int col = 2 * (heavy < 0 ? nth : heavy % PriceCols);
+        const int col = PriceParts * (heavy < 0 ? nth : heavy % PriceCols);
         Lab[i]->setFixedHeight(BoxHeight);
         QWidget* price = Txt[i]->Widget();
         price->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
@@ -199,18 +224,37 @@ QWidget* ZoneForm::PricePanel() {
         grid->addWidget(price, row, col + 1);
     }
     for (int pair = 0; pair < PriceCols; ++pair) {
-        grid->setColumnMinimumWidth(2 * pair, PriceCaption + (pair > 0 ? ColumnGap : 0));
-        grid->setColumnStretch(2 * pair + 1, 1);
+        grid->setColumnMinimumWidth(PriceParts * pair, PriceCaption + (pair > 0 ? ColumnGap : 0));
+        grid->setColumnStretch(PriceParts * pair + 1, 1);
+    }
+    if (!zone_.priceNote.isEmpty()) {
+        auto* Label1 = controls::MakeCaption(zone_.priceNote, nullptr, FrmPrice);
+        Label1->setObjectName(u"Label1"_s);
+        Label1->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        grid->addWidget(Label1, PriceRows() - 1, 1, 1, PriceParts * PriceCols - 1);
     }
     return FrmPrice;
 }
 
+void ZoneForm::PutBeside(int price, QWidget* part) {
+    QWidget* box = Txt[static_cast<std::size_t>(price)]->Widget();
+    int row = 0, col = 0, rows = 0, cols = 0;
+    prices_->getItemPosition(prices_->indexOf(box), &row, &col, &rows, &cols);
+    prices_->addWidget(part, row, col + 1, Qt::AlignRight | Qt::AlignVCenter);
+    prices_->setColumnMinimumWidth(col + 1, BesideWidth);
+    QWidget::setTabOrder(box, part);
+}
+
 std::vector<QWidget*> ZoneForm::Stops() const {
     const auto box = [this](int i) { return Txt[static_cast<std::size_t>(i)]->Widget(); };
-    std::vector<QWidget*> stops{box(Code),       box(Name),        box(zone_.englishName),
-                                box(zone_.days), selection_,       box(zone_.remark),
-                                box(AreaName),   box(AreaEnglish), box(AreaRemark),
-                                Cmd[0],          Cmd[1],           GDdq};
+    std::vector<QWidget*> stops;
+    for (const ZonePlace& place : zone_.places) {
+        const int shown = place.box == ChoicePlace ? zone_.choiceBox : place.box;
+        if (shown != NoBox) stops.push_back(box(shown));
+        if (place.box == ChoicePlace) stops.push_back(choice_);
+    }
+    for (QWidget* stop : {box(AreaName), box(AreaEnglish), box(AreaRemark)}) stops.push_back(stop);
+    stops.insert(stops.end(), {Cmd[0], Cmd[1], GDdq});
     for (int i = zone_.firstPrice; i <= zone_.lastPrice; ++i) stops.push_back(box(i));
     return stops;
 }
@@ -234,8 +278,9 @@ void ZoneForm::WireCard() {
 }
 
 void ZoneForm::ShowForEdit(bool shown) {
-    for (QWidget* part : {static_cast<QWidget*>(selectionLabel_), static_cast<QWidget*>(selection_), FrmEddq})
-        part->setVisible(shown);
+    if (zone_.choiceBox == NoBox) choiceLabel_->setVisible(shown);
+    choice_->setVisible(shown);
+    FrmEddq->setVisible(shown);
 }
 
 /// The prices that are never locked look as the others do.
@@ -246,7 +291,7 @@ void ZoneForm::LookLocked(bool locked) {
 }
 
 void ZoneForm::OpenCard() {
-    const controls::CardAtRest rest(*Txt[Code]->Widget()->parentWidget());
+    const controls::CardAtRest rest(*card_);
     for (int box = Name; box <= LastHandled; ++box) {
         if (box == zone_.unused) continue;
         auto& text = *Txt[static_cast<std::size_t>(box)];
@@ -258,7 +303,7 @@ void ZoneForm::OpenCard() {
 }
 
 void ZoneForm::CloseCard() {
-    const controls::CardAtRest rest(*Txt[Code]->Widget()->parentWidget());
+    const controls::CardAtRest rest(*card_);
     for (int box = Code; box <= LastHandled; ++box) Txt[static_cast<std::size_t>(box)]->SetLocked(true);
     ShowForEdit(false);
     LookLocked(true);
@@ -280,12 +325,11 @@ void ZoneForm::ProposeFor(int box) {
         Txt[static_cast<std::size_t>(box)]->SetText(u"Zone "_s + code);
     if (box == AreaName && GDdq->Rows() == 2 && BoxText(AreaEnglish).isEmpty()) {
         Txt[AreaName]->SetText(BoxText(Name));
-        // The days of delivery, not the English name: so the first place has always been proposed.
-        Txt[AreaEnglish]->SetText(BoxText(zone_.days));
+        Txt[AreaEnglish]->SetText(BoxText(ProposedEnglish));
     }
 }
 
-void ZoneForm::KeyInBox(int box, controls::KeyPress& key) {
+void ZoneForm::KeyInBox(int box, controls::KeyPress& key) const {
     const bool enter = key.key == Qt::Key_Return || key.key == Qt::Key_Enter;
     if (box == AreaRemark && enter) {
         // A second Enter adds the place.
@@ -294,6 +338,9 @@ void ZoneForm::KeyInBox(int box, controls::KeyPress& key) {
         return;
     }
     if (box == Code) key.text = key.text.toUpper();
+    const auto& switches = zone_.inputSwitches;
+    if (enter && std::find(switches.begin(), switches.end(), box) != switches.end())
+        sys::seams().switchInputMethod();
     controls::EnterMovesOn(key);
 }
 

@@ -13,24 +13,39 @@
 #include <array>
 #include <vector>
 
+/// Where a box of the zone itself stands in the left half of the card.
+struct ZonePlace {
+    int box;              ///< or ChoicePlace
+    int row, pair, span;  ///< as in controls::Card
+};
+/// What is chosen of a list, with its caption.
+constexpr int ChoicePlace = -1;
+constexpr int NoBox = -1;
+
 /// What a zone form says and does differently. Boxes are indexes of Txt, columns those of GD.
 struct ZoneSettings {
     QString form;  ///< "A02"
     QString caption, listTab, cardTab;
-    QString table, areaTable;                ///< "M02", "M021"
-    QStringList headers;                     ///< one for each column
-    int shownCols;                           ///< the columns behind are out of sight
-    int loadedCols;                          ///< the columns that a load fills
-    int codeCol, nameCol;                    ///< of the list
-    std::vector<QString> captions;           ///< of all boxes, as designed
-    int englishName, days, remark;           ///< boxes; Txt(0) is the code, Txt(1) the name
-    int unused;                              ///< the box that fills the index and is never shown
-    int firstPrice, lastPrice;               ///< boxes
-    QString priceGroup;                      ///< "报价(元)"
-    QString negativePrice;                   ///< the refusal
-    QString selectionCaption;                ///< what is chosen beside the days: "范围"
-    QString selectionLabel, selectionCombo;  ///< control names
-    QStringList cascades;                    ///< would take along what uses a zone, up to the apostrophe
+    QString table, areaTable;       ///< "M02", "M021"
+    QStringList headers;            ///< one for each column
+    int shownCols;                  ///< the columns behind are out of sight
+    int loadedCols;                 ///< the columns that a load fills
+    int codeCol, nameCol;           ///< of the list
+    std::vector<QString> captions;  ///< of all boxes, as designed
+    std::vector<ZonePlace> places;  ///< in the order of Tab
+    int englishName, days;          ///< boxes; Txt(0) is the code, Txt(1) the name
+    int unused;                     ///< fills the index, is never shown nor handled; or NoBox
+    int firstPrice, lastPrice;      ///< boxes
+    QString priceGroup;             ///< "报价(元)"
+    QString negativePrice;          ///< the refusal
+    QString priceNote;              ///< Label1 below the prices; may be empty
+    QString choiceCombo;            ///< control name
+    /// Shows in browsing what was chosen, and its caption is the choice's. NoBox: the choice is seen in an
+    /// edit only, and its caption is a label of its own.
+    int choiceBox;
+    QString choiceLabel, choiceCaption;  ///< that label's name and text
+    std::vector<int> inputSwitches;      ///< boxes that Enter leaves with Ctrl+Space
+    QStringList cascades;                ///< would take along what uses a zone, up to the apostrophe
 };
 
 class ZoneForm : public RecordForm {
@@ -42,8 +57,9 @@ class ZoneForm : public RecordForm {
     virtual QString InsertStatement() const = 0;
     /// The saved zone as a line of the list.
     virtual QStringList SavedLine() const = 0;
-    /// The refusals before a save, in their order; false after a message.
-    virtual bool TestCard();
+    /// What a save asks of the choice, between the names and the places; false after a message.
+    virtual bool RequireChoice() { return true; }
+    virtual void Menu_Add();
 
     QStringList Headers() const override { return zone_.headers; }
     QString StatusText() const override;
@@ -51,23 +67,27 @@ class ZoneForm : public RecordForm {
     void OpenCard() override;
     void CloseCard() override;
 
-    bool RequireAreas() const;
-    bool RequirePrices() const;
+    void ClearAreas();
     /// Reads the places of the zone in Txt(0).
     void FillAreas();
+    /// A control right of a price, behind it for Tab.
+    void PutBeside(int price, QWidget* part);
+    controls::Card& TheCard() const { return *card_; }
 
     QString BoxText(int box) const { return Txt[static_cast<std::size_t>(box)]->Text(); }
     QString TrimmedBox(int box) const;
     /// The box's number in general form, for a statement.
     QString NumberBox(int box) const;
 
-    controls::ComboBox* selection_;
-    QLabel* selectionLabel_;
+    controls::ComboBox* choice_;
 
   private:
     void MakeBoxes();
+    void MakeChoice();
     void MakeAreas();
     void BuildCard();
+    void PlaceZone();
+    int PriceRows() const;
     QWidget* AreaPanel();
     QWidget* PricePanel();
     QWidget* MapPanel();
@@ -78,27 +98,31 @@ class ZoneForm : public RecordForm {
 
     void EnterBox(int box);
     void ProposeFor(int box);
-    void KeyInBox(int box, controls::KeyPress& key);
+    void KeyInBox(int box, controls::KeyPress& key) const;
     void DropTrailingBlanks();
     void SwapPictures();
 
     // The list of places.
-    void ClearAreas();
     int FindArea() const;
     void AddArea();
     void DeleteArea();
     void AreaToBoxes();
 
     // The commands.
-    void Menu_Add();
     void Menu_edit();
     void Menu_del();
     void Menu_save();
+    bool TestCard();
+    bool RequireAreas() const;
+    bool RequirePrices() const;
     bool IsUsed(const QString& code) const;
     bool MakeRoom();
     void StoreAreas();
 
     const ZoneSettings& zone_;
+    controls::Card* card_ = nullptr;
+    QLabel* choiceLabel_ = nullptr;
+    QGridLayout* prices_ = nullptr;
     controls::FlexGrid* GDdq = nullptr;
     QWidget* FrmEddq = nullptr;
     std::array<controls::Button*, 2> Cmd{};  ///< add, delete a place

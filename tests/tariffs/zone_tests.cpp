@@ -1,7 +1,7 @@
 // The selling zones' form, driven by keys: the card, its places, its prices, saving, deleting, refusing.
 #include "tariffs/map_picture.h"
 #include "tariffs/service_zones.h"
-#include "tests/support/program.h"
+#include "tests/tariffs/zone_program.h"
 
 #include <QTest>
 
@@ -34,46 +34,13 @@ QStringList TwoZones() {
             u"insert into B01 (F1,F203) VALUES ('W1','Z1')"_s};
 }
 
-class Zones : public tests::Program {
+class Zones : public tests::ZoneProgram {
   public:
     explicit Zones(const QStringList& masters = TwoZones(), const QString& operatorCode = u"001"_s)
-        : Program(masters, operatorCode) {
+        : ZoneProgram(masters, operatorCode) {
         Open(u"A3"_s, u"A02"_s);
     }
-    void ShowCard(int row = 1) {
-        auto& tabs = At<controls::TabStrip>(u"TabS"_s);
-        tabs.SelectItem(1);
-        Grid().SetRow(row);
-        tabs.SelectItem(2);
-        tests::Settle();
-    }
-    QString Caption(int box) { return At<QLabel>(u"Lab(%1)"_s.arg(box)).text(); }
-    QString Boxes(int first, int last) {
-        QStringList texts;
-        for (int i = first; i <= last; ++i) texts += Box(i);
-        return texts.join(u'|');
-    }
-    controls::FlexGrid& Areas() { return At<controls::FlexGrid>(u"GDdq"_s); }
-    QStringList AreaLines() {
-        QStringList lines;
-        for (int row = 1; row < Areas().Rows(); ++row) {
-            QStringList cells;
-            for (int col = 0; col < Areas().Cols(); ++col) cells += Areas().TextMatrix(row, col);
-            lines += cells.join(u'|');
-        }
-        return lines;
-    }
     QString Range() { return At<controls::ComboBox>(u"cmbFw"_s).Text(); }
-    bool Shown(const QString& control) { return At<QWidget>(control).isVisible(); }
-    void Push(const QString& button) {
-        At<controls::Button>(button).SetFocus();
-        tests::Settle();
-        Press(Qt::Key_Return);
-    }
-    void AddPlace(const QString& name) {
-        SetBox(6, name);
-        Push(u"Cmd(0)"_s);
-    }
     QStringList Zone(const QString& code, const QString& fields) {
         return Rows(u"select "_s + fields + u" from M02 where F1='"_s + code + u'\'');
     }

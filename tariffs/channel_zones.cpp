@@ -1,0 +1,285 @@
+#include "tariffs/channel_zones.h"
+
+#include "app/data_access.h"
+#include "app/session.h"
+#include "platform/system/seams.h"
+#include "platform/text/numbers.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum Box {
+    Code,
+    Name,
+    ChannelName,
+    EnglishName,
+    Days,
+    Remark,
+    AreaEnglish = 7,
+    FirstPrice = 9,
+    LastPlainPrice = 12,
+    FirstHeavy = 13,
+    LastPrice = 22
+};
+
+enum Column { ChannelNameCol, CodeCol, NameCol, DaysCol, RemarkCol, ChannelCol, EnglishCol, FirstPriceCol };
+constexpr int SegmentsCol = 21;
+constexpr int Columns = 22;
+
+// Fields of a channel's row.
+constexpr int FirstWeightField = 3;  // D0, D1, S0, S1
+constexpr int FirstBoundField = 8;   // J0 to J9
+constexpr int CaptionHead = 4;       // "文件首 ", "小包裹首"
+
+const QString PriceFields = u"P101,P102,P201,P202,P300,P301,P302,P303,P304,P305,P306,P307,P308,P309"_s;
+const QString TickFields = u"A30,A31,A32,A33,A34,A35,A36,A37,A38,A39"_s;
+const QString ListStatement =
+    u"select M01.F2 AS LB,M011.F1,M011.F2,M011.F6,M011.F8,M01.F1,M011.F4,M011.P101,M011.P102,M011.P201,"_s +
+    u"M011.P202,M011.P300,M011.P301,M011.P302,M011.P303,M011.P304,M011.P305,M011.P306,M011.P307,M011.P308,"_s +
+    u"M011.P309,M011.P3 from M011,M01 WHERE M011.F3=M01.F1 order by M011.F1"_s;
+
+/// Until a channel's captions replace it.
+QString SegmentNumber(int box) {
+    return QString::number(box - LastPlainPrice);
+}
+
+/// The head of the first four prices stays when a channel is read: two of them have a blank in it.
+std::vector<QString> DesignedCaptions() {
+    std::vector<QString> captions{
+        u"区域编号"_s,     u"区域概称(中文)"_s, u"所属出货渠道"_s, u"区域概称(英文)"_s, u"送达工作日"_s,
+        u"备注信息"_s,     u"中文名称"_s,       u"英文名称"_s,     u"备注信息"_s,       u"文件首 0.5Kg"_s,
+        u"文件续 0.5Kg"_s, u"小包裹首0.5Kg"_s,  u"小包裹续0.5Kg"_s};
+    for (int box = FirstHeavy; box <= LastPrice; ++box) captions.push_back(SegmentNumber(box));
+    return captions;
+}
+
+const ZoneSettings& Settings() {
+    static const ZoneSettings settings = {
+        .form = u"A011"_s,
+        .caption = u"出货渠道区域成本"_s,
+        .listTab = u"渠道区域列表"_s,
+        .cardTab = u"渠道区域资料与成本"_s,
+        .table = u"M011"_s,
+        .areaTable = u"M0111"_s,
+        .headers = QStringList{u"所属渠道"_s, u"区域编号"_s, u"区域概称(中文)"_s, u"送达时日"_s, u"备注"_s,
+                               u"所属渠道编号"_s, u"区域概称(英文)"_s} +
+                   QStringList(Columns - FirstPriceCol),
+        .shownCols = 5,
+        .loadedCols = Columns,
+        .codeCol = CodeCol,
+        .nameCol = NameCol,
+        .captions = DesignedCaptions(),
+        .places = {{ChoicePlace, 0, 0, 3},
+                   {Code, 1, 0, 1},
+                   {Name, 2, 0, 3},
+                   {EnglishName, 3, 0, 3},
+                   {Days, 4, 0, 1},
+                   {Remark, 5, 0, 3}},
+        .englishName = EnglishName,
+        .days = Days,
+        .unused = NoBox,
+        .firstPrice = FirstPrice,
+        .lastPrice = LastPrice,
+        .priceGroup = u"出货成本(元)"_s,
+        .negativePrice = u"出货成本不能为负值！"_s,
+        .priceNote = u"注:出货成本分段价格右侧复选框如果被勾选,表示该重量段计价按首重价格+续重价格方式计算"_s,
+        .choiceCombo = u"CmbLB"_s,
+        .choiceBox = ChannelName,
+        .choiceLabel = {},
+        .choiceCaption = {},
+        .inputSwitches = {EnglishName, AreaEnglish},
+        .cascades = {u"delete from M031 where F1='"_s, u"delete from B01 where F203='"_s},
+    };
+    return settings;
+}
+
+QString ChannelCode(const QString& chosen) {
+    const qsizetype point = chosen.indexOf(u'.');
+    return point < 0 ? text::Trim(chosen) : chosen.left(point);
+}
+
+QString ChannelQuestion(const QString& fields, const QString& code) {
+    return u"select "_s + fields + u" from M01 where F1="_s + Quoted(code);
+}
+
+}  // namespace
+
+A011::A011() : ZoneForm(Settings()), TxtD(new controls::LineBox(Frm)) {
+    TxtD->setObjectName(u"TxtD"_s);
+    TxtD->hide();
+    MakeTicks();
+    choice_->Click = [this] { ChooseChannel(); };
+    choice_->LostFocus = [this] { ProposeCode(); };
+    GD->SetColAlignment(DaysCol, Qt::AlignRight);
+}
+
+void A011::MakeTicks() {
+    for (int box = FirstHeavy; box <= LastPrice; ++box) {
+        auto* tick = ticks_[static_cast<std::size_t>(box - FirstHeavy)] = new controls::CheckBox({}, Frm);
+        tick->setObjectName(u"Chk(%1)"_s.arg(box));
+        WireBox(*tick);
+        tick->Click = [this, tick] {
+            if (FormMode < Adding) tick->SetValue(1 - tick->Value());  // only looked at
+        };
+        PutBeside(box, tick);
+        CaptionPrice(box, SegmentNumber(box));
+    }
+}
+
+controls::CheckBox& A011::Chk(int box) const {
+    return *ticks_.at(static_cast<std::size_t>(box - FirstHeavy));
+}
+
+void A011::Load() {
+    FormMode = Browsing;
+    FillChannels();
+    LoadGridOrTell(ListStatement);
+}
+
+void A011::FillChannels() {
+    auto rows = Db->OpenRecordset(u"select * from M01 order by F1"_s);
+    for (; !rows.Eof(); rows.MoveNext())
+        choice_->AddItem(text::Trim(rows.Fields(0).Text()) + u'.' + text::Trim(rows.Fields(1).Text()));
+    rows.Close();
+}
+
+// ------------------------------------------------------------------------------------------ the prices
+
+void A011::CaptionPrice(int box, const QString& caption) {
+    Lab[static_cast<std::size_t>(box)]->setText(caption);
+    Txt[static_cast<std::size_t>(box)]->Widget()->setAccessibleName(caption);
+    if (box >= FirstHeavy) Chk(box).setAccessibleName(caption + u" 按首重价格+续重价格计算"_s);
+}
+
+void A011::ShowPrice(int box, bool shown) {
+    Lab[static_cast<std::size_t>(box)]->setVisible(shown);
+    Txt[static_cast<std::size_t>(box)]->Widget()->setVisible(shown);
+    if (box >= FirstHeavy) Chk(box).setVisible(shown);
+}
+
+/// The event of the combo: an item was chosen. A text that was typed redraws nothing.
+void A011::ChooseChannel() {
+    if (FormMode < Adding) return;
+    const QString code = ChannelCode(choice_->Text());
+    const int segments = text::ToInteger16(GetVal(ChannelQuestion(u"JFD"_s, code)));
+    const controls::CardAtRest rest(TheCard());
+    if (segments > 0) BuildChannelCaptions(code);
+    // From the parcels' continuation on, also where the channel has no weight for it.
+    const int lastShown = LastPlainPrice + std::clamp(segments, 0, LastPrice - LastPlainPrice);
+    for (int box = LastPlainPrice; box <= LastPrice; ++box) ShowPrice(box, box <= lastShown);
+    TxtD->SetText(text::GeneralText(segments));
+}
+
+void A011::ProposeCode() {
+    if (FormMode >= Adding && BoxText(Code).isEmpty()) Txt[Code]->SetText(choice_->Text().left(1));
+}
+
+void A011::BuildChannelCaptions(const QString& code) {
+    auto row = Db->OpenRecordset(ChannelQuestion(u"*"_s, code));
+    if (row.Eof() && row.Bof()) return row.Close();
+    for (int box = FirstPrice; box <= LastPlainPrice; ++box) {
+        const double weight = row.Fields(box - FirstPrice + FirstWeightField).Number();
+        ShowPrice(box, weight > 0);
+        if (weight > 0) {
+            const QString head = Lab[static_cast<std::size_t>(box)]->text().left(CaptionHead);
+            CaptionPrice(box, head + text::FormatFixed(weight, 1) + u"Kg"_s);
+        }
+    }
+    // Each bound ends the segment before it; a hole among them opens that one's top.
+    double bound = row.Fields(FirstBoundField).Number();
+    for (int box = FirstHeavy; box <= LastPrice; ++box) {
+        QString caption = text::GeneralText(bound) + u"Kg"_s;
+        bound = box < LastPrice ? row.Fields(box - FirstHeavy + FirstBoundField + 1).Number() : 0;
+        caption += bound == 0 ? u"以上"_s : u'-' + text::GeneralText(bound - 1) + u"Kg"_s;
+        CaptionPrice(box, caption);
+    }
+    row.Close();
+}
+
+void A011::ReadTicks() {
+    auto row =
+        Db->OpenRecordset(u"select "_s + TickFields + u" FROM M011 WHERE F1="_s + Quoted(TrimmedBox(Code)));
+    if (!(row.Eof() && row.Bof()))
+        for (int box = FirstHeavy; box <= LastPrice; ++box)
+            Chk(box).SetValue(row.Fields(box - FirstHeavy).Number() != 0 ? 1 : 0);
+    row.Close();
+}
+
+void A011::RowToCard() {
+    {
+        const controls::CardAtRest rest(TheCard());
+        if (CurRow == 0) CurRow = 1;
+        const struct {
+            Box box;
+            Column col;
+        } texts[] = {{Code, CodeCol},           {Name, NameCol}, {ChannelName, ChannelNameCol},
+                     {EnglishName, EnglishCol}, {Days, DaysCol}, {Remark, RemarkCol}};
+        for (const auto& [box, col] : texts) Txt[box]->SetText(CurrentCell(col));
+        choice_->SetText(CurrentCell(ChannelCol) + u'.' + CurrentCell(ChannelNameCol));
+        TxtD->SetText(CurrentCell(SegmentsCol));
+        const double segments = text::Val(TxtD->Text());
+        for (int box = FirstPrice; box <= LastPrice; ++box) {
+            Txt[static_cast<std::size_t>(box)]->SetText(CurrentCell(box - FirstPrice + FirstPriceCol));
+            if (box >= FirstHeavy) ShowPrice(box, box - FirstHeavy < segments);
+        }
+        BuildChannelCaptions(CurrentCell(ChannelCol));
+        ReadTicks();
+    }
+    FillAreas();
+}
+
+// ------------------------------------------------------------------------------------------ the commands
+
+void A011::Menu_Add() {
+    FormMode = Adding;
+    EnterEdit();
+    Txt[Code]->SetLocked(false);
+    Txt[Code]->SetText({});
+    if (choice_->ListCount() > 0) choice_->SetListIndex(0);
+    choice_->SetFocus();
+    ClearAreas();
+    // The first channel's captions give way to plain numbers until the operator chooses one; the ticks stay
+    // as the zone before had them.
+    for (int box = FirstHeavy; box <= LastPrice; ++box) {
+        Txt[static_cast<std::size_t>(box)]->SetText({});
+        CaptionPrice(box, SegmentNumber(box));
+    }
+}
+
+bool A011::RequireChoice() {
+    const QString caption = Lab[ChannelName]->text();
+    if (text::Trim(choice_->Text()).isEmpty()) {
+        sys::Inform(caption + LangText(u"不能为空!"_s), MsgTitle);
+        return false;
+    }
+    const QString name = GetStr(ChannelQuestion(u"F2"_s, ChannelCode(choice_->Text())));
+    if (name.isEmpty()) {
+        sys::Inform(caption + u"编号输入错误!"_s, MsgTitle);
+        return false;
+    }
+    Txt[ChannelName]->SetText(name);
+    return true;
+}
+
+QString A011::InsertStatement() const {
+    QStringList values{
+        Quoted(TrimmedBox(Code)),        Quoted(TrimmedBox(Name)), Quoted(ChannelCode(choice_->Text())),
+        Quoted(TrimmedBox(EnglishName)), NumberBox(Days),          Quoted(TrimmedBox(Remark))};
+    for (int box = FirstPrice; box <= LastPrice; ++box) values += NumberBox(box);
+    values += text::GeneralText(text::Val(TxtD->Text()));
+    for (const controls::CheckBox* tick : ticks_) values += tick->Value() == 1 ? u"True"_s : u"False"_s;
+    return u"insert into M011 (F1,F2,F3,F4,F6,F8,"_s + PriceFields + u",P3,"_s + TickFields +
+           u") VALUES ("_s + values.join(u',') + u")"_s;
+}
+
+QStringList A011::SavedLine() const {
+    QStringList cells{BoxText(ChannelName), BoxText(Code),   BoxText(Name),
+                      NumberBox(Days),      BoxText(Remark), ChannelCode(choice_->Text()),
+                      BoxText(EnglishName)};
+    for (int box = FirstPrice; box <= LastPrice; ++box) cells += BoxText(box);
+    cells += TxtD->Text();
+    return cells;
+}
