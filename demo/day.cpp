@@ -338,6 +338,7 @@ void TellDay(Operator& op, QDateTime& clock) {
     TellSmallMasters(op);
     TellZone(op);
     TellChannel(op);
+    TellCostZones(op);
     TellCustomers(op);
     TellFriday(op, day[0], day[1]);
     op.Do(u"星期一早上"_s, [&clock] { clock = QDateTime(QDate(2024, 11, 25), QTime(9, 15)); });

@@ -49,8 +49,6 @@ QStringList MasterStatements() {
         // Enters waybills and nothing else; sees no figures.
         u"insert into TE1 (F1,F2,F3,F60,F61,F62,F63,F64,F65,F66,F67) VALUES ('002','周婷','zt',0,1,0,0,0,0,0,0)"_s,
         u"insert into M021 (F0,F1,F2) VALUES ('A02','曼谷','Bangkok')"_s,
-        u"insert into M011 (F1,F2,F3,P101,P102,P201,P202,P3,P300) VALUES "_s +
-            u"('HY01-5','美国东部及加拿大东部','HY01',110,30,140,40,1,58)"_s,
     };
     for (const Zone& zone : kOtherZones)
         statements
@@ -85,7 +83,30 @@ const std::vector<MasterRow>& ZoneAreas() {
 
 std::vector<Entry> ChannelEntries() {
     return Boxes(0, {u"HY01"_s, kChannel, u"每日 18:00 取件"_s, u"0.5"_s, u"0.5"_s, u"0.5"_s, u"0.5"_s,
-                     u"1"_s, u"21"_s});
+                     u"2"_s, u"21"_s, u"71"_s});
+}
+
+const std::vector<CostZone>& CostZones() {
+    static const std::vector<CostZone> zones = {
+        {.entries = {{u"Txt(0)"_s, u"HY01-5"_s},
+                     {u"Txt(1)"_s, u"美国东部及加拿大东部"_s},
+                     {u"Txt(3)"_s, u"US East and Canada East"_s},
+                     {u"Txt(4)"_s, u"4"_s},
+                     {u"Txt(5)"_s, u"阿拉斯加除外"_s}},
+         .areas = ZoneAreas(),
+         .prices = Boxes(9, {u"110"_s, u"30"_s, u"140"_s, u"40"_s, u"58"_s, u"52"_s}),
+         .tick = u"Chk(14)"_s,
+         .stored = u"美国东部及加拿大东部|HY01|US East and Canada East|4|110|30|140|40|58|52|2|0|-1"_s},
+        {.entries = {{u"Txt(0)"_s, u"HY01-6"_s},
+                     {u"Txt(1)"_s, u"美国西部及加拿大西部"_s},
+                     {u"Txt(3)"_s, u"US West and Canada West"_s},
+                     {u"Txt(4)"_s, u"3"_s}},
+         .areas = {{u"洛杉矶"_s, u"Los Angeles"_s}, {u"温哥华"_s, u"Vancouver"_s}},
+         .prices = Boxes(9, {u"104"_s, u"28"_s, u"132"_s, u"38"_s, u"55"_s, u"49.5"_s}),
+         .tick = {},  // as in the zone before
+         .stored = u"美国西部及加拿大西部|HY01|US West and Canada West|3|104|28|132|38|55|49.5|2|0|-1"_s},
+    };
+    return zones;
 }
 
 const std::vector<Customer>& Customers() {

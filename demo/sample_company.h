@@ -1,7 +1,7 @@
 // The sample company: what is in the file before the day begins, and what the day brings.
 //
 // What has its form is entered by keys. Five further zones stand in the file already, as the old system left
-// them; cost zones are put in place through the database until their form stands.
+// them.
 #pragma once
 
 #include <QDate>
@@ -49,6 +49,16 @@ std::vector<Entry> ZoneEntries();
 const std::vector<MasterRow>& ZoneAreas();
 std::vector<Entry> ZonePrices();
 std::vector<Entry> ChannelEntries();
+
+/// What the channel asks for a zone of its own.
+struct CostZone {
+    std::vector<Entry> entries;  ///< from the code on; the channel is chosen from the list
+    std::vector<MasterRow> areas;
+    std::vector<Entry> prices;
+    QString tick;    ///< the segment that runs as first weight plus continuation
+    QString stored;  ///< F2, F3, F4, F6, P101 to P301, P3, A30, A31
+};
+const std::vector<CostZone>& CostZones();
 
 // What the customer is quoted: the zones beginning with B at one coefficient, all others at another.
 inline const QString kQuotedPrefix = QStringLiteral("B");

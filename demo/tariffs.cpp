@@ -23,6 +23,15 @@ void Fill(Operator& op, const std::vector<Entry>& entries) {
     }
 }
 
+void AddAreas(Operator& op, const std::vector<MasterRow>& areas) {
+    for (const MasterRow& area : areas) {
+        Fill(op, {{u"Txt(6)"_s, area.name}, {u"Txt(7)"_s, area.note}});
+        op.TabTo(u"Cmd(0)"_s);
+        op.Press(Qt::Key_Return);
+        op.ExpectFocus(u"Txt(6)"_s);
+    }
+}
+
 void ShowList(Operator& op, const QString& keys, const QString& picture, const QString& caption) {
     op.Command(u"R"_s);
     op.Command(keys);
@@ -106,12 +115,7 @@ void TellZone(Operator& op) {
     op.Command(u"A"_s);
     op.ExpectFocus(u"Txt(0)"_s);
     Fill(op, ZoneEntries());
-    for (const MasterRow& area : ZoneAreas()) {
-        Fill(op, {{u"Txt(6)"_s, area.name}, {u"Txt(7)"_s, area.note}});
-        op.TabTo(u"Cmd(0)"_s);
-        op.Press(Qt::Key_Return);
-        op.ExpectFocus(u"Txt(6)"_s);
-    }
+    AddAreas(op, ZoneAreas());
     Fill(op, ZonePrices());
     op.Picture(u"zone-adding"_s, u"速递区域资料与报价：增加"_s);
     op.Command(u"S"_s);
@@ -133,9 +137,43 @@ void TellChannel(Operator& op) {
     op.Picture(u"channel-adding"_s, u"出货渠道计价标准：增加"_s);
     op.Command(u"S"_s);
     op.ExpectRows(u"select F1,F2,D0,D1,S0,S1,JFD,J0,J1 from M01"_s,
-                  {u"HY01|"_s + kChannel + u"|0.5|0.5|0.5|0.5|1|21|0"_s});
+                  {u"HY01|"_s + kChannel + u"|0.5|0.5|0.5|0.5|2|21|71"_s});
     ShowList(op, u"A1"_s, u"channel-list"_s, u"出货渠道列表"_s);
     op.Picture(u"channel-card"_s, u"出货渠道计价标准：浏览"_s);
+    op.Command(u"R"_s);
+}
+
+/// The second one's channel is left as it is proposed; its segments are numbered then.
+void TellCostZones(Operator& op) {
+    op.Command(u"A2"_s);
+    for (const CostZone& zone : CostZones()) {
+        const bool first = &zone == &CostZones().front();
+        op.Command(u"A"_s);
+        op.ExpectFocus(u"CmbLB"_s);
+        op.ExpectText(u"CmbLB"_s, u"HY01."_s + kChannel);
+        if (first) {
+            op.Press(Qt::Key_F4);
+            op.Picture(u"cost-zone-channel"_s, u"出货渠道区域成本：选择出货渠道"_s);
+            op.Press(Qt::Key_Return);
+        }
+        Fill(op, zone.entries);
+        AddAreas(op, zone.areas);
+        Fill(op, zone.prices);
+        if (!zone.tick.isEmpty()) {
+            op.TabTo(zone.tick);
+            op.Press(Qt::Key_Space);
+        }
+        if (first) op.Picture(u"cost-zone-adding"_s, u"出货渠道区域成本：增加"_s);
+        op.Command(u"S"_s);
+        op.ExpectRows(u"select F2,F3,F4,F6,P101,P102,P201,P202,P300,P301,P3,A30,A31 from M011 where F1='"_s +
+                          zone.entries.front().text + u"'"_s,
+                      {zone.stored});
+    }
+    op.ExpectRows(u"select F0,F1 from M0111"_s, {u"HY01-5|纽约"_s, u"HY01-5|波士顿"_s, u"HY01-5|多伦多"_s,
+                                                 u"HY01-6|洛杉矶"_s, u"HY01-6|温哥华"_s});
+    ShowList(op, u"A2"_s, u"cost-zone-list"_s, u"出货渠道区域列表"_s);
+    op.ExpectText(u"Txt(2)"_s, kChannel);
+    op.Picture(u"cost-zone-card"_s, u"出货渠道区域成本：浏览"_s);
     op.Command(u"R"_s);
 }
 

@@ -120,6 +120,7 @@ void A011::MakeTicks() {
     for (int box = FirstHeavy; box <= LastPrice; ++box) {
         auto* tick = ticks_[static_cast<std::size_t>(box - FirstHeavy)] = new controls::CheckBox({}, Frm);
         tick->setObjectName(u"Chk(%1)"_s.arg(box));
+        tick->setProperty("role", u"bare"_s);
         WireBox(*tick);
         tick->Click = [this, tick] {
             if (FormMode < Adding) tick->SetValue(1 - tick->Value());  // only looked at

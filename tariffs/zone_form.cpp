@@ -40,7 +40,7 @@ constexpr int PlainPrices = 4;
 constexpr int PriceCaption = 104;  // with the gap to its box
 constexpr int ColumnGap = 14;
 constexpr int PriceBox = 56;
-constexpr int BesideWidth = 24;
+constexpr int BesideWidth = 26;
 constexpr int BoxHeight = 24;
 constexpr int RowGap = 8;
 
@@ -217,6 +217,7 @@ QWidget* ZoneForm::PricePanel() {
         const int row = heavy < 0 ? 0 : 1 + heavy / PriceCols;
         const int col = PriceParts * (heavy < 0 ? nth : heavy % PriceCols);
         Lab[i]->setFixedHeight(BoxHeight);
+        grid->setRowMinimumHeight(row, BoxHeight);  // hidden prices keep their place
         QWidget* price = Txt[i]->Widget();
         price->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         price->setMinimumWidth(PriceBox);
