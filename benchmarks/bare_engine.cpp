@@ -112,4 +112,12 @@ QString BareEngine::Answer(const QByteArray& select) {
     return rows.Step() ? rows.Text(0) : QString();
 }
 
+double BareEngine::SumOfRow(const QByteArray& select, int from, int to) {
+    BareStatement rows(engine_, select);
+    double sum = 0;
+    if (rows.Step())
+        for (int i = from; i < to; ++i) sum += rows.Number(i);
+    return sum;
+}
+
 }  // namespace benchmarks

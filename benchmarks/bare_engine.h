@@ -51,6 +51,8 @@ class BareEngine {
 
     void Run(const QByteArray& text);
     QString Answer(const QByteArray& select);
+    /// Reads the fields of the first row, from one up to before another, as numbers.
+    double SumOfRow(const QByteArray& select, int from, int to);
     sqlite3* Handle() const { return engine_; }
 
   private:

@@ -39,25 +39,16 @@ void Ours(dao::Database& db, const std::vector<Priced>& cards) {
     }
 }
 
-double ReadRow(BareEngine& engine, const QByteArray& select, int from, int to) {
-    BareStatement rows(engine.Handle(), select);
-    double sum = 0;
-    if (rows.Step())
-        for (int i = from; i < to; ++i) sum += rows.Number(i);
-    return sum;
-}
-
 void Bare(BareEngine& engine, const std::vector<Priced>& cards) {
     for (const Priced& priced : cards) {
         const double read =
-            ReadRow(engine,
-                    "select F1,F2,F3,F4,F5,F6,F7,F8,F9,F10,F11,F12,F13,F14,F15,F16,F17,F18,F19,P888 from MS1 "
-                    "order by MS1.rowid",
-                    0, 20) +
-            ReadRow(engine,
-                    "select * FROM M031 WHERE F0='" + priced.customer + "' and F1='" + priced.zone +
-                        "' order by M031.rowid",
-                    2, 21);
+            engine.SumOfRow(
+                "select F1,F2,F3,F4,F5,F6,F7,F8,F9,F10,F11,F12,F13,F14,F15,F16,F17,F18,F19,P888 from MS1 "
+                "order by MS1.rowid",
+                0, 20) +
+            engine.SumOfRow("select * FROM M031 WHERE F0='" + priced.customer + "' and F1='" + priced.zone +
+                                "' order by M031.rowid",
+                            2, 21);
         benchmark::DoNotOptimize(read);
     }
 }

@@ -27,6 +27,8 @@ QByteArray CustomerName(int index);
 QByteArray ZoneCode(int index);
 QByteArray ChannelCode(int index);
 QByteArray ChannelName(int index);
+/// Each channel has a cost zone for every zone.
+QByteArray CostZoneCode(int channel, int zone);
 QByteArray CourierName(int index);
 /// The day of the newest waybill.
 QDate LastDay();

@@ -17,6 +17,7 @@ int main(int argc, char** argv) {
                                         QStringLiteral("/../benchmarks"));
         benchmarks::Bench bench(argc > 1 ? argv[1] : "");
         benchmarks::MeasureCharge(bench, company);
+        benchmarks::MeasureCost(bench, company);
         benchmarks::MeasureChain(bench, company);
         benchmarks::MeasureDateRange(bench, company);
         {

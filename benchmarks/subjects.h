@@ -8,6 +8,7 @@
 namespace benchmarks {
 
 void MeasureCharge(Bench& bench, MadeCompany& company);
+void MeasureCost(Bench& bench, MadeCompany& company);
 void MeasureChain(Bench& bench, MadeCompany& company);
 void MeasureDateRange(Bench& bench, MadeCompany& company);
 void MeasureCustomers(Bench& bench, Office& office);
