@@ -258,6 +258,32 @@ void TellList(Operator& op) {
     op.Command(u"R"_s);
 }
 
+/// Released from the list a waybill leaves it and owes the channel nothing yet; saved with its cost it does.
+void TellRelease(Operator& op) {
+    op.Command(u"B"_s);
+    op.TabTo(u"GD"_s);
+    op.Press(Qt::Key_Down);
+    op.Command(u"C"_s);
+    op.ExpectStatus(u"速递单：共 4 条记录 当前为第 2 条"_s);
+    op.ExpectRows(u"select F604 from B01 where F1='KV2411220002'"_s, {u"管理员"_s});
+    op.ExpectRows(u"select F1 from TB1 where F1='YFKV2411220002'"_s, {});
+    op.Picture(u"waybill-list-released"_s, u"速递单列表：出货之后"_s);
+    op.Command(u"R"_s);
+    op.Command(u"B"_s);
+    op.TabTo(u"GD"_s);
+    op.Press(Qt::Key_Down);
+    op.Command(u"E"_s);
+    op.EnterTo(u"Txt(34)"_s);
+    op.ExpectText(u"Cmb(40)"_s, u"HY01-5.美国东部及加拿大东部"_s);
+    op.ExpectText(u"Txt(34)"_s, u"340.00"_s);  // 140 + 5 x 40
+    op.ExpectText(u"Txt(35)"_s, u"1"_s);
+    op.Picture(u"waybill-cost"_s, u"速递单：修改，光标在出货成本"_s);
+    op.Command(u"S"_s);
+    op.ExpectRows(u"select F1,YF,QC,QM from TB1 where F3='"_s + kChannel + u"' order by SN"_s,
+                  {u"YFKV2411220002|340|0|340"_s, u"YFKV2411250003|1948.8|340|2288.8"_s});
+    op.Command(u"R"_s);
+}
+
 void TellRestore(Operator& op) {
     op.Command(u"S5"_s);
     op.ExpectWindow(u"S32"_s);
@@ -287,7 +313,6 @@ void TellRestricted(Operator& op) {
     op.Command(u"E"_s);
     op.ExpectBox(u"该速递单已经审核出货,您没有修改权限!"_s, kTitle, u"waybill-released-refused"_s);
     op.Press(Qt::Key_Home);
-    op.Press(Qt::Key_Down);
     op.TabTo(u"TabS"_s);
     op.Press(Qt::Key_Right);
     for (const auto& box : {u"Txt(26)"_s, u"Txt(28)"_s, u"Txt(5)"_s, u"Txt(34)"_s})
@@ -301,7 +326,7 @@ void TellRestricted(Operator& op) {
     op.Picture(u"waybill-editing-masked"_s, u"速递单：修改，看不到金额的操作员"_s);
     op.Command(u"C"_s);
     op.Command(u"R"_s);
-    op.ExpectRows(u"select F502,F504,F601 from B01 where F1='KV2411220002'"_s, {u"518.2|653.41|管理员"_s});
+    op.ExpectRows(u"select F502,F504,F601 from B01 where F1='KV2411220001'"_s, {u"259.2|296.78|管理员"_s});
 }
 
 void TellPassword(Operator& op) {
@@ -344,6 +369,7 @@ void TellDay(Operator& op, QDateTime& clock) {
     op.Do(u"星期一早上"_s, [&clock] { clock = QDateTime(QDate(2024, 11, 25), QTime(9, 15)); });
     TellMonday(op, {day.begin() + 2, day.end()});
     TellList(op);
+    TellRelease(op);
     TellRestore(op);
     TellRestricted(op);
     TellPassword(op);
