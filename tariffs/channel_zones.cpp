@@ -8,31 +8,15 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+using namespace cost_zone;
 
 namespace {
-
-enum Box {
-    Code,
-    Name,
-    ChannelName,
-    EnglishName,
-    Days,
-    Remark,
-    AreaEnglish = 7,
-    FirstPrice = 9,
-    LastPlainPrice = 12,
-    FirstHeavy = 13,
-    LastPrice = 22
-};
-
-enum Column { ChannelNameCol, CodeCol, NameCol, DaysCol, RemarkCol, ChannelCol, EnglishCol, FirstPriceCol };
-constexpr int SegmentsCol = 21;
-constexpr int Columns = 22;
 
 // Fields of a channel's row.
 constexpr int FirstWeightField = 3;  // D0, D1, S0, S1
 constexpr int FirstBoundField = 8;   // J0 to J9
-constexpr int CaptionHead = 4;       // "文件首 ", "小包裹首"
+/// "文件首 ", "小包裹首": stays when a channel is read.
+constexpr int CaptionHead = 4;
 
 const QString PriceFields = u"P101,P102,P201,P202,P300,P301,P302,P303,P304,P305,P306,P307,P308,P309"_s;
 const QString TickFields = u"A30,A31,A32,A33,A34,A35,A36,A37,A38,A39"_s;
@@ -46,56 +30,6 @@ QString SegmentNumber(int box) {
     return QString::number(box - LastPlainPrice);
 }
 
-/// The head of the first four prices stays when a channel is read: two of them have a blank in it.
-std::vector<QString> DesignedCaptions() {
-    std::vector<QString> captions{
-        u"区域编号"_s,     u"区域概称(中文)"_s, u"所属出货渠道"_s, u"区域概称(英文)"_s, u"送达工作日"_s,
-        u"备注信息"_s,     u"中文名称"_s,       u"英文名称"_s,     u"备注信息"_s,       u"文件首 0.5Kg"_s,
-        u"文件续 0.5Kg"_s, u"小包裹首0.5Kg"_s,  u"小包裹续0.5Kg"_s};
-    for (int box = FirstHeavy; box <= LastPrice; ++box) captions.push_back(SegmentNumber(box));
-    return captions;
-}
-
-const ZoneSettings& Settings() {
-    static const ZoneSettings settings = {
-        .form = u"A011"_s,
-        .caption = u"出货渠道区域成本"_s,
-        .listTab = u"渠道区域列表"_s,
-        .cardTab = u"渠道区域资料与成本"_s,
-        .table = u"M011"_s,
-        .areaTable = u"M0111"_s,
-        .headers = QStringList{u"所属渠道"_s, u"区域编号"_s, u"区域概称(中文)"_s, u"送达时日"_s, u"备注"_s,
-                               u"所属渠道编号"_s, u"区域概称(英文)"_s} +
-                   QStringList(Columns - FirstPriceCol),
-        .shownCols = 5,
-        .loadedCols = Columns,
-        .codeCol = CodeCol,
-        .nameCol = NameCol,
-        .captions = DesignedCaptions(),
-        .places = {{ChoicePlace, 0, 0, 3},
-                   {Code, 1, 0, 1},
-                   {Name, 2, 0, 3},
-                   {EnglishName, 3, 0, 3},
-                   {Days, 4, 0, 1},
-                   {Remark, 5, 0, 3}},
-        .englishName = EnglishName,
-        .days = Days,
-        .unused = NoBox,
-        .firstPrice = FirstPrice,
-        .lastPrice = LastPrice,
-        .priceGroup = u"出货成本(元)"_s,
-        .negativePrice = u"出货成本不能为负值！"_s,
-        .priceNote = u"注:出货成本分段价格右侧复选框如果被勾选,表示该重量段计价按首重价格+续重价格方式计算"_s,
-        .choiceCombo = u"CmbLB"_s,
-        .choiceBox = ChannelName,
-        .choiceLabel = {},
-        .choiceCaption = {},
-        .inputSwitches = {EnglishName, AreaEnglish},
-        .cascades = {u"delete from M031 where F1='"_s, u"delete from B01 where F203='"_s},
-    };
-    return settings;
-}
-
 QString ChannelCode(const QString& chosen) {
     const qsizetype point = chosen.indexOf(u'.');
     return point < 0 ? text::Trim(chosen) : chosen.left(point);
@@ -107,7 +41,7 @@ QString ChannelQuestion(const QString& fields, const QString& code) {
 
 }  // namespace
 
-A011::A011() : ZoneForm(Settings()), TxtD(new controls::LineBox(Frm)) {
+A011::A011() : ZoneForm(CostZoneSettings()), TxtD(new controls::LineBox(Frm)) {
     TxtD->setObjectName(u"TxtD"_s);
     TxtD->hide();
     MakeTicks();

@@ -1,5 +1,6 @@
 // A zone with its places and its prices: the record form that the company's own selling zones and the
-// carriers' cost zones have in common. What differs is a row of settings and a few routines of the form.
+// carriers' cost zones have in common. What differs is a row of settings (zone_settings.cpp) and a few
+// routines of the form.
 //
 // Always holds: an edit deletes the zone and its places and then inserts them, with no transaction, so an
 // insert that fails loses them. The list of places always ends in one empty row that is no data. Prices are
@@ -9,44 +10,10 @@
 #include "platform/controls/look.h"
 #include "records/record_form.h"
 #include "tariffs/map_picture.h"
+#include "tariffs/zone_settings.h"
 
 #include <array>
 #include <vector>
-
-/// Where a box of the zone itself stands in the left half of the card.
-struct ZonePlace {
-    int box;              ///< or ChoicePlace
-    int row, pair, span;  ///< as in controls::Card
-};
-/// What is chosen of a list, with its caption.
-constexpr int ChoicePlace = -1;
-constexpr int NoBox = -1;
-
-/// What a zone form says and does differently. Boxes are indexes of Txt, columns those of GD.
-struct ZoneSettings {
-    QString form;  ///< "A02"
-    QString caption, listTab, cardTab;
-    QString table, areaTable;       ///< "M02", "M021"
-    QStringList headers;            ///< one for each column
-    int shownCols;                  ///< the columns behind are out of sight
-    int loadedCols;                 ///< the columns that a load fills
-    int codeCol, nameCol;           ///< of the list
-    std::vector<QString> captions;  ///< of all boxes, as designed
-    std::vector<ZonePlace> places;  ///< in the order of Tab
-    int englishName, days;          ///< boxes; Txt(0) is the code, Txt(1) the name
-    int unused;                     ///< fills the index, is never shown nor handled; or NoBox
-    int firstPrice, lastPrice;      ///< boxes
-    QString priceGroup;             ///< "报价(元)"
-    QString negativePrice;          ///< the refusal
-    QString priceNote;              ///< Label1 below the prices; may be empty
-    QString choiceCombo;            ///< control name
-    /// Shows in browsing what was chosen, and its caption is the choice's. NoBox: the choice is seen in an
-    /// edit only, and its caption is a label of its own.
-    int choiceBox;
-    QString choiceLabel, choiceCaption;  ///< that label's name and text
-    std::vector<int> inputSwitches;      ///< boxes that Enter leaves with Ctrl+Space
-    QStringList cascades;                ///< would take along what uses a zone, up to the apostrophe
-};
 
 class ZoneForm : public RecordForm {
     Q_OBJECT
