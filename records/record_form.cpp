@@ -9,6 +9,7 @@
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -191,6 +192,8 @@ void RecordForm::SelectTab() {
 
 void RecordForm::TurnPage(QWidget& from, QWidget& to) {
     const controls::CardAtRest rest(*this);
+    // Else the toolkit looks for the next stop through all forms.
+    if (QWidget* focus = QApplication::focusWidget(); focus && from.isAncestorOf(focus)) TabS->setFocus();
     from.hide();
     to.show();
 }
