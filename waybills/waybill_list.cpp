@@ -5,6 +5,7 @@
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
+#include "records/export.h"
 #include "waybills/waybill_form.h"
 
 #include <QFile>
@@ -40,7 +41,7 @@ B01::B01()
         {u"Menu_save"_s, u"&S.保存"_s, When::Editing, [this] { Menu_save(); }},
         {u"Menu_cancel"_s, u"&C.取消"_s, When::Editing, [this] { Menu_cancel(); }},
         {u"Menu_JSQ"_s, u"&J.计算器"_s, When::Always, [] { Menu_JSQ(); }},
-        {u"Menu_ToExcel"_s, u"&T.导出数据"_s, When::Browsing},
+        {u"Menu_ToExcel"_s, u"&T.导出数据"_s, When::Browsing, [this] { ExportGrid(*GD); }},
         {u"Menu_Return"_s, u"&R.返回"_s, When::Always, [this] { Menu_Return(); }},
     });
     BuildCard();

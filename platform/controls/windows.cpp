@@ -130,6 +130,12 @@ class FileList : public QIdentityProxyModel {
     }
 };
 
+/// A file's address holds its path as it stands, whatever characters an address would read otherwise.
+QUrl Url(const QString& address) {
+    const QString file = u"file://"_s;
+    return address.startsWith(file) ? QUrl::fromLocalFile(address.sliced(file.size())) : QUrl(address);
+}
+
 void SwitchInputMethod() {
     QInputMethod* method = QGuiApplication::inputMethod();
     method->isVisible() ? method->hide() : method->show();
@@ -178,7 +184,7 @@ void InstallWindows() {
     auto& seams = sys::seams();
     seams.showBox = ShowMessageBox;
     seams.askFile = ShowFileDialog;
-    seams.openAddress = [](const QString& address) { QDesktopServices::openUrl(QUrl(address)); };
+    seams.openAddress = [](const QString& address) { QDesktopServices::openUrl(Url(address)); };
     seams.switchInputMethod = SwitchInputMethod;
 }
 

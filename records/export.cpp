@@ -1,0 +1,218 @@
+#include "records/export.h"
+
+#include "app/dressing.h"
+#include "app/main_window.h"
+#include "app/session.h"
+#include "platform/controls/keys.h"
+#include "platform/controls/wait.h"
+#include "platform/errors.h"
+#include "platform/system/seams.h"
+#include "platform/text/numbers.h"
+#include "platform/workbook/workbook.h"
+#include "schema/names.h"
+
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+using workbook::Format;
+
+namespace {
+
+const QString kEntry = u"ToExcel"_s;  // in the user's settings: the version chosen last, by its place
+const QString kSheet = u"mysheet"_s;
+const QString kExportCaption = u"导出数据"_s;
+const QString kOpenCaption = u"打开文件"_s;
+const QString kExtension = u".xls"_s;
+
+constexpr int kLastColumn = 29;
+constexpr int kShownWidth = 2;   // fifteenths of a pixel; a column that is narrower counts as hidden
+constexpr int kRowPause = 50;    // ms between two rows in the caption: faster than that nobody reads
+constexpr int kFormWidth = 520;  // a path is long
+constexpr int kCaptionWidth = 54;
+
+constexpr struct {
+    QStringView name;
+    Format format;
+} kVersions[] = {{u"EXCEL 8.0", Format::Biff8}, {u"EXCEL 7.0", Format::Biff7}, {u"EXCEL 5.0", Format::Biff5}};
+constexpr int kVersionCount = static_cast<int>(std::size(kVersions));
+
+/// The first column always goes out, of the others those that are shown.
+std::vector<int> ExportedColumns(const controls::FlexGrid& grid) {
+    std::vector<int> columns{0};
+    for (int col = 1; col < std::min(grid.Cols(), kLastColumn + 1); ++col)
+        if (grid.GridColWidth(col) >= kShownWidth) columns.push_back(col);
+    return columns;
+}
+
+bool IsThere(const QString& path) {
+    const QFileInfo info(path);
+    return info.exists() || info.isSymLink();
+}
+
+QString Stored() {
+    return sys::seams().readSetting(kEntry);
+}
+
+/// Names the row as the list counts it, and the column by its header.
+QString Words(const workbook::DoesNotFit& refusal, const controls::FlexGrid& grid, int version) {
+    const auto& [name, format] = kVersions[version];
+    const int row = refusal.row - 1;  // the field names stand above the grid's rows
+    const QString other = format == Format::Biff8 ? QString() : u"\r请选择 EXCEL 8.0 再导出。"_s;
+    if (refusal.reason == workbook::DoesNotFit::Reason::TooManyRows)
+        return u"从第 %1 行起放不下：%2 的工作表最多 %3 行（含字段名一行）！"_s.arg(row).arg(name).arg(
+                   workbook::MostRows(format)) +
+               other;
+    const int col = ExportedColumns(grid)[static_cast<std::size_t>(refusal.column)];
+    return u"第 %1 行“%2”的文字太长：%3 的单元格最多 %4 个%5！"_s.arg(row)
+               .arg(grid.TextMatrix(0, col), name)
+               .arg(workbook::LongestText(format))
+               .arg(format == Format::Biff8 ? u"字符"_s : u"字节"_s) +
+           other;
+}
+
+}  // namespace
+
+void ExportGrid(const controls::FlexGrid& grid) {
+    ToExcel form(&TheFrame());
+    form.GD = &grid;
+    form.ShowModal();
+}
+
+ToExcel::ToExcel(QWidget* over) : ModalForm(u"ToExcel"_s, u"导出数据到EXCEL"_s, over) {
+    MakeControls();
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(0);
+    grid->setVerticalSpacing(8);
+    grid->setColumnMinimumWidth(0, kCaptionWidth);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnMinimumWidth(2, 8);
+    auto* version = controls::MakeCaption(u"版本:"_s, Cmb, this);
+    auto* target = controls::MakeCaption(u"保存到:"_s, Txt, this);
+    version->setObjectName(u"Label1(0)"_s);
+    target->setObjectName(u"Label1(1)"_s);
+    grid->addWidget(version, 0, 0);
+    grid->addWidget(Cmb, 0, 1);
+    grid->addWidget(target, 1, 0);
+    grid->addWidget(Txt, 1, 1);
+    grid->addWidget(CmdSaveTo, 1, 3);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 16, 16, 16);
+    column->setSpacing(8);
+    column->addLayout(grid);
+    column->addLayout(dressing::ButtonRow({Cmd[0], Cmd[1]}));
+    setFixedWidth(kFormWidth);
+    Cmb->setFocus(Qt::OtherFocusReason);
+}
+
+void ToExcel::MakeControls() {
+    Cmb = new controls::ComboBox(this);
+    Cmb->setObjectName(u"Cmb"_s);
+    Cmb->lineEdit()->setReadOnly(true);  // one of the items and nothing else
+    Cmb->KeyPressed = controls::EnterMovesOn;
+    Txt = new controls::LineBox(this);
+    Txt->setObjectName(u"Txt"_s);
+    Txt->SetLocked(true);  // filled by the dialog alone, which looks for a file of that name
+    Txt->KeyPressed = controls::EnterMovesOn;
+    CmdSaveTo = new controls::Button(u"浏览"_s, this);
+    CmdSaveTo->setObjectName(u"CmdSaveTo"_s);
+    Cmd = {new controls::Button(kExportCaption, this), new controls::Button(u"返回上层"_s, this)};
+    Cmd[0]->setObjectName(u"Cmd(0)"_s);
+    Cmd[1]->setObjectName(u"Cmd(1)"_s);
+    Cmd[0]->setDefault(true);  // its colour only
+    CmdSaveTo->Click = [this] { ChooseFile(); };
+    Cmd[0]->Click = [this] { Press(); };
+    Cmd[1]->Click = [this] { Unload(); };
+}
+
+void ToExcel::Load() {
+    for (const auto& version : kVersions) Cmb->AddItem(version.name.toString());
+    const double stored = text::Val(Stored());
+    Cmb->SetListIndex(stored >= 0 && stored < kVersionCount ? static_cast<int>(stored) : 0);
+}
+
+void ToExcel::done(int result) {
+    if (text::Val(Stored()) != Cmb->ListIndex())
+        sys::seams().writeSetting(kEntry, QString::number(Cmb->ListIndex()));
+    ModalForm::done(result);
+}
+
+void ToExcel::ChooseFile() {
+    QString path = sys::AskFile({.kind = sys::FileRequest::Kind::Save,
+                                 .title = u"导出数据保存到..."_s,
+                                 .proposed = {},
+                                 .pattern = u"Excel文件 (*.xls)"_s});
+    if (path.isEmpty()) return;
+    if (!path.endsWith(kExtension, Qt::CaseInsensitive)) path += kExtension;
+    if (IsThere(path)) return sys::Inform(u"目标文件夹存在同名文件，请更换文件名！"_s, MsgTitle);
+    Txt->SetText(path);
+    Cmd[0]->SetFocus();
+}
+
+void ToExcel::Press() {
+    if (Cmd[0]->Caption() == kExportCaption)
+        Export();
+    else
+        OpenFile();
+}
+
+void ToExcel::Export() {
+    if (Txt->Text().isEmpty()) return sys::Inform(u"请首先选择文件保存位置!"_s, MsgTitle);
+    // The rows need no such file any more; that it is there says that the program's folder is whole.
+    if (!IsThere(AppFolder + schema::kExportFile.toString()))
+        return sys::Inform(u"Korvane系统文件excel.dat丢失,无法执行操作!"_s, MsgTitle);
+    if (!WriteFile()) return;
+    const QString success = u"数据成功导出到Excel文件！"_s;
+    setWindowTitle(success);
+    CmdSaveTo->setEnabled(false);
+    Cmb->setEnabled(false);
+    Cmd[0]->SetCaption(kOpenCaption);
+    sys::Inform(success, QString());
+}
+
+bool ToExcel::WriteFile() {
+    const controls::WaitPointer waiting;
+    try {
+        WriteRows(Txt->Text());
+        return true;
+    } catch (const workbook::DoesNotFit& refusal) {
+        sys::Inform(Words(refusal, *GD, Cmb->ListIndex()), MsgTitle);
+    } catch (const RuntimeError& error) {
+        sys::Inform(error.Text(), MsgTitle);
+    }
+    return false;
+}
+
+void ToExcel::WriteRows(const QString& path) {
+    workbook::Writer book(kVersions[Cmb->ListIndex()].format, kSheet);
+    const std::vector<int> columns = ExportedColumns(*GD);
+    book.NextRow();
+    for (std::size_t field = 1; field <= columns.size(); ++field) book.Add(u'F' + QString::number(field));
+    told_.invalidate();
+    for (int row = 0; row < GD->Rows(); ++row) {
+        book.NextRow();
+        for (const int col : columns) book.Add(GD->TextMatrix(row, col));
+        TellRow(row);
+    }
+    setWindowTitle(u"读取数据完毕,准备导出到Excel文件 "_s);
+    controls::ShowProgress();
+    book.Save(path);
+}
+
+void ToExcel::TellRow(int row) {
+    if (told_.isValid() && !told_.hasExpired(kRowPause)) return;
+    told_.start();
+    setWindowTitle(u"正在读取第 "_s + QString::number(row) + u" 行"_s);
+    controls::ShowProgress();
+}
+
+void ToExcel::OpenFile() {
+    if (Txt->Text().isEmpty() || !QFileInfo::exists(Txt->Text()))
+        return sys::Inform(u"指定文件已经被移除！"_s, MsgTitle);
+    sys::seams().openAddress(u"file://"_s + Txt->Text());
+}
