@@ -25,6 +25,7 @@ int main(int argc, char** argv) {
             benchmarks::MeasureList(bench, office);
             benchmarks::MeasureSaves(bench, office);
             benchmarks::MeasureCustomers(bench, office);
+            benchmarks::MeasureExport(bench, office);
         }
         benchmarks::MeasureStart(bench, company);
         benchmarks::MeasureTranslation(bench);

@@ -12,6 +12,7 @@ void MeasureCost(Bench& bench, MadeCompany& company);
 void MeasureChain(Bench& bench, MadeCompany& company);
 void MeasureDateRange(Bench& bench, MadeCompany& company);
 void MeasureCustomers(Bench& bench, Office& office);
+void MeasureExport(Bench& bench, Office& office);
 void MeasureList(Bench& bench, Office& office);
 void MeasureSaves(Bench& bench, Office& office);
 void MeasureStart(Bench& bench, MadeCompany& company);

@@ -7,8 +7,9 @@
 
 #include "platform/workbook/records.h"
 
-#include <QHash>
 #include <QString>
+
+#include <vector>
 
 namespace workbook {
 
@@ -22,13 +23,23 @@ class SharedStrings {
     const Bytes& Finish();
 
   private:
+    /// Where a text is found by a mix of its bits.
+    struct Slot {
+        quint32 mix;
+        quint32 text;  ///< its number + 1; 0 is a free slot
+    };
+
+    quint32 Find(const QString& text);
+    void Grow();
     std::size_t Room() const;
     void StartRecord(quint16 kind);
     void CloseRecord();
     void Append(QStringView text);
     void AppendCharacters(QStringView text, bool wide);
 
-    QHash<QString, quint32> numbers_;
+    std::vector<QString> texts_;
+    std::vector<Slot> slots_;             ///< a power of two of them, at most half in use
+    std::array<quint32, 1024> lately_{};  ///< numbers + 1, by the place of the text in memory
     quint32 uses_ = 0;
     Bytes bytes_;
     std::size_t record_ = 0;  ///< where the record that is open begins

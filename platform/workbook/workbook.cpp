@@ -16,6 +16,8 @@ constexpr quint16 kLabel = 0x0204;        // a cell that holds its text
 constexpr quint16 kSharedLabel = 0x00FD;  // a cell that refers to the table of texts
 constexpr std::size_t kLabelHead = 12;    // of the first kind, up to its text
 
+constexpr std::size_t kRoom = 1 << 22;  // bytes; what a large list takes
+
 constexpr ClassId kOpenerOf8{0x20, 0x08, 0x02, 0, 0, 0, 0, 0, 0xC0, 0, 0, 0, 0, 0, 0, 0x46};
 constexpr ClassId kOpenerOf5{0x10, 0x08, 0x02, 0, 0, 0, 0, 0, 0xC0, 0, 0, 0, 0, 0, 0, 0x46};
 
@@ -70,6 +72,7 @@ struct Writer::State {
 
 Writer::Writer(Format format, const QString& sheet)
     : state_(std::make_unique<State>(State{.format = format, .sheet = sheet})) {
+    state_->cells.reserve(kRoom);
 }
 
 Writer::~Writer() = default;
