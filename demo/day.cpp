@@ -8,6 +8,9 @@
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
 
+#include <QFile>
+#include <QFileInfo>
+
 using namespace Qt::StringLiterals;
 
 namespace demo {
@@ -284,6 +287,30 @@ void TellRelease(Operator& op) {
     op.Command(u"R"_s);
 }
 
+/// The list as a workbook, its place chosen in the toolkit's own dialog.
+void TellExport(Operator& op, const QString& file) {
+    op.Do(u"移去上次的文件"_s, [file] { QFile::remove(file); });
+    op.Command(u"B"_s);
+    op.Command(u"T"_s);
+    op.ExpectWindow(u"ToExcel"_s);
+    op.TabTo(u"CmdSaveTo"_s);
+    op.Press(Qt::Key_Return);
+    op.ExpectWindow(u"FileDialog"_s);
+    op.Type(file);
+    op.Press(Qt::Key_Return);
+    op.ExpectText(u"Txt"_s, file);
+    op.ExpectFocus(u"Cmd(0)"_s);
+    op.Picture(u"export"_s, u"导出数据到EXCEL"_s);
+    op.Press(Qt::Key_Return);
+    op.ExpectBox(u"数据成功导出到Excel文件！"_s, {}, u"export-done"_s);
+    op.Picture(u"exported"_s, u"导出之后"_s);
+    op.TabTo(u"Cmd(1)"_s);
+    op.Press(Qt::Key_Return);
+    op.ExpectWindow(u"MForm"_s);
+    op.Expect(u"工作簿已生成"_s, [file] { return QFileInfo(file).size() > 0; });
+    op.Command(u"R"_s);
+}
+
 void TellRestore(Operator& op) {
     op.Command(u"S5"_s);
     op.ExpectWindow(u"S32"_s);
@@ -356,7 +383,7 @@ void TellAbout(Operator& op) {
 
 }  // namespace
 
-void TellDay(Operator& op, QDateTime& clock) {
+void TellDay(Operator& op, QDateTime& clock, const QString& folder) {
     const auto& day = Consignments();
     TellLogin(op);
     TellStandard(op);
@@ -370,6 +397,7 @@ void TellDay(Operator& op, QDateTime& clock) {
     TellMonday(op, {day.begin() + 2, day.end()});
     TellList(op);
     TellRelease(op);
+    TellExport(op, folder + u"/速递单.xls"_s);
     TellRestore(op);
     TellRestricted(op);
     TellPassword(op);

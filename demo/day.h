@@ -7,7 +7,8 @@
 
 namespace demo {
 
-/// From the login to the closing of the main window. The clock is the program's own, moved by the day.
-void TellDay(Operator& op, QDateTime& clock);
+/// From the login to the closing of the main window. The clock is the program's own, moved by the day; what
+/// is exported goes into the folder.
+void TellDay(Operator& op, QDateTime& clock, const QString& folder);
 
 }  // namespace demo

@@ -91,7 +91,7 @@ int Play(QApplication& app, const Arguments& arguments) {
     demo::Screen screen(arguments.size, arguments.folder, arguments.suffix);
     demo::Operator op(screen, arguments.pause);
     sys::seams().leave = [&op](int) { op.Fail(u"程序提前结束"_s); };
-    demo::TellDay(op, clock);
+    demo::TellDay(op, clock, QDir(arguments.folder).absolutePath());
     op.Start();
 
     StartUpParts parts = Wire(company);

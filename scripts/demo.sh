@@ -45,4 +45,5 @@ fi
 cat demo-out/summary.txt
 say ""
 say "Pictures: demo-out/*.png (at 150 %: demo-out/*-150.png), the figures above: demo-out/summary.txt"
+say "The list of waybills as a workbook: demo-out/速递单.xls"
 say "The company: demo-out/company/ (on a desktop, demo-out/company/korvane opens it; operator 001, password korvane1)"
