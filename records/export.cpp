@@ -164,7 +164,7 @@ void ToExcel::Press() {
 void ToExcel::Export() {
     if (Txt->Text().isEmpty()) return sys::Inform(u"请首先选择文件保存位置!"_s, MsgTitle);
     // The rows need no such file any more; that it is there says that the program's folder is whole.
-    if (!IsThere(AppFolder + schema::kExportFile.toString()))
+    if (!QFileInfo::exists(AppFolder + schema::kExportFile.toString()))
         return sys::Inform(u"Korvane系统文件excel.dat丢失,无法执行操作!"_s, MsgTitle);
     if (!WriteFile()) return;
     const QString success = u"数据成功导出到Excel文件！"_s;
