@@ -4,6 +4,7 @@
 #include "app/session.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
+#include "records/export.h"
 
 #include <QGridLayout>
 #include <QVBoxLayout>
@@ -56,7 +57,7 @@ A01::A01()
         {u"Menu_query"_s, u"&Q.查找"_s, When::Browsing},
         {u"Menu_save"_s, u"&S.保存"_s, When::Editing, [this] { Menu_save(); }},
         {u"Menu_cancel"_s, u"&C.取消"_s, When::Editing, [this] { Menu_cancel(); }},
-        {u"Menu_ToExcel"_s, u"&T.导出数据"_s, When::Browsing},
+        {u"Menu_ToExcel"_s, u"&T.导出数据"_s, When::Browsing, [this] { ExportGrid(*GD); }},
         {u"Menu_Return"_s, u"&R.返回"_s, When::Always, [this] { Menu_Return(); }},
     });
     BuildCard();

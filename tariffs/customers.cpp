@@ -5,6 +5,7 @@
 #include "platform/controls/look.h"
 #include "platform/controls/wait.h"
 #include "platform/text/numbers.h"
+#include "records/export.h"
 
 #include <QVBoxLayout>
 
@@ -91,7 +92,7 @@ A03::A03()
         {u"Menu_query"_s, u"&Q.查找"_s, When::Browsing},
         {u"Menu_save"_s, u"&S.保存"_s, When::Editing, [this] { Menu_save(); }},
         {u"Menu_cancel"_s, u"&C.取消"_s, When::Editing, [this] { Menu_cancel(); }},
-        {u"Menu_ToExcel"_s, u"&T.导出数据"_s, When::Browsing},
+        {u"Menu_ToExcel"_s, u"&T.导出数据"_s, When::Browsing, [this] { ExportGrid(*GD); }},
         {.name = u"Menu_print"_s,
          .caption = u"&P.打印"_s,
          .when = When::Browsing,

@@ -13,7 +13,6 @@
 #include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
-using tests::Readers;
 using workbook::DoesNotFit;
 using workbook::Format;
 using Rows = QList<QStringList>;
@@ -66,12 +65,13 @@ TEST(Workbook, EveryCellComesBackInEachFormat) {
         EXPECT_EQ(book.codePage, f.codePage);
         EXPECT_EQ(book.sheets, QStringList{u"mysheet"_s});
         EXPECT_EQ(book.rows, rows) << f.biff;
+        EXPECT_TRUE(book.readByBoth);
         EXPECT_LE(book.longestRecord, f.longestRecord);
         // Characters that are not for every format.
         Write(f.format, {{outside, QString(QChar(0xD83D)) + u"半"_s, u"电"_s + QChar(0xDE00)}}, path + u'b');
         const QStringList expected = f.biff == 80 ? QStringList{outside, u"\uFFFD半"_s, u"电\uFFFD"_s}
                                                   : QStringList{u"泰语??????"_s, u"?半"_s, u"电?"_s};
-        EXPECT_EQ(tests::ReadWorkbook(path + u'b', Readers::XlrdAlone).rows, Rows{expected});
+        EXPECT_EQ(tests::ReadWorkbook(path + u'b').rows, Rows{expected});
     }
 }
 
@@ -87,7 +87,7 @@ TEST(Workbook, TheCodePageIsTheReadersOwn) {
     const Folder folder;
     Write(Format::Biff8, rows, folder.Path(u"8"_s));
     Write(Format::Biff5, rows, folder.Path(u"5"_s));
-    const auto books = tests::ReadWorkbooks({folder.Path(u"8"_s), folder.Path(u"5"_s)}, Readers::XlrdAlone);
+    const auto books = tests::ReadWorkbooks({folder.Path(u"8"_s), folder.Path(u"5"_s)});
     int known = 0;
     for (qsizetype row = 0; row < rows.size(); ++row) {
         for (qsizetype col = 0; col < rows[row].size(); ++col) {
@@ -112,7 +112,7 @@ TEST(Workbook, TextsGoOverRecordsWhereverTheyEnd) {
                              QString(32'767, u'm'),
                              {}};
     const Folder folder;
-    QStringList paths, withoutPairs;
+    QStringList paths;
     QList<Rows> written;
     for (int left = 0; left < 10; ++left) {
         for (const QString& kind : kinds) {
@@ -120,11 +120,9 @@ TEST(Workbook, TextsGoOverRecordsWhereverTheyEnd) {
                              kind + u"尾"_s.repeated(kind.size() < 400), u"z"_s}};
             paths += folder.Path(QString::number(paths.size()));
             Write(Format::Biff8, written.back(), paths.back());
-            if (!kind.contains(u"😀"_s)) withoutPairs += paths.back();
         }
     }
-    const auto books = tests::ReadWorkbooks(paths, Readers::XlrdAlone);
-    tests::ReadWorkbooks(withoutPairs, Readers::Both);
+    const auto books = tests::ReadWorkbooks(paths);
     for (qsizetype i = 0; i < paths.size(); ++i) {
         EXPECT_TRUE(books[i].rows == written[i]) << i;
         EXPECT_LE(books[i].longestRecord, 8224);
@@ -147,7 +145,7 @@ TEST(Workbook, ASheetIsFilledToItsLimitsAndNoFurther) {
             book.Save(folder.Path(QString::number(f.biff)));
         };
         fill(most);
-        const auto book = tests::ReadWorkbook(folder.Path(QString::number(f.biff)), Readers::XlrdAlone);
+        const auto book = tests::ReadWorkbook(folder.Path(QString::number(f.biff)));
         ASSERT_EQ(book.rows.size(), most);
         for (int row = 0; row < most; ++row)
             for (int col = 0; col < 4; ++col) ASSERT_EQ(book.rows[row][col], text(row, col));

@@ -98,6 +98,7 @@ TEST(ToExcel, ExportsTheWaybillsThatTheListShows) {
     EXPECT_EQ(captions, (QStringList{u"正在读取第 0 行"_s, u"读取数据完毕,准备导出到Excel文件 "_s, Done}));
     const auto book = tests::ReadWorkbook(run.Path(u"moved"_s));
     EXPECT_EQ(book.biff, 80);
+    EXPECT_TRUE(book.readByBoth);
     EXPECT_EQ(book.sheets, QStringList{u"mysheet"_s});
     Sheet expected{{},
                    {u"速递单号"_s, u"寄件日期"_s, u"目的地"_s, u"服务类型"_s, u"货品件数"_s, u"付款方式"_s,
@@ -105,6 +106,26 @@ TEST(ToExcel, ExportsTheWaybillsThatTheListShows) {
     for (int field = 1; field <= 11; ++field) expected[0] += u'F' + QString::number(field);
     expected += {u"007"_s, u"2024-01-05"_s, {}, {}, u"12.5"_s, {}, u"环洋"_s, u"恒丰"_s, {}, {}, u"急件"_s};
     EXPECT_EQ(book.rows, expected);
+}
+
+TEST(ToExcel, EveryListWithTheEntryIsHandedOver) {
+    for (const auto& [keys, name] :
+         {std::pair{u"A1"_s, u"A01"_s}, {u"A3"_s, u"A02"_s}, {u"A5"_s, u"A03"_s}}) {
+        Export run;
+        run.Open(keys, name);
+        QStringList headers;
+        for (int col = 0; col < run.Grid().Cols(); ++col)
+            if (run.Grid().GridColWidth(col) > 0) headers += run.Grid().TextMatrix(0, col);
+        run.modals.Next(u"ToExcel"_s, [&](QWidget& form) {
+            run.form = &form;
+            run.ExportTo(u"a"_s);
+            Export::Push(u"Cmd(1)"_s);
+        });
+        tests::AltKey(u'T');
+        const Sheet sheet = run.Read(u"a.xls"_s);
+        EXPECT_EQ(sheet.value(1), headers) << name.toStdString();
+        EXPECT_EQ(sheet.size(), run.Grid().Rows() + 1) << name.toStdString();
+    }
 }
 
 TEST(ToExcel, TakesTheShownColumnsUpToThirty) {

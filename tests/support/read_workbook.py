@@ -1,9 +1,9 @@
 """Reads workbooks back with readers that know nothing of ours, and prints what they found as JSON.
 
-usage: read_workbook.py --one|--both FILE...
+usage: read_workbook.py FILE...
 
-For each file: "sheet" is what xlrd finds, its rows as lists of texts; "csv", with --both, what xls2csv writes,
-cells parted by U+001F; "longest" the length of the longest record in the stream.
+For each file: "sheet" is what xlrd finds, its rows as lists of texts; "csv" what xls2csv writes, cells parted
+by U+001F, or None where it cannot read what the sheet holds; "longest" the length of the stream's longest record.
 """
 import json
 import struct
@@ -38,17 +38,27 @@ def with_xlrd(path):
             "rows": [sheet.row_values(row) for row in range(sheet.nrows)]}
 
 
-def with_xls2csv(path, biff):
-    # It has no table for the Chinese page: there the bytes are passed on as they are.
-    pages = ["-d", "utf-8"] if biff == 80 else ["-s", "8859-1", "-d", "8859-1"]
+def beyond_xls2csv(texts, eight):
+    """What xls2csv cannot read, whoever wrote it. In the shared texts of an 8.0 file it takes a low byte of 0 or
+    1 (as in 一 and 送) for an option byte, counts 65,536 texts at most, and knows no pairs of halves. It has no
+    table for the Chinese page of the others: there the bytes are passed on as they are, but a soft hyphen."""
+    if not eight:
+        return any(b"\xad" in text.encode("cp936") for text in texts)
+    return len(texts) > 0x10000 or any(ord(c) % 256 < 2 or ord(c) > 0xFFFF for text in texts for c in text)
+
+
+def with_xls2csv(path, sheet):
+    eight = sheet["biff"] == 80
+    if beyond_xls2csv({text for row in sheet["rows"] for text in row}, eight):
+        return None
+    pages = ["-d", "utf-8"] if eight else ["-s", "8859-1", "-d", "8859-1"]
     found = subprocess.run(["xls2csv", "-q", "0", "-c", CELL, *pages, path], check=True, capture_output=True)
-    return found.stdout.decode("utf-8" if biff == 80 else "cp936", "replace")
+    return found.stdout.decode("utf-8" if eight else "cp936", "replace")
 
 
-def read(path, both):
+def read(path):
     sheet = with_xlrd(path)
-    return {"sheet": sheet, "csv": with_xls2csv(path, sheet["biff"]) if both else None,
-            "longest": longest_record(path, sheet["biff"])}
+    return {"sheet": sheet, "csv": with_xls2csv(path, sheet), "longest": longest_record(path, sheet["biff"])}
 
 
-json.dump([read(path, sys.argv[1] == "--both") for path in sys.argv[2:]], sys.stdout)
+json.dump([read(path) for path in sys.argv[1:]], sys.stdout)

@@ -13,14 +13,12 @@ struct Workbook {
     QStringList sheets;
     QList<QStringList> rows;  ///< of the first sheet
     int longestRecord = 0;    ///< bytes
+    bool readByBoth = false;  ///< xls2csv can read what the sheet holds, and found the same
 };
 
-/// xls2csv ends badly at pairs of halves and at characters that are none.
-enum class Readers { XlrdAlone, Both };
-
-/// Fails the test, and gives empty ones, when a file cannot be read or a cell is no text; with both readers
-/// also when they do not find the same.
-QList<Workbook> ReadWorkbooks(const QStringList& paths, Readers readers);
-Workbook ReadWorkbook(const QString& path, Readers readers = Readers::Both);
+/// Fails the test when a file cannot be read or a cell is no text, and gives empty ones then; also when
+/// xls2csv, where it can read what the sheet holds, finds anything else in it than xlrd.
+QList<Workbook> ReadWorkbooks(const QStringList& paths);
+Workbook ReadWorkbook(const QString& path);
 
 }  // namespace tests
