@@ -1,13 +1,13 @@
 // The export of a list of 16,000 lines: pressing the form's button beside a bare loop that writes the same
 // records into a container of the same kind, and beside a converter at work on the same cells.
 #include "records/export.h"
-#include "schema/data_files.h"
-#include "schema/names.h"
 
 #include "app/session.h"
 #include "benchmarks/subjects.h"
 #include "platform/controls/box.h"
 #include "platform/system/seams.h"
+#include "schema/data_files.h"
+#include "schema/names.h"
 
 #include <QFile>
 #include <QProcess>
