@@ -1,7 +1,5 @@
 #include "app/child_form.h"
 
-#include "app/main_window.h"
-
 ChildForm::ChildForm(const QString& name, const QString& caption) {
     setObjectName(name);
     setWindowTitle(caption);
@@ -21,6 +19,5 @@ QMenuBar* ChildForm::MenuBar() {
 }
 
 void ChildForm::Unload() {
-    if (!QueryUnload()) return;
-    TheFrame().RemoveChild(*this);
+    if (QueryUnload() && LeaveFrame) LeaveFrame();
 }

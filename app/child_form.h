@@ -11,6 +11,8 @@
 #include <QString>
 #include <QWidget>
 
+#include <functional>
+
 class ChildForm : public QWidget {
     Q_OBJECT
   public:
@@ -32,6 +34,9 @@ class ChildForm : public QWidget {
     virtual bool QueryUnload() { return true; }
     /// The form came to the front.
     virtual void Activated() {}
+
+    /// Given by the frame that the form stands in: takes it away.
+    std::function<void()> LeaveFrame;
 
     /// The document kind that a menu row sets before the form is shown: positive the payable side, negative
     /// the receivable side. Only the forms of the accounts read it.

@@ -75,6 +75,7 @@ struct MForm::State {
     ChildForm& Show(const QString& form, const MenuRow* row);
     ChildForm* Make(const QString& form);
     void TakeAway(ChildForm& form);
+    void RemoveChild(ChildForm& form);
     void ShowFront();
 
     MForm& frame;
@@ -295,6 +296,7 @@ ChildForm* MForm::State::Make(const QString& form) {
     const auto maker = registry.children.find(form);
     if (maker == registry.children.end()) throw RuntimeError(u"没有窗体“%1”"_s.arg(form));
     ChildForm* made = maker->second().release();
+    made->LeaveFrame = [this, made] { RemoveChild(*made); };
     pages->addWidget(made);
     open.push_back(made);
     return made;
@@ -363,14 +365,15 @@ ChildForm* MForm::Front() const {
     return state_->open.empty() ? nullptr : state_->open.back();
 }
 
-void MForm::RemoveChild(ChildForm& form) {
-    if (std::ranges::find(state_->open, &form) == state_->open.end()) return;
-    const bool wasFront = Front() == &form;
-    state_->TakeAway(form);
-    ShowToolBar(true);  // also while another form is still open
-    SetPanel(4, TodayText());
-    state_->ShowFront();
-    if (wasFront && Front()) Front()->Activated();
+/// When it unloads of itself.
+void MForm::State::RemoveChild(ChildForm& form) {
+    if (std::ranges::find(open, &form) == open.end()) return;
+    const bool wasFront = open.back() == &form;
+    TakeAway(form);
+    frame.ShowToolBar(true);  // also while another form is still open
+    frame.SetPanel(4, TodayText());
+    ShowFront();
+    if (wasFront && !open.empty()) open.back()->Activated();
 }
 
 void MForm::closeEvent(QCloseEvent* event) {

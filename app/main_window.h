@@ -44,8 +44,6 @@ class MForm : public QMainWindow {
     ChildForm* Child(const QString& form) const;
     /// The child in front, or none.
     ChildForm* Front() const;
-    /// The form goes; called by ChildForm::Unload after it was asked.
-    void RemoveChild(ChildForm& form);
 
   protected:
     void closeEvent(QCloseEvent* event) override;

@@ -2,7 +2,7 @@
 
 #include "app/rights.h"
 #include "app/session.h"
-#include "app/wiring.h"
+#include "program/wiring.h"
 #include "platform/system/seams.h"
 #include "schema/data_files.h"
 #include "schema/names.h"

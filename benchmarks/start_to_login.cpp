@@ -1,7 +1,7 @@
 // The program as its main() starts it, on the company in the folder of its argument, up to the moment in
 // which the login takes keys. Then it says so and goes.
 #include "app/product.h"
-#include "app/wiring.h"
+#include "program/wiring.h"
 #include "platform/controls/look.h"
 #include "platform/controls/modal_form.h"
 #include "platform/system/guard.h"

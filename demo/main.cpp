@@ -3,7 +3,7 @@
 // Ends with 0 when everything was as it has to be, 1 when something was not, 2 when it was called wrongly.
 #include "app/product.h"
 #include "app/session.h"
-#include "app/wiring.h"
+#include "program/wiring.h"
 #include "demo/day.h"
 #include "demo/sample_company.h"
 #include "demo/summary.h"

@@ -9,7 +9,7 @@
 #include "app/main_window.h"
 #include "app/session.h"
 #include "app/start_up.h"
-#include "app/wiring.h"
+#include "program/wiring.h"
 #include "platform/controls/flex_grid.h"
 #include "platform/controls/look.h"
 #include "platform/system/guard.h"

@@ -1,7 +1,7 @@
 #include "tests/support/program.h"
 
 #include "app/rights.h"
-#include "app/wiring.h"
+#include "program/wiring.h"
 
 #include <gtest/gtest.h>
 #include <stdexcept>

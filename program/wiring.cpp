@@ -1,4 +1,4 @@
-#include "app/wiring.h"
+#include "program/wiring.h"
 
 #include "admin/password.h"
 #include "admin/restore.h"

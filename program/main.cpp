@@ -1,8 +1,8 @@
 #include "app/product.h"
 #include "app/session.h"
-#include "app/wiring.h"
 #include "platform/controls/look.h"
 #include "platform/system/guard.h"
+#include "program/wiring.h"
 
 #include <QApplication>
 
