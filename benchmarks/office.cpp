@@ -2,8 +2,8 @@
 
 #include "app/rights.h"
 #include "app/session.h"
-#include "program/wiring.h"
 #include "platform/system/seams.h"
+#include "program/wiring.h"
 #include "schema/data_files.h"
 #include "schema/names.h"
 

@@ -1,10 +1,10 @@
 // The program as its main() starts it, on the company in the folder of its argument, up to the moment in
 // which the login takes keys. Then it says so and goes.
 #include "app/product.h"
-#include "program/wiring.h"
 #include "platform/controls/look.h"
 #include "platform/controls/modal_form.h"
 #include "platform/system/guard.h"
+#include "program/wiring.h"
 
 #include <QApplication>
 #include <QWindow>

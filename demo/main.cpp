@@ -3,7 +3,6 @@
 // Ends with 0 when everything was as it has to be, 1 when something was not, 2 when it was called wrongly.
 #include "app/product.h"
 #include "app/session.h"
-#include "program/wiring.h"
 #include "demo/day.h"
 #include "demo/sample_company.h"
 #include "demo/summary.h"
@@ -11,6 +10,7 @@
 #include "platform/errors.h"
 #include "platform/system/guard.h"
 #include "platform/system/seams.h"
+#include "program/wiring.h"
 #include "schema/data_files.h"
 #include "schema/names.h"
 
