@@ -13,6 +13,7 @@
 #include "platform/controls/tab_strip.h"
 #include "platform/dao/recordset.h"
 #include "platform/system/seams.h"
+#include "records/query.h"
 
 #include <QLabel>
 #include <QString>
@@ -44,13 +45,11 @@ struct RecordFormSettings {
     bool tabStripDisabled;
 };
 
-class RecordForm : public ChildForm {
+class RecordForm : public ChildForm, public QueryCaller {
     Q_OBJECT
   public:
     bool QueryUnload() override;
 
-    /// Receives the statement built by the search form; "" means nothing was chosen.
-    QString PubSql;
     std::int16_t FormMode = 0;  ///< 0 browsing, 1 adding, 2 editing
     int CurRow = 1;
     int RecCount = 0;

@@ -28,7 +28,7 @@ SmallMaster::SmallMaster(const SmallMasterSettings& settings)
         {u"Menu_Add"_s, u"&A.增加"_s, When::Browsing, [this] { Menu_Add(); }},
         {u"Menu_edit"_s, u"&E.修改"_s, When::Browsing, [this] { Menu_edit(); }},
         {u"Menu_del"_s, u"&D.删除"_s, When::Browsing, [this] { Menu_del(); }},
-        {u"Menu_query"_s, u"&Q.查找"_s, When::Browsing},
+        {u"Menu_query"_s, u"&Q.查找"_s, When::Browsing, [this] { Menu_query(); }},
         {u"Menu_save"_s, u"&S.保存"_s, When::Editing, [this] { Menu_save(); }},
         {u"Menu_cancel"_s, u"&C.取消"_s, When::Editing, [this] { Menu_cancel(); }},
         {u"Menu_Return"_s, u"&R.返回"_s, When::Always, [this] { Menu_Return(); }},
@@ -109,6 +109,16 @@ void SmallMaster::Menu_del() {
     if (consent == Consent::Whole) Db->Execute(master_.cascade + key + u"'"_s);
     Db->Execute(u"delete from "_s + master_.table + u" WHERE F1='"_s + key + u"'"_s);
     ForgetCurrentRecord();
+}
+
+/// The note is the field that is chosen at first.
+void SmallMaster::Menu_query() {
+    SearchTable table{.base = u"Select "_s + master_.table + u".* from "_s + master_.table + u" "_s,
+                      .fields = {},
+                      .first = Note};
+    for (int col = 0; col < GD->Cols(); ++col)
+        table.fields.push_back({col, master_.table + u".F"_s + QString::number(col + 1)});
+    RunQuery(*this, *GD, table, [this](const QString& sql) { LoadGrid(sql); });
 }
 
 bool SmallMaster::MakeRoom() {

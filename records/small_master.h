@@ -47,6 +47,7 @@ class SmallMaster : public RecordForm {
     void Menu_Add();
     void Menu_edit();
     void Menu_del();
+    void Menu_query();
     void Menu_save();
     bool IsUsed(QString& key) const;
     bool MakeRoom();

@@ -1,0 +1,95 @@
+// The one search dialog. It knows no table: what can be searched is what its caller gives it, and what it
+// hands back is a statement's text, which the caller runs itself.
+//
+// Always holds: PubSql is "" unless the operator pressed 查 找; with no condition it is the bare base
+// statement, so the caller shows all its records.
+#pragma once
+
+#include "platform/controls/box.h"
+#include "platform/controls/flex_grid.h"
+#include "platform/controls/list_box.h"
+#include "platform/controls/modal_form.h"
+#include "records/search_conditions.h"
+
+#include <QLabel>
+
+#include <array>
+#include <functional>
+#include <vector>
+
+/// A form that can be searched.
+class QueryCaller {
+  public:
+    /// Receives the finished statement; "" means nothing was chosen.
+    QString PubSql;
+
+  protected:
+    ~QueryCaller() = default;
+};
+
+/// One searchable field.
+struct SearchField {
+    static constexpr int OwnCaption = -1;
+
+    int column;     ///< its caption is the header of this column of the caller's list; or OwnCaption
+    QString field;  ///< qualified: "M04.F1"
+    search::Kind kind = search::Kind::Text;
+    QString caption = {};  ///< where it is not a header
+    QString offered = {};  ///< where the list of fields spells it differently
+};
+
+/// What a form hands to the dialog.
+struct SearchTable {
+    QString base;  ///< a SELECT with its whole FROM, without WHERE, a blank at its end
+    std::vector<SearchField> fields;
+    int first = 0;  ///< the field that is chosen at the beginning
+};
+
+/// A search as every form does it: empties PubSql, fills the dialog, shows it over the form and, if a
+/// statement came back, runs the form's own load with it.
+void RunQuery(QueryCaller& caller, const controls::FlexGrid& list, const SearchTable& table,
+              const std::function<void(const QString& sql)>& load);
+
+/// 查找条件: the search dialog.
+class Query : public controls::ModalForm {
+    Q_OBJECT
+  public:
+    explicit Query(QWidget* over);
+
+    // Set by the caller before the dialog is shown.
+    QueryCaller* Caller = nullptr;
+    QString BaseStatement;
+
+    /// Empties the field table and gives it so many rows.
+    void ClearFields(int rows);
+    void SetField(int row, const QString& caption, const QString& field, search::Kind kind,
+                  const QString& offered);
+    void ChooseField(int row);
+
+    void done(int result) override;
+
+  protected:
+    void Load() override;
+
+  private:
+    void MakeControls();
+    void Arrange();
+    void WireControls();
+
+    search::Kind ChosenKind() const;
+    void FieldChosen();
+    void AddCondition();
+    void RemoveCondition();
+    void ShowConditions();
+    void Find();
+    void Cancel();
+
+    controls::ComboBox *CmbLG, *CmbF, *CmbGX;  ///< connective, field, relation
+    controls::LineBox* Txt;                    ///< value of a text or a number
+    controls::DTPicker* DTP;                   ///< value of a date
+    controls::ListBox *Lst, *LstSql;           ///< the conditions; their pieces, out of sight
+    controls::FlexGrid* GD;                    ///< caption, field, type code; out of sight
+    std::array<QLabel*, 3> CPT{};
+    controls::Button *CmdAdd, *CmdRemove, *CmdQuery, *CmdCancel;
+    search::Conditions conditions_;
+};

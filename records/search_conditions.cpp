@@ -1,0 +1,94 @@
+#include "records/search_conditions.h"
+
+#include "platform/text/numbers.h"
+
+using namespace Qt::StringLiterals;
+
+namespace search {
+namespace {
+
+struct Connective {
+    QString offered;
+    QString piece;
+};
+
+const Connective kConnectives[] = {
+    {u"并且"_s, u" And "_s},
+    {u"或者"_s, u" Or "_s},
+    {u"排除"_s, u" AND Not "_s},
+};
+
+const QString kHead = u" Where "_s;
+const QString kHeadPrefix = u"        "_s;
+
+/// A list may begin with this line in place of conditions; no piece stands beside it.
+const QString kEverything = u"系统中存在的所有记录"_s;
+
+QString ConnectivePiece(const QString& offered) {
+    for (const Connective& connective : kConnectives)
+        if (connective.offered == offered) return connective.piece;
+    return kHead;
+}
+
+/// "等于(=)" gives " = ".
+QString Operator(const QString& relation) {
+    const qsizetype open = relation.indexOf(u'(');
+    return u' ' + relation.mid(open + 1, relation.indexOf(u')') - open - 1) + u' ';
+}
+
+QString Shown(const Condition& c) {
+    const QString prefix = c.connective.isEmpty() ? kHeadPrefix : c.connective + u"    "_s;
+    return prefix + c.caption + u"  "_s + c.relation.left(2) + u"  "_s + u"   "_s + c.value;
+}
+
+QString Piece(const Condition& c) {
+    const QString connective = ConnectivePiece(c.connective);
+    const QString compared = Operator(c.relation);
+    switch (c.kind) {
+        case Kind::Number:
+            return connective + c.field + compared + text::GeneralText(text::Val(c.value));
+        case Kind::Date:
+            // Days are counted, so a day is met whatever time of day the field holds.
+            return connective + u"datediff('d','"_s + c.value + u"',"_s + c.field + u" )"_s + compared +
+                   u"0 "_s;
+        case Kind::Text:
+            break;
+    }
+    const QString mark = compared.contains(u"like"_s) ? u"*"_s : QString();
+    return connective + c.field + compared + u'\'' + mark + c.value + mark + u"'  "_s;
+}
+
+}  // namespace
+
+QStringList Connectives() {
+    QStringList offered;
+    for (const Connective& connective : kConnectives) offered += connective.offered;
+    return offered;
+}
+
+QStringList Relations(Kind kind) {
+    if (kind == Kind::Text) return {u"等于(=)"_s, u"包含(like)"_s};
+    return {u"大于(>)"_s, u"小于(<)"_s, u"等于(=)"_s};
+}
+
+void Conditions::Add(const Condition& condition) {
+    const QString piece = Piece(condition);
+    if (!shown.isEmpty() && shown.front() == kEverything) shown.removeFirst();
+    shown += Shown(condition);
+    pieces += piece;
+}
+
+void Conditions::Remove(int line) {
+    if (line >= 0) {
+        shown.removeAt(line);
+        pieces.removeAt(line);
+    }
+    if (shown.isEmpty() || shown.front().startsWith(u"  "_s)) return;
+    // Five is the length of " And ", whatever stands there: " AND Not " leaves a sound "Where Not", and " Or
+    // " takes the first character of the field along. It has always done so.
+    constexpr int HeadCut = 5;
+    shown.front().replace(0, 2, u"  "_s);
+    pieces.front().replace(0, HeadCut, kHead);
+}
+
+}  // namespace search

@@ -1,0 +1,101 @@
+// The two texts of a search's conditions, word for word, and what a removal makes of them.
+#include "records/search_conditions.h"
+#include "tests/support/script.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using search::Conditions;
+using search::Kind;
+
+namespace {
+
+Conditions Of(const QStringList& connectives) {
+    Conditions conditions;
+    int nth = 0;
+    for (const QString& connective : connectives)
+        conditions.Add(
+            {connective, u"姓名"_s, u"M04.F1"_s, Kind::Text, u"等于(=)"_s, QString::number(++nth)});
+    return conditions;
+}
+
+TEST(Conditions, ReadAndAreWrittenByKindAndRelation) {
+    const struct {
+        Kind kind;
+        QString relation, value, shown, piece;
+    } rows[] = {
+        {Kind::Text, u"等于(=)"_s, u"张 三"_s, u"等于     张 三"_s, u" = '张 三'  "_s},
+        {Kind::Text, u"等于(=)"_s, u""_s, u"等于     "_s, u" = ''  "_s},
+        {Kind::Text, u"包含(like)"_s, u"a=b"_s, u"包含     a=b"_s, u" like '*a=b*'  "_s},
+        {Kind::Text, u"包含(like)"_s, u""_s, u"包含     "_s, u" like '**'  "_s},
+        {Kind::Text, u"等于(=)"_s, u"it's"_s, u"等于     it's"_s, u" = 'it's'  "_s},
+        {Kind::Number, u"大于(>)"_s, u" 12.50kg"_s, u"大于      12.50kg"_s, u" > 12.5"_s},
+        {Kind::Number, u"小于(<)"_s, u"-3"_s, u"小于     -3"_s, u" < -3"_s},
+        {Kind::Number, u"等于(=)"_s, u"abc"_s, u"等于     abc"_s, u" = 0"_s},
+        {Kind::Number, u"等于(=)"_s, u""_s, u"等于     "_s, u" = 0"_s},
+    };
+    const struct {
+        QString connective, prefix, piece;
+    } heads[] = {{u""_s, u"        "_s, u" Where "_s},
+                 {u"并且"_s, u"并且    "_s, u" And "_s},
+                 {u"或者"_s, u"或者    "_s, u" Or "_s},
+                 {u"排除"_s, u"排除    "_s, u" AND Not "_s}};
+    for (const auto& head : heads) {
+        for (const auto& row : rows) {
+            Conditions made;
+            made.Add({head.connective, u"项目"_s, u"M02.F6"_s, row.kind, row.relation, row.value});
+            EXPECT_EQ(made.shown, QStringList{head.prefix + u"项目  "_s + row.shown});
+            EXPECT_EQ(made.pieces, QStringList{head.piece + u"M02.F6"_s + row.piece});
+        }
+        for (const QChar sign : u"><="_s) {
+            Conditions made;
+            made.Add({head.connective, u"日期"_s, u"B01.F101"_s, Kind::Date, u"大于("_s + sign + u")"_s,
+                      u"2024-03-15"_s});
+            EXPECT_EQ(made.shown, QStringList{head.prefix + u"日期  大于     2024-03-15"_s});
+            EXPECT_EQ(made.pieces,
+                      QStringList{head.piece + u"datediff('d','2024-03-15',B01.F101 ) "_s + sign + u" 0 "_s});
+        }
+    }
+}
+
+TEST(Conditions, ARemovalGivesTheNextOneTheHead) {
+    const QString first = u" Where M04.F1 = '1'  "_s;
+    const struct {
+        QString connective;
+        int line;
+        QString shown;
+        QStringList pieces;
+    } rows[] = {
+        {u"并且"_s, 0, u"      姓名  等于     2"_s, {u" Where M04.F1 = '2'  "_s, u" And M04.F1 = '3'  "_s}},
+        {u"排除"_s,
+         0,
+         u"      姓名  等于     2"_s,
+         {u" Where Not M04.F1 = '2'  "_s, u" And M04.F1 = '3'  "_s}},
+        {u"或者"_s, 0, u"      姓名  等于     2"_s, {u" Where 04.F1 = '2'  "_s, u" And M04.F1 = '3'  "_s}},
+        {u"或者"_s, 1, u"        姓名  等于     1"_s, {first, u" And M04.F1 = '3'  "_s}},
+        {u"或者"_s, 2, u"        姓名  等于     1"_s, {first, u" Or M04.F1 = '2'  "_s}},
+        {u"并且"_s,
+         -1,
+         u"        姓名  等于     1"_s,
+         {first, u" And M04.F1 = '2'  "_s, u" And M04.F1 = '3'  "_s}},
+    };
+    for (const auto& row : rows) {
+        Conditions conditions = Of({u""_s, row.connective, u"并且"_s});
+        conditions.Remove(row.line);
+        EXPECT_EQ(conditions.shown.front(), row.shown);
+        EXPECT_EQ(conditions.shown.size(), row.pieces.size());
+        EXPECT_EQ(conditions.pieces, row.pieces);
+        EXPECT_EQ(conditions.Statement(u"Select M04.* from M04 "_s),
+                  u"Select M04.* from M04 "_s + row.pieces.join(QString()));
+    }
+}
+
+TEST(Conditions, TheLineForAllRecordsGivesWay) {
+    Conditions conditions;
+    conditions.shown = QStringList{u"系统中存在的所有记录"_s};
+    conditions.Add({u""_s, u"姓名"_s, u"M04.F1"_s, Kind::Text, u"等于(=)"_s, u"1"_s});
+    EXPECT_EQ(conditions.shown, QStringList{u"        姓名  等于     1"_s});
+    EXPECT_EQ(conditions.pieces.size(), 1);
+}
+
+}  // namespace
