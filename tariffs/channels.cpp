@@ -54,7 +54,7 @@ A01::A01()
         {u"Menu_Add"_s, u"&A.增加"_s, When::Browsing, [this] { Menu_Add(); }},
         {u"Menu_edit"_s, u"&E.修改"_s, When::Browsing, [this] { Menu_edit(); }},
         {u"Menu_del"_s, u"&D.删除"_s, When::Browsing, [this] { Menu_del(); }},
-        {u"Menu_query"_s, u"&Q.查找"_s, When::Browsing},
+        {u"Menu_query"_s, u"&Q.查找"_s, When::Browsing, [this] { Menu_query(); }},
         {u"Menu_save"_s, u"&S.保存"_s, When::Editing, [this] { Menu_save(); }},
         {u"Menu_cancel"_s, u"&C.取消"_s, When::Editing, [this] { Menu_cancel(); }},
         {u"Menu_ToExcel"_s, u"&T.导出数据"_s, When::Browsing, [this] { ExportGrid(*GD); }},
@@ -323,6 +323,12 @@ QString A01::InsertStatement() const {
         values += i < FirstNumber ? Quoted(text::Trim(typed)) : text::GeneralText(text::Val(typed));
     }
     return u"insert into M01 (F1,F2,F3,"_s + Brackets + u") VALUES ("_s + values.join(u',') + u')';
+}
+
+void A01::Menu_query() {
+    const SearchTable table{.base = u"Select M01.* from M01 "_s,
+                            .fields = {{Code, u"M01.F1"_s}, {Name, u"M01.F2"_s}}};
+    RunQuery(*this, *GD, table, [this](const QString& sql) { LoadGrid(sql); });
 }
 
 void A01::Menu_save() {

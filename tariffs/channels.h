@@ -40,6 +40,7 @@ class A01 : public RecordForm {
     void Menu_Add();
     void Menu_edit();
     void Menu_del();
+    void Menu_query();
     void Menu_save();
     static bool IsUsed(QString& code);
     bool BoundsFilled() const;

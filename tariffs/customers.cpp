@@ -89,7 +89,7 @@ A03::A03()
         {u"Menu_Add"_s, u"&A.增加"_s, When::Browsing, [this] { Menu_Add(); }},
         {u"Menu_edit"_s, u"&E.修改"_s, When::Browsing, [this] { Menu_edit(); }},
         {u"Menu_del"_s, u"&D.删除"_s, When::Browsing, [this] { Menu_del(); }},
-        {u"Menu_query"_s, u"&Q.查找"_s, When::Browsing},
+        {u"Menu_query"_s, u"&Q.查找"_s, When::Browsing, [this] { Menu_query(); }},
         {u"Menu_save"_s, u"&S.保存"_s, When::Editing, [this] { Menu_save(); }},
         {u"Menu_cancel"_s, u"&C.取消"_s, When::Editing, [this] { Menu_cancel(); }},
         {u"Menu_ToExcel"_s, u"&T.导出数据"_s, When::Browsing, [this] { ExportGrid(*GD); }},
@@ -317,6 +317,14 @@ void A03::Menu_del() {
     ForgetCurrentRecord();
     // In this form the blank line of an empty list is a current one.
     if (CurRow == 0) GD->SetRow(1);
+}
+
+void A03::Menu_query() {
+    const QString names[] = {u"F1"_s, u"F2"_s, u"F301"_s, u"F302"_s, u"F401"_s, u"F402"_s,
+                             u"F5"_s, u"F6"_s, u"F7"_s,   u"F8"_s,   u"F9"_s};
+    SearchTable table{.base = u"select M03.* FROM M03 "_s};
+    for (int col = Code; col <= Remark; ++col) table.fields.push_back({col, u"M03."_s + names[col]});
+    RunQuery(*this, *GD, table, [this](const QString& sql) { LoadGridOrTell(sql); });
 }
 
 bool A03::CodeIsFree() {

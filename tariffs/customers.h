@@ -39,6 +39,7 @@ class A03 : public RecordForm {
     void Menu_Add();
     void Menu_edit();
     void Menu_del();
+    void Menu_query();
     void Menu_save();
     bool NoCustomer() const;
     static bool IsUsed(const QString& code);

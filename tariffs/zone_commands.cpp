@@ -113,6 +113,11 @@ void ZoneForm::Menu_del() {
     ForgetCurrentRecord();
 }
 
+void ZoneForm::Menu_query() {
+    RunQuery(*this, *GD, zone_.search,
+             [this](const QString& sql) { LoadGridOrTell(sql + zone_.searchTail); });
+}
+
 bool ZoneForm::RequireAreas() const {
     // Only the first row is looked at.
     if (!text::Trim(GDdq->TextMatrix(1, 0)).isEmpty()) return true;

@@ -78,6 +78,7 @@ class ZoneForm : public RecordForm {
     // The commands.
     void Menu_edit();
     void Menu_del();
+    void Menu_query();
     void Menu_save();
     bool TestCard();
     bool RequireAreas() const;

@@ -2,6 +2,8 @@
 // in routines of its own (service_zones.h, channel_zones.h).
 #pragma once
 
+#include "records/query.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -40,6 +42,10 @@ struct ZoneSettings {
     QString choiceLabel, choiceCaption;  ///< that label's name and text
     std::vector<int> inputSwitches;      ///< boxes that Enter leaves with Ctrl+Space
     QStringList cascades;                ///< would take along what uses a zone, up to the apostrophe
+    /// Its statement has fewer columns than a load fills: of several hits the first is shown, and the
+    /// engine's message follows. So these searches have always been.
+    SearchTable search;
+    QString searchTail;  ///< stands behind the conditions
 };
 
 namespace selling_zone {

@@ -65,6 +65,7 @@ class B01 : public RecordForm {
     void Menu_del();
     void Menu_Check();
     static void Menu_JSQ();
+    void Menu_query();  ///< waybill_search.cpp
     void ProposeOrigin();
 
     // The save (waybill_save.cpp).

@@ -37,7 +37,7 @@ B01::B01()
         {u"Menu_edit"_s, u"&E.修改"_s, When::Browsing, [this] { Menu_edit(); }},
         {u"Menu_del"_s, u"&D.删除"_s, When::Browsing, [this] { Menu_del(); }},
         {u"Menu_Check"_s, u"&C.出货"_s, When::Browsing, [this] { Menu_Check(); }},
-        {u"Menu_query"_s, u"&Q.查找"_s, When::Browsing},
+        {u"Menu_query"_s, u"&Q.查找"_s, When::Browsing, [this] { Menu_query(); }},
         {u"Menu_save"_s, u"&S.保存"_s, When::Editing, [this] { Menu_save(); }},
         {u"Menu_cancel"_s, u"&C.取消"_s, When::Editing, [this] { Menu_cancel(); }},
         {u"Menu_JSQ"_s, u"&J.计算器"_s, When::Always, [] { Menu_JSQ(); }},

@@ -292,9 +292,9 @@ TEST(A03, CommandsFollowTheState) {
         QString command;
         bool browsing, editing;
     } commands[] = {
-        {u"Menu_Add"_s, true, false},    {u"Menu_edit"_s, true, false},    {u"Menu_del"_s, true, false},
-        {u"Menu_save"_s, false, true},   {u"Menu_cancel"_s, false, true},  {u"Menu_Return"_s, true, true},
-        {u"Menu_query"_s, false, false}, {u"Menu_ToExcel"_s, true, false}, {u"Menu_print"_s, false, false}};
+        {u"Menu_Add"_s, true, false},   {u"Menu_edit"_s, true, false},    {u"Menu_del"_s, true, false},
+        {u"Menu_save"_s, false, true},  {u"Menu_cancel"_s, false, true},  {u"Menu_Return"_s, true, true},
+        {u"Menu_query"_s, true, false}, {u"Menu_ToExcel"_s, true, false}, {u"Menu_print"_s, false, false}};
     for (int pass = 0; pass < 2; ++pass) {
         for (const auto& c : commands)
             EXPECT_EQ(form.Enabled(c.command), c.browsing) << c.command.toStdString();
