@@ -287,6 +287,52 @@ void TellRelease(Operator& op) {
     op.Command(u"R"_s);
 }
 
+/// Presses Down so often and expects that item.
+void PickBelow(Operator& op, const QString& combo, int presses, const QString& item) {
+    op.TabTo(combo);
+    for (int i = 0; i < presses; ++i) op.Press(Qt::Key_Down);
+    op.ExpectText(combo, item);
+}
+
+/// What was sent since Saturday, of one customer, and has been released; then all waybills again.
+void TellSearch(Operator& op) {
+    op.Command(u"B"_s);
+    op.Command(u"Q"_s);
+    op.ExpectWindow(u"Query"_s);
+    op.ExpectFocus(u"CmbF"_s);
+    op.ExpectStatus(u"Enter->增加条件   Ctrl+Enter->开始查找   Esc->取消"_s);
+    PickBelow(op, u"CmbF"_s, 1, u"寄件日期"_s);
+    op.EnterTo(u"DTP"_s);
+    op.Press(Qt::Key_F4);
+    for (int day = 0; day < 3; ++day) op.Press(Qt::Key_Left);
+    op.Press(Qt::Key_Return);
+    op.ExpectText(u"DTP"_s, u"2024-11-22"_s);
+    op.EnterTo(u"CmdAdd"_s);
+    op.Press(Qt::Key_Return);
+    op.Picture(u"query-date"_s, u"查找条件：按日期"_s);
+    PickBelow(op, u"CmbF"_s, 4, u"发件客户"_s);
+    PickBelow(op, u"CmbGX"_s, 1, u"包含(like)"_s);
+    op.EnterTo(u"Txt"_s);
+    op.Type(u"华兴"_s);
+    op.Press(Qt::Key_Return);
+    PickBelow(op, u"CmbLG"_s, 2, u"排除"_s);
+    PickBelow(op, u"CmbF"_s, 7, u"审核人"_s);
+    op.EnterTo(u"Txt"_s);
+    op.Type(u"未审核"_s);
+    op.Press(Qt::Key_Return);
+    op.TabTo(u"Lst"_s);
+    op.Press(Qt::Key_End);
+    op.Picture(u"query"_s, u"查找条件：三个条件"_s);
+    op.Press(Qt::Key_Return, Qt::ControlModifier);
+    op.ExpectStatus(u"速递单：共 1 条记录 当前为第 1 条"_s);
+    op.Picture(u"query-found"_s, u"速递单列表：查找结果"_s);
+    op.Command(u"Q"_s);
+    op.ExpectWindow(u"Query"_s);
+    op.Press(Qt::Key_Return, Qt::ControlModifier);
+    op.ExpectStatus(u"速递单：共 5 条记录 当前为第 1 条"_s);
+    op.Command(u"R"_s);
+}
+
 /// The list as a workbook, its place chosen in the toolkit's own dialog.
 void TellExport(Operator& op, const QString& file) {
     op.Do(u"移去上次的文件"_s, [file] { QFile::remove(file); });
@@ -397,6 +443,7 @@ void TellDay(Operator& op, QDateTime& clock, const QString& folder) {
     TellMonday(op, {day.begin() + 2, day.end()});
     TellList(op);
     TellRelease(op);
+    TellSearch(op);
     TellExport(op, folder + u"/速递单.xls"_s);
     TellRestore(op);
     TellRestricted(op);
