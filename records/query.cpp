@@ -67,7 +67,7 @@ void Query::MakeControls() {
         auto* made = new controls::ComboBox(this);
         made->setObjectName(name);
         made->setFixedWidth(width);
-        made->lineEdit()->setReadOnly(true);  // its items and no other text
+        made->SetItemsOnly();
         return made;
     };
     CmbLG = combo(u"CmbLG"_s, ConnectiveWidth);

@@ -21,7 +21,7 @@ const QString ListStatement =
 
 A02::A02() : ZoneForm(SellingZoneSettings()) {
     for (const QString& range : {u"国内"_s, u"国外"_s}) choice_->AddItem(range);
-    choice_->lineEdit()->setReadOnly(true);  // these two and no other
+    choice_->SetItemsOnly();
     GD->SetColAlignment(Days, Qt::AlignRight);
 }
 

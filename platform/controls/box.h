@@ -130,6 +130,8 @@ class ComboBox : public QComboBox, public FocusEvents {
     int ListIndex() const;
     /// Chooses an item, -1 none; fires Click even when unchanged. Raises for an item that is not there.
     void SetListIndex(int index);
+    /// Its items and no other text: nothing can be typed, and a click on the text opens the list.
+    void SetItemsOnly();
     void showPopup() override;
     void SetFocus() { MoveFocus(this); }
 
@@ -141,6 +143,7 @@ class ComboBox : public QComboBox, public FocusEvents {
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void Choose(int index);

@@ -4,6 +4,7 @@
 #include "platform/errors.h"
 
 #include <QListView>
+#include <QMouseEvent>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 
@@ -73,6 +74,20 @@ void ComboBox::SetListIndex(int index) {
     if (index < -1 || index >= count()) throw RuntimeError(u"无效属性值"_s);
     Choose(index);
     Click();
+}
+
+void ComboBox::SetItemsOnly() {
+    lineEdit()->setReadOnly(true);
+    lineEdit()->installEventFilter(this);
+}
+
+bool ComboBox::eventFilter(QObject* watched, QEvent* event) {
+    const bool opens = watched == lineEdit() && event->type() == QEvent::MouseButtonPress &&
+                       static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
+    if (!opens) return QComboBox::eventFilter(watched, event);
+    setFocus(Qt::MouseFocusReason);
+    showPopup();
+    return true;
 }
 
 void ComboBox::showPopup() {

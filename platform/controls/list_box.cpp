@@ -46,7 +46,7 @@ void ListBox::keyPressEvent(QKeyEvent* event) {
     // The toolkit would walk from a first line that nobody has selected yet.
     if (Moves(left->key()) && ListIndex() < 0 && count() > 0) {
         event->accept();
-        return SetListIndex(0);
+        return SetListIndex(left->key() == Qt::Key_End ? count() - 1 : 0);
     }
     QListWidget::keyPressEvent(left.get());
     event->setAccepted(left->isAccepted());

@@ -6,6 +6,7 @@
 #include "tests/support/gui.h"
 #include "tests/support/script.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QClipboard>
@@ -424,6 +425,23 @@ TEST_F(Boxes, TabsTellAnotherSelection) {
     tabs.SetTabStop(false);
     tests::Press(Qt::Key_Tab);
     EXPECT_EQ(tests::FocusName(), u"line"_s);
+}
+
+TEST_F(Boxes, AComboOfItemsOnlyOpensAtAClickOnItsText) {
+    for (const auto& item : {u"甲"_s, u"乙"_s}) combo.AddItem(item);
+    combo.SetListIndex(0);
+    told.clear();
+    tests::Click(*combo.lineEdit());
+    EXPECT_FALSE(combo.view()->isVisible()) << "a text that can be changed is clicked to change it";
+    combo.SetItemsOnly();
+    tests::Click(*combo.lineEdit());
+    ASSERT_TRUE(combo.view()->isVisible());
+    EXPECT_TRUE(told.isEmpty()) << "the click itself chooses nothing";
+    tests::Press(Qt::Key_Down);
+    tests::Press(Qt::Key_Return);
+    EXPECT_EQ(told, QStringList{u"chosen:乙"_s});
+    tests::Type(u"x"_s);
+    EXPECT_EQ(combo.Text(), u"乙"_s);
 }
 
 }  // namespace
