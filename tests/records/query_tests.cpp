@@ -1,7 +1,7 @@
 // The search dialog, driven by keys from the forms that offer it: what it can search, what it hands back, and
 // what the forms make of a statement that fails.
 #include "platform/controls/list_box.h"
-#include "records/query.h"
+#include "records/record_form.h"
 #include "tests/support/program.h"
 #include "tests/waybills/waybill_company.h"
 
@@ -84,6 +84,7 @@ class Searching : public tests::Program {
         });
         AltKey(u'Q');
     }
+    int RecCount() { return dynamic_cast<RecordForm&>(*Frame().Front()).RecCount; }
     QString PubSql() { return dynamic_cast<QueryCaller&>(*Frame().Front()).PubSql; }
     /// One column of the list's lines.
     QStringList Column(int col) {
@@ -254,6 +255,29 @@ TEST(Query, ZonesShowOneHitAndTheEnginesMessage) {
         dialog.Find();
     });
     EXPECT_EQ(form.Column(0), QStringList{u""_s}) << "without a hit there is no message";
+}
+
+TEST(Query, AChannelsZoneWithTwoPlacesIsOneHit) {
+    Searching form(u"A2"_s, u"A011"_s,
+                   {u"insert into M0111 (F0,F1,F2) VALUES ('H1-1','纽约','New York')"_s,
+                    u"insert into M0111 (F0,F1,F2) VALUES ('H1-1','波士顿','Boston')"_s});
+    form.script.Box(u"在此集合中找不到该项目"_s, u"提示"_s);
+    form.Search([](Dialog& dialog) {
+        // The headers go by place, whatever field stands beside them.
+        QStringList fields;
+        auto& table = dialog.At<controls::FlexGrid>(u"GD"_s);
+        for (int row = 0; row < table.Rows(); ++row)
+            fields += table.TextMatrix(row, 0) + u'=' + table.TextMatrix(row, 1) + table.TextMatrix(row, 2);
+        EXPECT_EQ(fields.join(u' '),
+                  u"所属渠道=M01.F20 区域编号=M011.F10 区域概称(中文)=M011.F20 送达时日=M011.F40 "
+                  u"备注=M011.F61 所属渠道编号=M011.F80 地区名称(中文)=M0111.F10 "
+                  u"地区名称(英文)=M0111.F20"_s);
+        dialog.Add(u""_s, u"地区名称(英文)"_s, u"包含(like)"_s, u"o"_s);
+        dialog.Find();
+    });
+    EXPECT_TRUE(form.PubSql().endsWith(u"M0111.F0=M011.F1  Where M0111.F2 like '*o*'  "_s));
+    EXPECT_EQ(form.RecCount(), 1);
+    EXPECT_EQ(form.Lines(), QStringList{u"环洋|H1-1|美东|||H1|"_s + QString(15, u'|')});
 }
 
 TEST(Query, ABrokenStatementIsReportedAndChangesNothing) {
