@@ -23,6 +23,7 @@ int main(int argc, char** argv) {
         {
             benchmarks::Office office(company);
             benchmarks::MeasureList(bench, office);
+            benchmarks::MeasureSearches(bench, office);
             benchmarks::MeasureSaves(bench, office);
             benchmarks::MeasureCustomers(bench, office);
             benchmarks::MeasureExport(bench, office);
