@@ -221,6 +221,7 @@ void Query::AddCondition() {
                      .relation = CmbGX->Text(),
                      .value = kind == Kind::Date ? text::DateText(DTP->Value()) : Txt->Text()});
     ShowConditions();
+    Lst->scrollToBottom();
     CmbLG->setEnabled(true);
     CmbLG->SetListIndex(0);
 }
