@@ -1,7 +1,8 @@
 // A list of lines, one of which may be selected.
 //
 // Always holds: filling selects nothing, and nothing is selected until the operator or SetListIndex does it;
-// a key that moves selects the first line then, End the last. Lines keep their blanks and are never shortened.
+// a key that moves selects the first line then, End the last. Lines keep their blanks and are never
+// shortened.
 #pragma once
 
 #include "platform/controls/box.h"
