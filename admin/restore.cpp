@@ -62,6 +62,7 @@ S32::S32(QWidget* over) : ModalForm(u"S32"_s, u"数据恢复"_s, over) {
     column->addWidget(warning);
     column->addLayout(dressing::ButtonRow({restore, cancel}));
     setTabOrder(restore, cancel);
+    cancel->setFocus();  // not on what can't be undone
     setFixedWidth(420);
 }
 

@@ -360,8 +360,7 @@ void TellExport(Operator& op, const QString& file) {
 void TellRestore(Operator& op) {
     op.Command(u"S5"_s);
     op.ExpectWindow(u"S32"_s);
-    op.Picture(u"restore"_s, u"数据恢复；已取消"_s);
-    op.TabTo(u"Command2"_s);
+    op.Picture(u"restore"_s, u"数据恢复；光标在“取消操作”上"_s);
     op.Press(Qt::Key_Return);
     op.ExpectWindow(u"MForm"_s);
     op.ExpectRows(u"select count(*) from B01"_s, {u"5"_s});

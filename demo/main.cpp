@@ -1,9 +1,11 @@
 // demo FOLDER [SUFFIX [WIDTHxHEIGHT [PAUSE]]]: plays a day's work of a sample company on the real program and
-// leaves in FOLDER the company's folder, pictures of every form (their names end in SUFFIX) and a summary.
-// Ends with 0 when everything was as it has to be, 1 when something was not, 2 when it was called wrongly.
+// leaves in FOLDER the company's folder, pictures of every form (their names end in SUFFIX), a page that
+// shows them in order (index + SUFFIX + .html) and a summary. Ends with 0 when everything was as it has to
+// be, 1 when something was not, 2 when it was called wrongly.
 #include "app/product.h"
 #include "app/session.h"
 #include "demo/day.h"
+#include "demo/index_page.h"
 #include "demo/sample_company.h"
 #include "demo/summary.h"
 #include "platform/controls/look.h"
@@ -107,6 +109,8 @@ int Play(QApplication& app, const Arguments& arguments) {
     frame.reset();
     const QString summary = demo::Summary(FileOf(company), screen.Pictures());
     Write(arguments.folder + u"/summary.txt"_s, summary);
+    const QString page = arguments.folder + u"/index"_s + arguments.suffix + u".html"_s;
+    Write(page, demo::IndexPage(screen.Pictures(), summary));
     return 0;
 }
 

@@ -256,7 +256,7 @@ bool RecordForm::RequireFilled(int count) const {
 
 RecordForm::Consent RecordForm::AskToDelete(const QString& name, bool used, const QString& plainQuestion,
                                             sys::BoxAnswer warningDefault) {
-    if (!used) return sys::Ask(plainQuestion, MsgTitle) ? Consent::Plain : Consent::No;
+    if (!used) return sys::AskToDestroy(plainQuestion, MsgTitle) ? Consent::Plain : Consent::No;
     if (OperatorCode != u"001") {
         sys::Inform(u"["_s + name + u"]已经在系统中应用，不能删除!"_s, MsgTitle);
         return Consent::No;
@@ -264,7 +264,7 @@ RecordForm::Consent RecordForm::AskToDelete(const QString& name, bool used, cons
     const QString warning = u"["_s + name + u"]已经在系统中应用!\r如果删除将造成系统中其它记录的丢失!\r"_s +
                             u"只有管理员才有权删除。真的要删除吗？"_s;
     for (const QString& title : {u"提示"_s, u"请再次确认"_s})
-        if (!sys::Ask(warning, title, warningDefault)) return Consent::No;
+        if (!sys::AskToDestroy(warning, title, warningDefault)) return Consent::No;
     return Consent::Whole;
 }
 

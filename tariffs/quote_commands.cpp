@@ -90,6 +90,7 @@ void QuotePanel::FillDownList() {
         for (int col = 0; col < headers.size(); ++col)
             GdDownList->LoadCell(row, col, zones.Fields(col).Text());
     GdDownList->EndLoad();
+    FitDownList(found);
     zones.Close();
     if (found > 0) CmdDel->SetCaption(BatchCaption);
 }
@@ -180,7 +181,7 @@ void QuotePanel::DeleteQuote() {
         return;
     }
     const QString name = text::Trim(GdMx->TextMatrix(row, NameColumn));
-    if (sys::Ask(u"真的要删除["_s + name + u"]的报价吗?"_s, MsgTitle)) RemoveQuoteRow(row);
+    if (sys::AskToDestroy(u"真的要删除["_s + name + u"]的报价吗?"_s, MsgTitle)) RemoveQuoteRow(row);
 }
 
 void QuotePanel::RemoveQuoteRow(int row) {

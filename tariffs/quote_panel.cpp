@@ -30,7 +30,10 @@ constexpr int BarHeight = 40;
 constexpr int BarMargin = 16;
 constexpr int CodeWidth = 76;
 constexpr int CoefficientWidth = 56;
-constexpr QSize DownListSize(424, 270);  // ten zones and the header
+constexpr int DownListWidth = 424;
+constexpr int DownListRows = 10;  // before it scrolls
+constexpr int RowHeight = 24;
+constexpr int HeaderHeight = 28;
 
 /// Narrowest columns, pixels. A longer caption or text widens its column, a name only so far.
 constexpr int ZoneWidth = 46;
@@ -149,7 +152,7 @@ void QuotePanel::BuildDownList(QWidget* form) {
     GdDownList->setAccessibleName(u"区域"_s);
     GdDownList->SetFramed(true);
     GdDownList->SetCols(3);
-    GdDownList->resize(DownListSize);
+    FitDownList(DownListRows);
     GdDownList->hide();
 }
 
@@ -410,6 +413,12 @@ void QuotePanel::FitColumns() {
 void QuotePanel::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     if (DownListOpen()) PlaceDownList();
+}
+
+/// As high as its rows; an empty one keeps the blank row of an empty grid.
+void QuotePanel::FitDownList(int rows) {
+    const int frame = 2 * GdDownList->frameWidth();
+    GdDownList->resize(DownListWidth, HeaderHeight + std::clamp(rows, 1, DownListRows) * RowHeight + frame);
 }
 
 /// Under its box, or above it where the panel is folded at the foot of the form.

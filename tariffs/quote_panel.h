@@ -65,6 +65,7 @@ class QuotePanel : public QWidget {
     void ShowChange();
     void FitColumns();
     const QString& LongestText(int col) const;
+    void FitDownList(int rows);
     void PlaceDownList();
 
     // The entry line and the buttons (quote_commands.cpp).

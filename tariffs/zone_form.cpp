@@ -45,6 +45,16 @@ constexpr int BesideWidth = 26;
 constexpr int BoxHeight = 24;
 constexpr int RowGap = 8;
 
+/// What is pasted or dropped into the code is raised like what is typed; comparisons in the forms mind the
+/// case.
+void Raise(controls::LineBox& code) {
+    const QString raised = code.text().toUpper();
+    if (raised == code.text()) return;
+    const int place = code.cursorPosition();
+    code.SetText(raised);
+    code.setCursorPosition(place);
+}
+
 }  // namespace
 
 ZoneForm::ZoneForm(const ZoneSettings& settings)
@@ -270,6 +280,8 @@ void ZoneForm::WireCard() {
         text.KeyPressed = [this, box](controls::KeyPress& key) { KeyInBox(box, key); };
     }
     Txt[Code]->LostFocus = [this] { DropTrailingBlanks(); };
+    auto* code = static_cast<controls::LineBox*>(Txt[Code]->Widget());
+    connect(code, &QLineEdit::textEdited, this, [code] { sys::Guarded([code] { Raise(*code); }); });
     Cmd[0]->Click = [this] { AddArea(); };
     Cmd[1]->Click = [this] { DeleteArea(); };
     GDdq->Click = [this] { AreaToBoxes(); };
@@ -302,6 +314,7 @@ void ZoneForm::OpenCard() {
     }
     ShowForEdit(true);
     LookLocked(false);
+    StopAtBoxes(true);
 }
 
 void ZoneForm::CloseCard() {
@@ -309,6 +322,12 @@ void ZoneForm::CloseCard() {
     for (int box = Code; box <= LastHandled; ++box) Txt[static_cast<std::size_t>(box)]->SetLocked(true);
     ShowForEdit(false);
     LookLocked(true);
+    StopAtBoxes(false);
+}
+
+/// While browsing Tab goes straight to the places; the boxes would only send it back.
+void ZoneForm::StopAtBoxes(bool stop) {
+    for (auto* box : Txt) box->Widget()->setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 void ZoneForm::EnterBox(int box) {

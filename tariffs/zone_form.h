@@ -62,6 +62,7 @@ class ZoneForm : public RecordForm {
     std::vector<QWidget*> Stops() const;
     void ShowForEdit(bool shown);
     void LookLocked(bool locked);
+    void StopAtBoxes(bool stop);
 
     void EnterBox(int box);
     void ProposeFor(int box);

@@ -137,7 +137,8 @@ void B01::Menu_del() {
         return;
     }
     const QString number = text::Trim(CurrentCell(NumberColumn));
-    if (!sys::Ask(u"数据删除后将不可恢复！\r真的要删除单号为:"_s + number + u"的单据吗？"_s, u"警告"_s))
+    if (!sys::AskToDestroy(u"数据删除后将不可恢复！\r真的要删除单号为:"_s + number + u"的单据吗？"_s,
+                           u"警告"_s))
         return;
     Db->Execute(u"delete from B01 WHERE F1="_s + Quoted(number));
     // The chains of customer and channel are left as they are: the rows behind keep their balances.

@@ -110,7 +110,9 @@ void AddButtons(QMessageBox& box, const sys::BoxRequest& request) {
         box.setEscapeButton(QMessageBox::Ok);
         return;
     }
-    box.addButton(QMessageBox::Yes)->setText(u"是(&Y)"_s);
+    QPushButton* yes = box.addButton(QMessageBox::Yes);
+    yes->setText(u"是(&Y)"_s);
+    if (request.destroys) yes->setProperty("role", u"danger"_s);
     box.addButton(QMessageBox::No)->setText(u"否(&N)"_s);
     const bool no = request.defaultButton == sys::BoxAnswer::No;
     box.setDefaultButton(no ? QMessageBox::No : QMessageBox::Yes);

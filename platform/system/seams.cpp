@@ -97,6 +97,16 @@ bool Ask(const QString& text, const QString& title, BoxAnswer defaultButton) {
                    .defaultButton = defaultButton}) == BoxAnswer::Yes;
 }
 
+bool AskToDestroy(const QString& text, const QString& title, BoxAnswer defaultButton) {
+    return MsgBox({.text = text,
+                   .title = title,
+                   .icon = BoxIcon::Question,
+                   .buttons = BoxButtons::YesNo,
+                   .defaultButton = defaultButton,
+                   .detail = {},
+                   .destroys = true}) == BoxAnswer::Yes;
+}
+
 QString AskFile(const FileRequest& request) {
     CloseCommand();
     const QString path = seams().askFile(request);

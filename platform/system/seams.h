@@ -21,6 +21,7 @@ struct BoxRequest {
     BoxButtons buttons = BoxButtons::Ok;
     BoxAnswer defaultButton = BoxAnswer::Ok;
     QString detail;           ///< a failing statement, shown selectable beneath the text; mostly empty
+    bool destroys = false;    ///< Yes takes away what can't be had back, and looks like it
     bool keepsGroup = false;  ///< stands inside a command: what was written so far is not yet committed
 };
 
@@ -57,6 +58,8 @@ void Inform(const QString& text, const QString& title);
 void Warn(const QString& text, const QString& title);
 /// Yes and No with a question mark.
 bool Ask(const QString& text, const QString& title, BoxAnswer defaultButton = BoxAnswer::Yes);
+/// The same where Yes destroys something.
+bool AskToDestroy(const QString& text, const QString& title, BoxAnswer defaultButton = BoxAnswer::Yes);
 
 /// Asks for a file; "" if the operator gave up.
 QString AskFile(const FileRequest& request);

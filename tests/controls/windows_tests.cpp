@@ -87,6 +87,8 @@ TEST(MessageBox, YesAndNo) {
             QMessageBox& box = AsBox(shown);
             EXPECT_EQ(box.button(QMessageBox::Yes)->text(), u"是(&Y)"_s);
             EXPECT_EQ(box.button(QMessageBox::No)->text(), u"否(&N)"_s);
+            EXPECT_EQ(box.button(QMessageBox::Yes)->property("role").toString(), u"danger"_s);
+            EXPECT_FALSE(box.button(QMessageBox::No)->property("role").isValid());
             const bool letter = c.key == Qt::Key_Y;
             QTest::keyClick(QApplication::focusWidget(), c.key, letter ? Qt::AltModifier : Qt::NoModifier);
             EXPECT_TRUE(
@@ -94,7 +96,9 @@ TEST(MessageBox, YesAndNo) {
         });
         EXPECT_EQ(ShowMessageBox({.text = u"真的要删除吗?"_s,
                                   .buttons = sys::BoxButtons::YesNo,
-                                  .defaultButton = c.byDefault}),
+                                  .defaultButton = c.byDefault,
+                                  .detail = {},
+                                  .destroys = true}),
                   c.answer);
     }
 }

@@ -3,6 +3,8 @@
 #include "tariffs/service_zones.h"
 #include "tests/tariffs/zone_program.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -118,6 +120,11 @@ TEST(A02, ProposesAsTheBoxesAreEntered) {
     Press(Qt::Key_Backspace);
     Press(Qt::Key_Return);
     EXPECT_EQ(form.Box(0), u"ZZ-1 中") << "trailing blanks go when it is left";
+    form.SetBox(0, {});
+    QGuiApplication::clipboard()->setText(u"zz-1 中"_s);
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(form.Box(0), u"ZZ-1 中") << "upper case when it is pasted";
+    Press(Qt::Key_Return);
     EXPECT_EQ(form.Box(1), u"区域ZZ-1 中");
     Type(u"新区"_s);
     EXPECT_EQ(form.Box(1), u"新区") << "ready to be typed over";

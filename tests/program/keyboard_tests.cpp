@@ -1,0 +1,146 @@
+// Every form of the menu table that stands is visited by keys, in every state that its commands bring it to.
+// A form that is added to the registry is visited by itself.
+#include "app/main_menu.h"
+#include "platform/controls/modal_form.h"
+#include "tests/support/by_keys.h"
+#include "tests/support/program.h"
+#include "tests/waybills/waybill_company.h"
+
+#include <gtest/gtest.h>
+
+void PrintTo(const MenuRow& row, std::ostream* out) {
+    *out << row.name.toString().toStdString();
+}
+
+namespace tests {
+namespace {
+
+QStringList Masters() {
+    return WaybillMasters() +
+           QStringList{
+               u"insert into M030 (F1,F2) VALUES ('孙丽萍','')"_s,
+               u"insert into B01 (F1,F101,F203,F603,F604) VALUES ('KV1','2024-03-14','Z1','C1','未审核')"_s};
+}
+
+std::string Text(const QStringList& lines) {
+    return lines.join(u", "_s).toStdString();
+}
+
+/// A tour that begins at one row of the menu. Whatever is asked on the way is declined; each modal form that
+/// comes is looked at and left.
+class Tour {
+  public:
+    explicit Tour(const MenuRow& row) : row_(row), program_(Masters()) {
+        auto& seams = sys::seams();
+        seams.showBox = [](const sys::BoxRequest& request) {
+            return request.buttons == sys::BoxButtons::Ok ? sys::BoxAnswer::Ok : sys::BoxAnswer::No;
+        };
+        seams.askFile = [](const sys::FileRequest&) { return QString(); };
+        seams.startProgram = [](const QString&) { return true; };
+        seams.openAddress = [](const QString&) {};
+        seams.leave = [this](int status) {
+            ended_ = status;
+            throw sys::ProgramEnded{status};
+        };
+        before_ = controls::ModalForm::StandIn();
+        controls::ModalForm::StandIn() = [this](controls::ModalForm& form) { VisitModal(form); };
+    }
+    ~Tour() { controls::ModalForm::StandIn() = before_; }
+
+    bool Landed() { return program_.Frame().MenuItem(row_.name.toString())->isEnabled(); }
+
+    void Take() {
+        EXPECT_EQ(Text(WithoutNameOrRole(program_.Frame())), "");
+        const int modals = modals_;
+        Begin();
+        if (ChildForm* form = program_.Frame().Front()) VisitChild(*form);
+        if (row_.opens == Opens::Child) {
+            EXPECT_GT(children_, 0);
+        }
+        if (row_.opens == Opens::Modal) {
+            EXPECT_GT(modals_, modals);
+        }
+        EXPECT_EQ(ended_, 0) << "the program has reported an error";
+    }
+
+  private:
+    void Begin() {
+        auto& bar = *qobject_cast<QMenuBar*>(program_.Frame().MenuItem(u"Menu_b"_s)->parent());
+        EXPECT_TRUE(RunByKeys(bar, row_.name.toString()));
+    }
+
+    static void Look(QWidget& form, const QString& where, bool browsing = false) {
+        EXPECT_EQ(Text(NotReachedByTab(form, browsing)), "") << where.toStdString();
+        EXPECT_EQ(Text(WithoutNameOrRole(*form.window())), "") << where.toStdString();
+    }
+
+    void VisitModal(controls::ModalForm& form) {
+        ++modals_;
+        Settle();
+        const QString name = form.objectName();
+        Look(form, name);
+        EXPECT_TRUE(LeaveByKeys(form)) << name.toStdString();
+    }
+
+    void VisitChild(ChildForm& form) {
+        ++children_;
+        Look(form, u"list"_s, true);
+        const QStringList commands = form.HasMenuBar() ? CommandsOf(*form.MenuBar()) : QStringList();
+        EXPECT_FALSE(commands.isEmpty());
+        for (const QString& command : commands) {
+            if (!program_.Frame().Front()) Begin();
+            Run(command);
+            if (EditInProgress) VisitEdit(command, commands);
+        }
+        EXPECT_EQ(program_.Frame().Front(), nullptr) << "no key closes the form";
+    }
+
+    /// A command that can be used is run by its key.
+    void Run(const QString& command) {
+        QMenuBar& bar = *program_.Frame().Front()->MenuBar();
+        if (!bar.findChild<QAction*>(command)->isEnabled()) return;
+        EXPECT_TRUE(RunByKeys(bar, command)) << command.toStdString();
+    }
+
+    /// All commands of the state, which is entered again when one of them has left it.
+    void VisitEdit(const QString& entry, const QStringList& commands) {
+        ChildForm& form = *program_.Frame().Front();
+        Look(form, entry);
+        for (const QString& command : commands) {
+            if (!EditInProgress) Run(entry);
+            Run(command);
+        }
+        for (const QString& command : commands)
+            if (EditInProgress) Run(command);
+        EXPECT_FALSE(EditInProgress) << "no key leaves " << entry.toStdString();
+        Look(form, u"card"_s, true);
+    }
+
+    const MenuRow& row_;
+    Program program_;
+    std::function<void(controls::ModalForm&)> before_;
+    int children_ = 0;
+    int modals_ = 0;
+    int ended_ = 0;
+};
+
+class Menus : public testing::TestWithParam<MenuRow> {};
+
+TEST_P(Menus, AreWalkedWithoutAMouseAndReadOut) {
+    Tour tour(GetParam());
+    if (!tour.Landed()) GTEST_SKIP() << "not built yet";
+    tour.Take();
+}
+
+std::vector<MenuRow> Commands() {
+    std::vector<MenuRow> rows;
+    for (const MenuRow& row : MenuRows())
+        if (row.opens != Opens::Nothing) rows.push_back(row);
+    return rows;
+}
+
+INSTANTIATE_TEST_SUITE_P(House, Menus, testing::ValuesIn(Commands()),
+                         [](const auto& row) { return row.param.name.toString().toStdString(); });
+
+}  // namespace
+}  // namespace tests

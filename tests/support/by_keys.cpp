@@ -1,0 +1,166 @@
+#include "tests/support/by_keys.h"
+
+#include "platform/controls/box.h"
+#include "platform/controls/flex_grid.h"
+#include "platform/system/guard.h"
+#include "tests/support/gui.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAbstractSpinBox>
+#include <QAccessible>
+#include <QApplication>
+#include <QMenu>
+#include <QPointer>
+#include <QPushButton>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace tests {
+namespace {
+
+constexpr int kMostStops = 120;
+
+/// Buttons whose own key is another control's, so that Tab need not stop at them.
+const QStringList kReachedOtherwise = {u"CmdDownList"_s};  // the arrow down in the box beside it
+
+QWidget* FocusedControl() {
+    for (QWidget* w = QApplication::focusWidget(); w; w = w->parentWidget())
+        if (dynamic_cast<controls::FocusEvents*>(w)) return w;
+    return QApplication::focusWidget();
+}
+
+bool TakesInput(QWidget* control, bool browsing) {
+    if (!control->isVisible() || !control->isEnabled()) return false;
+    if (kReachedOtherwise.contains(control->objectName())) return false;
+    if (dynamic_cast<controls::FlexGrid*>(control) || qobject_cast<QPushButton*>(control)) return true;
+    if (browsing) return false;
+    if (const auto* box = dynamic_cast<controls::TextBox*>(control)) return !box->Locked();
+    return qobject_cast<QComboBox*>(control) || qobject_cast<QAbstractSpinBox*>(control) ||
+           qobject_cast<QAbstractButton*>(control);
+}
+
+bool IsPartOfAnother(const QWidget& widget) {
+    for (const QWidget* w = widget.parentWidget(); w && !w->isWindow(); w = w->parentWidget())
+        if (qobject_cast<const QAbstractItemView*>(w) || qobject_cast<const QComboBox*>(w) ||
+            qobject_cast<const QAbstractSpinBox*>(w))
+            return true;
+    return false;
+}
+
+/// What stands on the screen to be used; frames, captions and the parts of a control need no name.
+bool NeedsName(const QAccessibleInterface& item) {
+    const QAccessible::State state = item.state();
+    if (state.invisible || item.role() == QAccessible::Separator) return false;
+    const auto* widget = qobject_cast<QWidget*>(item.object());
+    if (!widget) return item.role() == QAccessible::MenuItem || item.role() == QAccessible::PageTab;
+    if (!widget->isVisible() || widget->focusProxy() || IsPartOfAnother(*widget)) return false;
+    return widget->isWindow() || widget->focusPolicy() != Qt::NoFocus ||
+           qobject_cast<const QAbstractButton*>(widget);
+}
+
+void Walk(QAccessibleInterface* item, QStringList& lacking) {
+    if (!item || !item->isValid()) return;
+    const QAccessible::Role role = item->role();
+    if (NeedsName(*item)) {
+        const QString object = item->object() ? item->object()->objectName() : QString();
+        const QString who = u"%1 (%2)"_s.arg(
+            object, QString::fromLatin1(item->object() ? item->object()->metaObject()->className() : ""));
+        if (item->text(QAccessible::Name).trimmed().isEmpty()) lacking << who + u" has no name"_s;
+        if (role == QAccessible::NoRole || role == QAccessible::Client) lacking << who + u" has no role"_s;
+    }
+    if (role == QAccessible::Table || role == QAccessible::List) return;  // the cells are texts
+    for (int i = 0; i < item->childCount(); ++i) Walk(item->child(i), lacking);
+}
+
+char16_t LetterOf(const QAction& command) {
+    const auto at = command.text().indexOf(u'&');
+    return at < 0 ? u'\0' : command.text().at(at + 1).unicode();
+}
+
+/// The letter, as often as it takes for this command's turn to come.
+void PressLetter(const QList<QAction*>& among, const QAction& command) {
+    int turn = 0;
+    int candidates = 0;
+    for (const QAction* other : among) {
+        if (!other->isVisible() || !other->isEnabled() || LetterOf(*other) != LetterOf(command)) continue;
+        ++candidates;
+        if (other == &command) turn = candidates;
+    }
+    for (int i = 0; i < (candidates > 1 ? turn : 1); ++i) AltKey(LetterOf(command));
+    if (candidates > 1) Press(Qt::Key_Return);
+}
+
+}  // namespace
+
+std::vector<QWidget*> TabStops() {
+    std::vector<QWidget*> stops;
+    for (int i = 0; i < kMostStops; ++i) {
+        QWidget* stop = FocusedControl();
+        if (!stop || std::ranges::find(stops, stop) != stops.end()) break;
+        stops.push_back(stop);
+        Press(Qt::Key_Tab);
+    }
+    return stops;
+}
+
+QStringList NotReachedByTab(QWidget& form, bool browsing) {
+    const auto stops = TabStops();
+    QStringList missed;
+    for (QWidget* control : form.findChildren<QWidget*>()) {
+        if (!TakesInput(control, browsing) || IsPartOfAnother(*control)) continue;
+        if (std::ranges::find(stops, control) == stops.end()) missed << control->objectName();
+    }
+    return missed;
+}
+
+QStringList WithoutNameOrRole(QWidget& window) {
+    QStringList lacking;
+    Walk(QAccessible::queryAccessibleInterface(&window), lacking);
+    return lacking;
+}
+
+QStringList CommandsOf(const QMenuBar& bar) {
+    QStringList names;
+    for (const QAction* action : bar.actions()) {
+        if (!action->menu()) names << action->objectName();
+        if (action->menu())
+            for (const QAction* item : action->menu()->actions())
+                if (!item->isSeparator()) names << item->objectName();
+    }
+    return names;
+}
+
+bool RunByKeys(QMenuBar& bar, const QString& command) {
+    const QPointer<QAction> action = bar.findChild<QAction*>(command);
+    if (!action) return false;
+    bool ran = false;
+    const auto watch = QObject::connect(action, &QAction::triggered, [&ran] { ran = true; });
+    const auto tops = bar.actions();
+    const auto over = std::ranges::find_if(tops, [&](const QAction* top) {
+        return top->menu() && top->menu()->actions().contains(action.data());
+    });
+    if (over != tops.end()) PressLetter(tops, **over);
+    PressLetter(over == tops.end() ? tops : (*over)->menu()->actions(), *action);
+    QObject::disconnect(watch);
+    return ran;
+}
+
+bool LeaveByKeys(QWidget& form) {
+    const QPointer<QWidget> there(&form);
+    const auto gone = [&there] { return !there || !there->isVisible() || sys::HasEnded(); };
+    auto stops = TabStops();
+    Press(Qt::Key_Escape);
+    std::ranges::reverse(stops);
+    for (QWidget* stop : stops) {
+        if (gone()) return true;
+        if (!qobject_cast<controls::Button*>(stop)) continue;
+        for (int i = 0; i < kMostStops && FocusedControl() != stop; ++i) Press(Qt::Key_Tab);
+        Press(Qt::Key_Return);
+    }
+    return gone();
+}
+
+}  // namespace tests
