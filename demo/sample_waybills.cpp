@@ -76,7 +76,7 @@ class Planner {
     }
 
     double DocumentWeight() { return Chance(10) ? (30 + UpTo(50)) / 10.0 : (3 + UpTo(23)) / 10.0; }
-    double ParcelWeight() { return (5 + UpTo(196)) / 10.0; }
+    double ParcelWeight() { return Chance(6) ? 0.5 : (5 + UpTo(196)) / 10.0; }
     /// Light ones come more often, and every segment comes.
     double HeavyWeight() {
         static const std::vector<demo::Entry> standard = demo::StandardEntries();
@@ -172,13 +172,14 @@ class Planner {
         static const std::vector<QString> events = {u"派送不成功"_s, u"途中延误"_s, u"外箱破损一处"_s};
         static const std::vector<QString> outcomes = {u"已妥投"_s, u"处理中"_s, u"已与发件人协商"_s};
         Put(Incident, AnyOf(events));
-        Choose(IncidentReason, AnyOf(Reasons()).name);
+        Choose(IncidentReason, Reasons()[static_cast<std::size_t>(incidents_++) % Reasons().size()].name);
         Put(IncidentOutcome, AnyOf(outcomes));
         Put(IncidentExplanation, u"样例事故，虚构"_s);
     }
 
     std::mt19937 random_{20241123};
-    int heavy_ = 0;
+    int heavy_ = 0;  ///< parcels so far, and incidents
+    int incidents_ = 0;
     Waybill now_;
     std::vector<Waybill> plan_;
 };
