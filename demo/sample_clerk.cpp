@@ -283,7 +283,7 @@ void Clerk::EnterCustomer(const Customer& customer) {
     Press(u"Menu_Add"_s);
     FillBoxes(0, {customer.code, customer.name, customer.company, customer.english, customer.address,
                   customer.addressEnglish, u"555 0100"_s, u"555 0101"_s,
-                  customer.code.toLower() + u"@example.com"_s});
+                  customer.code.left(5).toLower() + u"@example.com"_s});
     Fill(u"CmbYWY"_s, customer.salesperson);
     Fill(u"Txt(10)"_s, u"虚构客户，仅供演示"_s);
     Quote(u"A"_s, customer.domestic);
