@@ -1,12 +1,15 @@
-// demo FOLDER [SUFFIX [WIDTHxHEIGHT [PAUSE]]]: plays a day's work of a sample company on the real program and
-// leaves in FOLDER the company's folder, pictures of every form (their names end in SUFFIX), a page that
-// shows them in order (index + SUFFIX + .html) and a summary. Ends with 0 when everything was as it has to
-// be, 1 when something was not, 2 when it was called wrongly.
+// demo FOLDER [SUFFIX [WIDTHxHEIGHT [PAUSE]]]: plays a day's work of a small company on the real program,
+// then walks through the sample company in FOLDER/sample if there is one, and leaves in FOLDER the company's
+// folder, pictures of every form (their names end in SUFFIX), a page that shows them in order (index + SUFFIX
+// + .html) and a summary. Ends with 0 when everything was as it has to be, 1 when something was not, 2 when it
+// was called wrongly.
 #include "app/product.h"
 #include "app/session.h"
 #include "demo/day.h"
+#include "demo/display_words.h"
 #include "demo/index_page.h"
 #include "demo/sample_company.h"
+#include "demo/sample_tour.h"
 #include "demo/summary.h"
 #include "platform/controls/look.h"
 #include "platform/errors.h"
@@ -76,26 +79,13 @@ void Steady(QApplication& app, QDateTime& clock) {
     sys::seams().localeName = [] { return u"zh_CN"_s; };
 }
 
-/// A display without a screen says at every window what it can't do, and that nobody is logged in there.
-void DropDisplaysWords() {
-    static QtMessageHandler others = nullptr;
-    others = qInstallMessageHandler([](QtMsgType kind, const QMessageLogContext& at, const QString& text) {
-        for (const auto& known : {u"This plugin does not support"_s, u"QStandardPaths: XDG_RUNTIME_DIR"_s})
-            if (text.startsWith(known)) return;
-        others(kind, at, text);
-    });
-}
-
-int Play(QApplication& app, const Arguments& arguments) {
-    const QString company = MakeCompany(arguments.folder);
-    QDateTime clock(QDate(2024, 11, 22), QTime(16, 40));
-    Steady(app, clock);
-    demo::Screen screen(arguments.size, arguments.folder, arguments.suffix);
-    demo::Operator op(screen, arguments.pause);
+/// The program on a company's folder, from its start to the closing of the main window, worked as told.
+void PlayOn(const QString& company, demo::Screen& screen, int pause,
+            const std::function<void(demo::Operator&)>& tell) {
+    demo::Operator op(screen, pause);
     sys::seams().leave = [&op](int) { op.Fail(u"程序提前结束"_s); };
-    demo::TellDay(op, clock, QDir(arguments.folder).absolutePath());
+    tell(op);
     op.Start();
-
     StartUpParts parts = Wire(company);
     const auto login = parts.showLogin;
     parts.showLogin = [&](QWidget* frame) {
@@ -104,9 +94,23 @@ int Play(QApplication& app, const Arguments& arguments) {
     };
     std::unique_ptr<MForm> frame;
     sys::Guarded([&] { frame = StartUp(parts); });
-    app.exec();
+    QApplication::exec();
     if (!op.Done()) op.Fail(u"主窗口已关闭，还有步骤未完成"_s);
-    frame.reset();
+}
+
+/// The day on a company of its own; then, where a sample company stands beside it, a walk through that.
+int Play(QApplication& app, const Arguments& arguments) {
+    const QString company = MakeCompany(arguments.folder);
+    QDateTime clock(QDate(2024, 11, 22), QTime(16, 40));
+    Steady(app, clock);
+    demo::Screen screen(arguments.size, arguments.folder, arguments.suffix);
+    PlayOn(company, screen, arguments.pause,
+           [&](demo::Operator& op) { demo::TellDay(op, clock, QDir(arguments.folder).absolutePath()); });
+    const QString sampleFolder = arguments.folder + u"/sample"_s;
+    if (QFile::exists(FileOf(sampleFolder))) {
+        schema::MakeDataFiles(sampleFolder);  // the wallpaper
+        PlayOn(sampleFolder, screen, arguments.pause, demo::TellTour);
+    }
     const QString summary = demo::Summary(FileOf(company), screen.Pictures());
     Write(arguments.folder + u"/summary.txt"_s, summary);
     const QString page = arguments.folder + u"/index"_s + arguments.suffix + u".html"_s;
@@ -117,7 +121,7 @@ int Play(QApplication& app, const Arguments& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    DropDisplaysWords();
+    demo::DropDisplaysWords();
     QApplication app(argc, argv);
     app.setApplicationName(product::kName);
     controls::DressApplication(app);

@@ -64,9 +64,10 @@ void WakeModalWindow() {
     if (modal && !QApplication::activeWindow()) modal->activateWindow();
 }
 
-void AfterTurns(int turns, const std::function<void()>& act) {
+/// Not any more once the context is gone.
+void AfterTurns(int turns, QObject* context, const std::function<void()>& act) {
     if (turns == 0) return act();
-    QTimer::singleShot(0, qApp, [turns, act] { AfterTurns(turns - 1, act); });
+    QTimer::singleShot(0, context, [turns, context, act] { AfterTurns(turns - 1, context, act); });
 }
 
 }  // namespace
@@ -200,7 +201,8 @@ void Operator::Start() {
 }
 
 void Operator::Next() {
-    QTimer::singleShot(pause_, qApp, [this] { AfterTurns(kTurnsToSettle, [this] { Play(); }); });
+    QTimer::singleShot(pause_, &context_,
+                       [this] { AfterTurns(kTurnsToSettle, &context_, [this] { Play(); }); });
 }
 
 /// The next step is on its way before this one is played, since a key may open a box or a form that waits in

@@ -9,6 +9,7 @@
 
 #include "demo/screen.h"
 
+#include <QObject>
 #include <QString>
 #include <QStringList>
 #include <QWidget>
@@ -72,6 +73,7 @@ class Operator {
     void Next();
     void Play();
 
+    QObject context_;  ///< of what is on its way to be played
     Screen& screen_;
     int pause_;
     std::deque<Step> steps_;

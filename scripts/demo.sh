@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Plays a day's work of a sample company on the real program, driven by keys, at 100 % and at 150 %, and leaves pictures,
-# a summary and the company's folder in demo-out/. Nothing outside of demo-out/ is touched.
+# Plays a day's work of a small company on the real program, driven by keys, at 100 % and at 150 %, walks through a copy
+# of the sample company, and leaves pictures, a summary and both companies' folders in demo-out/. Nothing outside of demo-out/ is touched.
 #
 #   scripts/demo.sh            without a screen, as fast as it goes
 #   scripts/demo.sh --watch    on the display that is there, at a pace to look at
@@ -29,10 +29,12 @@ case "${1:-}" in
         exit 2
     fi
     rm -rf demo-out
+    build/release/bin/make-sample-company demo-out/sample
     "$demo" demo-out "" 1366x768 150
     ;;
 "" | --sizes | --readme)
     rm -rf demo-out
+    build/release/bin/make-sample-company demo-out/sample
     if [ "${1:-}" = --sizes ]; then
         without_screen -125 125
         without_screen -720 100 1280 720

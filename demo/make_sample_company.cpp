@@ -1,0 +1,40 @@
+// make-sample-company FOLDER: makes the sample company in a folder; one that is there already is not touched.
+// Ends with 0 when it is there, 1 when it could not be made, 2 when it was called wrongly.
+#include "demo/display_words.h"
+#include "demo/sample_clerk.h"
+#include "platform/controls/look.h"
+#include "schema/names.h"
+
+#include <QApplication>
+#include <QFile>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+int main(int argc, char** argv) {
+    // It is nobody's to look at.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    demo::DropDisplaysWords();
+    QApplication app(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    controls::DressApplication(app);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() != 2) {
+        std::fprintf(stderr, "用法：make-sample-company 文件夹\n");
+        return 2;
+    }
+    const QString file = arguments[1] + u'/' + schema::kDatabaseFile.toString();
+    if (QFile::exists(file)) {
+        std::printf("%s：已存在，未改动\n", qUtf8Printable(file));
+        return 0;
+    }
+    try {
+        sample::MakeSampleCompany(arguments[1]);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "生成样例公司失败：%s\n", error.what());
+        return 1;
+    }
+    std::printf("%s：已生成样例公司\n", qUtf8Printable(file));
+    return 0;
+}
