@@ -7,8 +7,7 @@
 
 namespace tests {
 
-/// The rows of the waybills, the journal, the counters, the operators and the couriers, one line each,
-/// sorted.
+/// The rows of all tables, one line each, sorted within their table.
 QStringList StateOf(const QString& file);
 
 /// Everything that cannot be right whatever was saved: a damaged file, a waybill without its journal rows or
