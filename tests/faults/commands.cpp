@@ -34,6 +34,14 @@ void AddPlace(Desk& desk, const QString& name, int box, const QString& button) {
     Push(desk, button);
 }
 
+void NewChannel(Desk& desk) {
+    Typed({}, {{0, u"H8"_s}, {1, u"新渠道"_s}, {7, u"2"_s}})(desk);
+    for (const auto& bound : {u"21"_s, u"45"_s}) {
+        Press(Qt::Key_Return);
+        Desk::TypeOver(bound);
+    }
+}
+
 void NewZone(Desk& desk) {
     Typed({}, {{0, u"Z8"_s}, {1, u"新区"_s}, {9, u"30"_s}})(desk);
     for (const auto& place : {u"巴黎"_s, u"里昂"_s}) AddPlace(desk, place, 6, u"Cmd(0)"_s);
@@ -131,8 +139,7 @@ std::vector<Command> Made() {
         commands.push_back({each.delUsed, each.keys, each.form, OnLine(u"甲"_s), Delete});
     }
     const std::vector<Command> others = {
-        {"A01_Add", "A1", "A01",
-         Typed({}, {{0, u"H8"_s}, {1, u"新渠道"_s}, {7, u"2"_s}, {8, u"21"_s}, {9, u"45"_s}}), Save},
+        {"A01_Add", "A1", "A01", NewChannel, Save},
         {"A01_Edit", "A1", "A01", Typed(u"乙"_s, {{1, u"旧渠道"_s}}), Save},
         {"A01_Delete", "A1", "A01", OnLine(u"乙"_s), Delete},
         {"A01_DeleteUsed", "A1", "A01", OnLine(u"甲"_s), Delete},
