@@ -41,9 +41,10 @@ QList<Rule> Rules() {
         {"a journal key twice", "select F1 from TB1 group by F1 having count(*)>1"},
         {"a waybill without its receivable",
          "select F1 from B01 where not exists(select 1 from TB1 where TB1.F1='YS'||B01.F1)"},
-        {"a payable that does not follow the release mark",
-         QByteArray("select F1,F604 from B01 where ") + Released +
-             "<>exists(select 1 from TB1 where TB1.F1='YF'||B01.F1)"},
+        // The other way round there may be none: releasing from the list posts nothing.
+        {"a payable of a waybill that is not released",
+         QByteArray("select F1,F604 from B01 where not ") + Released +
+             " and exists(select 1 from TB1 where TB1.F1='YF'||B01.F1)"},
         {"a journal row without its waybill",
          "select F1 from TB1 where not exists(select 1 from B01 where TB1.F1 in "
          "('YS'||B01.F1,'YF'||B01.F1))"},
