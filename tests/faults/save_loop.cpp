@@ -89,10 +89,9 @@ class Step {
   private:
     int UpTo(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
 
+    /// Anew each time: what is released leaves the list until it is loaded again.
     void Open(const QString& keys, const QString& form) {
-        const ChildForm* front = desk_.Frame().Front();
-        if (front && front->objectName() == form) return;
-        if (front) AltKey(u'R');
+        if (desk_.Frame().Front()) AltKey(u'R');
         desk_.Open(keys, form);
     }
 
