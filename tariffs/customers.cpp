@@ -375,8 +375,9 @@ void A03::Menu_save() {
     else
         RecCount += 1;
     Db->Execute(InsertStatement());
-    AppendSavedLine();
+    // Before the line is shown: choosing it is an event of its own, which would commit the customer alone.
     FrmBtm->SaveQuotes(text::Trim(BoxText(Code)));
+    AppendSavedLine();
     LeaveEdit();
     RowToCard();
 }

@@ -7,14 +7,13 @@
 
 namespace tests {
 
-/// The rows of the waybills, the journal, the counters, the operators and the couriers, one line each,
-/// sorted.
+/// The rows of all tables, one line each, sorted within their table.
 QStringList StateOf(const QString& file);
 
 /// Everything that cannot be right whatever was saved: a damaged file, a waybill without its journal rows or
 /// the other way round, amounts and dates that differ, balances that do not add up, a counter below the
 /// journal. Empty when all is well. The chains of steady counterparties, of which no row was ever taken away,
-/// must be linked row by row. Counts as released what a save has released.
+/// must be linked row by row.
 QStringList ContradictionsIn(const QString& file, const QStringList& steady);
 
 /// Copies a data file with what a process that died here would leave beside it: its log, but not its shared

@@ -1,5 +1,5 @@
-// A program whose operator answers every box with OK and whose end is noted: for tests that must not know
-// beforehand which box will come.
+// A program whose operator answers every box with OK or Yes and whose end is noted: for tests that must not
+// know beforehand which box will come.
 #pragma once
 
 #include "platform/system/guard.h"
@@ -17,15 +17,14 @@ namespace tests {
 
 class RecordedProgram : public Program {
   public:
-    explicit RecordedProgram(const OpenWith& with = {})
-        : Program(FaultMasters() + QStringList{u"insert into M04 (F1,F2) VALUES ('王五','早班')"_s}, u"001"_s,
-                  with) {
+    explicit RecordedProgram(const QStringList& masters = FaultMasters(), const OpenWith& with = {})
+        : Program(masters, u"001"_s, with) {
         sys::seams().showBox = [this](const sys::BoxRequest& request) {
             if (whileBox) whileBox();
             // The window's own events come meanwhile.
             if (!request.keepsGroup || request.icon == sys::BoxIcon::Critical) sys::Guarded([] {});
             boxes.push_back(request);
-            return sys::BoxAnswer::Ok;
+            return request.buttons == sys::BoxButtons::YesNo ? sys::BoxAnswer::Yes : sys::BoxAnswer::Ok;
         };
         sys::seams().leave = [this](int code) {
             status = code;

@@ -1,22 +1,19 @@
-// A day at the waybills' form that never ends by itself: the program as it is wired, on a given folder, saves
-// waybill after waybill and tells each, until somebody kills it. What it saves depends on the seed and on the
-// number of the save alone, so that a run that was killed can be taken up and compared with one that was not.
+// A mixed day that never ends by itself: the program as it is wired, on a given folder, takes in waybill
+// after waybill, edits, releases and deletes them, quotes a customer and keeps the couriers' list, and tells
+// each command, until somebody kills it. What it does depends on the seed, on the command's number and on
+// what is there alone, so that a run that was killed can be taken up and compared with one that was not.
 //
 //   save-loop FOLDER SEED FIRST END [STATES]
 //
-// Saves number FIRST up to, not including, END; with STATES it writes what the file holds after each save
+// Commands number FIRST up to, not including, END; with STATES it writes what the file holds after each
 // into a file of that folder. Ends with status 3 when a box comes that should not.
 #include "app/main_window.h"
 #include "app/session.h"
-#include "app/start_up.h"
-#include "platform/controls/flex_grid.h"
 #include "platform/controls/look.h"
-#include "platform/system/guard.h"
 #include "platform/system/seams.h"
-#include "program/wiring.h"
+#include "tests/faults/commands.h"
 #include "tests/faults/company_state.h"
 #include "tests/faults/waybill_entry.h"
-#include "tests/support/gui.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -29,7 +26,6 @@
 
 using namespace Qt::StringLiterals;
 using tests::AltKey;
-using tests::Find;
 
 namespace {
 
@@ -43,84 +39,112 @@ void Say(const QString& line) {
     std::fflush(stdout);
 }
 
-/// Every third save edits an earlier waybill. Those of the first customer are left alone, so that his chain
-/// is never interrupted.
-bool IsEdit(int save) {
-    return save % 3 == 2;
-}
-bool IsSteady(int save) {
-    return save % 4 == 0;
+enum class Kind { Add, Edit, Release, Delete, Quote, Courier };
+
+/// The waybills of the first customer are left alone once they are saved, so that his chain is never
+/// interrupted.
+bool IsSteady(int number) {
+    return number % 4 == 0;
 }
 
-struct Plan {
-    bool edit = false;
-    tests::WaybillEntry entry;
+Kind KindOf(int number) {
+    constexpr Kind round[] = {Kind::Add,   Kind::Add,     Kind::Edit, Kind::Courier, Kind::Add,    Kind::Edit,
+                              Kind::Quote, Kind::Release, Kind::Add,  Kind::Add,     Kind::Delete, Kind::Add};
+    return round[static_cast<std::size_t>(number) % std::size(round)];
+}
+
+/// One command: its form, what comes before its key, and the key.
+class Step {
+  public:
+    Step(unsigned seed, int number)
+        : random_(seed + static_cast<unsigned>(number) * 7919U), number_(number) {}
+
+    /// Up to right before the key that is given back.
+    char16_t Prepare() {
+        Kind kind = KindOf(number_);
+        const QString waybill = Chosen(kind == Kind::Release);
+        const bool needsOne = kind == Kind::Edit || kind == Kind::Release || kind == Kind::Delete;
+        if (needsOne && waybill.isEmpty()) kind = Kind::Add;
+        switch (kind) {
+            case Kind::Courier:
+                return KeepCouriers();
+            case Kind::Quote:
+                Open(u"A5"_s, u"A03"_s);
+                tests::Select(desk_, u"C2"_s);
+                AltKey(u'E');
+                tests::Push(desk_, u"CmdUpDown"_s);
+                tests::AddQuote(desk_, u"Z1"_s, UpTo(2) == 0 ? u"1.2"_s : u"0.9"_s);
+                return u'S';
+            default:
+                Open(u"B"_s, u"B01"_s);
+        }
+        if (kind != Kind::Add) tests::Select(desk_, waybill);
+        if (kind == Kind::Release) return u'C';
+        if (kind == Kind::Delete) return u'D';
+        AltKey(kind == Kind::Add ? u'A' : u'E');
+        tests::FillCard(*desk_.Frame().Front(), Entry(kind, waybill));
+        return u'S';
+    }
+
+  private:
+    int UpTo(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
+
+    /// Anew each time: what is released leaves the list until it is loaded again.
+    void Open(const QString& keys, const QString& form) {
+        if (desk_.Frame().Front()) AltKey(u'R');
+        desk_.Open(keys, form);
+    }
+
+    QString Chosen(bool unreleased) {
+        const QStringList there =
+            desk_.Rows(u"select F1 from B01 where F603<>'C1'"_s +
+                       (unreleased ? u" and F604='未审核'"_s : u""_s) + u" order by F1"_s);
+        return there.isEmpty() ? QString() : there[UpTo(static_cast<int>(there.size()))];
+    }
+
+    /// A newcomer comes, gets another note, and goes.
+    char16_t KeepCouriers() {
+        Open(u"A6"_s, u"A04"_s);
+        const QString note = desk_.Rows(u"select F2 from M04 where F1='临时'"_s).join(u' ');
+        if (!note.isEmpty()) tests::Select(desk_, u"临时"_s);
+        if (note == u"夜班") return u'D';
+        AltKey(note.isEmpty() ? u'A' : u'E');
+        if (note.isEmpty()) desk_.SetBox(0, u"临时"_s);
+        desk_.SetBox(1, note.isEmpty() ? u"早班"_s : u"夜班"_s);
+        return u'S';
+    }
+
+    tests::WaybillEntry Entry(Kind kind, const QString& chosen) {
+        const bool steady = kind == Kind::Add && IsSteady(number_);
+        tests::WaybillEntry entry;
+        entry.number = kind == Kind::Add ? u"K%1"_s.arg(number_) : chosen;
+        entry.customer = steady ? u"C1"_s : UpTo(2) == 0 ? u"C2"_s : u"C3"_s;
+        entry.channel = steady ? u"H1"_s : u"H2"_s;
+        entry.courier = UpTo(2) == 0 ? u"张三"_s : u"李四"_s;
+        entry.date = QDate(2024, 3, 1).addDays(number_ / 6 - (UpTo(4) == 0 ? UpTo(10) : 0));
+        entry.total = 10 + UpTo(100000) / 100.0;
+        entry.cost = UpTo(50000) / 100.0;
+        entry.released = UpTo(3) > 0;
+        // A row of many pages makes more of a save that can be torn apart.
+        entry.address = QString(49, QChar(u'一' + static_cast<char16_t>(UpTo(2000))));
+        return entry;
+    }
+
+    tests::Desk desk_;
+    std::mt19937 random_;
+    int number_;
 };
 
-Plan PlanOf(unsigned seed, int save) {
-    std::mt19937 random(seed + static_cast<unsigned>(save) * 7919U);
-    const auto upTo = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
-    Plan plan;
-    plan.edit = IsEdit(save);
-    int waybill = save;
-    if (plan.edit) {
-        waybill = upTo(save);
-        while (waybill > 0 && (IsEdit(waybill) || IsSteady(waybill))) --waybill;
-        if (waybill == 0) waybill = 1;
-    }
-    tests::WaybillEntry& entry = plan.entry;
-    entry.number = u"K%1"_s.arg(waybill);
-    const bool steady = IsSteady(waybill);
-    entry.customer = steady ? u"C1"_s : upTo(2) == 0 ? u"C2"_s : u"C3"_s;
-    entry.channel = steady ? u"H1"_s : u"H2"_s;
-    entry.courier = upTo(2) == 0 ? u"张三"_s : u"李四"_s;
-    entry.date = QDate(2024, 3, 1).addDays(save / 6 - (upTo(4) == 0 ? upTo(10) : 0));
-    entry.total = 10 + upTo(100000) / 100.0;
-    entry.cost = upTo(50000) / 100.0;
-    entry.released = upTo(3) > 0;
-    // A row of many pages makes more of a save that can be torn apart.
-    entry.address = QString(49, QChar(u'一' + static_cast<char16_t>(upTo(2000))));
-    return plan;
-}
-
-void SelectWaybill(QWidget& form, const QString& number) {
-    auto& grid = Find<controls::FlexGrid>(form, u"GD"_s);
-    for (int row = 1; row < grid.Rows(); ++row) {
-        if (grid.TextMatrix(row, 0) != number) continue;
-        // Away first: after a save the current record is the last one, whatever line is marked.
-        grid.SetRow(row == 1 ? grid.Rows() - 1 : 1);
-        return grid.SetRow(row);
-    }
-    GiveUp(u"not in the list: "_s + number);
-}
-
-void Save(QWidget& form, unsigned seed, int number) {
-    const Plan plan = PlanOf(seed, number);
+void Do(unsigned seed, int number) {
     const QDateTime now(QDate(2024, 3, 1), QTime(8, 0));
     sys::seams().now = [=] { return now.addSecs(60 * number); };
-    if (plan.edit) SelectWaybill(form, plan.entry.number);
-    AltKey(plan.edit ? u'E' : u'A');
-    tests::FillCard(form, plan.entry);
+    const char16_t key = Step(seed, number).Prepare();
     Say(u"saving %1"_s.arg(number));
     QElapsedTimer timer;
     timer.start();
-    AltKey(u'S');
-    if (EditInProgress) GiveUp(u"refused: "_s + plan.entry.number);
+    AltKey(key);
+    if (EditInProgress) GiveUp(u"refused: %1"_s.arg(number));
     Say(u"saved %1 %2"_s.arg(number).arg(timer.nsecsElapsed() / 1000));
-}
-
-std::unique_ptr<MForm> Start(const QString& folder) {
-    tests::ModalScript modals;
-    modals.Next(u"Login"_s, [](QWidget& login) {
-        Find<controls::LineBox>(login, u"Txt(1)"_s).SetFocus();
-        tests::Press(Qt::Key_S, Qt::ControlModifier);
-    });
-    std::unique_ptr<MForm> frame;
-    sys::Guarded([&] { frame = StartUp(Wire(folder)); });
-    if (!frame) GiveUp(u"did not start"_s);
-    frame->activateWindow();
-    AltKey(u'B');
-    return frame;
 }
 
 void WriteState(const QString& folder, int number) {
@@ -138,15 +162,16 @@ int main(int argc, char** argv) {
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() < 5) GiveUp(u"save-loop FOLDER SEED FIRST END [STATES]"_s);
     sys::seams().showBox = [](const sys::BoxRequest& request) -> sys::BoxAnswer {
+        if (request.icon == sys::BoxIcon::Question) return sys::BoxAnswer::Yes;
         GiveUp(u"unexpected box: "_s + request.text + u'\n' + request.detail);
     };
     try {
-        const auto frame = Start(arguments[1]);
-        ChildForm* form = frame->Front();
-        if (!form || form->objectName() != u"B01") GiveUp(u"B01 did not open"_s);
+        const auto frame = tests::StartAndLogIn(arguments[1]);
+        if (!frame) GiveUp(u"did not start"_s);
+        frame->setUpdatesEnabled(false);  // nobody looks
         Say(u"ready"_s);
         for (int number = arguments[3].toInt(); number < arguments[4].toInt(); ++number) {
-            Save(*form, arguments[2].toUInt(), number);
+            Do(arguments[2].toUInt(), number);
             if (arguments.size() > 5) WriteState(arguments[5], number);
         }
         sys::EndProgram(0);

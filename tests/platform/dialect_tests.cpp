@@ -333,8 +333,8 @@ TEST(DayDifference, CountsTheBordersBetween) {
         EXPECT_EQ(dao::dialect::Datediff(each.unit, *first, *second), each.expected)
             << each.unit << " " << each.first << " " << each.second;
     }
-    for (const char* text :
-         {"", "2024", "2024-02-30", "24-1-1", "2024-01-01 24:00", "2024-01/01", "2024-13-01x"})
+    for (const char* text : {"", "2024", "2024-02-30", "24-1-1", "2024-01-01 24:00", "2024-01/01",
+                             "2024-13-01x", ")197-11-01 21:14:40", "x024-01-01"})
         EXPECT_FALSE(dao::dialect::ReadMoment(text)) << text;
 }
 

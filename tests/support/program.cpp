@@ -1,6 +1,8 @@
 #include "tests/support/program.h"
 
 #include "app/rights.h"
+#include "app/start_up.h"
+#include "platform/system/guard.h"
 #include "program/wiring.h"
 
 #include <gtest/gtest.h>
@@ -42,55 +44,55 @@ void Program::LogIn(const QString& operatorCode) {
     ApplyRights();
 }
 
-ChildForm& Program::Open(const QString& keys, const QString& form) {
+ChildForm& Desk::Open(const QString& keys, const QString& form) {
     for (const QChar key : keys) AltKey(key.unicode());
-    ChildForm* child = frame_->Front();
+    ChildForm* child = Frame().Front();
     EXPECT_TRUE(child && child->objectName() == form) << form.toStdString();
-    return child ? *child : frame_->ShowChild(form);
+    return child ? *child : Frame().ShowChild(form);
 }
 
-controls::TextBox& Program::TextBoxAt(int index) {
+controls::TextBox& Desk::TextBoxAt(int index) {
     auto* box = dynamic_cast<controls::TextBox*>(&At<QWidget>(u"Txt(%1)"_s.arg(index)));
     if (!box) throw std::runtime_error("no text box of that index");
     return *box;
 }
 
-controls::ComboBox& Program::ComboAt(int index) {
+controls::ComboBox& Desk::ComboAt(int index) {
     return At<controls::ComboBox>(u"Cmb(%1)"_s.arg(index));
 }
 
-QString Program::Box(int index) {
+QString Desk::Box(int index) {
     return TextBoxAt(index).Text();
 }
 
-QString Program::Combo(int index) {
+QString Desk::Combo(int index) {
     return ComboAt(index).Text();
 }
 
-void Program::SetBox(int index, const QString& text) {
+void Desk::SetBox(int index, const QString& text) {
     TextBoxAt(index).SetFocus();
     Settle();
     TypeOver(text);
 }
 
-void Program::SetCombo(int index, const QString& text) {
+void Desk::SetCombo(int index, const QString& text) {
     ComboAt(index).SetFocus();
     Settle();
     TypeOver(text);
 }
 
-void Program::TypeOver(const QString& text) {
+void Desk::TypeOver(const QString& text) {
     Press(Qt::Key_A, Qt::ControlModifier);
     Press(Qt::Key_Delete);
     Type(text);
 }
 
-void Program::GoTo(const QString& control) {
+void Desk::GoTo(const QString& control) {
     for (int i = 0; i < 80 && FocusName() != control; ++i) Press(Qt::Key_Return);
     EXPECT_EQ(FocusName().toStdString(), control.toStdString());
 }
 
-QStringList Program::Lines() {
+QStringList Desk::Lines() {
     QStringList lines;
     const auto& grid = Grid();
     for (int row = 1; row < grid.Rows(); ++row) {
@@ -101,13 +103,13 @@ QStringList Program::Lines() {
     return lines;
 }
 
-bool Program::Enabled(const QString& command) {
-    const auto* action = frame_->Front()->MenuBar()->findChild<QAction*>(command);
+bool Desk::Enabled(const QString& command) {
+    const auto* action = Frame().Front()->MenuBar()->findChild<QAction*>(command);
     EXPECT_NE(action, nullptr) << command.toStdString();
     return action && action->isEnabled();
 }
 
-QStringList Program::Rows(const QString& sql) {
+QStringList Desk::Rows(const QString& sql) {
     QStringList lines;
     auto rows = ::Db->OpenRecordset(sql);
     for (; !rows.Eof(); rows.MoveNext()) {
@@ -119,9 +121,21 @@ QStringList Program::Rows(const QString& sql) {
     return lines;
 }
 
-void Program::Execute(const QString& sql) {
+void Desk::Execute(const QString& sql) {
     ::Db->Execute(sql);
     ::Db->CloseGroup();
+}
+
+std::unique_ptr<MForm> StartAndLogIn(const QString& folder) {
+    ModalScript modals;
+    modals.Next(u"Login"_s, [](QWidget& login) {
+        Find<controls::LineBox>(login, u"Txt(1)"_s).SetFocus();
+        Press(Qt::Key_S, Qt::ControlModifier);
+    });
+    std::unique_ptr<MForm> frame;
+    sys::Guarded([&] { frame = StartUp(Wire(folder)); });
+    if (frame) frame->activateWindow();
+    return frame;
 }
 
 }  // namespace tests

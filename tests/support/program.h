@@ -21,23 +21,17 @@ namespace tests {
 
 using namespace Qt::StringLiterals;
 
-class Program {
+/// What an operator sees and does at the main window.
+class Desk {
   public:
-    /// Statements put the masters in place; then the operator (an existing row of TE1) is logged in.
-    explicit Program(const QStringList& masters = {}, const QString& operatorCode = u"001"_s,
-                     const OpenWith& with = {});
-    ~Program();
-
-    Script script;
-
-    MForm& Frame() { return *frame_; }
+    MForm& Frame() { return TheFrame(); }
     /// Opens a child form by its menu's keys ("A6", "B").
     ChildForm& Open(const QString& keys, const QString& form);
 
     /// Below the child in front.
     template <class T>
     T& At(const QString& name) {
-        return Find<T>(*frame_->Front(), name);
+        return Find<T>(*Frame().Front(), name);
     }
     controls::TextBox& TextBoxAt(int index);
     controls::ComboBox& ComboAt(int index);
@@ -53,11 +47,22 @@ class Program {
     /// The data lines of the grid, cells joined by "|".
     QStringList Lines();
     bool Enabled(const QString& command);
-    QString Status() { return frame_->Panel(4); }
+    QString Status() { return Frame().Panel(4); }
 
     /// All rows of a statement, fields joined by "|", null as "<null>".
     QStringList Rows(const QString& sql);
     void Execute(const QString& sql);
+};
+
+class Program : public Desk {
+  public:
+    /// Statements put the masters in place; then the operator (an existing row of TE1) is logged in.
+    explicit Program(const QStringList& masters = {}, const QString& operatorCode = u"001"_s,
+                     const OpenWith& with = {});
+    ~Program();
+
+    Script script;
+
     /// The data file.
     QString File() const { return company_.File(); }
 
@@ -67,5 +72,8 @@ class Program {
     Company company_;
     std::unique_ptr<MForm> frame_;
 };
+
+/// Starts the real program on a folder and logs the administrator in by keys; null when it did not start.
+std::unique_ptr<MForm> StartAndLogIn(const QString& folder);
 
 }  // namespace tests

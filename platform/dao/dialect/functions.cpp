@@ -23,7 +23,8 @@ std::optional<Moment> ReadFullForm(std::string_view text) {
     if (text.size() != 10 && text.size() != 19) return std::nullopt;
     if (text[4] != '-' || text[7] != '-') return std::nullopt;
     Moment moment{Digits(text, 0, 4), Digits(text, 5, 2), Digits(text, 8, 2), 0};
-    if (!QDate::isValid(moment.year, moment.month, moment.day)) return std::nullopt;
+    // The calendar itself would take -1, what is no number, for the year before the first.
+    if (moment.year < 1 || !QDate::isValid(moment.year, moment.month, moment.day)) return std::nullopt;
     if (text.size() == 19) {
         if (text[10] != ' ' || text[13] != ':' || text[16] != ':') return std::nullopt;
         const int hour = Digits(text, 11, 2);

@@ -1,0 +1,266 @@
+#include "tests/faults/commands.h"
+
+#include "tests/faults/waybill_entry.h"
+
+#include <stdexcept>
+
+namespace tests {
+namespace {
+
+void Save(Desk&) {
+    AltKey(u'S');
+}
+
+void Delete(Desk&) {
+    AltKey(u'D');
+}
+
+std::function<void(Desk&)> OnLine(const QString& text, int column = 0) {
+    return [=](Desk& desk) { Select(desk, text, column); };
+}
+
+/// Adds, or edits the line of that key, and types over these boxes, one after the other.
+std::function<void(Desk&)> Typed(const QString& key, const std::vector<std::pair<int, QString>>& boxes,
+                                 int column = 0) {
+    return [=](Desk& desk) {
+        if (!key.isEmpty()) Select(desk, key, column);
+        AltKey(key.isEmpty() ? u'A' : u'E');
+        for (const auto& [box, text] : boxes) desk.SetBox(box, text);
+    };
+}
+
+void AddPlace(Desk& desk, const QString& name, int box, const QString& button) {
+    desk.SetBox(box, name);
+    Push(desk, button);
+}
+
+void NewChannel(Desk& desk) {
+    Typed({}, {{0, u"H8"_s}, {1, u"新渠道"_s}, {7, u"2"_s}})(desk);
+    for (const auto& bound : {u"21"_s, u"45"_s}) {
+        Press(Qt::Key_Return);
+        Desk::TypeOver(bound);
+    }
+}
+
+void NewZone(Desk& desk) {
+    Typed({}, {{0, u"Z8"_s}, {1, u"新区"_s}, {9, u"30"_s}})(desk);
+    for (const auto& place : {u"巴黎"_s, u"里昂"_s}) AddPlace(desk, place, 6, u"Cmd(0)"_s);
+}
+
+void EditOfZone(Desk& desk) {
+    Typed(u"乙"_s, {{1, u"旧区"_s}})(desk);
+    AddPlace(desk, u"尼斯"_s, 6, u"Cmd(0)"_s);
+}
+
+void NewCostZone(Desk& desk) {
+    Typed({}, {{0, u"H19"_s}, {1, u"新区"_s}, {9, u"20"_s}})(desk);
+    AddPlace(desk, u"巴黎"_s, 6, u"Cmd(0)"_s);
+}
+
+void EditOfCostZone(Desk& desk) {
+    Typed(u"乙"_s, {{1, u"旧区"_s}}, 1)(desk);
+    AddPlace(desk, u"尼斯"_s, 6, u"Cmd(0)"_s);
+}
+
+void NewCustomer(Desk& desk) {
+    Typed({}, {{0, u"C8"_s}, {1, u"新客"_s}})(desk);
+    Push(desk, u"CmdUpDown"_s);
+    AddQuote(desk, u"Z1"_s, u"1.1"_s);
+    AddQuote(desk, u"甲"_s, u"2"_s);
+}
+
+void EditOfCustomer(Desk& desk) {
+    Typed(u"乙"_s, {{0, u"C7"_s}})(desk);
+    Push(desk, u"CmdUpDown"_s);
+    AddQuote(desk, u"乙"_s, u"3"_s);
+}
+
+/// Dated before both waybills, so that the chains behind it roll.
+void NewWaybill(Desk& desk) {
+    AltKey(u'A');
+    FillCard(*desk.Frame().Front(), {.number = u"W3"_s, .date = QDate(2024, 3, 15)});
+}
+
+void EditOfWaybill(Desk& desk) {
+    Select(desk, u"W1"_s);
+    AltKey(u'E');
+    FillCard(*desk.Frame().Front(), {.number = u"W4"_s,
+                                     .customer = u"C3"_s,
+                                     .courier = u"张三"_s,
+                                     .channel = u"H2"_s,
+                                     .date = QDate(2024, 3, 17),
+                                     .total = 99.5});
+}
+
+/// Opens a dialog by its menu's keys, does this in it and, unless the program ends, presses the button that
+/// leaves it.
+std::function<void(Desk&)> InDialog(const QString& form, const QString& keys,
+                                    std::function<void(QWidget&)> drive, const QString& leave = {}) {
+    return [=](Desk&) {
+        ModalScript modals;
+        modals.Next(form, [&](QWidget& dialog) {
+            drive(dialog);
+            if (!leave.isEmpty() && dialog.isVisible()) Click(Find<controls::Button>(dialog, leave));
+        });
+        for (const QChar key : keys) AltKey(key.unicode());
+        if (form == u"S2") Press(Qt::Key_Return);  // two items share the key
+    };
+}
+
+void PressIn(QWidget& dialog, const QString& button) {
+    Find<controls::Button>(dialog, button).SetFocus();
+    Settle();
+    Press(Qt::Key_Return);
+}
+
+void TypeNewPassword(QWidget& dialog) {
+    for (const QString& text : {u""_s, u"新密码"_s, u"新密码"_s}) {
+        Type(text);
+        Press(Qt::Key_Return);
+    }
+    PressIn(dialog, u"Cmd(0)"_s);
+}
+
+std::vector<Command> Made() {
+    std::vector<Command> commands;
+    const struct {
+        const char *keys, *form, *add, *edit, *del, *delUsed;
+    } masters[] = {
+        {"A4", "A030", "A030_Add", "A030_Edit", "A030_Delete", "A030_DeleteUsed"},
+        {"A6", "A04", "A04_Add", "A04_Edit", "A04_Delete", "A04_DeleteUsed"},
+        {"A7", "A05", "A05_Add", "A05_Edit", "A05_Delete", "A05_DeleteUsed"},
+        {"A8", "A06", "A06_Add", "A06_Edit", "A06_Delete", "A06_DeleteUsed"},
+    };
+    for (const auto& each : masters) {
+        commands.push_back({each.add, each.keys, each.form, Typed({}, {{0, u"丙"_s}, {1, u"三"_s}}), Save});
+        commands.push_back(
+            {each.edit, each.keys, each.form, Typed(u"乙"_s, {{0, u"丁"_s}, {1, u"四"_s}}), Save});
+        commands.push_back({each.del, each.keys, each.form, OnLine(u"乙"_s), Delete});
+        commands.push_back({each.delUsed, each.keys, each.form, OnLine(u"甲"_s), Delete});
+    }
+    const std::vector<Command> others = {
+        {"A01_Add", "A1", "A01", NewChannel, Save},
+        {"A01_Edit", "A1", "A01", Typed(u"乙"_s, {{1, u"旧渠道"_s}}), Save},
+        {"A01_Delete", "A1", "A01", OnLine(u"乙"_s), Delete},
+        {"A01_DeleteUsed", "A1", "A01", OnLine(u"甲"_s), Delete},
+        {"A011_Add", "A2", "A011", NewCostZone, Save},
+        {"A011_Edit", "A2", "A011", EditOfCostZone, Save},
+        {"A011_Delete", "A2", "A011", OnLine(u"乙"_s, 1), Delete},
+        {"A02_Add", "A3", "A02", NewZone, Save},
+        {"A02_Edit", "A3", "A02", EditOfZone, Save},
+        {"A02_Delete", "A3", "A02", OnLine(u"乙"_s), Delete},
+        {"A03_Add", "A5", "A03", NewCustomer, Save},
+        {"A03_Edit", "A5", "A03", EditOfCustomer, Save},
+        {"A03_Delete", "A5", "A03", OnLine(u"乙"_s), Delete},
+        {"A03_DeleteUsed", "A5", "A03", OnLine(u"甲"_s), Delete},
+        {"B01_Add", "B", "B01", NewWaybill, Save},
+        {"B01_Edit", "B", "B01", EditOfWaybill, Save},
+        {"B01_Release", "B", "B01", OnLine(u"W2"_s), [](Desk&) { AltKey(u'C'); }},
+        {"B01_Delete", "B", "B01", OnLine(u"W1"_s), Delete},
+        {"S01_Save",
+         "",
+         "",
+         {},
+         InDialog(
+             u"S01"_s, u"S1"_s, [](QWidget& dialog) { PressIn(dialog, u"CmdOK"_s); }, u"CmdCancel"_s)},
+        {"S2_Change", "", "", {}, InDialog(u"S2"_s, u"H2"_s, TypeNewPassword)},
+        {"S32_Restore",
+         "",
+         "",
+         {},
+         InDialog(u"S32"_s, u"S5"_s, [](QWidget& dialog) { PressIn(dialog, u"Command1"_s); })},
+    };
+    commands.insert(commands.end(), others.begin(), others.end());
+    return commands;
+}
+
+void Enter(Desk& desk, const QString& control) {
+    controls::MoveFocus(&desk.At<QWidget>(control));
+    Settle();
+}
+
+}  // namespace
+
+const std::vector<Command>& WritingCommands() {
+    static const std::vector<Command> commands = Made();
+    return commands;
+}
+
+const Command& CommandOf(const std::string& name) {
+    for (const Command& command : WritingCommands())
+        if (command.name == name) return command;
+    throw std::runtime_error("no command " + name);
+}
+
+QStringList CommandMasters() {
+    QStringList rows = FaultMasters();
+    for (const auto& table : {u"M01"_s, u"M02"_s, u"M03"_s, u"M030"_s, u"M04"_s, u"M05"_s, u"M06"_s})
+        for (const auto& values : {u"'甲','一'"_s, u"'乙','二'"_s})
+            rows += u"insert into %1 (F1,F2) VALUES (%2)"_s.arg(table, values);
+    const auto waybill = [&](const QString& number, const QString& day, const QString& mark) {
+        rows +=
+            u"insert into B01 (F1,F101,F203,F2031,F201,F202,F301,F501,F504,F507,F602,F603,F604) VALUES ('"_s +
+            number + u"','"_s + day + u"','Z1','纽约','上海','H1','S','月结',50,30,'张三','C1','"_s + mark +
+            u"')"_s;
+    };
+    waybill(u"W1"_s, u"2024-03-16"_s, u"管理员"_s);
+    waybill(u"W2"_s, u"2024-03-17"_s, u"未审核"_s);
+    const auto entry = [&](const QString& key, int lb, int sn, const QString& day, const QString& party,
+                           int qc, int yf) {
+        rows +=
+            u"insert into TB1 (SN,LB,F1,F2,F3,YF,QC,QM,F6) values (%1,%2,'%3','%4','%5',%6,%7,%8,'管理员')"_s
+                .arg(sn)
+                .arg(lb)
+                .arg(key, day, party)
+                .arg(yf)
+                .arg(qc)
+                .arg(qc + yf);
+    };
+    entry(u"YSW1"_s, -9, 131, u"2024-03-16"_s, u"华兴"_s, 0, 50);
+    entry(u"YFW1"_s, 9, 132, u"2024-03-16"_s, u"环洋"_s, 0, 30);
+    entry(u"YSW2"_s, -9, 162, u"2024-03-17"_s, u"华兴"_s, 50, 50);
+    return rows + QStringList{
+                      u"update SysInfo set Setval=162 where ID=100"_s,
+                      u"update M02 set F3='甲',P101=10,P102=5,P201=12,P202=6 where F1='甲'"_s,
+                      u"insert into B01 (F1,F101,F201,F202,F203,F602,F603,F604) VALUES "_s +
+                          u"('W8','2024-03-18','甲','甲','甲','甲','甲','未审核')"_s,
+                      u"insert into M021 (F0,F1) VALUES ('甲','东京')"_s,
+                      u"insert into M021 (F0,F1) VALUES ('乙','首尔')"_s,
+                      u"insert into M011 (F1,F2,F3) VALUES ('乙','二','H1')"_s,
+                      u"insert into M0111 (F0,F1) VALUES ('乙','首尔')"_s,
+                      u"insert into M031 (F0,F1,F2) VALUES ('甲','Z1',1)"_s,
+                      u"insert into M031 (F0,F1,F2) VALUES ('乙','Z1',1)"_s,
+                      u"insert into M031 (F0,F1,F2) VALUES ('乙','甲',2)"_s,
+                  };
+}
+
+void Prepare(Desk& desk, const Command& command) {
+    if (*command.keys) desk.Open(QString::fromLatin1(command.keys), QString::fromLatin1(command.form));
+    if (command.prepare) command.prepare(desk);
+}
+
+void Select(Desk& desk, const QString& text, int column) {
+    auto& grid = desk.Grid();
+    for (int row = 1; row < grid.Rows(); ++row) {
+        if (grid.TextMatrix(row, column) != text) continue;
+        // Away first: after a save the current record is the last one, whatever line is marked.
+        grid.SetRow(row == 1 ? grid.Rows() - 1 : 1);
+        return grid.SetRow(row);
+    }
+    throw std::runtime_error("not in the list: " + text.toStdString());
+}
+
+void AddQuote(Desk& desk, const QString& zone, const QString& coefficient) {
+    Enter(desk, u"TxtHPBM"_s);
+    for (const QString& text : {zone, coefficient}) {
+        Desk::TypeOver(text);
+        Press(Qt::Key_Return);
+    }
+}
+
+void Push(Desk& desk, const QString& button) {
+    Enter(desk, button);
+    Press(Qt::Key_Return);
+}
+
+}  // namespace tests
