@@ -79,15 +79,50 @@ void Program::SetCombo(int index, const QString& text) {
     TypeOver(text);
 }
 
-void Program::TypeOver(const QString& text) {
-    Press(Qt::Key_A, Qt::ControlModifier);
-    Press(Qt::Key_Delete);
-    Type(text);
-}
-
 void Program::GoTo(const QString& control) {
     for (int i = 0; i < 80 && FocusName() != control; ++i) Press(Qt::Key_Return);
     EXPECT_EQ(FocusName().toStdString(), control.toStdString());
+}
+
+QString Program::Boxes(int first, int last) {
+    QStringList texts;
+    for (int i = first; i <= last; ++i) texts += Box(i);
+    return texts.join(u'|');
+}
+
+void Program::Enter(const QString& control) {
+    controls::MoveFocus(&At<QWidget>(control));
+    Settle();
+}
+
+void Program::Push(const QString& button) {
+    Enter(button);
+    Press(Qt::Key_Return);
+}
+
+void Program::GoToRow(int row) {
+    Tabs().SelectItem(1);
+    Enter(u"GD"_s);
+    Press(Qt::Key_Home);
+    for (int i = 1; i < row; ++i) Press(Qt::Key_Down);
+}
+
+void Program::ShowCard(int row) {
+    GoToRow(row);
+    Tabs().SelectItem(2);
+    Settle();
+}
+
+void Program::RefusesToSave(const QString& message) {
+    script.Box(message, Title);
+    AltKey(u'S');
+    EXPECT_TRUE(script.Done()) << message.toStdString();
+    EXPECT_TRUE(EditInProgress) << message.toStdString();
+}
+
+void Program::EndsWith(const QString& report) {
+    script.BoxContaining(report);
+    script.End(1);
 }
 
 QStringList Program::Lines() {
@@ -105,18 +140,6 @@ bool Program::Enabled(const QString& command) {
     const auto* action = frame_->Front()->MenuBar()->findChild<QAction*>(command);
     EXPECT_NE(action, nullptr) << command.toStdString();
     return action && action->isEnabled();
-}
-
-QStringList Program::Rows(const QString& sql) {
-    QStringList lines;
-    auto rows = ::Db->OpenRecordset(sql);
-    for (; !rows.Eof(); rows.MoveNext()) {
-        QStringList cells;
-        for (int i = 0; i < rows.FieldCount(); ++i)
-            cells += rows.Fields(i).IsNull() ? u"<null>"_s : rows.Fields(i).Text();
-        lines += cells.join(u'|');
-    }
-    return lines;
 }
 
 void Program::Execute(const QString& sql) {
