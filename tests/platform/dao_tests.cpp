@@ -2,7 +2,6 @@
 #include "platform/dao/database.h"
 #include "platform/errors.h"
 #include "platform/system/guard.h"
-#include "platform/text/numbers.h"
 #include "tests/support/data_file.h"
 #include "tests/support/failing_vfs.h"
 #include "tests/support/files.h"
@@ -10,11 +9,9 @@
 
 #include <QFile>
 
-#include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
 #include <map>
-#include <random>
 
 using namespace Qt::StringLiterals;
 
@@ -243,27 +240,6 @@ TEST(Rows, AreReadAsTheFormsShowThem) {
     EXPECT_EQ(empty.RecordCount(), 0);
     EXPECT_THROW(empty.MoveFirst(), RuntimeError);
     EXPECT_THROW(empty.MoveLast(), RuntimeError);
-}
-
-TEST(Rows, ShowNumbersAsGeneralTextWhateverTheWay) {
-    const tests::DataFile file({u"create table T (V DOUBLE)"_s}, QString());
-    auto db = Open(file);
-    std::mt19937_64 random(7);
-    std::vector<double> values = {0,    -0.0,    0.1 + 0.2,        1.0 / 3, 2e-5, 0.001, 123456789012345,
-                                  1e15, -1e-300, 99999999999999.95};
-    std::uniform_real_distribution<double> size(-8, 17);
-    for (int i = 0; i < 300; ++i) {
-        values.push_back(std::pow(10.0, size(random)) * (i % 2 == 0 ? 1 : -1));
-        values.push_back(std::round(values.back() * 100) / 100);
-    }
-    for (const double value : values)
-        db->Execute(u"insert into T (V) values ("_s + QString::number(value, 'e', 17) + u")"_s);
-    auto rows = db->OpenRecordset(u"select V from T"_s);
-    for (const double value : values) {
-        EXPECT_EQ(rows.Fields(0).Text(), text::GeneralText(value)) << value;
-        EXPECT_EQ(rows.Fields(0).Number(), value);
-        rows.MoveNext();
-    }
 }
 
 /// Statements are kept ready; that must show in nothing but the time.
