@@ -30,7 +30,8 @@ class Standard : public Program {
         AltKey(u'S');
         AltKey(u'1');
     }
-    QString Text(int box) { return Find<controls::LineBox>(*dialog, u"Txt(%1)"_s.arg(box)).Text(); }
+    controls::LineBox& LineAt(int box) { return Find<controls::LineBox>(*dialog, u"Txt(%1)"_s.arg(box)); }
+    QString Text(int box) { return LineAt(box).Text(); }
     QStringList Texts() {
         QStringList texts;
         for (int i = 0; i < 20; ++i) texts += Text(i);
@@ -44,7 +45,7 @@ class Standard : public Program {
         return tops;
     }
     void Enter(int box, const QString& text) {
-        Find<controls::LineBox>(*dialog, u"Txt(%1)"_s.arg(box)).SetFocus();
+        LineAt(box).SetFocus();
         Settle();
         TypeOver(text);
     }
@@ -116,7 +117,7 @@ TEST(S01, PutsABoundRightWithoutAWord) {
     form.Visit([&] {
         for (const auto& row : rows) {
             // The neighbour is set without being left: it would be looked at itself.
-            Find<controls::LineBox>(*form.dialog, u"Txt(%1)"_s.arg(row.box - 1)).SetText(row.left);
+            form.LineAt(row.box - 1).SetText(row.left);
             form.Enter(row.box, row.typed);
             Press(Qt::Key_Tab);
             EXPECT_EQ(form.Text(row.box).toStdString(), row.after) << row.why;
@@ -157,7 +158,7 @@ TEST(S01, ChecksTheFirstNineBoxesAndNoOther) {
         EXPECT_EQ(form.Texts().mid(0, 5).join(u' '), u"1.5 0.5 0 0.5 21.0")
             << "the boxes already passed are made plain numbers";
         form.Enter(2, u"0.5"_s);
-        Find<controls::LineBox>(*form.dialog, u"Txt(8)"_s).SetText(u"-201"_s);
+        form.LineAt(8).SetText(u"-201"_s);
         form.script.Question(Question, u"提示"_s, true);
         form.script.Box(NotPositive, u" 提示"_s);
         form.Push(u"CmdOK"_s);
@@ -166,7 +167,7 @@ TEST(S01, ChecksTheFirstNineBoxesAndNoOther) {
     // From the tenth on anything that the engine takes goes in as it stands.
     form.Visit([&] {
         for (const auto& [box, typed] : {std::pair{9, u"0"_s}, {18, u"-7.50"_s}, {19, u"1+0.25"_s}})
-            Find<controls::LineBox>(*form.dialog, u"Txt(%1)"_s.arg(box)).SetText(typed);
+            form.LineAt(box).SetText(typed);
         form.script.Question(Question, u"提示"_s, true);
         form.script.Box(u"保存成功！"_s, u"提示"_s);
         form.Push(u"CmdOK"_s);
