@@ -44,27 +44,15 @@ class WaybillForm : public Program {
         GoTo(u"Txt(0)"_s);
         Type(entry.number);
         At<controls::DTPicker>(u"DTP"_s).SetValue(QDate::fromString(entry.date, Qt::ISODate));
-        GoTo(u"Cmb(4)"_s);
-        TypeOver(u"上海"_s);
-        GoTo(u"Cmb(6)"_s);
-        Type(u"Z1"_s);
-        GoTo(u"Cmb(7)"_s);
-        Type(u"纽约"_s);
-        GoTo(u"Cmb(5)"_s);
-        Type(entry.channel);
-        GoTo(u"Cmb(17)"_s);
-        Type(entry.service);
-        GoTo(u"Txt(21)"_s);
-        Type(entry.weight);
-        if (!entry.shipped.isEmpty()) {
-            GoTo(u"Txt(23)"_s);
-            Type(entry.shipped);
+        const std::pair<QString, QString> rest[] = {
+            {u"Cmb(4)"_s, u"上海"_s},      {u"Cmb(6)"_s, u"Z1"_s},        {u"Cmb(7)"_s, u"纽约"_s},
+            {u"Cmb(5)"_s, entry.channel},  {u"Cmb(17)"_s, entry.service}, {u"Txt(21)"_s, entry.weight},
+            {u"Txt(23)"_s, entry.shipped}, {u"Txt(33)"_s, entry.fuel},    {u"Txt(28)"_s, {}},
+            {u"Txt(34)"_s, entry.cost}};
+        for (const auto& [control, text] : rest) {
+            GoTo(control);
+            if (!text.isEmpty()) TypeOver(text);
         }
-        GoTo(u"Txt(33)"_s);
-        Type(entry.fuel);
-        GoTo(u"Txt(28)"_s);
-        GoTo(u"Txt(34)"_s);
-        Type(entry.cost);
     }
     void Add(const Entry& entry) {
         Fill(entry);
