@@ -72,28 +72,19 @@ TEST(StartUp, LeavesTheSessionReadyAndTheLoginOverTheFrame) {
     EXPECT_TRUE(Db);
 }
 
-TEST(StartUp, TheFolderEndsInExactlyOneSeparator) {
-    for (const QString& tail : {u""_s, u"/"_s}) {
-        StartRun run;
-        schema::MakeDatabase(run.File());
-        run.parts.folder += tail;
-        run.Start();
-        EXPECT_EQ(AppFolder, run.folder.path() + u'/');
-        EXPECT_EQ(DbFile, run.File());
-    }
-}
-
-TEST(StartUp, TheLocaleChoosesTheLanguageFlag) {
+TEST(StartUp, LocaleAndFolderAreTakenAsTheyCome) {
     const std::pair<QString, int> locales[] = {{u"zh_CN"_s, 1}, {u"en_US"_s, 0}, {u"zh_TW"_s, 2},
                                                {u"ja_JP"_s, 0}, {u"zh_HK"_s, 0}, {u"C"_s, 0}};
     for (const auto& [locale, flag] : locales) {
         StartRun run;
         schema::MakeDatabase(run.File());
         run.script.SetLocale(locale);
+        if (flag == 0) run.parts.folder += u'/';
         LangFlag = 9;
         run.Start();
         EXPECT_EQ(LangFlag, flag) << locale.toStdString();
-        EXPECT_EQ(MsgTitle, u"提示");
+        EXPECT_EQ(AppFolder, run.folder.path() + u'/') << "one separator, given or not";
+        EXPECT_EQ(DbFile, run.File());
     }
 }
 
