@@ -184,9 +184,11 @@ TEST(A011, RefusesInOrder) {
     form.RefusesToSave(u"请输入该区域包含的具体地区名！"_s);
     EXPECT_EQ(form.Box(2), u"环洋");
     form.AddPlace(u"某地"_s);
-    form.TextBoxAt(17).SetText(u"-0.01"_s);
-    form.RefusesToSave(u"出货成本不能为负值！"_s);
-    form.TextBoxAt(17).SetText({});
+    for (const int box : {9, 17}) {
+        form.TextBoxAt(box).SetText(u"-0.01"_s);
+        form.RefusesToSave(u"出货成本不能为负值！"_s);
+        form.TextBoxAt(box).SetText({});
+    }
     form.TextBoxAt(18).SetText(u"-5"_s);
     form.RefusesToSave(u"[美东]已经使用了H11这个编号，请重新设置编号!"_s);
     EXPECT_EQ(FocusName(), u"Txt(0)");
