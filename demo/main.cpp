@@ -1,8 +1,8 @@
 // demo FOLDER [SUFFIX [WIDTHxHEIGHT [PAUSE]]]: plays a day's work of a small company on the real program,
 // then walks through the sample company in FOLDER/sample if there is one, and leaves in FOLDER the company's
 // folder, pictures of every form (their names end in SUFFIX), a page that shows them in order (index + SUFFIX
-// + .html) and a summary. Ends with 0 when everything was as it has to be, 1 when something was not, 2 when it
-// was called wrongly.
+// + .html) and a summary. Ends with 0 when everything was as it has to be, 1 when something was not, 2 when
+// it was called wrongly.
 #include "app/product.h"
 #include "app/session.h"
 #include "demo/day.h"

@@ -29,9 +29,7 @@ class PasswordRun : public FrameRun {
     static void Fill(QWidget& form, const QStringList& texts) {
         Find<controls::LineBox>(form, u"Txt(0)"_s).SetFocus();
         for (const QString& text : texts) {
-            Press(Qt::Key_A, Qt::ControlModifier);
-            Press(Qt::Key_Delete);
-            Type(text);
+            TypeOver(text);
             Press(Qt::Key_Return);
         }
         EXPECT_EQ(FocusName(), u"Cmd(0)");

@@ -8,6 +8,7 @@
 #include "schema/engine.h"
 #include "schema/names.h"
 #include "tests/app/frame_run.h"
+#include "tests/support/files.h"
 
 #include <QDir>
 #include <QFile>
@@ -19,6 +20,13 @@ namespace {
 
 const QString kDone = u"数据恢复完成，请重新运行本系统！"_s;
 const QString kDialog = u"恢复业务数据"_s;
+
+void PressRestore() {
+    EXPECT_EQ(FocusName(), u"Command2") << "the first Enter destroys nothing";
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(FocusName(), u"Command1");
+    Press(Qt::Key_Return);
+}
 
 class RestoreRun : public FrameRun {
   public:
@@ -32,6 +40,16 @@ class RestoreRun : public FrameRun {
         AltKey(u's');
         AltKey(u'5');
         Settle();
+    }
+
+    /// From the menu: picks the file, is told that it is done, and the program ends.
+    void Restore(const QString& backup) {
+        script.File(kDialog, backup);
+        script.Box(kDone, QString());
+        script.End(0);
+        Show([](QWidget&) { PressRestore(); });
+        EXPECT_TRUE(script.Done());
+        EXPECT_TRUE(sys::HasEnded());
     }
 
     /// A backup that is told from the company's own by one courier.
@@ -50,18 +68,6 @@ class RestoreRun : public FrameRun {
 
     QTemporaryDir elsewhere;
 };
-
-void PressRestore() {
-    EXPECT_EQ(FocusName(), u"Command2") << "the first Enter destroys nothing";
-    Press(Qt::Key_Tab);
-    EXPECT_EQ(FocusName(), u"Command1");
-    Press(Qt::Key_Return);
-}
-
-QByteArray Content(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
-}
 
 TEST(Restore, GivingUpChangesNothing) {
     RestoreRun run;
@@ -84,11 +90,7 @@ TEST(Restore, PutsTheBackupInPlaceEvenInTheMiddleOfAnEdit) {
     EditInProgress = true;
     run.company.Run(u"insert into M04 (F1,F2) VALUES ('甲','')"_s);
     run.company.Run(u"insert into M04 (F1,F2) VALUES ('乙','')"_s);
-    run.script.File(kDialog, run.Backup());
-    run.script.Box(kDone, QString());
-    run.script.End(0);
-    run.Show([](QWidget&) { PressRestore(); });
-    EXPECT_TRUE(sys::HasEnded());
+    run.Restore(run.Backup());
     EXPECT_FALSE(Db);
     EXPECT_EQ(run.Couriers(), 1);
 }
@@ -96,15 +98,9 @@ TEST(Restore, PutsTheBackupInPlaceEvenInTheMiddleOfAnEdit) {
 TEST(Restore, NothingOfTheOldDatabaseIsPlayedIntoTheNewOne) {
     RestoreRun run;
     Db.reset();
-    for (const QString& side : {u"-wal"_s, u"-shm"_s, u"-journal"_s}) {
-        QFile file(run.company.File() + side);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("left over");
-    }
-    run.script.File(kDialog, run.Backup());
-    run.script.Box(kDone, QString());
-    run.script.End(0);
-    run.Show([](QWidget&) { PressRestore(); });
+    for (const QString& side : {u"-wal"_s, u"-shm"_s, u"-journal"_s})
+        Write(run.company.File() + side, "left over");
+    run.Restore(run.Backup());
     EXPECT_EQ(QDir(run.company.Folder()).entryList(QDir::Files), QStringList{u"tessik.dat"_s});
     EXPECT_EQ(run.Couriers(), 1);
 }
@@ -114,10 +110,7 @@ TEST(Restore, ACopyThatFailsReportsSuccessAllTheSameAndTheOldFileStays) {
         RestoreRun run;
         const QString backup = missing ? run.elsewhere.filePath(u"gone.dat"_s) : run.company.File();
         run.company.Run(u"insert into M04 (F1,F2) VALUES ('甲','')"_s);
-        run.script.File(kDialog, backup);
-        run.script.Box(kDone, QString());
-        run.script.End(0);
-        run.Show([](QWidget&) { PressRestore(); });
+        run.Restore(backup);
         EXPECT_EQ(run.Couriers(), 1) << "what the session had written is in it";
     }
 }
@@ -155,16 +148,9 @@ TEST(Restore, AtTheStartItMakesTheMissingFileAndTheNextStartOpensIt) {
 TEST(Restore, AFileThatIsNoDatabaseIsCopiedAndTheNextStartFails) {
     RestoreRun run;
     const QString wrong = run.elsewhere.filePath(u"letter.dat"_s);
-    {
-        QFile file(wrong);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("no database");
-    }
-    run.script.File(kDialog, wrong);
-    run.script.Box(kDone, QString());
-    run.script.End(0);
-    run.Show([](QWidget&) { PressRestore(); });
-    EXPECT_EQ(Content(run.company.File()), "no database");
+    Write(wrong, "no database");
+    run.Restore(wrong);
+    EXPECT_EQ(Bytes(run.company.File()), "no database");
 
     sys::ForgetEnd();
     std::unique_ptr<MForm> frame;

@@ -3,10 +3,10 @@
 #include "platform/errors.h"
 #include "platform/system/guard.h"
 #include "tests/app/frame_run.h"
+#include "tests/support/files.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
@@ -142,35 +142,28 @@ TEST(Frame, AChildsBarTakesTheKeysOfTheFramesBar) {
     Press(Qt::Key_Escape);
 }
 
-TEST(Frame, ClosingOneOfTwoShowsTheToolBarAndGoesBackToTheOther) {
-    FrameRun run;
-    run.Open();
-    run.Frame().ShowChild(u"A04"_s);
-    run.Frame().ShowChild(u"B01"_s);
-    run.Frame().SetPanel(4, u"共 3 条记录"_s);
-    run.TakeLog();
-    EXPECT_FALSE(run.Frame().ToolBarShown());
-    AltKey(u'r');
-    EXPECT_TRUE(run.Frame().ToolBarShown());
-    EXPECT_EQ(run.Frame().Panel(4), u"2024-03-15");
-    EXPECT_EQ(run.Frame().Front(), run.Frame().Child(u"A04"_s));
-    EXPECT_EQ(run.BarInFront(), u"A04.bar");
-    EXPECT_EQ(FocusName(), u"A04.Txt");
-    EXPECT_EQ(run.TakeLog(), QStringList{u"front A04 A04"_s});
-}
-
-TEST(Frame, ClosingTheOneBehindLeavesTheFrontAsItIs) {
-    FrameRun run;
-    run.Open();
-    run.Frame().ShowChild(u"A04"_s);
-    run.Frame().ShowChild(u"B01"_s);
-    run.TakeLog();
-    run.Frame().Child(u"A04"_s)->Unload();
-    Settle();
-    EXPECT_EQ(run.Frame().Child(u"A04"_s), nullptr);
-    EXPECT_EQ(run.BarInFront(), u"B01.bar");
-    EXPECT_TRUE(run.Frame().ToolBarShown());
-    EXPECT_TRUE(run.log.isEmpty());
+TEST(Frame, ClosingOneOfTwoShowsTheToolBar) {
+    for (const bool front : {true, false}) {
+        FrameRun run;
+        run.Open();
+        run.Frame().ShowChild(u"A04"_s);
+        run.Frame().ShowChild(u"B01"_s);
+        run.Frame().SetPanel(4, u"共 3 条记录"_s);
+        run.TakeLog();
+        EXPECT_FALSE(run.Frame().ToolBarShown());
+        const QString stays = front ? u"A04"_s : u"B01"_s;
+        if (front)
+            AltKey(u'r');
+        else
+            run.Frame().Child(u"A04"_s)->Unload();
+        Settle();
+        EXPECT_TRUE(run.Frame().ToolBarShown());
+        EXPECT_EQ(run.Frame().Panel(4), u"2024-03-15");
+        EXPECT_EQ(run.Frame().Front(), run.Frame().Child(stays));
+        EXPECT_EQ(run.BarInFront(), stays + u".bar"_s);
+        EXPECT_EQ(FocusName(), stays + u".Txt"_s);
+        EXPECT_EQ(run.TakeLog(), front ? QStringList{u"front A04 A04"_s} : QStringList());
+    }
 }
 
 TEST(Frame, AFormThatRefusesStaysAndOneThatReopensItselfIsNew) {
@@ -192,33 +185,26 @@ TEST(Frame, AFormThatRefusesStaysAndOneThatReopensItselfIsNew) {
     EXPECT_EQ(run.TakeLog(), QStringList{u"A04 add"_s});
 }
 
-TEST(Frame, ALoadThatFailsLeavesNoFormBehind) {
-    FrameRun run(false);
-    run.registry.children[u"B01"_s] = [&] {
-        auto form = std::make_unique<LogForm>(u"B01"_s, run.log, true);
-        form->whenLoading = [] { throw RuntimeError(u"溢出"_s); };
-        return form;
-    };
-    run.Open();
-    run.script.BoxContaining(u"溢出"_s);
-    run.script.End(1);
-    AltKey(u'b');
-    EXPECT_TRUE(run.script.Done());
-    EXPECT_EQ(run.Frame().Child(u"B01"_s), nullptr);
-}
-
-TEST(Frame, ALoadMayCloseItsOwnForm) {
-    FrameRun run(false);
-    run.registry.children[u"B01"_s] = [&] {
-        auto form = std::make_unique<LogForm>(u"B01"_s, run.log, true);
-        form->whenLoading = [form = form.get()] { form->Unload(); };
-        return form;
-    };
-    run.Open();
-    AltKey(u'b');
-    EXPECT_EQ(run.Frame().Front(), nullptr);
-    EXPECT_TRUE(run.Frame().ToolBarShown());
-    EXPECT_EQ(run.TakeLog(), QStringList{u"load B01"_s});
+TEST(Frame, ALoadThatFailsOrClosesItsOwnFormLeavesNoneBehind) {
+    for (const bool fails : {true, false}) {
+        FrameRun run(false);
+        run.registry.children[u"B01"_s] = [&] {
+            auto form = std::make_unique<LogForm>(u"B01"_s, run.log, true);
+            form->whenLoading = [fails, form = form.get()] {
+                if (fails) throw RuntimeError(u"溢出"_s);
+                form->Unload();
+            };
+            return form;
+        };
+        run.Open();
+        if (fails) run.script.BoxContaining(u"溢出"_s);
+        if (fails) run.script.End(1);
+        AltKey(u'b');
+        EXPECT_TRUE(run.script.Done());
+        EXPECT_EQ(run.Frame().Child(u"B01"_s), nullptr);
+        EXPECT_EQ(run.TakeLog(), QStringList{u"load B01"_s});
+        EXPECT_TRUE(fails || run.Frame().ToolBarShown());
+    }
 }
 
 TEST(ToolBar, AsksTheRightsAndRefusesOneButtonToEveryone) {
@@ -266,11 +252,7 @@ TEST(Frame, APictureThatCannotBeReadLeavesTheBackgroundEmpty) {
     for (const QByteArray& content :
          {QByteArray(), QByteArray("\x89PNG\r\n\x1a\n broken"), QByteArray("no picture")}) {
         FrameRun run;
-        if (!content.isEmpty()) {
-            QFile file(run.company.Folder() + u"syspic.dat"_s);
-            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-            file.write(content);
-        }
+        if (!content.isEmpty()) Write(run.company.Folder() + u"syspic.dat"_s, content);
         run.Open();  // a message would be an unexpected box
         EXPECT_EQ(run.Frame().Panel(4), u"2024-03-15");
     }

@@ -6,14 +6,14 @@
 #include "platform/errors.h"
 #include "platform/system/guard.h"
 #include "schema/data_files.h"
-#include "schema/engine.h"
 #include "schema/names.h"
+#include "tests/support/data_file.h"
 #include "tests/support/failing_vfs.h"
+#include "tests/support/files.h"
 #include "tests/support/gui.h"
 #include "tests/support/script.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -51,12 +51,6 @@ class StartRun {
     std::unique_ptr<MForm> frame;
 };
 
-void Write(const QString& path, const QByteArray& content) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
-
 TEST(StartUp, LeavesTheSessionReadyAndTheLoginOverTheFrame) {
     StartRun run;
     schema::MakeDatabase(run.File());
@@ -78,34 +72,25 @@ TEST(StartUp, LeavesTheSessionReadyAndTheLoginOverTheFrame) {
     EXPECT_TRUE(Db);
 }
 
-TEST(StartUp, TheFolderEndsInExactlyOneSeparator) {
-    for (const QString& tail : {u""_s, u"/"_s}) {
-        StartRun run;
-        schema::MakeDatabase(run.File());
-        run.parts.folder += tail;
-        run.Start();
-        EXPECT_EQ(AppFolder, run.folder.path() + u'/');
-        EXPECT_EQ(DbFile, run.File());
-    }
-}
-
-TEST(StartUp, TheLocaleChoosesTheLanguageFlag) {
+TEST(StartUp, LocaleAndFolderAreTakenAsTheyCome) {
     const std::pair<QString, int> locales[] = {{u"zh_CN"_s, 1}, {u"en_US"_s, 0}, {u"zh_TW"_s, 2},
                                                {u"ja_JP"_s, 0}, {u"zh_HK"_s, 0}, {u"C"_s, 0}};
     for (const auto& [locale, flag] : locales) {
         StartRun run;
         schema::MakeDatabase(run.File());
         run.script.SetLocale(locale);
+        if (flag == 0) run.parts.folder += u'/';
         LangFlag = 9;
         run.Start();
         EXPECT_EQ(LangFlag, flag) << locale.toStdString();
-        EXPECT_EQ(MsgTitle, u"提示");
+        EXPECT_EQ(AppFolder, run.folder.path() + u'/') << "one separator, given or not";
+        EXPECT_EQ(DbFile, run.File());
     }
 }
 
 TEST(StartUp, WhateverFailsIsToldThenRestoreIsOfferedThenItEnds) {
     FailingStorage storage;
-    schema::Engine holder;
+    std::unique_ptr<Connection> holder;
     const struct {
         const char* name;
         std::function<void(StartRun&)> prepare;
@@ -118,26 +103,14 @@ TEST(StartUp, WhateverFailsIsToldThenRestoreIsOfferedThenItEnds) {
         {"damaged",
          [](StartRun& run) {
              schema::MakeDatabase(run.File());
-             QFile file(run.File());
-             ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-             file.seek(100);
-             file.write(QByteArray(200, '\x5a'));
+             Write(run.File(), Bytes(run.File()).replace(100, 200, QByteArray(200, '\x5a')));
          }},
         {"another password",
-         [](StartRun& run) {
-             const auto engine = schema::OpenEngine(run.File(), u"QXR7306");
-             schema::Run(engine.get(), "create table TE1 (F1 TEXT)");
-         }},
+         [](StartRun& run) { Connection(run.File(), u"QXR7306"_s).Run(u"create table TE1 (F1 TEXT)"_s); }},
         {"no password",
-         [](StartRun& run) {
-             const auto engine = schema::OpenEngine(run.File(), {});
-             schema::Run(engine.get(), "create table TE1 (F1 TEXT)");
-         }},
+         [](StartRun& run) { Connection(run.File(), {}).Run(u"create table TE1 (F1 TEXT)"_s); }},
         {"other tables",
-         [](StartRun& run) {
-             const auto engine = schema::OpenEngine(run.File(), schema::kPassword);
-             schema::Run(engine.get(), "create table notes (F1 TEXT)");
-         }},
+         [](StartRun& run) { Connection(run.File()).Run(u"create table notes (F1 TEXT)"_s); }},
         {"read-only",
          [&](StartRun& run) {
              schema::MakeDatabase(run.File());
@@ -147,20 +120,19 @@ TEST(StartUp, WhateverFailsIsToldThenRestoreIsOfferedThenItEnds) {
         {"locked",
          [&](StartRun& run) {
              schema::MakeDatabase(run.File());
-             holder = schema::OpenEngine(run.File(), schema::kPassword);
-             schema::Run(holder.get(), "begin exclusive");
+             holder = std::make_unique<Connection>(run.File());
+             holder->Run(u"begin exclusive"_s);
          }},
         {"of a newer release",
          [](StartRun& run) {
              schema::MakeDatabase(run.File());
-             const auto engine = schema::OpenEngine(run.File(), schema::kPassword);
-             schema::Run(engine.get(), "pragma user_version = 9999");
+             Connection(run.File()).Run(u"pragma user_version = 9999"_s);
          }},
         {"the login's load",
          [](StartRun& run) {
-             const auto engine = schema::OpenEngine(run.File(), schema::kPassword);
-             schema::Run(engine.get(), "create table TE1 (F1 TEXT)");
-             schema::Run(engine.get(), "insert into TE1 values ('001')");
+             Connection file(run.File());
+             file.Run(u"create table TE1 (F1 TEXT)"_s);
+             file.Run(u"insert into TE1 values ('001')"_s);
              run.parts.showLogin = [](QWidget* over) { Login(over).ShowModal(); };
          },
          u"restore over the frame"},
@@ -179,17 +151,11 @@ TEST(StartUp, WhateverFailsIsToldThenRestoreIsOfferedThenItEnds) {
         EXPECT_TRUE(run.script.LastBox().text.startsWith(u"程序"));
         EXPECT_GT(run.script.LastBox().text.size(), u"程序启动错误!系统返回如下信息：\r\r"_s.size());
         EXPECT_EQ(run.events, QStringList{row.end.toString()});
+        EXPECT_EQ(QDir(run.folder.path()).isEmpty(), &row == rows || &row == rows + 1)
+            << "no failure makes a data file";
         storage.Heal();
         holder.reset();
     }
-}
-
-TEST(StartUp, NoFailureMakesADataFile) {
-    StartRun run;
-    run.script.BoxContaining(u"程序启动错误"_s);
-    run.script.End(1);
-    run.Start();
-    EXPECT_TRUE(QDir(run.folder.path()).isEmpty());
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <functional>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -33,9 +34,7 @@ class Focus : public testing::Test {
         combo.AddItem(u"一"_s);
         combo.AddItem(u"二"_s);
         tests::Show(form);
-        a.SetFocus();
-        tests::Settle();
-        told.clear();
+        Go(a);
     }
 
     template <class Control>
@@ -52,12 +51,20 @@ class Focus : public testing::Test {
         return std::exchange(told, {}).join(u' ').toStdString();
     }
 
-    /// Waits for a window of the toolkit and presses a key in it.
-    static void AnswerWith(Qt::Key key) {
-        QTimer::singleShot(0, qApp, [key] {
+    /// Brings the focus there and forgets what is told of it.
+    template <class Control>
+    void Go(Control& control) {
+        control.SetFocus();
+        Told();
+    }
+
+    /// A message box of the toolkit's, answered by Enter.
+    static void Tell() {
+        QTimer::singleShot(0, qApp, [] {
             tests::Settle();
-            if (QWidget* box = QApplication::activeModalWidget()) QTest::keyClick(box, key);
+            if (QWidget* box = QApplication::activeModalWidget()) QTest::keyClick(box, Qt::Key_Return);
         });
+        ShowMessageBox({.text = u"单据号不能为空!"_s});
     }
 
     tests::Script script;
@@ -110,50 +117,48 @@ TEST_F(Focus, WalksInOneStepThroughComboAndPicker) {
     EXPECT_EQ(Told(), "-date +combo");
 }
 
-TEST_F(Focus, PopupsAndMenusAreNoChange) {
-    combo.SetFocus();
-    Told();
-    combo.showPopup();
-    tests::Settle();
-    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
-    tests::Press(Qt::Key_Down);
-    tests::Press(Qt::Key_Return);
-    EXPECT_EQ(Told(), "");
-    date.SetFocus();
-    Told();
-    date.OpenCalendar();
-    tests::Settle();
-    ASSERT_NE(QApplication::activePopupWidget(), nullptr) << "the calendar";
-    QApplication::activePopupWidget()->close();
-    EXPECT_EQ(Told(), "");
-    QMenu menu;
-    menu.addAction(u"无"_s);
-    menu.popup(form.pos());
-    tests::Settle();
-    tests::Press(Qt::Key_Escape);
-    EXPECT_EQ(Told(), "");
-    EXPECT_EQ(tests::FocusName(), u"date"_s);
-}
-
-TEST_F(Focus, MenuBarAndItsCommandsAreNoChange) {
+TEST_F(Focus, PopupsMenusAndActivationAreNoChange) {
     auto* bar = new QMenuBar(&form);
     form.layout()->setMenuBar(bar);
     int run = 0;
     AddCommand(bar, u"Menu_save"_s, u"&S.保存"_s, [&] { ++run; });
-    QMenu* menu = AddMenu(bar, u"Menu_sort"_s, u"&M.排序"_s);
-    AddCommand(menu, u"Menu_one"_s, u"&1.一"_s, [&] { ++run; });
-    tests::Settle();
+    AddCommand(AddMenu(bar, u"Menu_sort"_s, u"&M.排序"_s), u"Menu_one"_s, u"&1.一"_s, [&] { ++run; });
+    QMenu menu;
+    menu.addAction(u"无"_s);
+    QWidget other;
+    const struct {
+        const char* what;
+        QWidget& in;
+        std::function<void()> come, go;
+    } rows[] = {
+        {"the list of a combo", combo, [&] { combo.showPopup(); }, [] { tests::Press(Qt::Key_Return); }},
+        {"a calendar", date, [&] { date.OpenCalendar(); },
+         [] { QApplication::activePopupWidget()->close(); }},
+        {"a menu", date, [&] { menu.popup(form.pos()); }, [] { tests::Press(Qt::Key_Escape); }},
+        {"a menu of the bar", a, [] { tests::AltKey(u'M'); }, [] { tests::AltKey(u'1'); }},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        controls::MoveFocus(&row.in);
+        Told();
+        row.come();
+        tests::Settle();
+        ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+        row.go();
+        EXPECT_EQ(Told(), "");
+        EXPECT_EQ(tests::FocusName(), row.in.objectName());
+    }
     tests::AltKey(u'S');
-    tests::AltKey(u'M');
-    tests::AltKey(u'1');
     EXPECT_EQ(run, 2);
+    tests::Show(other);
     EXPECT_EQ(Told(), "");
-    EXPECT_EQ(tests::FocusName(), u"a"_s);
+    form.activateWindow();
+    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(FocusTracker::Get().Current(), &a);
 }
 
 TEST_F(Focus, BoxesAndModalFormsAreNoChange) {
-    AnswerWith(Qt::Key_Return);
-    ShowMessageBox({.text = u"好"_s});
+    Tell();
     EXPECT_EQ(Told(), "");
     EXPECT_EQ(tests::FocusName(), u"a"_s) << "the window beneath is active again";
 
@@ -176,25 +181,19 @@ TEST_F(Focus, BoxesAndModalFormsAreNoChange) {
     EXPECT_EQ(Told(), "-a +combo");
 }
 
-TEST_F(Focus, AMoveFromWithinAModalFormIsToldWhenItHasGone) {
-    ModalForm modal(u"Query"_s, u"查找"_s, &form);
-    tests::ModalScript operators;
-    operators.Next(u"Query"_s, [&](QWidget&) {
-        b.SetFocus();
-        EXPECT_EQ(Told(), "");
-        modal.Unload();
-    });
-    modal.ShowModal();
-    EXPECT_EQ(Told(), "-a +b");
-}
-
-TEST_F(Focus, ActivationIsNoChange) {
-    QWidget other;
-    tests::Show(other);
-    EXPECT_EQ(Told(), "");
-    form.activateWindow();
-    EXPECT_EQ(Told(), "");
-    EXPECT_EQ(FocusTracker::Get().Current(), &a);
+TEST_F(Focus, WhatHappensUnderAModalFormIsToldWhenItHasGone) {
+    for (const bool hides : {false, true}) {
+        ModalForm modal(u"Query"_s, u"查找"_s, &form);
+        tests::ModalScript operators;
+        operators.Next(u"Query"_s, [&](QWidget&) {
+            if (hides) b.hide();
+            (hides ? a : b).SetFocus();
+            EXPECT_EQ(Told(), "");
+            modal.Unload();
+        });
+        modal.ShowModal();
+        EXPECT_EQ(Told(), hides ? "+a" : "-a +b") << "a control that was hidden meanwhile is not left";
+    }
 }
 
 TEST_F(Focus, HidingOrDisablingTheFocusedControlIsNoEvent) {
@@ -210,14 +209,12 @@ TEST_F(Focus, HidingOrDisablingTheFocusedControlIsNoEvent) {
 }
 
 TEST_F(Focus, WhatAHandlerAsksForAfterHidingIsTold) {
-    combo.SetFocus();
-    Told();
+    Go(combo);
     combo.hide();
     b.SetFocus();
     EXPECT_EQ(Told(), "+b") << "hidden in the midst of a command, the combo is not left";
     combo.show();
-    a.SetFocus();
-    Told();
+    Go(a);
     a.setEnabled(false);  // the toolkit goes to the combo, which is where the form wants to be too
     combo.SetFocus();
     EXPECT_EQ(Told(), "+combo");
@@ -230,18 +227,6 @@ TEST_F(Focus, WhatAHandlerAsksForAfterHidingIsTold) {
     a.show();
     a.SetFocus();
     EXPECT_EQ(Told(), "+a") << "it went away meanwhile, so it is entered anew";
-}
-
-TEST_F(Focus, AControlHiddenUnderAModalFormIsNotLeft) {
-    ModalForm modal(u"Query"_s, u"查找"_s, &form);
-    tests::ModalScript operators;
-    operators.Next(u"Query"_s, [&](QWidget&) {
-        a.hide();
-        b.SetFocus();
-        modal.Unload();
-    });
-    modal.ShowModal();
-    EXPECT_EQ(Told(), "+b");
 }
 
 TEST_F(Focus, TheGainWaitsForALossThatShowsItsProgress) {
@@ -296,8 +281,7 @@ TEST_F(Focus, AMessageFromALossIsShownOnce) {
     a.LostFocus = [&] {
         told << u"-a"_s;
         ++shown;
-        AnswerWith(Qt::Key_Return);
-        ShowMessageBox({.text = u"单据号不能为空!"_s});
+        Tell();
         told << u"."_s;
     };
     tests::Press(Qt::Key_Tab);
@@ -305,12 +289,10 @@ TEST_F(Focus, AMessageFromALossIsShownOnce) {
     EXPECT_EQ(shown, 1);
     a.LostFocus = [&] {
         ++shown;
-        AnswerWith(Qt::Key_Return);
-        ShowMessageBox({.text = u"单据号不能为空!"_s});
+        Tell();
         a.SetFocus();
     };
-    a.SetFocus();
-    Told();
+    Go(a);
     tests::Press(Qt::Key_Tab);
     EXPECT_EQ(Told(), "+a");
     EXPECT_EQ(shown, 2);

@@ -62,91 +62,71 @@ TEST_F(Commands, AltAndTheLetterRunWhatCanBeUsed) {
     add->setEnabled(false);
     tests::AltKey(u'A');
     EXPECT_EQ(Run(), "");
-    check->setEnabled(false);  // its twin is alone then
-    tests::AltKey(u'C');
-    EXPECT_EQ(Run(), "C.取消");
-    check->setEnabled(true);
-    cancel->setVisible(false);
-    tests::AltKey(u'C');
-    EXPECT_EQ(Run(), "C.出货");
-    check->setEnabled(false);
-    cancel->setVisible(true);
-    cancel->setEnabled(false);
-    tests::AltKey(u'C');
-    EXPECT_EQ(Run(), "");
+    // Of two commands with one key the one that can be used is alone.
+    const struct {
+        bool checkEnabled, cancelEnabled, cancelVisible;
+        const char* run;
+    } rows[] = {{false, true, true, "C.取消"}, {true, true, false, "C.出货"}, {false, false, true, ""}};
+    for (const auto& row : rows) {
+        check->setEnabled(row.checkEnabled);
+        cancel->setEnabled(row.cancelEnabled);
+        cancel->setVisible(row.cancelVisible);
+        tests::AltKey(u'C');
+        EXPECT_EQ(Run(), row.run);
+    }
     EXPECT_EQ(tests::FocusName(), u"box"_s);
     EXPECT_EQ(box.Text(), QString());
 }
 
-TEST_F(Commands, AMenuOpensAtItsFirstItem) {
-    QMenu* alone = AddMenu(bar, u"Menu_price"_s, u"&M.价格显示"_s);
-    Item(alone, u"&3.显示"_s);
-    tests::Settle();
-    tests::AltKey(u'M');
-    tests::Press(Qt::Key_Return);
-    EXPECT_EQ(Run(), "3.显示");
-    tests::Find<QMenu>(form, u"Menu_edit"_s).menuAction()->setEnabled(false);
-    tests::AltKey(u'S');  // its twin is alone then
-    tests::Press(Qt::Key_Return);
-    EXPECT_EQ(Run(), "1.按号码");
-}
-
 TEST_F(Commands, AKeyGivenTwiceWalksAndEnterTakesOne) {
-    tests::AltKey(u'C');
-    EXPECT_EQ(bar->activeAction(), check);
-    tests::Press(Qt::Key_Return);
-    EXPECT_EQ(Run(), "C.出货");
-    EXPECT_EQ(tests::FocusName(), u"box"_s);
-    tests::AltKey(u'C');
-    tests::AltKey(u'C');
-    EXPECT_EQ(bar->activeAction(), cancel);
-    tests::Press(Qt::Key_Return);
-    EXPECT_EQ(Run(), "C.取消");
-    tests::AltKey(u'C');
-    tests::Press(Qt::Key_C);
-    tests::Press(Qt::Key_C);
-    EXPECT_EQ(bar->activeAction(), check) << "round again, also without Alt";
-    tests::Press(Qt::Key_Escape);
-    EXPECT_EQ(Run(), "");
-    EXPECT_EQ(tests::FocusName(), u"box"_s);
-    tests::Type(u"x"_s);
-    EXPECT_EQ(box.Text(), u"x"_s);
-}
-
-TEST_F(Commands, MenusWithTheSameKeyOpenAtEnter) {
-    tests::AltKey(u'S');
+    Item(AddMenu(bar, u"Menu_price"_s, u"&M.价格显示"_s), u"&3.显示"_s);
+    tests::Settle();
+    const struct {
+        const char* keys;  // letters with Alt, "-" for Enter
+        const char* run;
+        const char* why;
+    } rows[] = {
+        {"C-", "C.出货", "the first of two commands"},
+        {"CC-", "C.取消", "the second"},
+        {"CCC-", "C.出货", "round again"},
+        {"M-", "3.显示", "a menu opens at its first item"},
+        {"S-1", "1.增加", "the first of two menus opens at Enter"},
+        {"SS-1", "1.按号码", "the second"},
+        {"S-2-", "2.修改", "the first of two items"},
+        {"S-22-", "2.删除", "the second"},
+    };
+    for (const auto& row : rows) {
+        for (const char* key = row.keys; *key != '\0'; ++key) {
+            EXPECT_EQ(Run(), "") << "walking runs nothing: " << row.keys;
+            if (*key == '-')
+                tests::Press(Qt::Key_Return);
+            else
+                tests::AltKey(static_cast<char16_t>(*key));
+        }
+        EXPECT_EQ(Run(), row.run) << row.why;
+        EXPECT_EQ(tests::FocusName(), u"box"_s);
+    }
     tests::AltKey(u'S');
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "walking opens nothing";
-    tests::Press(Qt::Key_Return);
-    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
-    tests::AltKey(u'1');
-    EXPECT_EQ(Run(), "1.按号码");
-    EXPECT_EQ(tests::FocusName(), u"box"_s);
+    tests::Press(Qt::Key_Escape);
+    tests::AltKey(u'C');
+    tests::Press(Qt::Key_C);
+    EXPECT_EQ(bar->activeAction(), cancel) << "also without Alt";
+    tests::Press(Qt::Key_Escape);
+    EXPECT_EQ(Run(), "");
+    tests::Type(u"x"_s);
+    EXPECT_EQ(box.Text(), u"x"_s);
+
+    // Alone among those that can be used, a key runs or opens its own at once.
+    tests::Find<QAction>(form, u"Menu_&2.修改"_s).setEnabled(false);
     tests::AltKey(u'S');
     tests::Press(Qt::Key_Return);
-    tests::AltKey(u'1');
-    EXPECT_EQ(Run(), "1.增加");
-}
-
-TEST_F(Commands, AKeyGivenTwiceInAMenu) {
-    auto open = [&] {
-        tests::AltKey(u'S');
-        tests::Press(Qt::Key_Return);
-    };
-    open();
     tests::AltKey(u'2');
-    EXPECT_EQ(Run(), "");
-    tests::Press(Qt::Key_Return);
-    EXPECT_EQ(Run(), "2.修改");
-    open();
-    tests::AltKey(u'2');
-    tests::AltKey(u'2');
-    tests::Press(Qt::Key_Return);
     EXPECT_EQ(Run(), "2.删除");
-    tests::Find<QAction>(form, u"Menu_&2.修改"_s).setEnabled(false);
-    open();
-    tests::AltKey(u'2');
-    EXPECT_EQ(Run(), "2.删除") << "alone among those that can be used";
+    tests::Find<QMenu>(form, u"Menu_edit"_s).menuAction()->setEnabled(false);
+    tests::AltKey(u'S');
+    tests::Press(Qt::Key_Return);
+    EXPECT_EQ(Run(), "1.按号码");
 }
 
 TEST_F(Commands, AFailingCommandIsReportedAndEndsTheProgram) {

@@ -3,6 +3,7 @@
 #include "platform/controls/modal_form.h"
 #include "platform/controls/wait.h"
 #include "platform/controls/windows.h"
+#include "tests/support/files.h"
 #include "tests/support/gui.h"
 #include "tests/support/script.h"
 
@@ -147,9 +148,7 @@ TEST(FileDialog, GivesThePathOrNothing) {
     tests::Script script;
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"备份.dat"_s);
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.close();
+    tests::Write(path, {});
     for (const auto kind : {sys::FileRequest::Kind::Open, sys::FileRequest::Kind::Save}) {
         const sys::FileRequest request{
             .kind = kind, .title = u"数据备份"_s, .proposed = path, .pattern = u"*.dat"_s};
@@ -179,6 +178,11 @@ class Modal : public testing::Test {
     };
 
     Modal() { tests::Show(under); }
+    /// Shows the form and does this in it.
+    void Run(std::function<void(QWidget& shown)> drive) {
+        operators.Next(u"S03"_s, std::move(drive));
+        form.ShowModal();
+    }
 
     tests::Script script;
     QWidget under;
@@ -197,7 +201,7 @@ TEST_F(Modal, EnterPressesTheFocusedButtonAndNoOther) {
     ok.setDefault(true);
     ok.Click = [&] { ++confirmed; };
     cancel.Click = [&] { form.Unload(); };
-    operators.Next(u"S03"_s, [&](QWidget& shown) {
+    Run([&](QWidget& shown) {
         EXPECT_EQ(shown.windowTitle(), u"密码修改"_s);
         EXPECT_TRUE(line.hasFocus());
         tests::Press(Qt::Key_Return);
@@ -209,7 +213,6 @@ TEST_F(Modal, EnterPressesTheFocusedButtonAndNoOther) {
         tests::Press(Qt::Key_Return);
         EXPECT_FALSE(shown.isVisible());
     });
-    form.ShowModal();
     tests::Settle();
     EXPECT_EQ(QApplication::activeWindow(), &under);
 }
@@ -221,14 +224,13 @@ TEST_F(Modal, EscAndTheCloseBoxOnlyWhereTheyAreTold) {
     for (const auto& c : cases) {
         form.SetClosedByEsc(c.esc);
         form.SetCloseBox(c.closeBox);
-        operators.Next(u"S03"_s, [&](QWidget& shown) {
+        Run([&](QWidget& shown) {
             QTest::keyClick(&shown, Qt::Key_Escape);
             EXPECT_EQ(shown.isVisible(), !c.esc);
             if (shown.isVisible()) shown.close();
             EXPECT_EQ(shown.isVisible(), !c.esc && !c.closeBox);
             form.Unload();
         });
-        form.ShowModal();
     }
 }
 
@@ -237,19 +239,17 @@ TEST_F(Modal, MayGoAwayWhileItLoads) {
     form.ShowModal();
     EXPECT_FALSE(form.isVisible());
     form.load = nullptr;
-    operators.Next(u"S03"_s, [&](QWidget&) { form.Unload(); });
-    form.ShowModal();  // and comes again another time
+    Run([&](QWidget&) { form.Unload(); });  // and comes again another time
 }
 
 TEST_F(Modal, CommitsBeforeItWaits) {
     int commits = 0;
     const int hook = sys::AddCommandEndHook([&] { ++commits; });
     form.load = [&] { EXPECT_EQ(commits, 0); };
-    operators.Next(u"S03"_s, [&](QWidget&) {
+    Run([&](QWidget&) {
         EXPECT_EQ(commits, 1);
         form.Unload();
     });
-    form.ShowModal();
     sys::RemoveCommandEndHook(hook);
 }
 
@@ -259,10 +259,9 @@ TEST_F(Modal, NothingRunsBehindAFormThatEndedTheProgram) {
     layout.addWidget(&quit);
     quit.Click = [] { sys::EndProgram(0); };
     script.End(0);
-    operators.Next(u"S03"_s, [&](QWidget&) { tests::Press(Qt::Key_Return); });
     bool behind = false;
     sys::Guarded([&] {
-        form.ShowModal();
+        Run([&](QWidget&) { tests::Press(Qt::Key_Return); });
         behind = true;
     });
     EXPECT_FALSE(behind);

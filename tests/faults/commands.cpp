@@ -38,7 +38,7 @@ void NewChannel(Desk& desk) {
     Typed({}, {{0, u"H8"_s}, {1, u"新渠道"_s}, {7, u"2"_s}})(desk);
     for (const auto& bound : {u"21"_s, u"45"_s}) {
         Press(Qt::Key_Return);
-        Desk::TypeOver(bound);
+        TypeOver(bound);
     }
 }
 
@@ -253,7 +253,7 @@ void Select(Desk& desk, const QString& text, int column) {
 void AddQuote(Desk& desk, const QString& zone, const QString& coefficient) {
     Enter(desk, u"TxtHPBM"_s);
     for (const QString& text : {zone, coefficient}) {
-        Desk::TypeOver(text);
+        TypeOver(text);
         Press(Qt::Key_Return);
     }
 }

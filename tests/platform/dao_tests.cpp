@@ -2,18 +2,16 @@
 #include "platform/dao/database.h"
 #include "platform/errors.h"
 #include "platform/system/guard.h"
-#include "platform/text/numbers.h"
 #include "tests/support/data_file.h"
 #include "tests/support/failing_vfs.h"
+#include "tests/support/files.h"
 #include "tests/support/script.h"
 
 #include <QFile>
 
-#include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
 #include <map>
-#include <random>
 
 using namespace Qt::StringLiterals;
 
@@ -41,42 +39,32 @@ QString OpeningSays(const QString& path, const QString& connect, const QString& 
     return {};
 }
 
-QByteArray ReadAll(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return file.readAll();
-}
-
-void WriteAll(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_EQ(file.write(bytes), bytes.size());
-}
-
 TEST(Opening, RefusesWhatIsNoWorkingDataFile) {
     const tests::DataFile file(kTables);
     const QString notOurs = u"file is encrypted or is not a database"_s;
-    const QByteArray whole = ReadAll(file.Path());
     EXPECT_EQ(OpeningSays(file.Path(), file.Connect()), QString());
-    EXPECT_EQ(OpeningSays(file.Path(), u";PWD=qxr7305"_s), notOurs);
-    EXPECT_EQ(OpeningSays(file.Path(), u";PWD="_s), notOurs);
-    EXPECT_EQ(OpeningSays(file.Path(), u""_s), notOurs);
+    for (const QString& wrong : {u";PWD=qxr7305"_s, u";PWD="_s, u""_s})
+        EXPECT_EQ(OpeningSays(file.Path(), wrong), notOurs) << wrong.toStdString();
     EXPECT_EQ(OpeningSays(file.Folder() + u"/none.dat"_s, file.Connect()), u"unable to open database file"_s);
     EXPECT_FALSE(QFile::exists(file.Folder() + u"/none.dat"_s));
 
-    const QString other = file.Folder() + u"/other.dat"_s;
-    WriteAll(other, QByteArray());
-    EXPECT_EQ(OpeningSays(other, file.Connect()), notOurs);
-    EXPECT_EQ(OpeningSays(other, u""_s), notOurs);
-    WriteAll(other, QByteArray(8192, 'x'));
-    EXPECT_EQ(OpeningSays(other, file.Connect()), notOurs);
-    EXPECT_EQ(OpeningSays(other, u""_s), notOurs);
-    WriteAll(other, whole.left(whole.size() - 4096));
-    EXPECT_EQ(OpeningSays(other, file.Connect()), u"database disk image is malformed"_s);
+    const QByteArray whole = tests::Bytes(file.Path());
     QByteArray spoilt = whole;
     spoilt[2000] = static_cast<char>(spoilt[2000] ^ 1);
-    WriteAll(other, spoilt);
-    EXPECT_EQ(OpeningSays(other, file.Connect()), notOurs);
+    const struct {
+        QByteArray content;
+        QString connect, says;
+    } others[] = {{{}, file.Connect(), notOurs},
+                  {{}, u""_s, notOurs},
+                  {QByteArray(8192, 'x'), file.Connect(), notOurs},
+                  {QByteArray(8192, 'x'), u""_s, notOurs},
+                  {whole.left(whole.size() - 4096), file.Connect(), u"database disk image is malformed"_s},
+                  {spoilt, file.Connect(), notOurs}};
+    for (const auto& row : others) {
+        const QString other = file.Folder() + u"/other.dat"_s;
+        tests::Write(other, row.content);
+        EXPECT_EQ(OpeningSays(other, row.connect), row.says) << row.content.size();
+    }
 }
 
 TEST(Opening, WantsTheOperatorTableOnlyInTheDataFile) {
@@ -124,7 +112,7 @@ TEST(File, CannotBeReadWithoutThePassword) {
     db->CloseGroup();
     for (const QString& name : file.Files()) {
         if (name.endsWith(u"-shm"_s)) continue;  // page numbers and locks
-        const QByteArray bytes = ReadAll(file.Folder() + u'/' + name);
+        const QByteArray bytes = tests::Bytes(file.Folder() + u'/' + name);
         EXPECT_FALSE(bytes.contains("SQLite format")) << name.toStdString();
         EXPECT_FALSE(bytes.contains("Geheimnis")) << name.toStdString();
         EXPECT_FALSE(bytes.contains("机密")) << name.toStdString();
@@ -252,27 +240,6 @@ TEST(Rows, AreReadAsTheFormsShowThem) {
     EXPECT_EQ(empty.RecordCount(), 0);
     EXPECT_THROW(empty.MoveFirst(), RuntimeError);
     EXPECT_THROW(empty.MoveLast(), RuntimeError);
-}
-
-TEST(Rows, ShowNumbersAsGeneralTextWhateverTheWay) {
-    const tests::DataFile file({u"create table T (V DOUBLE)"_s}, QString());
-    auto db = Open(file);
-    std::mt19937_64 random(7);
-    std::vector<double> values = {0,    -0.0,    0.1 + 0.2,        1.0 / 3, 2e-5, 0.001, 123456789012345,
-                                  1e15, -1e-300, 99999999999999.95};
-    std::uniform_real_distribution<double> size(-8, 17);
-    for (int i = 0; i < 300; ++i) {
-        values.push_back(std::pow(10.0, size(random)) * (i % 2 == 0 ? 1 : -1));
-        values.push_back(std::round(values.back() * 100) / 100);
-    }
-    for (const double value : values)
-        db->Execute(u"insert into T (V) values ("_s + QString::number(value, 'e', 17) + u")"_s);
-    auto rows = db->OpenRecordset(u"select V from T"_s);
-    for (const double value : values) {
-        EXPECT_EQ(rows.Fields(0).Text(), text::GeneralText(value)) << value;
-        EXPECT_EQ(rows.Fields(0).Number(), value);
-        rows.MoveNext();
-    }
 }
 
 /// Statements are kept ready; that must show in nothing but the time.

@@ -58,7 +58,7 @@ struct Dialog {
             EXPECT_EQ(FocusName(), u"CmdAdd"_s);
         } else {
             GoTo(u"Txt"_s);
-            tests::Program::TypeOver(value);
+            tests::TypeOver(value);
         }
         Press(Qt::Key_Return);
     }

@@ -1,7 +1,9 @@
 // What stands in which column. The lists are written from what the forms read and write, field by field, and
 // not from tables.sql, since a column out of place would price every waybill wrongly and say nothing.
-#include "tests/schema/company.h"
+#include "tests/support/company.h"
+#include "tests/support/data_file.h"
 
+#include <gtest/gtest.h>
 #include <map>
 
 using namespace Qt::StringLiterals;
@@ -54,6 +56,24 @@ const Expected kTables[] = {
     {"PRTB2", "t: F0 F1 F2 F3 n: F6 F7 F8"},
 };
 
+struct Kind {
+    QStringList declared, taken, refused;
+};
+
+const std::map<QChar, Kind> kKinds = {
+    {u't', {{u"TEXT"_s}, {u"'中文'"_s, u"''"_s, u"null"_s, u"'12'"_s}, {}}},
+    {u'n',
+     {{u"DOUBLE"_s, u"INTEGER"_s},
+      {u"0"_s, u"-1.25"_s, u"7"_s, u"null"_s},
+      {u"''"_s, u"'x'"_s, u"'12kg'"_s, u"x'31'"_s}}},
+    {u'b', {{u"BOOLEAN"_s}, {u"0"_s, u"1"_s, u"-1"_s, u"null"_s}, {u"''"_s, u"'True'"_s, u"'是'"_s}}},
+    {u'd',
+     {{u"DATE"_s},
+      {u"null"_s, u"'2024-01-05'"_s, u"'2024-02-29'"_s, u"'2024-01-05 23:59:59'"_s},
+      {u"''"_s, u"'2024-1-5'"_s, u"'2024/01/05'"_s, u"'2023-02-29'"_s, u"'2024-01-05 24:00:00'"_s,
+       u"'2024-01-05 10:00'"_s, u"'2024-01-05 '"_s, u"'now'"_s, u"'明天'"_s, u"20240105"_s, u"2460315"_s}}},
+};
+
 struct Column {
     QString name;
     QChar kind;
@@ -63,110 +83,71 @@ std::vector<Column> ColumnsOf(const Expected& expected) {
     std::vector<Column> columns;
     QChar kind;
     for (const QString& word : QString::fromUtf8(expected.columns).split(u' ')) {
-        if (word.endsWith(u':')) {
+        if (word.endsWith(u':'))
             kind = word[0];
-        } else {
+        else
             columns.push_back({word, kind});
-        }
     }
     return columns;
 }
 
-class Columns : public Company {
+class Columns : public testing::Test {
   protected:
-    Columns() { schema::Run(db(), "begin"); }  // some thousand statements, and nothing to keep of them
+    Columns() { file_.Run(u"begin"_s); }  // some thousand statements, and nothing to keep of them
     /// Whether the column takes a value, written as in a statement.
     bool Takes(const QString& table, const QString& column, const QString& value) {
-        return Runs(db(), u"insert into %1 (%2) values (%3)"_s.arg(table, column, value));
+        return file_.Takes(u"insert into %1 (%2) values (%3)"_s.arg(table, column, value));
     }
+
+    Company company_;
+    Connection file_{company_.File()};
 };
 
 TEST_F(Columns, StandInTheOrderThatReadersCountBy) {
-    QStringList names;
+    QStringList names, defaults;
     for (const Expected& expected : kTables) {
         const QString table = QString::fromUtf8(expected.table);
         names += table;
-        QStringList wanted;
-        QStringList found;
-        for (const Column& column : ColumnsOf(expected)) wanted += column.name;
-        for (const QStringList& row : Rows(db(), u"pragma table_info(%1)"_s.arg(table))) {
-            found += row[1];
-            EXPECT_EQ(row[3] + row[5], u"00"_s) << "no column is a key or refuses null: " << expected.table;
+        const auto wanted = ColumnsOf(expected);
+        const QStringList found = file_.Rows(u"pragma table_info(%1)"_s.arg(table));
+        ASSERT_EQ(static_cast<std::size_t>(found.size()), wanted.size()) << expected.table;
+        for (std::size_t place = 0; place < wanted.size(); ++place) {
+            const QStringList column = found[static_cast<int>(place)].split(u'|');
+            EXPECT_EQ(column[1], wanted[place].name) << expected.table;
+            EXPECT_TRUE(kKinds.at(wanted[place].kind).declared.contains(column[2]))
+                << column[1].toStdString();
+            EXPECT_EQ(column[3] + column[5], u"00"_s)
+                << "no column is a key or refuses null: " << expected.table;
+            if (column[4] != u"<null>") defaults += table + u'.' + column[1] + u'=' + column[4];
         }
-        EXPECT_EQ(found.join(u' ').toStdString(), wanted.join(u' ').toStdString()) << expected.table;
     }
+    // A post leaves the other amount at nought, and a note on which nothing was paid has nought paid.
+    EXPECT_EQ(defaults.join(u' '), u"TB1.YF=0 TB1.FK=0 TB1.K=0 TD1.F91=0"_s);
     // The list above is all there is, and rows may be as equal as the forms let them be.
     names.sort();
-    QStringList stored;
-    for (const QStringList& row : Rows(db(), u"select name from sqlite_master where type = 'table'"_s)) {
-        stored += row[0];
-    }
-    stored.sort();
-    EXPECT_EQ(stored, names);
-    EXPECT_EQ(Row(db(), u"select count(*) from sqlite_master where sql like '%unique%'"_s), "0");
+    EXPECT_EQ(file_.Rows(u"select name from sqlite_master where type = 'table' order by name"_s), names);
+    EXPECT_EQ(file_.Rows(u"select name from sqlite_master where sql like '%unique%'"_s), QStringList());
 }
 
 TEST_F(Columns, TakeWhatTheirKindTakesAndNothingElse) {
-    const std::map<QChar, std::pair<QStringList, QStringList>> values = {
-        {u't', {{u"'中文'"_s, u"''"_s, u"null"_s, u"'12'"_s}, {}}},
-        {u'n', {{u"0"_s, u"-1.25"_s, u"7"_s, u"null"_s}, {u"''"_s, u"'x'"_s, u"'12kg'"_s, u"x'31'"_s}}},
-        {u'b', {{u"0"_s, u"1"_s, u"-1"_s, u"null"_s}, {u"''"_s, u"'True'"_s, u"'是'"_s}}},
-        {u'd',
-         {{u"null"_s, u"'2024-01-05'"_s, u"'2024-02-29'"_s, u"'2024-01-05 23:59:59'"_s},
-          {u"''"_s, u"'2024-1-5'"_s, u"'2024/01/05'"_s, u"'2023-02-29'"_s, u"'2024-01-05 24:00:00'"_s,
-           u"'2024-01-05 10:00'"_s, u"'2024-01-05 '"_s, u"'now'"_s, u"'明天'"_s, u"20240105"_s,
-           u"2460315"_s}}},
-    };
     for (const Expected& expected : kTables) {
         const QString table = QString::fromUtf8(expected.table);
         for (const Column& column : ColumnsOf(expected)) {
-            const auto& [taken, refused] = values.at(column.kind);
-            for (const QString& value : taken) {
-                EXPECT_TRUE(Takes(table, column.name, value))
-                    << (table + u'.' + column.name + u' ' + value).toStdString();
-            }
-            for (const QString& value : refused) {
-                EXPECT_FALSE(Takes(table, column.name, value))
-                    << (table + u'.' + column.name + u' ' + value).toStdString();
-            }
+            SCOPED_TRACE((table + u'.' + column.name).toStdString());
+            const Kind& kind = kKinds.at(column.kind);
+            for (const QString& value : kind.taken + kind.taken)  // duplicates and empty keys are stored
+                EXPECT_TRUE(Takes(table, column.name, value)) << value.toStdString();
+            for (const QString& value : kind.refused)
+                EXPECT_FALSE(Takes(table, column.name, value)) << value.toStdString();
+            if (column.kind != u't') continue;
+            // Texts compare case-blind, whatever table they stand in.
+            Takes(table, column.name, u"'aBc'"_s);
+            EXPECT_EQ(file_.Rows(u"select count(*) from %1 where %2 = 'AbC'"_s.arg(table, column.name)),
+                      QStringList{u"1"_s});
         }
     }
     // An update meets the same wall.
-    EXPECT_FALSE(Runs(db(), u"update TE1 set F67 = '' where F1 = '001'"_s));
-}
-
-TEST_F(Columns, AreDeclaredSoThatReadersKnowTheirKind) {
-    const std::map<QChar, QStringList> types = {{u't', {u"TEXT"_s}},
-                                                {u'n', {u"DOUBLE"_s, u"INTEGER"_s}},
-                                                {u'b', {u"BOOLEAN"_s}},
-                                                {u'd', {u"DATE"_s}}};
-    for (const Expected& expected : kTables) {
-        const QString table = QString::fromUtf8(expected.table);
-        const auto columns = ColumnsOf(expected);
-        const auto rows = Rows(db(), u"pragma table_info(%1)"_s.arg(table));
-        ASSERT_EQ(rows.size(), columns.size()) << expected.table;
-        for (std::size_t place = 0; place < rows.size(); ++place) {
-            EXPECT_TRUE(types.at(columns[place].kind).contains(rows[place][2]))
-                << expected.table << ' ' << columns[place].name.toStdString();
-            if (columns[place].kind != u't') continue;
-            // Texts compare case-blind, whatever table they stand in.
-            Runs(db(), u"delete from %1"_s.arg(table));
-            Takes(table, columns[place].name, u"'aBc'"_s);
-            EXPECT_EQ(
-                Row(db(), u"select count(*) from %1 where %2 = 'AbC'"_s.arg(table, columns[place].name)), "1")
-                << expected.table << ' ' << columns[place].name.toStdString();
-        }
-    }
-}
-
-TEST_F(Columns, KeepDuplicatesEmptyKeysAndRowids) {
-    for (const Expected& expected : kTables) {
-        const QString table = QString::fromUtf8(expected.table);
-        const QString first = ColumnsOf(expected)[0].name;
-        const bool isText = ColumnsOf(expected)[0].kind == u't';
-        for (int time = 0; time < 2; ++time) EXPECT_TRUE(Takes(table, first, isText ? u"''"_s : u"1"_s));
-        EXPECT_EQ(Rows(db(), u"select rowid from %1 order by rowid desc limit 2"_s.arg(table)).size(), 2U);
-    }
+    EXPECT_FALSE(file_.Takes(u"update TE1 set F67 = '' where F1 = '001'"_s));
 }
 
 TEST_F(Columns, AnIndexServesWhatIsSearchedAndSortedBy) {
@@ -195,10 +176,7 @@ TEST_F(Columns, AnIndexServesWhatIsSearchedAndSortedBy) {
         {"select F1 from TB1 where LB = 9 order by SN, rowid limit 1000", "TB1_LB_SN"},
     };
     for (const auto& row : rows) {
-        QString plan;
-        for (const QStringList& line : Rows(db(), u"explain query plan "_s + QString::fromUtf8(row.query))) {
-            plan += line.last() + u'\n';
-        }
+        const QString plan = file_.Rows(u"explain query plan "_s + QString::fromUtf8(row.query)).join(u'\n');
         EXPECT_TRUE(plan.contains(QString::fromUtf8(row.index))) << row.query << '\n' << plan.toStdString();
     }
 }

@@ -1,6 +1,10 @@
 // The files of a new company: locked, whole, and never made over an old one.
+#include "platform/errors.h"
+#include "schema/data_files.h"
 #include "schema/definition.h"
-#include "tests/schema/company.h"
+#include "schema/names.h"
+#include "tests/support/data_file.h"
+#include "tests/support/files.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -9,6 +13,7 @@
 #include <QProcess>
 
 #include <csignal>
+#include <sqlite3.h>
 #include <stdexcept>
 #include <sys/resource.h>
 
@@ -81,43 +86,36 @@ TEST_F(DataFiles, TheDatabaseOpensWithItsPasswordAlone) {
     }
 }
 
-TEST_F(DataFiles, TheDatabaseIsOneFileWithoutALog) {
-    schema::MakeDatabase(Path());
+TEST_F(DataFiles, ANewCompanyIsOneFileWithItsFirstRows) {
+    const struct {
+        const char* query;
+        const char* answer;
+    } rows[] = {
+        {"pragma journal_mode", "delete"},
+        {"pragma integrity_check", "ok"},
+        {"select F1 from CompanyInfo", "飞达'快递"},
+        {"select ID,Setval from SysInfo where ID=100", "100|100.0"},
+        {"select count(*),max(setStr) from SysInfo", "2|"},
+        {"select F1,F2,F3,F60,F61,F62,F63,F64,F65,F66,F67 from TE1", "001|管理员||1|1|1|1|1|1|1|0"},
+        {"select (select count(*) from B01) + (select count(*) from MS1)", "0"},
+    };
+    schema::MakeDatabase(Path(), u"飞达'快递"_s);
     EXPECT_EQ(Listing(), QStringList(u"tessik.dat"_s));
-    const auto engine = schema::OpenEngine(Path(), schema::kPassword);
-    EXPECT_EQ(Row(engine.get(), u"pragma journal_mode"_s), "delete");
-    EXPECT_EQ(Row(engine.get(), u"pragma user_version"_s), std::to_string(schema::kVersion));
-    EXPECT_EQ(Row(engine.get(), u"pragma integrity_check"_s), "ok");
-}
-
-TEST_F(DataFiles, ANewCompanyHasItsFirstRows) {
-    schema::MakeDatabase(Path());
-    schema::MakeDatabase(Path(u"named.dat"_s), u"飞达'快递"_s);
-    const auto engine = schema::OpenEngine(Path(), schema::kPassword);
-    sqlite3* db = engine.get();
-    EXPECT_EQ(Row(db, u"select F1 from CompanyInfo"_s), "");
-    EXPECT_EQ(Row(db, u"select Setval from SysInfo where ID=100"_s), "100.0");
-    EXPECT_EQ(Row(db, u"select setStr from SysInfo where ID=9999"_s), "");
-    EXPECT_EQ(Row(db, u"select count(*) from SysInfo"_s), "2");
-    EXPECT_EQ(Row(db, u"select F1,F2,F3,F60,F61,F62,F63,F64,F65,F66,F67 from TE1"_s),
-              "001|管理员||1|1|1|1|1|1|1|0");
-    EXPECT_EQ(Row(db, u"select (select count(*) from B01) + (select count(*) from MS1)"_s), "0");
-
-    const auto named = schema::OpenEngine(Path(u"named.dat"_s), schema::kPassword);
-    EXPECT_EQ(Row(named.get(), u"select F1 from CompanyInfo"_s), "飞达'快递");
+    Connection file(Path());
+    for (const auto& row : rows)
+        EXPECT_EQ(file.Rows(QString::fromUtf8(row.query)).join(u' ').toStdString(), row.answer) << row.query;
+    EXPECT_EQ(file.Rows(u"pragma user_version"_s), QStringList(QString::number(schema::kVersion)));
 }
 
 TEST_F(DataFiles, TheExportFileHoldsAnEmptySheetForEveryone) {
     schema::MakeExportFile(Path(u"excel.dat"_s));
     EXPECT_EQ(FirstRead(Path(u"excel.dat"_s), {}), SQLITE_OK);
-    const auto engine = schema::OpenEngine(Path(u"excel.dat"_s), {});
-    QStringList columns;
-    for (const QStringList& row : Rows(engine.get(), u"pragma table_info(mysheet)"_s))
-        columns += row[1] + row[2];
+    Connection file(Path(u"excel.dat"_s), {});
+    const QStringList columns = file.Rows(u"pragma table_info(mysheet)"_s);
     ASSERT_EQ(columns.size(), 30);
-    EXPECT_EQ(columns.first(), u"F1TEXT"_s);
-    EXPECT_EQ(columns.last(), u"F30TEXT"_s);
-    EXPECT_EQ(Row(engine.get(), u"select count(*) from mysheet"_s), "0");
+    EXPECT_TRUE(columns.first().startsWith(u"0|F1|TEXT|"_s));
+    EXPECT_TRUE(columns.last().startsWith(u"29|F30|TEXT|"_s));
+    EXPECT_EQ(file.Rows(u"select * from mysheet"_s), QStringList());
 }
 
 TEST_F(DataFiles, TheWallpaperIsAPictureByItsContent) {
@@ -132,10 +130,7 @@ TEST_F(DataFiles, ASecondRunMakesWhatIsMissingAndNothingElse) {
     EXPECT_EQ(schema::MakeDataFiles(folder(), u"甲"_s), kNames);
     EXPECT_EQ(Listing(), QStringList({u"excel.dat"_s, u"syspic.dat"_s, u"tessik.dat"_s}));
     const QByteArray database = Bytes(Path());
-    QFile own(Path(u"syspic.dat"_s));
-    ASSERT_TRUE(own.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    own.write("a picture of the user's");
-    own.close();
+    Write(Path(u"syspic.dat"_s), "a picture of the user's");
     ASSERT_TRUE(QFile::remove(Path(u"excel.dat"_s)));
 
     EXPECT_EQ(schema::MakeDataFiles(folder(), u"乙"_s), QStringList(u"excel.dat"_s));
@@ -169,8 +164,7 @@ TEST_F(DataFiles, WhatFailsHalfWayLeavesNothing) {
         EXPECT_EQ(Listing(), QStringList()) << row.what;
     }
     const auto fail = [&](const QString& temporary) {
-        QFile file(temporary);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        Write(temporary, "half");
         throw std::runtime_error("in the middle");
     };
     EXPECT_THROW(schema::MakeWhole(Path(), fail), std::runtime_error);
@@ -178,11 +172,8 @@ TEST_F(DataFiles, WhatFailsHalfWayLeavesNothing) {
 }
 
 TEST_F(DataFiles, WhatAKilledRunLeftIsNoObstacle) {
-    for (const QString& name : {u"tessik.dat.making"_s, u"tessik.dat.making-journal"_s}) {
-        QFile file(Path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("half a page");
-    }
+    for (const QString& name : {u"tessik.dat.making"_s, u"tessik.dat.making-journal"_s})
+        Write(Path(name), "half a page");
     schema::MakeDatabase(Path());
     EXPECT_EQ(FirstRead(Path(), "QXR7305"), SQLITE_OK);
     EXPECT_EQ(Listing(), QStringList(u"tessik.dat"_s));
@@ -219,8 +210,8 @@ TEST_F(DataFiles, TheProgramTellsHowItWent) {
         EXPECT_EQ(program.exitCode(), row.status) << said.toStdString();
         EXPECT_TRUE(said.contains(row.says)) << said.toStdString();
     }
-    const auto engine = schema::OpenEngine(Path(u"文件夹/tessik.dat"_s), schema::kPassword);
-    EXPECT_EQ(Row(engine.get(), u"select F1 from CompanyInfo"_s), "飞达");
+    EXPECT_EQ(Connection(Path(u"文件夹/tessik.dat"_s)).Rows(u"select F1 from CompanyInfo"_s),
+              QStringList(u"飞达"_s));
 }
 
 }  // namespace

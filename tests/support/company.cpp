@@ -67,7 +67,7 @@ QStringList Company::Rows(const QString& select) {
     for (; !set.Eof(); set.MoveNext()) {
         QStringList fields;
         for (int i = 0; i < set.FieldCount(); ++i)
-            fields << (set.Fields(i).IsNull() ? QStringLiteral("null") : set.Fields(i).Text());
+            fields << (set.Fields(i).IsNull() ? QStringLiteral("<null>") : set.Fields(i).Text());
         rows << fields.join(u'|');
     }
     set.Close();

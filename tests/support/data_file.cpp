@@ -6,56 +6,49 @@
 #include <sqlite3.h>
 
 namespace tests {
-namespace {
 
-/// One connection of the engine, closed at the end of its scope.
-class Engine {
-  public:
-    Engine(const QString& path, const QString& password) {
-        EXPECT_EQ(sqlite3_open_v2(path.toUtf8().constData(), &engine_,
-                                  SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr),
-                  SQLITE_OK);
-        if (!password.isEmpty()) {
-            const QByteArray key = password.toUtf8();
-            EXPECT_EQ(sqlite3_key(engine_, key.constData(), static_cast<int>(key.size())), SQLITE_OK);
-            Run("pragma cipher_page_size=4096");
-            Run("pragma kdf_iter=64000");
-        }
-    }
-    ~Engine() { sqlite3_close(engine_); }
-    Engine(const Engine&) = delete;
-    Engine& operator=(const Engine&) = delete;
+Connection::Connection(const QString& path, const QString& password) {
+    EXPECT_EQ(sqlite3_open_v2(path.toUtf8().constData(), &engine_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE,
+                              nullptr),
+              SQLITE_OK);
+    if (password.isEmpty()) return;
+    const QByteArray key = password.toUtf8();
+    EXPECT_EQ(sqlite3_key(engine_, key.constData(), static_cast<int>(key.size())), SQLITE_OK);
+    Run(QStringLiteral("pragma cipher_page_size=4096"));
+    Run(QStringLiteral("pragma kdf_iter=64000"));
+}
 
-    void Run(const QByteArray& sql) {
-        EXPECT_EQ(sqlite3_exec(engine_, sql.constData(), nullptr, nullptr, nullptr), SQLITE_OK)
-            << sql.constData() << ": " << sqlite3_errmsg(engine_);
-    }
+Connection::~Connection() {
+    sqlite3_close(engine_);
+}
 
-    QStringList Rows(const QByteArray& sql) {
-        QStringList rows;
-        const auto take = [](void* list, int columns, char** values, char**) {
-            QStringList row;
-            for (int i = 0; i < columns; ++i)
-                row << (values[i] ? QString::fromUtf8(values[i]) : QStringLiteral("<null>"));
-            *static_cast<QStringList*>(list) << row.join(QLatin1Char('|'));
-            return 0;
-        };
-        EXPECT_EQ(sqlite3_exec(engine_, sql.constData(), take, &rows, nullptr), SQLITE_OK)
-            << sql.constData() << ": " << sqlite3_errmsg(engine_);
-        return rows;
-    }
+bool Connection::Takes(const QString& statement) {
+    return sqlite3_exec(engine_, statement.toUtf8().constData(), nullptr, nullptr, nullptr) == SQLITE_OK;
+}
 
-  private:
-    sqlite3* engine_ = nullptr;
-};
+void Connection::Run(const QString& statement) {
+    EXPECT_TRUE(Takes(statement)) << statement.toStdString() << ": " << sqlite3_errmsg(engine_);
+}
 
-}  // namespace
+QStringList Connection::Rows(const QString& statement) {
+    QStringList rows;
+    const auto take = [](void* list, int columns, char** values, char**) {
+        QStringList row;
+        for (int i = 0; i < columns; ++i)
+            row << (values[i] ? QString::fromUtf8(values[i]) : QStringLiteral("<null>"));
+        *static_cast<QStringList*>(list) << row.join(QLatin1Char('|'));
+        return 0;
+    };
+    EXPECT_EQ(sqlite3_exec(engine_, statement.toUtf8().constData(), take, &rows, nullptr), SQLITE_OK)
+        << statement.toStdString() << ": " << sqlite3_errmsg(engine_);
+    return rows;
+}
 
 DataFile::DataFile(const QStringList& statements, const QString& password)
     : path_(folder_.filePath(QStringLiteral("test.dat"))), password_(password) {
-    Engine engine(path_, password_);
-    engine.Run("create table TE1 (F1 TEXT COLLATE NOCASE)");
-    for (const QString& statement : statements) engine.Run(statement.toUtf8());
+    Connection engine(path_, password_);
+    engine.Run(QStringLiteral("create table TE1 (F1 TEXT COLLATE NOCASE)"));
+    for (const QString& statement : statements) engine.Run(statement);
 }
 
 QString DataFile::Connect() const {
@@ -63,11 +56,11 @@ QString DataFile::Connect() const {
 }
 
 void DataFile::Run(const QString& statement) const {
-    Engine(path_, password_).Run(statement.toUtf8());
+    Connection(path_, password_).Run(statement);
 }
 
 QStringList DataFile::Rows(const QString& statement) const {
-    return Engine(path_, password_).Rows(statement.toUtf8());
+    return Connection(path_, password_).Rows(statement);
 }
 
 QStringList DataFile::Files() const {

@@ -1,12 +1,34 @@
 // An encrypted file in a temporary folder, made with the engine's own calls, so that what the database layer
-// is tested against is not made by the database layer.
+// is tested against is not made by the database layer; and a look into any data file past that layer.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
 
+struct sqlite3;
+
 namespace tests {
+
+/// One connection of the engine, closed at the end of its scope. An empty password reads a plain file.
+class Connection {
+  public:
+    explicit Connection(const QString& path, const QString& password = QStringLiteral("QXR7305"));
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    /// Whether the engine takes the statement.
+    bool Takes(const QString& statement);
+    /// Runs a statement; one that fails fails the test.
+    void Run(const QString& statement);
+    /// The rows of a statement, the values of a row joined by "|", null as "<null>".
+    QStringList Rows(const QString& statement);
+
+  private:
+    sqlite3* engine_ = nullptr;
+};
 
 class DataFile {
   public:
@@ -19,9 +41,8 @@ class DataFile {
     /// What the program hands to Open.
     QString Connect() const;
 
-    /// Runs a statement of the engine over a connection of its own.
+    /// Each over a connection of its own.
     void Run(const QString& statement) const;
-    /// The rows of a statement of the engine, the values of a row joined by "|", null as "<null>".
     QStringList Rows(const QString& statement) const;
     /// Names of the files in the folder, sorted.
     QStringList Files() const;

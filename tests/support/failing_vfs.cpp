@@ -77,49 +77,16 @@ int Sync(sqlite3_file* file, int flags) {
                   [&](sqlite3_file* real) { return real->pMethods->xSync(real, flags); });
 }
 
-int FileSize(sqlite3_file* file, sqlite3_int64* size) {
-    return Real(file)->pMethods->xFileSize(Real(file), size);
-}
-
-int Lock(sqlite3_file* file, int level) {
-    return Real(file)->pMethods->xLock(Real(file), level);
-}
-
-int Unlock(sqlite3_file* file, int level) {
-    return Real(file)->pMethods->xUnlock(Real(file), level);
-}
-
-int CheckReservedLock(sqlite3_file* file, int* result) {
-    return Real(file)->pMethods->xCheckReservedLock(Real(file), result);
-}
-
-int FileControl(sqlite3_file* file, int operation, void* argument) {
-    return Real(file)->pMethods->xFileControl(Real(file), operation, argument);
-}
-
-int SectorSize(sqlite3_file* file) {
-    return Real(file)->pMethods->xSectorSize(Real(file));
-}
-
-int DeviceCharacteristics(sqlite3_file* file) {
-    return Real(file)->pMethods->xDeviceCharacteristics(Real(file));
-}
-
-int ShmMap(sqlite3_file* file, int page, int size, int extend, void volatile** memory) {
-    return Real(file)->pMethods->xShmMap(Real(file), page, size, extend, memory);
-}
-
-int ShmLock(sqlite3_file* file, int offset, int n, int flags) {
-    return Real(file)->pMethods->xShmLock(Real(file), offset, n, flags);
-}
-
-void ShmBarrier(sqlite3_file* file) {
-    Real(file)->pMethods->xShmBarrier(Real(file));
-}
-
-int ShmUnmap(sqlite3_file* file, int remove) {
-    return Real(file)->pMethods->xShmUnmap(Real(file), remove);
-}
+/// What changes nothing goes to the real file as it is.
+template <auto Member>
+struct Forward;
+template <class Result, class... Arguments,
+          Result (*sqlite3_io_methods::*Member)(sqlite3_file*, Arguments...)>
+struct Forward<Member> {
+    static Result Call(sqlite3_file* file, Arguments... arguments) {
+        return (Real(file)->pMethods->*Member)(Real(file), arguments...);
+    }
+};
 
 const sqlite3_io_methods kMethods = {
     2,
@@ -128,17 +95,17 @@ const sqlite3_io_methods kMethods = {
     Write,
     Truncate,
     Sync,
-    FileSize,
-    Lock,
-    Unlock,
-    CheckReservedLock,
-    FileControl,
-    SectorSize,
-    DeviceCharacteristics,
-    ShmMap,
-    ShmLock,
-    ShmBarrier,
-    ShmUnmap,
+    Forward<&sqlite3_io_methods::xFileSize>::Call,
+    Forward<&sqlite3_io_methods::xLock>::Call,
+    Forward<&sqlite3_io_methods::xUnlock>::Call,
+    Forward<&sqlite3_io_methods::xCheckReservedLock>::Call,
+    Forward<&sqlite3_io_methods::xFileControl>::Call,
+    Forward<&sqlite3_io_methods::xSectorSize>::Call,
+    Forward<&sqlite3_io_methods::xDeviceCharacteristics>::Call,
+    Forward<&sqlite3_io_methods::xShmMap>::Call,
+    Forward<&sqlite3_io_methods::xShmLock>::Call,
+    Forward<&sqlite3_io_methods::xShmBarrier>::Call,
+    Forward<&sqlite3_io_methods::xShmUnmap>::Call,
     nullptr,
     nullptr,
 };

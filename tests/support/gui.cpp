@@ -65,6 +65,12 @@ void Type(const QString& text) {
     }
 }
 
+void TypeOver(const QString& text) {
+    Press(Qt::Key_A, Qt::ControlModifier);
+    Press(Qt::Key_Delete);
+    Type(text);
+}
+
 void AltKey(char16_t letter) {
     if (QWidget* target = NeedTarget()) keyboard::Alt(*target, letter);
     Settle();

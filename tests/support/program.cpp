@@ -81,15 +81,50 @@ void Desk::SetCombo(int index, const QString& text) {
     TypeOver(text);
 }
 
-void Desk::TypeOver(const QString& text) {
-    Press(Qt::Key_A, Qt::ControlModifier);
-    Press(Qt::Key_Delete);
-    Type(text);
-}
-
 void Desk::GoTo(const QString& control) {
     for (int i = 0; i < 80 && FocusName() != control; ++i) Press(Qt::Key_Return);
     EXPECT_EQ(FocusName().toStdString(), control.toStdString());
+}
+
+QString Desk::Boxes(int first, int last) {
+    QStringList texts;
+    for (int i = first; i <= last; ++i) texts += Box(i);
+    return texts.join(u'|');
+}
+
+void Desk::Enter(const QString& control) {
+    controls::MoveFocus(&At<QWidget>(control));
+    Settle();
+}
+
+void Desk::Push(const QString& button) {
+    Enter(button);
+    Press(Qt::Key_Return);
+}
+
+void Desk::GoToRow(int row) {
+    Tabs().SelectItem(1);
+    Enter(u"GD"_s);
+    Press(Qt::Key_Home);
+    for (int i = 1; i < row; ++i) Press(Qt::Key_Down);
+}
+
+void Desk::ShowCard(int row) {
+    GoToRow(row);
+    Tabs().SelectItem(2);
+    Settle();
+}
+
+void Program::RefusesToSave(const QString& message) {
+    script.Box(message, Title);
+    AltKey(u'S');
+    EXPECT_TRUE(script.Done()) << message.toStdString();
+    EXPECT_TRUE(EditInProgress) << message.toStdString();
+}
+
+void Program::EndsWith(const QString& report) {
+    script.BoxContaining(report);
+    script.End(1);
 }
 
 QStringList Desk::Lines() {

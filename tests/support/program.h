@@ -21,6 +21,9 @@ namespace tests {
 
 using namespace Qt::StringLiterals;
 
+/// What most boxes of the forms are titled.
+inline const QString Title = u"提示"_s;
+
 /// What an operator sees and does at the main window.
 class Desk {
   public:
@@ -39,11 +42,21 @@ class Desk {
     void SetBox(int index, const QString& text);  ///< goes there and types over what stands
     QString Combo(int index);
     void SetCombo(int index, const QString& text);
-    /// Types into the control that has the focus in place of what stands there.
-    static void TypeOver(const QString& text);
     /// Presses Enter until that control has the focus.
     void GoTo(const QString& control);
+    QString Boxes(int first, int last);  ///< their texts joined by "|"
+    QString Caption(int box) { return At<QLabel>(u"Lab(%1)"_s.arg(box)).text(); }
+    bool Shown(const QString& control) { return At<QWidget>(control).isVisible(); }
+    /// Brings the focus to a control, as a click on it does.
+    void Enter(const QString& control);
+    /// Goes to a button and presses it by Enter.
+    void Push(const QString& button);
     controls::FlexGrid& Grid() { return At<controls::FlexGrid>(u"GD"_s); }
+    controls::TabStrip& Tabs() { return At<controls::TabStrip>(u"TabS"_s); }
+    /// Selects a data row of the list by the list's keys.
+    void GoToRow(int row);
+    /// The card of a row of the list.
+    void ShowCard(int row = 1);
     /// The data lines of the grid, cells joined by "|".
     QStringList Lines();
     bool Enabled(const QString& command);
@@ -63,6 +76,10 @@ class Program : public Desk {
 
     Script script;
 
+    /// Saves, is told this and goes on editing.
+    void RefusesToSave(const QString& message);
+    /// The next statement that fails has this in its report; the program ends with status 1.
+    void EndsWith(const QString& report);
     /// The data file.
     QString File() const { return company_.File(); }
 

@@ -146,6 +146,8 @@ TEST(BracketCaptions, MakeDoWithAStandardThatIsNotWhole) {
     rounded[1] = 0;
     EXPECT_EQ(tariffs::QuoteCaptions(rounded).mid(0, 2), (QStringList{u"首0.4Kg"_s, u"续0.0Kg"_s}))
         << "half away from zero; 0 is not null";
+    rounded[2] = 0.25;
+    EXPECT_EQ(tariffs::QuoteCaptions(rounded)[2], u"首0.3Kg"_s);
     rounded[18] = 1e39;
     EXPECT_THROW(tariffs::QuoteCaptions(rounded), RuntimeError);
 }

@@ -1,19 +1,13 @@
-// The carriers' cost zones, driven by keys: what a channel shows of them, what is stored, what is refused,
-// and a waybill's cost from the keys of all three forms.
+// The carriers' cost zones, driven by keys: what a channel shows of them, what is stored, what is
+// refused.
 #include "platform/errors.h"
 #include "tests/tariffs/zone_program.h"
-#include "waybills/waybill_fields.h"
 
 #include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
-using tests::AltKey;
-using tests::Press;
-using tests::Type;
-
+namespace tests {
 namespace {
 
-const QString Title = u"提示"_s;
 const QString Stored =
     u"select F1,F2,F3,F4,F6,F8,P101,P102,P201,P202,P300,P301,P302,P303,P304,P305,P306,P307,P308,P309,P3,A30,"_s +
     u"A31,A32,A33,A34,A35,A36,A37,A38,A39 from M011 order by F1"_s;
@@ -32,7 +26,7 @@ QStringList TwoChannels() {
 }
 const QString StoredX1 = u"X1|旧区|X"_s + u"|<null>"_s.repeated(28);
 
-class ChannelZones : public tests::ZoneProgram {
+class ChannelZones : public ZoneProgram {
   public:
     explicit ChannelZones(const QStringList& masters = TwoChannels()) : ZoneProgram(masters) {
         Open(u"A2"_s, u"A011"_s);
@@ -40,8 +34,7 @@ class ChannelZones : public tests::ZoneProgram {
     controls::ComboBox& Channel() { return At<controls::ComboBox>(u"CmbLB"_s); }
     /// The operator's way through the list of channels.
     void Choose(int index) {
-        Channel().SetFocus();
-        tests::Settle();
+        Enter(u"CmbLB"_s);
         while (Channel().ListIndex() < index) Press(Qt::Key_Down);
         while (Channel().ListIndex() > index) Press(Qt::Key_Up);
     }
@@ -67,10 +60,7 @@ class ChannelZones : public tests::ZoneProgram {
 
 TEST(A011, ListsTheZonesOfLivingChannelsAndShowsTheirCard) {
     ChannelZones form;
-    QStringList headers;
-    for (int col = 0; col < form.Grid().Cols(); ++col)
-        if (form.Grid().GridColWidth(col) > 0) headers += form.Grid().TextMatrix(0, col);
-    EXPECT_EQ(headers.join(u' '), u"所属渠道 区域编号 区域概称(中文) 送达时日 备注");
+    EXPECT_EQ(form.Headers(), u"所属渠道 区域编号 区域概称(中文) 送达时日 备注");
     EXPECT_EQ(form.Grid().TextMatrix(0, 5) + form.Grid().TextMatrix(0, 6), u"所属渠道编号区域概称(英文)");
     EXPECT_EQ(form.Lines(), QStringList{u"环洋|H11|美东|4|注|H1|East|20|8.25|30|12|9|7|5|||||||-1|2"_s});
     EXPECT_TRUE(form.Enabled(u"Menu_print"_s));
@@ -87,9 +77,9 @@ TEST(A011, ListsTheZonesOfLivingChannelsAndShowsTheirCard) {
     EXPECT_EQ(form.AreaLines().front(), u"纽约|New York|快");
     EXPECT_TRUE(form.Shown(u"Txt(2)"_s) && form.Shown(u"Label1"_s));
     EXPECT_FALSE(form.Shown(u"CmbLB"_s) || form.Shown(u"TxtD"_s));
-    tests::Click(form.Tick(13));
+    Click(form.Tick(13));
     EXPECT_EQ(form.Ticks(), u"0100000001") << "browsing, the ticks are only looked at";
-    EXPECT_EQ(tests::FocusName(), u"TabS");
+    EXPECT_EQ(FocusName(), u"TabS");
 }
 
 TEST(A011, AChosenChannelDrawsThePricesAnew) {
@@ -131,7 +121,7 @@ TEST(A011, ANewZoneIsEnteredByKeys) {
     ChannelZones form;
     form.ShowCard();
     AltKey(u'A');
-    EXPECT_EQ(tests::FocusName(), u"CmbLB");
+    EXPECT_EQ(FocusName(), u"CmbLB");
     EXPECT_EQ(form.Channel().Text(), u"H1.环洋");
     EXPECT_EQ(form.Segments(), u"3");
     EXPECT_TRUE(form.Prices().endsWith(u" 1 2 3")) << "plain numbers until a channel is chosen";
@@ -149,23 +139,23 @@ TEST(A011, ANewZoneIsEnteredByKeys) {
     EXPECT_EQ(form.Box(3), u"Zone H12");
     Press(Qt::Key_Return);
     EXPECT_EQ(form.script.InputMethodSwitches(), 1) << "leaving the English name";
-    EXPECT_EQ(tests::FocusName(), u"Txt(4)");
+    EXPECT_EQ(FocusName(), u"Txt(4)");
     Type(u"5天"_s);
     form.GoTo(u"Txt(7)"_s);
     EXPECT_EQ(form.Boxes(6, 7), u"区域H12|Zone H12") << "the English name, here";
     Press(Qt::Key_Return);
     EXPECT_EQ(form.script.InputMethodSwitches(), 2);
     Press(Qt::Key_Return);
-    EXPECT_EQ(tests::FocusName(), u"Cmd(0)");
+    EXPECT_EQ(FocusName(), u"Cmd(0)");
     Press(Qt::Key_Return);
     form.SetBox(12, u"12.50"_s);
     Press(Qt::Key_Return);
     Type(u"9元"_s);
     Press(Qt::Key_Return);
-    EXPECT_EQ(tests::FocusName(), u"Chk(13)");
+    EXPECT_EQ(FocusName(), u"Chk(13)");
     Press(Qt::Key_Space);
     Press(Qt::Key_Return);
-    EXPECT_EQ(tests::FocusName(), u"Txt(14)");
+    EXPECT_EQ(FocusName(), u"Txt(14)");
     form.TextBoxAt(21).SetText(u"-3"_s);  // out of sight and not looked at
     AltKey(u'S');
     EXPECT_FALSE(EditInProgress);
@@ -179,34 +169,29 @@ TEST(A011, ANewZoneIsEnteredByKeys) {
 TEST(A011, RefusesInOrder) {
     ChannelZones form;
     AltKey(u'A');
-    const auto refuse = [&](const QString& text) {
-        form.script.Box(text, Title);
-        AltKey(u'S');
-        EXPECT_TRUE(form.script.Done()) << text.toStdString();
-    };
     form.Channel().SetText(u" "_s);
-    refuse(u"区域编号不能为空!"_s);
+    form.RefusesToSave(u"区域编号不能为空!"_s);
     form.SetBox(0, u"h11"_s);
     form.SetBox(1, u""_s);
-    refuse(u"区域概称(中文)不能为空!"_s);
+    form.RefusesToSave(u"区域概称(中文)不能为空!"_s);
     form.SetBox(1, u"重名"_s);
-    refuse(u"所属出货渠道不能为空!"_s);
+    form.RefusesToSave(u"所属出货渠道不能为空!"_s);
     for (const auto& channel : {u"X.旧渠道"_s, u"K.2.捷航"_s, u".环洋"_s, u"无"_s}) {
         form.Channel().SetText(channel);
-        refuse(u"所属出货渠道编号输入错误!"_s);
+        form.RefusesToSave(u"所属出货渠道编号输入错误!"_s);
     }
     form.Channel().SetText(u" h1 "_s);  // typed, without its name
-    refuse(u"请输入该区域包含的具体地区名！"_s);
+    form.RefusesToSave(u"请输入该区域包含的具体地区名！"_s);
     EXPECT_EQ(form.Box(2), u"环洋");
     form.AddPlace(u"某地"_s);
     for (const int box : {9, 17}) {
         form.TextBoxAt(box).SetText(u"-0.01"_s);
-        refuse(u"出货成本不能为负值！"_s);
+        form.RefusesToSave(u"出货成本不能为负值！"_s);
         form.TextBoxAt(box).SetText({});
     }
     form.TextBoxAt(18).SetText(u"-5"_s);
-    refuse(u"[美东]已经使用了H11这个编号，请重新设置编号!"_s);
-    EXPECT_EQ(tests::FocusName(), u"Txt(0)");
+    form.RefusesToSave(u"[美东]已经使用了H11这个编号，请重新设置编号!"_s);
+    EXPECT_EQ(FocusName(), u"Txt(0)");
     form.SetBox(0, u"n1"_s);
     AltKey(u'S');
     EXPECT_EQ(form.Rows(u"select F3,P305,P3 from M011 where F1='N1'"_s), QStringList{u"h1|-5|3"_s});
@@ -216,7 +201,7 @@ TEST(A011, AnEditKeepsWhatIsOutOfSightAndTheCountItWasSavedWith) {
     ChannelZones form;
     form.ShowCard();
     AltKey(u'E');
-    EXPECT_EQ(tests::FocusName(), u"Txt(0)");
+    EXPECT_EQ(FocusName(), u"Txt(0)");
     Type(u"h19"_s);
     AltKey(u'S');
     EXPECT_EQ(
@@ -251,49 +236,5 @@ TEST(A011, DeletesTheZoneAndItsPlacesOnly) {
               (QStringList{u"W1"_s, u"H11"_s}));
 }
 
-/// The worked tariff, from the keys of the channel's form over those of its zone to the waybill's cost.
-TEST(ShippingCostFromTheKeys, WorkedExamples) {
-    tests::ZoneProgram form;
-    const auto fill = [&](int first, const QString& texts) {
-        for (const QString& text : texts.split(u' ')) form.SetBox(first++, text);
-    };
-    form.Open(u"A1"_s, u"A01"_s);
-    AltKey(u'A');
-    fill(0, u"H1 环洋 无 0.5 0.5 1 1 2"_s);
-    Press(Qt::Key_Return);
-    fill(8, u"21 45"_s);
-    AltKey(u'S');
-    AltKey(u'R');
-    form.Open(u"A2"_s, u"A011"_s);
-    AltKey(u'A');
-    fill(0, u"H1-1 美东"_s);
-    form.AddPlace(u"纽约"_s);
-    fill(9, u"20 8 30 12 9 7"_s);
-    Press(Qt::Key_Return);
-    Press(Qt::Key_Space);  // the tick of the second segment
-    AltKey(u'S');
-    AltKey(u'R');
-    form.Open(u"B"_s, u"B01"_s);
-    AltKey(u'A');
-    form.SetCombo(waybills::ChannelCode, u"H1.环洋"_s);
-    const struct {
-        QString service, weight, fuel, other, cost;
-    } rows[] = {{u"D"_s, u"0.4"_s, u""_s, u"0"_s, u"23.00"_s},
-                {u"D"_s, u"1.3"_s, u"油"_s, u"0"_s, u"39.00"_s},
-                {u"S"_s, u"25"_s, u"0"_s, u""_s, u"228.00"_s},
-                {u"S"_s, u"50"_s, u"1元"_s, u"0"_s, u"379.50"_s},
-                {u"D"_s, u"1.3"_s, u""_s, u"2"_s, u"23.00"_s}};
-    for (const auto& row : rows) {
-        form.SetCombo(waybills::ServiceType, row.service);
-        form.SetBox(waybills::ShippedWeight, row.weight);
-        form.SetBox(waybills::ChannelAdditionalFees, u"3"_s);
-        form.SetBox(waybills::ChannelOtherFees, row.other);
-        form.SetBox(waybills::ChannelFuelRate, row.fuel);
-        form.TextBoxAt(waybills::ShippingCost).SetFocus();
-        tests::Settle();
-        EXPECT_EQ(form.Box(waybills::ShippingCost), row.cost) << row.weight.toStdString();
-    }
-    AltKey(u'C');
-}
-
 }  // namespace
+}  // namespace tests

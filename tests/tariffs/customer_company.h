@@ -18,7 +18,7 @@ inline QStringList CustomerMasters() {
     return {
         u"insert into MS1 (F1,F2,F3,F4,F5,F6,F7,F8,F9,F10,F11,F12,F13,F14,F15,F16,F17,F18,F19) VALUES "_s +
             u"(0.5,0.5,0.5,0.5,21,46,71,101,201,301,401,501,601,701,801,901,1001,1101,1201)"_s,
-        zone + u"'A01','东亚','East Asia',12.34,10,20,15.05,9,8,7,6,5,4,3,2,1,1,1,1,1,1,1)"_s,
+        zone + u"'A01','东亚','East Asia',12.34,10,20,15.05,9,8,7,6,5,4,3,2,1.9,1.8,1.7,1.6,1.5,1.4,1.3)"_s,
         zone + u"'A02','南亚','South Asia',100,30,120,40,null,8,7,6,5,4,3,2,1,1,1,1,1,1,null)"_s,
         zone + u"'B01','北美','North America',200,50,220,60,90,80,70,60,50,40,30,20,10,10,10,10,10,10,10)"_s,
         u"insert into M030 (F1,F2) VALUES ('孙丽萍','')"_s,
@@ -56,17 +56,8 @@ class CustomerForm : public Program {
     QStringList Stored(const QString& customer, const QString& fields = u"F1,F2,F3,F4,F5,F6,F20"_s) {
         return Rows(u"select "_s + fields + u" from M031 where F0='"_s + customer + u"' order by F1"_s);
     }
-    controls::TabStrip& Tabs() { return At<controls::TabStrip>(u"TabS"_s); }
     QString Line(const QString& name) { return At<controls::LineBox>(name).Text(); }
-    QString Caption(const QString& button) { return At<controls::Button>(button).Caption(); }
-    void Enter(const QString& control) {
-        controls::MoveFocus(&At<QWidget>(control));
-        Settle();
-    }
-    void PressButton(const QString& button) {
-        Enter(button);
-        Press(Qt::Key_Return);
-    }
+    QString ButtonCaption(const QString& button) { return At<controls::Button>(button).Caption(); }
     /// Types a code into the entry line and goes on to the coefficient.
     void EnterCode(const QString& code) {
         Enter(u"TxtHPBM"_s);
@@ -82,13 +73,6 @@ class CustomerForm : public Program {
     /// Damages the file behind the program's back.
     static void LoseTable(const QByteArray& table) {
         schema::Run(schema::OpenEngine(DbFile, schema::kPassword).get(), "drop table " + table);
-    }
-    /// Selects a data row of the list by its keys.
-    void GoToRow(int row) {
-        Grid().SetFocus();
-        Settle();
-        Press(Qt::Key_Home);
-        for (int i = 1; i < row; ++i) Press(Qt::Key_Down);
     }
 };
 

@@ -1,6 +1,5 @@
-// Quotes without a screen: captions, the prices that a coefficient makes, what is stored.
+// Quotes without a screen: the prices that a coefficient makes, what is stored.
 #include "platform/errors.h"
-#include "tariffs/brackets.h"
 #include "tariffs/quote_rules.h"
 #include "tests/support/script.h"
 
@@ -10,43 +9,6 @@ using namespace Qt::StringLiterals;
 using namespace tariffs;
 
 namespace {
-
-Standard UsualStandard() {
-    return {0.5, 0.5, 0.5, 0.5, 21, 46, 71, 101, 201, 301, 401, 501, 601, 701, 801, 901, 1001, 1101, 1201};
-}
-
-TEST(QuoteCaptions, SayTheBracketOfEveryColumn) {
-    const QStringList captions = QuoteCaptions(UsualStandard());
-    ASSERT_EQ(captions.size(), Brackets);
-    EXPECT_EQ(captions.mid(0, 6), (QStringList{u"首0.5Kg"_s, u"续0.5Kg"_s, u"首0.5Kg"_s, u"续0.5Kg"_s,
-                                               u"21-45Kg"_s, u"46-70Kg"_s}));
-    EXPECT_EQ(captions[17], u"1101-1200Kg"_s);
-    EXPECT_EQ(captions[18], u"1201Kg以上"_s);
-}
-
-TEST(QuoteCaptions, OddStandards) {
-    const struct {
-        std::size_t field;
-        std::optional<double> value;
-        int caption;
-        QString text;
-    } cases[] = {
-        {0, std::nullopt, 0, u"首0.5Kg"_s},
-        {1, 1, 1, u"续1.0Kg"_s},
-        {2, 0.25, 2, u"首0.3Kg"_s},
-        {3, 10.5, 3, u"续10.5Kg"_s},
-        {4, std::nullopt, 4, u"0-45Kg"_s},
-        {5, std::nullopt, 4, u"21--1Kg"_s},
-        {5, 46.5, 4, u"21-45.5Kg"_s},
-        {5, 46.1, 5, u"46.1-70Kg"_s},  // single precision, as it is printed
-        {18, std::nullopt, 18, u"0Kg以上"_s},
-    };
-    for (const auto& c : cases) {
-        Standard standard = UsualStandard();
-        standard[c.field] = c.value;
-        EXPECT_EQ(QuoteCaptions(standard)[c.caption], c.text) << c.field;
-    }
-}
 
 TEST(QuoteRules, ANewPriceKeepsOneDecimal) {
     const struct {

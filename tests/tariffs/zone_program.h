@@ -1,5 +1,4 @@
-// What the tests of both forms of zones ask and press: the card's boxes and captions, the places, the
-// buttons.
+// What the tests of both forms of zones ask and press beyond the card: the places.
 #pragma once
 
 #include "tests/support/program.h"
@@ -9,18 +8,12 @@ namespace tests {
 class ZoneProgram : public Program {
   public:
     using Program::Program;
-    void ShowCard(int row = 1) {
-        auto& tabs = At<controls::TabStrip>(u"TabS"_s);
-        tabs.SelectItem(1);
-        Grid().SetRow(row);
-        tabs.SelectItem(2);
-        Settle();
-    }
-    QString Caption(int box) { return At<QLabel>(u"Lab(%1)"_s.arg(box)).text(); }
-    QString Boxes(int first, int last) {
-        QStringList texts;
-        for (int i = first; i <= last; ++i) texts += Box(i);
-        return texts.join(u'|');
+    /// The headers of the list that are seen.
+    QString Headers() {
+        QStringList headers;
+        for (int col = 0; col < Grid().Cols(); ++col)
+            if (Grid().GridColWidth(col) > 0) headers += Grid().TextMatrix(0, col);
+        return headers.join(u' ');
     }
     controls::FlexGrid& Areas() { return At<controls::FlexGrid>(u"GDdq"_s); }
     QStringList AreaLines() {
@@ -31,12 +24,6 @@ class ZoneProgram : public Program {
             lines += cells.join(u'|');
         }
         return lines;
-    }
-    bool Shown(const QString& control) { return At<QWidget>(control).isVisible(); }
-    void Push(const QString& button) {
-        At<controls::Button>(button).SetFocus();
-        Settle();
-        Press(Qt::Key_Return);
     }
     void AddPlace(const QString& name) {
         SetBox(6, name);

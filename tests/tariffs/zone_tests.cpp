@@ -9,14 +9,9 @@
 
 #include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
-using tests::AltKey;
-using tests::Press;
-using tests::Type;
-
+namespace tests {
 namespace {
 
-const QString Title = u"提示"_s;
 const QString NoPlace = u"请输入该区域包含的具体地区名！"_s;
 const QString Prices =
     u"P101,P102,P201,P202,P301,P302,P303,P304,P305,P306,P307,P308,P309,P310,P311,P312,"
@@ -36,7 +31,7 @@ QStringList TwoZones() {
             u"insert into B01 (F1,F203) VALUES ('W1','Z1')"_s};
 }
 
-class Zones : public tests::ZoneProgram {
+class Zones : public ZoneProgram {
   public:
     explicit Zones(const QStringList& masters = TwoZones(), const QString& operatorCode = u"001"_s)
         : ZoneProgram(masters, operatorCode) {
@@ -52,11 +47,7 @@ class Zones : public tests::ZoneProgram {
 
 TEST(A02, ListsFiveColumnsAndCarriesThePrices) {
     Zones form;
-    QStringList headers;
-    for (int col = 0; col < form.Grid().Cols(); ++col)
-        if (form.Grid().GridColWidth(col) > 0) headers += form.Grid().TextMatrix(0, col);
-    EXPECT_EQ(headers, (QStringList{u"区域编号"_s, u"区域概称(中文)"_s, u"区域概称(英文)"_s, u"送达时日"_s,
-                                    u"备注"_s}));
+    EXPECT_EQ(form.Headers(), u"区域编号 区域概称(中文) 区域概称(英文) 送达时日 备注");
     EXPECT_EQ(form.Grid().Cols(), 25);
     EXPECT_EQ(
         form.Lines(),
@@ -93,8 +84,8 @@ TEST(A02, ShowsTheCardWithTheBracketsOfTheStandard) {
     EXPECT_EQ(form.Range(), u"国外") << "anything but 国内, nothing too";
     EXPECT_EQ(form.AreaLines(), QStringList{u"||"_s});
     form.TextBoxAt(20).SetFocus();
-    tests::Settle();
-    EXPECT_EQ(tests::FocusName(), u"TabS") << "though the box is never locked";
+    Settle();
+    EXPECT_EQ(FocusName(), u"TabS") << "though the box is never locked";
 }
 
 TEST(A02, CaptionsStayAsDesignedWithoutAStandard) {
@@ -108,7 +99,7 @@ TEST(A02, CaptionsStayAsDesignedWithoutAStandard) {
 TEST(A02, ProposesAsTheBoxesAreEntered) {
     Zones form;
     AltKey(u'A');
-    EXPECT_EQ(tests::FocusName(), u"Txt(0)");
+    EXPECT_EQ(FocusName(), u"Txt(0)");
     for (const auto& control : {u"cmbFw"_s, u"Labfw"_s, u"FrmEddq"_s, u"Cmd(0)"_s, u"Cmd(1)"_s})
         EXPECT_TRUE(form.Shown(control)) << control.toStdString();
     Press(Qt::Key_Return);
@@ -138,10 +129,10 @@ TEST(A02, ProposesAsTheBoxesAreEntered) {
     form.SetBox(7, u"City"_s);
     form.GoTo(u"Txt(8)"_s);
     Press(Qt::Key_Return);
-    EXPECT_EQ(tests::FocusName(), u"Cmd(0)");
+    EXPECT_EQ(FocusName(), u"Cmd(0)");
     Press(Qt::Key_Return);
     EXPECT_EQ(form.AreaLines(), (QStringList{u"新区|City|"_s, u"||"_s})) << "a second Enter adds the place";
-    EXPECT_EQ(tests::FocusName(), u"Txt(6)");
+    EXPECT_EQ(FocusName(), u"Txt(6)");
     EXPECT_EQ(form.Box(7), u"City") << "the boxes keep their text";
     form.SetBox(7, u""_s);
     form.SetBox(6, u"别处"_s);
@@ -157,17 +148,17 @@ TEST(A02, AddsAndDeletesPlaces) {
     form.SetBox(6, u"  "_s);
     for (const auto& button : {u"Cmd(0)"_s, u"Cmd(1)"_s}) {
         form.Push(button);
-        EXPECT_EQ(tests::FocusName(), u"Txt(6)");
+        EXPECT_EQ(FocusName(), u"Txt(6)");
     }
     EXPECT_EQ(form.AreaLines(), before);
     form.SetBox(6, u" 多伦多 "_s);
     form.script.Box(u"已经录入了“ 多伦多 ”！"_s, Title);
     form.Push(u"Cmd(0)"_s);
     EXPECT_EQ(form.Areas().Row(), 2) << "the place that is there is shown";
-    EXPECT_EQ(tests::FocusName(), u"Txt(6)");
+    EXPECT_EQ(FocusName(), u"Txt(6)");
     // A click takes a row into the boxes; two places may share an English name.
     QTest::mouseClick(form.Areas().viewport(), Qt::LeftButton, {}, form.Areas().CellRect(1, 1).center());
-    tests::Settle();
+    Settle();
     EXPECT_EQ(form.Boxes(6, 8), u"纽约|New York|快");
     form.AddPlace(u"纽约二"_s);
     EXPECT_EQ(form.AreaLines(),
@@ -176,11 +167,11 @@ TEST(A02, AddsAndDeletesPlaces) {
     form.SetBox(6, u"没有"_s);
     form.script.Box(u"不存在地区“没有”!"_s, Title);
     form.Push(u"Cmd(1)"_s);
-    EXPECT_EQ(tests::FocusName(), u"Txt(6)");
+    EXPECT_EQ(FocusName(), u"Txt(6)");
     form.SetBox(6, u"纽约 "_s);
     form.Push(u"Cmd(1)"_s);
     EXPECT_EQ(form.AreaLines(), (QStringList{u"多伦多||"_s, u"纽约二|New York|快"_s, u"||"_s}));
-    EXPECT_EQ(tests::FocusName(), u"Cmd(1)") << "no message, no move";
+    EXPECT_EQ(FocusName(), u"Cmd(1)") << "no message, no move";
     AltKey(u'S');
     EXPECT_EQ(form.Places(), (QStringList{u"Z1|多伦多||"_s, u"Z1|纽约二|New York|快"_s}));
 }
@@ -188,25 +179,20 @@ TEST(A02, AddsAndDeletesPlaces) {
 TEST(A02, RefusesInOrder) {
     Zones form;
     AltKey(u'A');
-    form.script.Box(u"区域编号不能为空!"_s, Title);
-    AltKey(u'S');
+    form.RefusesToSave(u"区域编号不能为空!"_s);
     form.SetBox(0, u"z1"_s);
-    form.script.Box(u"区域概称(中文)不能为空!"_s, Title);
-    AltKey(u'S');
+    form.RefusesToSave(u"区域概称(中文)不能为空!"_s);
     form.SetBox(1, u"重名"_s);
-    form.script.Box(NoPlace, Title);
-    AltKey(u'S');
+    form.RefusesToSave(NoPlace);
     form.AddPlace(u"某地"_s);
     for (const int box : {9, 12, 17}) {
         form.SetBox(box, u"-0.01"_s);
-        form.script.Box(u"价格不能为负值！"_s, Title);
-        AltKey(u'S');
+        form.RefusesToSave(u"价格不能为负值！"_s);
         form.SetBox(box, u""_s);
     }
     form.SetBox(18, u"-5"_s);
-    form.script.Box(u"[北美]已经使用了Z1这个编号，请重新设置编号!"_s, Title);
-    AltKey(u'S');
-    EXPECT_EQ(tests::FocusName(), u"Txt(0)");
+    form.RefusesToSave(u"[北美]已经使用了Z1这个编号，请重新设置编号!"_s);
+    EXPECT_EQ(FocusName(), u"Txt(0)");
     EXPECT_TRUE(EditInProgress);
     EXPECT_EQ(form.Codes(), (QStringList{u"Z1"_s, u"Z2"_s}));
     form.SetBox(0, u"z3 "_s);
@@ -255,7 +241,7 @@ TEST(A02, AnEditReplacesAllAndFollowsNoReference) {
     Zones form;
     form.ShowCard();
     AltKey(u'E');
-    EXPECT_EQ(tests::FocusName(), u"Txt(0)");
+    EXPECT_EQ(FocusName(), u"Txt(0)");
     EXPECT_FALSE(form.Enabled(u"Menu_print"_s));
     Type(u"y9"_s);
     form.SetBox(2, u"renamed"_s);
@@ -273,8 +259,7 @@ TEST(A02, AnEditReplacesAllAndFollowsNoReference) {
     // To another's code: refused. Its own in another case counts as changed, and so as taken.
     AltKey(u'E');
     form.SetBox(0, u"z2"_s);
-    form.script.Box(u"[南美]已经使用了Z2这个编号，请重新设置编号!"_s, Title);
-    AltKey(u'S');
+    form.RefusesToSave(u"[南美]已经使用了Z2这个编号，请重新设置编号!"_s);
     form.script.Box(u"操作员正在编辑数据,请先[保存]数据或[取消]编辑!"_s, Title, sys::BoxIcon::Warning);
     AltKey(u'R');
     AltKey(u'C');
@@ -287,8 +272,7 @@ TEST(A02, OnlyTheFirstPlaceIsLookedAtAndLeadingBlanksOfTheCodeStay) {
                                         u"insert into M021 (F0,F1,F2) VALUES ('Z2','利马','Lima')"_s});
     form.ShowCard(2);
     AltKey(u'E');
-    form.script.Box(NoPlace, Title);
-    AltKey(u'S');
+    form.RefusesToSave(NoPlace);
     AltKey(u'C');
     form.ShowCard();
     AltKey(u'E');
@@ -310,7 +294,7 @@ TEST(A02, DeletesWithThePlainQuestionWhateverRefersToIt) {
     EXPECT_TRUE(form.Places().isEmpty());
     EXPECT_EQ(form.Rows(u"select F1 from M031"_s) + form.Rows(u"select F203 from B01"_s),
               (QStringList{u"Z1"_s, u"Z1"_s}));
-    EXPECT_EQ(form.At<controls::TabStrip>(u"TabS"_s).SelectedItem(), 1);
+    EXPECT_EQ(form.Tabs().SelectedItem(), 1);
     EXPECT_EQ(form.Status(), u"共 1 条记录 当前为第 1 条");
     form.script.Question(u"真的要删除南美吗?"_s, Title, true);
     AltKey(u'D');
@@ -322,8 +306,7 @@ TEST(A02, AnApostropheLosesTheZoneFromTheFile) {
     form.ShowCard();
     AltKey(u'E');
     form.SetBox(1, u"it's"_s);
-    form.script.BoxContaining(u"'Z1','it's','America',3,'注',10.5,"_s);
-    form.script.End(1);
+    form.EndsWith(u"'Z1','it's','America',3,'注',10.5,"_s);
     AltKey(u'S');
     EXPECT_TRUE(form.script.Done());
     EXPECT_EQ(form.Codes(), QStringList{u"Z2"_s});
@@ -342,7 +325,7 @@ TEST(A02, ALoadOfTooFewColumnsShowsItsFirstRowAndTellsTheRest) {
     form.script.Box(u"在此集合中找不到该项目"_s, Title);
     zones.LoadGridOrTell(
         u"select F1,F2,F4,F6,F8,P101,P102,P201,P202,P301,P302,P303,P304,P305 from M02 order by F1"_s);
-    auto& grid = tests::Find<controls::FlexGrid>(zones, u"GD"_s);
+    auto& grid = Find<controls::FlexGrid>(zones, u"GD"_s);
     ASSERT_EQ(grid.Rows(), 2);
     EXPECT_EQ(grid.TextMatrix(1, 0), u"Z1");
     EXPECT_EQ(grid.TextMatrix(1, 13), u"90.5");
@@ -359,11 +342,12 @@ TEST(A02, PicturesSwapWhenTheyAreClicked) {
     EXPECT_EQ(east.size(), QSize(224, 160));
     EXPECT_TRUE(east.isVisible() && !west.isVisible());
     EXPECT_FALSE(east.grab().toImage().allGray());
-    tests::Click(east);
+    Click(east);
     EXPECT_TRUE(!east.isVisible() && west.isVisible());
     EXPECT_EQ(west.size(), QSize(229, 182));
-    tests::Click(west);
+    Click(west);
     EXPECT_TRUE(east.isVisible() && !west.isVisible());
 }
 
 }  // namespace
+}  // namespace tests

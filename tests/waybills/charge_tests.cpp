@@ -1,5 +1,4 @@
 #include "platform/errors.h"
-#include "platform/text/numbers.h"
 #include "tests/support/company.h"
 #include "waybills/customer_charge.h"
 
@@ -71,27 +70,6 @@ TEST_F(Charge, FollowsTheBracketsOfTheStandard) {
         {u"D"_s, u"50"_s, "1020", "no price there, document"},
     };
     for (const auto& row : rows) EXPECT_EQ(Amount(row.service, row.weight), row.amount) << row.why;
-}
-
-TEST_F(Charge, EveryHeavySegmentBeginsExactlyOnItsBound) {
-    QStringList bounds;
-    QStringList prices{u"30"_s, u"10"_s, u"40"_s, u"15"_s};
-    for (int segment = 1; segment <= 15; ++segment) {
-        bounds << QString::number(segment * 20 + 1);
-        prices << QString::number(segment + 100);
-    }
-    SetStandard(u"0.5,0.5,0.5,0.5,"_s + bounds.join(u','));
-    SetQuote(prices.join(u','));
-    for (int segment = 1; segment <= 15; ++segment) {
-        const double bound = segment * 20 + 1;
-        for (const QString& service : {u"D"_s, u"S"_s}) {
-            EXPECT_EQ(Amount(service, text::GeneralText(bound)),
-                      text::GeneralText((segment + 100) * bound).toStdString());
-            if (segment == 1) continue;
-            EXPECT_EQ(Amount(service, text::GeneralText(bound - 0.25)),
-                      text::GeneralText((segment + 99) * (bound - 0.25)).toStdString());
-        }
-    }
 }
 
 TEST_F(Charge, ReadsFirstWeightAndStepByPosition) {

@@ -1,19 +1,16 @@
 // The waybills' list and its commands: releasing, deleting, the calculator, and who may do what.
+#include "tests/support/files.h"
 #include "tests/support/program.h"
 #include "tests/waybills/waybill_company.h"
 #include "waybills/waybill_fields.h"
 
-#include <QFile>
-
 #include <gtest/gtest.h>
 
-using namespace Qt::StringLiterals;
 using namespace waybills;
-using tests::AltKey;
 
+namespace tests {
 namespace {
 
-const QString Title = u"提示"_s;
 const QString NoWaybill = u"速递单：无单据信息"_s;
 
 /// A waybill of customer C1 through channel H1, priced and costed, with its rows in the journal.
@@ -28,10 +25,10 @@ QStringList Waybill(const QString& number, const QString& day, const QString& ma
             row(u"YS"_s, u"华兴"_s, 131), row(u"YF"_s, u"环洋"_s, 132)};
 }
 
-class WaybillList : public tests::Program {
+class WaybillList : public Program {
   public:
     explicit WaybillList(const QStringList& rows, const QString& operatorCode = u"001"_s)
-        : Program(tests::WaybillMasters() + rows, operatorCode) {
+        : Program(WaybillMasters() + rows, operatorCode) {
         Open(u"B"_s, u"B01"_s);
     }
     /// The numbers in the list.
@@ -84,7 +81,7 @@ TEST(Release, OnTheCardShowsTheWaybillBefore) {
     for (const auto& [row, shown] : {std::pair(2, u"W1"_s), std::pair(1, u"W2"_s)}) {
         WaybillList form(ThreeWaybills);
         form.Grid().SetRow(row);
-        form.At<controls::TabStrip>(u"TabS"_s).SelectItem(2);
+        form.Tabs().SelectItem(2);
         AltKey(u'C');
         EXPECT_EQ(form.Box(Number), shown);
     }
@@ -102,10 +99,10 @@ TEST(Delete, TakesTheWaybillAndItsTwoRowsAndRollsNoChain) {
     EXPECT_EQ(form.Rows(u"select sum(QM) from TB1"_s), QStringList{u"40"_s});
     // After a release the list is shorter than its count; the last line can be deleted all the same.
     AltKey(u'C');
-    form.At<controls::TabStrip>(u"TabS"_s).SelectItem(2);
+    form.Tabs().SelectItem(2);
     form.AskedToDelete(u"W3"_s, true);
     AltKey(u'D');
-    EXPECT_EQ(form.At<controls::TabStrip>(u"TabS"_s).SelectedItem(), 1);
+    EXPECT_EQ(form.Tabs().SelectedItem(), 1);
     EXPECT_EQ(form.Numbers(), u""_s);
     EXPECT_EQ(form.Status(), NoWaybill);
     AltKey(u'D');  // nothing is left to ask about
@@ -147,7 +144,7 @@ TEST(Rights, DecideOnAWaybillsFiguresEditAndDelete) {
             form.script.Box(u"该速递单已经审核出货,非系统管理员,无权删除!"_s, Title);
         AltKey(u'D');
         EXPECT_EQ(form.Numbers(), row.deletes ? u"W2"_s : u"W1 W2"_s);
-        form.At<controls::TabStrip>(u"TabS"_s).SelectItem(1);
+        form.Tabs().SelectItem(1);
         form.Grid().SetRow(form.Grid().Rows() - 1);
         AltKey(u'C');
         EXPECT_EQ(form.Rows(u"select F604 from B01 where F1='W2'"_s), QStringList{OperatorName})
@@ -161,8 +158,7 @@ TEST(Calculator, IsTheFileInTheProgramsFolder) {
                     Title);
     AltKey(u'J');
     const QString path = AppFolder + u"jisuan.exe"_s;
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    Write(path, {});
     form.script.Start(path);
     AltKey(u'J');
     form.script.Start(path, false);
@@ -174,3 +170,4 @@ TEST(Calculator, IsTheFileInTheProgramsFolder) {
 }
 
 }  // namespace
+}  // namespace tests
