@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Plays a day's work of a small company on the real program, driven by keys, at 100 % and at 150 %, walks through a copy
-# of the sample company, and leaves pictures, a summary and both companies' folders in demo-out/. Nothing outside of demo-out/ is touched.
+# Plays a day's work of a small company on the real program, driven by keys, at 100 % and at 150 %, walks through
+# a copy of the sample company, and leaves pictures, a page that shows them, a summary and both companies' folders
+# in demo-out/. Nothing outside of demo-out/ is touched.
 #
 #   scripts/demo.sh            without a screen, as fast as it goes
 #   scripts/demo.sh --watch    on the display that is there, at a pace to look at
