@@ -13,18 +13,6 @@ constexpr int Rounds = 7;
 /// Another program on the machine can spoil a round; one that was above its limit gets more of them.
 constexpr int RoundsAtMost = 40;
 
-double BestOf(int runs, const std::function<void()>& makeReady, const std::function<void()>& body,
-              double best) {
-    for (int i = 0; i < runs; ++i) {
-        if (makeReady) makeReady();
-        const auto begin = std::chrono::steady_clock::now();
-        body();
-        const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
-        best = std::min(best, took.count());
-    }
-    return best;
-}
-
 std::string Shown(double seconds) {
     char text[40];
     if (seconds < 1e-3)
@@ -37,6 +25,18 @@ std::string Shown(double seconds) {
 }
 
 }  // namespace
+
+double BestOf(int runs, const std::function<void()>& makeReady, const std::function<void()>& body) {
+    double best = std::numeric_limits<double>::infinity();
+    for (int i = 0; i < runs; ++i) {
+        if (makeReady) makeReady();
+        const auto begin = std::chrono::steady_clock::now();
+        body();
+        const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
+        best = std::min(best, took.count());
+    }
+    return best;
+}
 
 Bench::Bench(std::string only) : only_(std::move(only)) {
     std::printf("%-44s %12s %12s %8s %8s\n", "measure", "ours", "bare", "ratio", "limit");
@@ -51,8 +51,8 @@ void Bench::Run(const Measure& measure) {
     double ours = std::numeric_limits<double>::infinity();
     double bare = ours;
     for (int round = 0; round < Rounds || (round < RoundsAtMost && ours > measure.limit * bare); ++round) {
-        ours = BestOf(measure.runsInRound, measure.makeOursReady, measure.ours, ours);
-        bare = BestOf(measure.runsInRound, measure.makeBareReady, measure.bare, bare);
+        ours = std::min(ours, BestOf(measure.runsInRound, measure.makeOursReady, measure.ours));
+        bare = std::min(bare, BestOf(measure.runsInRound, measure.makeBareReady, measure.bare));
     }
     const double ratio = ours / bare;
     const bool above = ratio > measure.limit;

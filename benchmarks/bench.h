@@ -17,6 +17,9 @@ struct Measure {
     std::function<void()> makeBareReady = {};
 };
 
+/// The shortest of that many runs, in seconds; what makes ready for a run stands outside of its time.
+double BestOf(int runs, const std::function<void()>& makeReady, const std::function<void()>& body);
+
 class Bench {
   public:
     /// Only measures whose name contains this are run; "" runs all.

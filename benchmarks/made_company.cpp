@@ -34,8 +34,8 @@ QByteArray Marks(int count) {
     return "?" + QByteArray(",?").repeated(count - 1);
 }
 
-QDate DayOf(int waybill) {
-    return FirstDay.addDays(static_cast<qint64>(waybill) * Days / Waybills);
+QDate DayOf(int waybill, int waybills) {
+    return FirstDay.addDays(static_cast<qint64>(waybill) * Days / waybills);
 }
 
 void FillCostZones(BareEngine& engine) {
@@ -92,11 +92,12 @@ class LedgerMaker {
           entry_(engine.Handle(), "insert into TB1 (S2,F1,F2,F3,H8,LB,SN,YF,QC,QM,S1,F5,F6,F10) values (" +
                                       Marks(10) + ",'外务员0001','管理员','管理员','')") {}
 
-    void Fill() {
-        QDate day;
-        for (int i = 0; i < Waybills; ++i) {
-            if (DayOf(i) != day) counter_ += 29;
-            day = DayOf(i);
+    void Fill(int waybills) {
+        QDate before;
+        for (int i = 0; i < waybills; ++i) {
+            const QDate day = DayOf(i, waybills);
+            if (day != before) counter_ += 29;
+            before = day;
             counter_ += 2;
             Add(i, day.toString(u"yyyy-MM-dd").toUtf8());
         }
@@ -148,11 +149,11 @@ class LedgerMaker {
     double counter_ = 100;
 };
 
-void Fill(BareEngine& engine) {
+void Fill(BareEngine& engine, int waybills) {
     engine.Run("begin immediate");
     FillTariffs(engine);
     LedgerMaker maker(engine);
-    maker.Fill();
+    maker.Fill(waybills);
     engine.Run("update SysInfo set Setval=" + QByteArray::number(maker.Counter(), 'f', 0) + " where ID=100");
     engine.Run("create table made (recipe)");
     engine.Run("insert into made values (" + QByteArray::number(Recipe) + ")");
@@ -201,21 +202,21 @@ QByteArray CourierName(int index) {
 }
 
 QDate LastDay() {
-    return DayOf(Waybills - 1);
+    return FirstDay.addDays(Days - 1);
 }
 
-MadeCompany::MadeCompany(const QString& folder) : folder_(folder) {
+MadeCompany::MadeCompany(const QString& folder, int waybills) : folder_(folder) {
     QDir().mkpath(folder);
     const QString fresh = folder + QStringLiteral("/fresh.dat");
     RemoveWithSideFiles(fresh);
     schema::MakeDatabase(fresh);
     if (!QFile::exists(File()) || !IsOurs(File(), Shape(fresh))) {
-        std::printf("making a company of %d waybills, once\n", Waybills);
+        std::printf("making a company of %d waybills, once\n", waybills);
         std::fflush(stdout);
         RemoveWithSideFiles(File());
         {
             BareEngine engine(fresh);
-            Fill(engine);
+            Fill(engine, waybills);
         }
         QFile::rename(fresh, File());
     }

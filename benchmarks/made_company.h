@@ -1,5 +1,5 @@
-// A company of some years, made up: 100,000 waybills with their 200,000 journal rows, 2,000 customers with
-// quotes. The same at every making; kept under build/ and made anew only when the tables or the recipe
+// A company of five years, made up: 2,000 customers with quotes, waybills by the thousand, each with its two
+// journal rows. The same at every making; kept under build/ and made anew only when the tables or the recipe
 // change.
 #pragma once
 
@@ -15,7 +15,7 @@
 
 namespace benchmarks {
 
-constexpr int Waybills = 100'000;
+constexpr int Waybills = 100'000;  ///< where nothing else is said
 constexpr int Customers = 2'000;
 constexpr int Channels = 20;
 constexpr int Zones = 10;
@@ -39,8 +39,8 @@ constexpr int LargeCustomer = 0;
 
 class MadeCompany {
   public:
-    /// Makes the file in that folder, or takes the one that is there.
-    explicit MadeCompany(const QString& folder);
+    /// Makes the file in that folder, or takes the one that is there. A folder has one size, for good.
+    explicit MadeCompany(const QString& folder, int waybills = Waybills);
 
     dao::Database& Db() { return *db_; }
     BareEngine& Bare() { return *bare_; }

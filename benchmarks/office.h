@@ -14,6 +14,8 @@ namespace benchmarks {
 class OpenForm : public B01 {
   public:
     using RecordForm::LoadGrid;
+    /// All waybills, as the form loads them when it opens.
+    void LoadAll();
     const controls::FlexGrid& Grid() const { return *GD; }
     controls::TextBox& Box(waybills::Box box) { return *Txt[box]; }
     controls::ComboBox& Combo(waybills::Box box);

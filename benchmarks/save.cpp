@@ -1,116 +1,25 @@
 // The save of a released waybill with its two postings, from the key of the command to the durable commit:
 // for the newest day, and dated back into the middle of the channel's chain of 5,000 rows. The bare loop runs
 // what the save itself sends to the engine, word for word, on the same state of the file.
-#include "app/session.h"
+#include "benchmarks/repeated_save.h"
 #include "benchmarks/sent.h"
 #include "benchmarks/subjects.h"
-#include "platform/controls/box.h"
-
-#include <cstdio>
-#include <cstdlib>
-
-using namespace Qt::StringLiterals;
-using waybills::Box;
 
 namespace benchmarks {
 namespace {
 
-const QByteArray Number = "B0000001";
-constexpr int Customer = 7;
-constexpr int Channel = 3;
-constexpr int Charge = 250;
-constexpr int Cost = 180;
-
-/// Takes a save back: the waybill, its postings, the counter, what the postings added to later balances.
-class Undo {
-  public:
-    explicit Undo(BareEngine& engine) : counter_(engine.Answer("select Setval from SysInfo where ID=100")) {}
-
-    void Do(BareEngine& engine) const {
-        engine.Run("begin immediate");
-        Lower(engine, "YS", CustomerName(Customer), Charge);
-        Lower(engine, "YF", ChannelName(Channel), Cost);
-        engine.Run("delete from TB1 where F1 in ('YS" + Number + "','YF" + Number + "')");
-        engine.Run("delete from B01 where F1='" + Number + "'");
-        engine.Run("update SysInfo set Setval=" + counter_.toUtf8() + " where ID=100");
-        engine.Run("commit");
-    }
-
-  private:
-    static void Lower(BareEngine& engine, const QByteArray& kind, const QByteArray& party, int amount) {
-        const QString place = engine.Answer("select SN from TB1 where F1='" + kind + Number + "'");
-        if (place.isEmpty()) return;
-        const QByteArray by = QByteArray::number(amount);
-        engine.Run("update TB1 set QC=QC-" + by + ",QM=QM-" + by + " where F3='" + party + "' and SN>" +
-                   place.toUtf8());
-    }
-
-    QString counter_;
-};
-
-void FillCard(OpenForm& form, QDate date) {
-    form.Press(u"Menu_Add"_s);
-    const auto text = [](const QByteArray& utf8) { return QString::fromUtf8(utf8); };
-    const std::pair<Box, QString> combos[] = {
-        {waybills::CustomerCode, text(CustomerCode(Customer) + '.' + CustomerName(Customer))},
-        {waybills::Courier, text(CourierName(0))},
-        {waybills::ServiceType, u"S.物品(Parcel)"_s},
-        {waybills::PaymentMode, u"月结.Account"_s},
-        {waybills::ServiceZoneCode, text(ZoneCode(0))},
-        {waybills::OriginName, u"上海"_s},
-        {waybills::Destination, u"纽约"_s},
-        {waybills::ChannelCode, text(ChannelCode(Channel) + '.' + ChannelName(Channel))},
-    };
-    for (const auto& [box, value] : combos) form.Combo(box).SetText(value);
-    const std::pair<Box, QString> boxes[] = {
-        {waybills::Number, text(Number)},
-        {waybills::ShipperCompany, u"华兴国际贸易有限公司"_s},
-        {waybills::ShipperAddress, u"上海市浦东新区世纪大道100号"_s},
-        {waybills::ConsigneeCompany, u"Hudson Trading Inc."_s},
-        {waybills::ConsigneeAddress, u"350 Fifth Avenue, New York"_s},
-        {waybills::Goods, u"样品"_s},
-        {waybills::Pieces, u"2"_s},
-        {waybills::ReceivedWeight, u"12.5"_s},
-        {waybills::ShippedWeight, u"12.5"_s},
-        {waybills::BasicCharge, QString::number(Charge)},
-        {waybills::FuelRate, u"1"_s},
-        {waybills::TotalCharge, QString::number(Charge)},
-        {waybills::ShippingCost, QString::number(Cost)},
-        {waybills::ReleaseMark, OperatorName},
-    };
-    for (const auto& [box, value] : boxes) form.Box(box).SetText(value);
-    form.findChild<controls::DTPicker*>(u"DTP"_s)->SetValue(date);
-}
-
-void MeasureSave(Bench& bench, Office& office, const char* name, QDate date) {
+void MeasureSave(Bench& bench, Office& office, const char* name, QDate day) {
     if (!bench.Wanted(name)) return;
-    OpenForm& form = office.Form();
-    const Undo undo(office.Bare());
-    BareEngine ours(office.Engine());
-    const auto save = [&] { form.Press(u"Menu_save"_s); };
-    // Either side begins where an operator has just filled the card.
-    const auto ready = [&](BareEngine& engine) {
-        undo.Do(engine);
-        FillCard(form, date);
-        Office::Settle();
-    };
-    ready(ours);
-    save();  // the columns of the tables are read once for a run
-    ready(ours);
-    const std::vector<Sent> sent = Caught(office.Engine(), save);
-    if (office.Bare().Answer("select count(*) from TB1 where F1 in ('YS" + Number + "','YF" + Number +
-                             "')") != u"2") {
-        std::fprintf(stderr, "the save did not post\n");
-        std::exit(2);
-    }
+    RepeatedSave save(office, day);
+    save.MakeReady();
+    const std::vector<Sent> sent = Caught(office.Engine(), [&] { save.Save(); });
     bench.Run({.name = name,
                .limit = 2,
                .runsInRound = 5,
-               .ours = save,
+               .ours = [&] { save.Save(); },
                .bare = [&] { RunAgain(office.Bare(), sent); },
-               .makeOursReady = [&] { ready(ours); },
-               .makeBareReady = [&] { ready(office.Bare()); }});
-    undo.Do(office.Bare());
+               .makeOursReady = [&] { save.MakeReady(); },
+               .makeBareReady = [&] { save.MakeReady(office.Bare()); }});
 }
 
 }  // namespace

@@ -34,13 +34,16 @@ double SecondsToLogin(const QString& folder) {
 
 }  // namespace
 
-void MeasureStart(Bench& bench, MadeCompany& company) {
-    const char* const name = "start to a login that takes keys";
-    if (!bench.Wanted(name)) return;
+double BestTimeToLogin(const MadeCompany& company) {
     schema::MakeDataFiles(company.Folder());
     double best = SecondsToLogin(company.Folder());
     for (int i = 1; i < Starts; ++i) best = std::min(best, SecondsToLogin(company.Folder()));
-    bench.State(name, best, "s");
+    return best;
+}
+
+void MeasureStart(Bench& bench, MadeCompany& company) {
+    const char* const name = "start to a login that takes keys";
+    if (bench.Wanted(name)) bench.State(name, BestTimeToLogin(company), "s", 0.5);
 }
 
 }  // namespace benchmarks

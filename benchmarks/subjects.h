@@ -19,4 +19,12 @@ void MeasureSearches(Bench& bench, Office& office);
 void MeasureStart(Bench& bench, MadeCompany& company);
 void MeasureTranslation(Bench& bench);
 
+/// For itself, since it makes companies of its own in that folder, one of which takes a minute.
+void MeasureGrowth(Bench& bench, const QString& folder);
+
+/// Bytes a cell that the grid takes beyond the characters that it holds, equal texts held once.
+double OverheadOf(const controls::FlexGrid& grid);
+/// Seconds from the start of the process, on that company.
+double BestTimeToLogin(const MadeCompany& company);
+
 }  // namespace benchmarks
