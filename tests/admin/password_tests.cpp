@@ -86,14 +86,5 @@ TEST(OwnPassword, IsStoredAsTyped) {
     }
 }
 
-TEST(OwnPassword, AnApostropheEndsTheProgramAndChangesNothing) {
-    PasswordRun run(u"'old'"_s);
-    run.script.BoxContaining(u"update TE1 set F3='a'b'"_s);
-    run.script.End(1);
-    run.Show([&](QWidget& form) { PasswordRun::Fill(form, {u"old"_s, u"a'b"_s, u"a'b"_s}); });
-    EXPECT_TRUE(sys::HasEnded());
-    EXPECT_EQ(run.Stored(), u"old");
-}
-
 }  // namespace
 }  // namespace tests

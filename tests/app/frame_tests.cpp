@@ -27,20 +27,8 @@ TEST(Frame, EveryItemOpensByItsKeys) {
         QStringView opens;  ///< what the log says
     } rows[] = {
         {u"a1", u"load A01|front A01 A01"},
-        {u"a2", u"load A011|front A011 A011"},
-        {u"a3", u"load A02|front A02 A02"},
-        {u"a4", u"load A030|front A030 A030"},
-        {u"a5", u"load A03|front A03 A03"},
-        {u"a6", u"load A04|front A04 A04"},
-        {u"a7", u"load A05|front A05 A05"},
-        {u"a8", u"load A06|front A06 A06"},
         {u"b", u"load B01|front B01 B01"},
         {u"c1", u"load C01|front C01 C01"},
-        {u"c2", u"load C02|front C02 C02"},
-        {u"c3", u"load C03|front C03 C03"},
-        {u"c4", u"load C04|front C04 C04"},
-        {u"c5", u"load C05|front C05 C05"},
-        {u"c6", u"load C06|front C06 C06"},
         {u"d1", u"load zhLst 9|front zhLst 增加应付款"},
         {u"d2", u"load zhLst -9|front zhLst 增加应收款"},
         {u"d3", u"load PayLst 10|front PayLst 付款"},
@@ -64,18 +52,6 @@ TEST(Frame, EveryItemOpensByItsKeys) {
         if (child) AltKey(u'r');
         EXPECT_EQ(run.Frame().Front(), nullptr);
         EXPECT_TRUE(run.Frame().ToolBarShown());
-    }
-}
-
-TEST(Frame, TwoItemsShareAKeyAndItWalksFromOneToTheOther) {
-    FrameRun run;
-    run.Open();
-    for (const auto& [presses, opens] : {std::pair(1, u"modal S2"_s), std::pair(2, u"modal AboutUS"_s)}) {
-        AltKey(u'h');
-        for (int i = 0; i < presses; ++i) AltKey(u'2');
-        EXPECT_TRUE(run.log.isEmpty()) << "the key alone opens nothing";
-        Press(Qt::Key_Return);
-        EXPECT_EQ(run.TakeLog(), QStringList{opens});
     }
 }
 
@@ -230,22 +206,6 @@ TEST(ToolBar, AsksTheRightsAndRefusesOneButtonToEveryone) {
     }
     run.PressTool(u"quit"_s);
     EXPECT_FALSE(run.Frame().isVisible());
-}
-
-TEST(ToolBar, TraditionalChineseShowsPicturesOnly) {
-    FrameRun run;
-    LangFlag = 2;
-    run.Open();
-    for (const ToolRow& row : ToolRows()) {
-        auto& button = Find<QAction>(run.Frame(), row.key.toString());
-        auto* widget =
-            qobject_cast<QToolButton*>(Find<QToolBar>(run.Frame(), u"TB"_s).widgetForAction(&button));
-        EXPECT_TRUE(button.text().isEmpty() && widget->text().isEmpty()) << row.key.toUtf8().constData();
-        EXPECT_FALSE(button.icon().isNull());
-        EXPECT_FALSE(widget->accessibleName().isEmpty()) << "a reader of the screen needs the word";
-    }
-    EXPECT_EQ(Find<QStatusBar>(run.Frame(), u"StB"_s).font().family(), u"Times New Romen");
-    EXPECT_EQ(run.Frame().Panel(2), u"操作员：");
 }
 
 TEST(Frame, APictureThatCannotBeReadLeavesTheBackgroundEmpty) {

@@ -184,16 +184,6 @@ TEST(LoginForm, ItsExitEndsTheProgramEvenInTheMiddleOfAnEdit) {
     EXPECT_TRUE(Db) << "the data is not closed on this way out";
 }
 
-TEST(LoginForm, WithoutADatabaseItEndsWithAWord) {
-    LoginRun run;
-    run.Open();
-    Db.reset();  // as a backup that could not be written leaves it
-    run.script.BoxContaining(u"对象变量或 With 块变量未设置"_s);
-    run.script.End(1);
-    run.Frame().MenuItem(u"Relogin"_s)->trigger();
-    EXPECT_TRUE(sys::HasEnded());
-}
-
 // ------------------------------------------------------------------------------------------------ rights
 
 /// Menus in sight and flags that are set, as one text.
@@ -242,18 +232,6 @@ TEST(Rights, TheAdministratorTakesOverAndTheAccountsMenuStaysAsItWas) {
     EXPECT_EQ(Granted(run.Frame()), u"sl");
     run.LogIn(u"001"_s, QString());
     EXPECT_EQ(Granted(run.Frame()), u"A b C S sl released figures ledger");
-}
-
-TEST(Rights, ANewLoginLeavesTheFormsAsTheyStand) {
-    LoginRun run;
-    run.AddOperator(u"002"_s, u"张敏"_s, QString());
-    run.Open();
-    ChildForm& form = run.Frame().ShowChild(u"A04"_s);
-    run.TakeLog();
-    run.LogIn(u"002"_s, QString());
-    EXPECT_EQ(run.Frame().Front(), &form);
-    EXPECT_TRUE(run.log.isEmpty());
-    EXPECT_EQ(FocusName(), u"A04.Txt") << "the keys go on where they were";
 }
 
 TEST(Rights, TheCaptionGainsTheCompanysName) {

@@ -146,16 +146,6 @@ TEST_F(Boxes, AKeyReachesTheFormFirst) {
     }
 }
 
-TEST_F(Boxes, AHandlerMayTakeTheBoxAway) {
-    auto* passing = new LineBox;
-    Add(*passing, u"passing"_s);
-    passing->KeyPressed = [&](KeyPress&) { delete passing; };
-    tests::Settle();
-    Enter(*passing);
-    tests::Type(u"a"_s);
-    SUCCEED();
-}
-
 TEST_F(Boxes, LengthLimitsCountCharacters) {
     const struct {
         QString typed, kept;
@@ -242,20 +232,6 @@ TEST_F(Boxes, ABoxThatSendsTheOperatorAwayTakesNothing) {
         EXPECT_EQ(box->Text(), u"旧"_s);
         EXPECT_TRUE(button.hasFocus());
     }
-}
-
-TEST_F(Boxes, AMaskedBoxShowsStars) {
-    line.SetText(u"秘密1"_s);
-    line.SetMasked(true);
-    EXPECT_EQ(line.displayText(), u"***"_s);
-    EXPECT_EQ(line.Text(), u"秘密1"_s);
-    rows.SetText(u"秘密"_s);
-    rows.SetMasked(true);
-    Enter(rows);
-    QGuiApplication::clipboard()->clear();
-    rows.selectAll();
-    rows.copy();
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), QString());
 }
 
 TEST_F(Boxes, AProposedValueIsReadyToBeTypedOver) {
@@ -378,41 +354,6 @@ TEST_F(Boxes, ChecksAndButtons) {
     button.setEnabled(false);
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_EQ(Told(), "");
-}
-
-TEST_F(Boxes, ArrowCaptionsStayTheButtonsValue) {
-    button.SetCaption(u"5"_s);
-    EXPECT_EQ(button.Caption(), u"5"_s);
-    const QImage up = button.grab().toImage();
-    button.SetCaption(u"6"_s);
-    EXPECT_NE(button.grab().toImage(), up);
-    EXPECT_NE(button.accessibleName(), QString()) << "a screen reader would say the digit";
-}
-
-TEST_F(Boxes, CaptionsNameTheirBoxes) {
-    const QLabel* caption = MakeCaption(u"Shipper'Company："_s, &line, &form);
-    EXPECT_EQ(caption->text(), u"Shipper'Company："_s);
-    EXPECT_EQ(caption->buddy(), &line);
-    EXPECT_EQ(line.accessibleName(), u"Shipper'Company"_s);
-}
-
-TEST_F(Boxes, TabsTellAnotherSelection) {
-    TabStrip tabs({u"列表"_s, u"资料"_s});
-    Add(tabs, u"TabS"_s);
-    tabs.Click = [&] { told << QString::number(tabs.SelectedItem()); };
-    tests::Settle();
-    EXPECT_EQ(tabs.SelectedItem(), 1);
-    tabs.SelectItem(1);
-    tabs.SelectItem(2);
-    tabs.SelectItem(7);
-    EXPECT_EQ(Told(), "2");
-    QTest::mouseClick(&tabs, Qt::LeftButton, Qt::NoModifier, tabs.tabRect(0).center());
-    Wheel(tabs);
-    EXPECT_EQ(Told(), "1");
-    Enter(button);
-    tabs.SetTabStop(false);
-    tests::Press(Qt::Key_Tab);
-    EXPECT_EQ(tests::FocusName(), u"line"_s);
 }
 
 TEST_F(Boxes, AComboOfItemsOnlyOpensAtAClickOnItsText) {

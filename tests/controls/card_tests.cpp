@@ -127,37 +127,4 @@ TEST_F(Cards, ACoveredBoxIsNoStop) {
     EXPECT_FALSE(box->isVisible());
 }
 
-TEST(NarrowCards, StandInTheLeftHalfOrFillADialog) {
-    for (const bool dialog : {false, true}) {
-        std::unique_ptr<QWidget> window;
-        if (dialog)
-            window = std::make_unique<ModalForm>(u"S03"_s, u"密码修改"_s, nullptr);
-        else
-            window = std::make_unique<QWidget>();
-        QVBoxLayout layout(window.get());
-        NarrowCard card;
-        layout.addWidget(&card);
-        card.Title(u"外务员"_s);
-        LineBox name;
-        RowsBox note(3);
-        card.Field(MakeCaption(u"姓 名"_s, &name, &card), &name, 1);
-        card.Field(MakeCaption(u"备 注"_s, &note, &card), &note);
-        card.Finish();
-        window->resize(dialog ? 372 : 1366, 300);
-        tests::Show(*window);
-        EXPECT_LE(card.width(), window->width());
-        EXPECT_EQ(note.height(), 72);
-        EXPECT_EQ(note.y() - name.y(), 32);
-        if (dialog) {
-            EXPECT_EQ(name.width(), note.width());
-            EXPECT_GT(name.width(), 200);
-        } else {
-            EXPECT_LT(name.width(), note.width());
-            EXPECT_LT(note.geometry().right(), card.width() / 2);
-        }
-        layout.removeWidget(&card);
-        card.setParent(nullptr);
-    }
-}
-
 }  // namespace

@@ -240,18 +240,6 @@ TEST_F(Focus, TheGainWaitsForALossThatShowsItsProgress) {
     EXPECT_EQ(Told(), "-a . +combo");
 }
 
-TEST_F(Focus, AControlThatGoesAwayIsForgotten) {
-    auto* passing = new LineBox;
-    Add(*static_cast<QVBoxLayout*>(form.layout()), *passing, u"passing"_s);
-    tests::Settle();
-    passing->SetFocus();
-    EXPECT_EQ(Told(), "-a +passing");
-    delete passing;
-    EXPECT_EQ(Told(), "");
-    b.SetFocus();
-    EXPECT_EQ(Told(), "+b");
-}
-
 TEST_F(Focus, ASetFocusInAHandlerWins) {
     b.GotFocus = [&] {
         told << u"+b"_s;
@@ -266,14 +254,6 @@ TEST_F(Focus, ASetFocusInAHandlerWins) {
     tests::Press(Qt::Key_Tab);
     EXPECT_EQ(Told(), "-a +a") << "the box keeps the operator; the next one never had the focus";
     EXPECT_EQ(tests::FocusName(), u"a"_s);
-}
-
-TEST_F(Focus, TwoHandlersThatSendEachOtherTheFocusDoNotHang) {
-    a.GotFocus = [&] { b.SetFocus(); };
-    b.GotFocus = [&] { a.SetFocus(); };
-    b.SetFocus();
-    tests::Settle();
-    SUCCEED();
 }
 
 TEST_F(Focus, AMessageFromALossIsShownOnce) {
@@ -297,13 +277,6 @@ TEST_F(Focus, AMessageFromALossIsShownOnce) {
     EXPECT_EQ(Told(), "+a");
     EXPECT_EQ(shown, 2);
     EXPECT_EQ(tests::FocusName(), u"a"_s);
-}
-
-TEST_F(Focus, NothingIsToldOnceTheProgramHasEnded) {
-    a.LostFocus = [&] { sys::EndProgram(0); };
-    script.End(0);
-    b.SetFocus();
-    EXPECT_EQ(Told(), "");
 }
 
 }  // namespace

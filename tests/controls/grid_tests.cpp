@@ -106,22 +106,6 @@ TEST_F(GridTest, RowsComeAndGoAndRowKeepsItsNumber) {
     EXPECT_TRUE(changes.empty());
 }
 
-TEST_F(GridTest, ReshapingKeepsTheCellsThatRemain) {
-    Fill(3);
-    grid.SetCols(5);
-    EXPECT_EQ(Column(2), u"|1/2|2/2|3/2"_s);
-    EXPECT_EQ(Column(4), u"|||"_s);
-    grid.SetCols(1);
-    EXPECT_EQ(Column(0), u"|1/0|2/0|3/0"_s);
-    grid.SetFixedRows(2);
-    EXPECT_EQ(grid.model()->rowCount(), 2);
-    EXPECT_EQ(grid.Row(), 2);
-    EXPECT_EQ(Highlighted(), u"2"_s);
-    grid.SetFixedRows(4);
-    EXPECT_EQ(grid.Rows(), 5);
-    EXPECT_EQ(grid.TextMatrix(4, 0), QString());
-}
-
 TEST_F(GridTest, OutOfRangeRaises) {
     Fill(3);
     const std::vector<std::function<void()>> wrong = {
@@ -206,32 +190,6 @@ TEST_F(GridTest, RowChangeIsSilentInItsOwnHandler) {
     EXPECT_EQ(changes, (std::vector<int>{5, 6}));
 }
 
-TEST_F(GridTest, AnEndInTheHandlerStopsTheAssignmentButNotTheToolkit) {
-    Fill(9);
-    Open();
-    grid.RowChange = [] { throw sys::ProgramEnded{1}; };
-    EXPECT_THROW(grid.SetRow(2), sys::ProgramEnded);
-    sys::ForgetEnd();
-    QTest::keyClick(&grid, Qt::Key_Down);
-    EXPECT_TRUE(sys::HasEnded());
-    sys::ForgetEnd();
-}
-
-TEST_F(GridTest, RowZeroHighlightsNothing) {
-    Fill(4);
-    Open();
-    const auto bar = [&] { return grid.viewport()->grab().toImage().pixelColor(1, 24 + 12).name(); };
-    grid.SetRow(2);
-    EXPECT_EQ(bar(), u"#0b6b83"_s);
-    grid.SetRow(0);
-    EXPECT_NE(bar(), u"#0b6b83"_s);
-    EXPECT_FALSE(grid.currentIndex().isValid());
-    other.setFocus();
-    grid.SetFocus();  // the toolkit's own view would now make the first row current
-    EXPECT_FALSE(grid.currentIndex().isValid());
-    EXPECT_EQ(grid.Row(), 0);
-}
-
 // ---------------------------------------------------------------- keys and mouse
 
 TEST_F(GridTest, KeysGoToTheFormFirst) {
@@ -253,21 +211,6 @@ TEST_F(GridTest, KeysGoToTheFormFirst) {
     QTest::keyClick(&grid, Qt::Key_Tab);  // on to the next control, not to the next cell
     EXPECT_TRUE(other.hasFocus());
     EXPECT_EQ(grid.Row(), 2);
-}
-
-TEST_F(GridTest, LeftAndRightGoFromColumnToColumnInSight) {
-    Fill(2, 4);
-    grid.SetGridColWidth(1, 0);
-    Open();
-    for (const auto& [key, col] : {std::pair(Qt::Key_Right, 2),
-                                   {Qt::Key_Right, 3},
-                                   {Qt::Key_Right, 3},
-                                   {Qt::Key_Left, 2},
-                                   {Qt::Key_Left, 0},
-                                   {Qt::Key_Left, 0}}) {
-        QTest::keyClick(&grid, key);
-        EXPECT_EQ(grid.Col(), col);
-    }
 }
 
 TEST_F(GridTest, ClicksComeAfterRowChange) {
@@ -292,15 +235,6 @@ TEST_F(GridTest, ClicksComeAfterRowChange) {
     QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, QPoint(-50, -50));
     EXPECT_EQ(told, QStringList());
     EXPECT_EQ(Highlighted(), u"4"_s);
-}
-
-TEST_F(GridTest, CopyTakesTheShownCellsOfTheRow) {
-    Fill(3);
-    grid.SetGridColWidth(1, 0);
-    Open();
-    grid.SetRow(2);
-    QTest::keySequence(&grid, QKeySequence::Copy);
-    EXPECT_EQ(QApplication::clipboard()->text(), u"2/0\t2/2"_s);
 }
 
 TEST_F(GridTest, ScrollsSoThatRowIsInSight) {
@@ -397,29 +331,6 @@ TEST_F(GridTest, HeaderCellsMerge) {
     EXPECT_EQ(cells({u"甲 甲"_s, u"甲 甲"_s, u"乙 丙"_s}), u"00-11 20-20 21-21"_s);
 }
 
-TEST_F(GridTest, ColoursGoWithTheirRows) {
-    Fill(4);
-    const auto back = [&](int row) {
-        const QVariant fill = grid.model()->index(row - 1, 1).data(Qt::BackgroundRole);
-        return fill.isValid() ? fill.value<QBrush>().color().name() : QString();
-    };
-    grid.SetCellColor(3, 1, QColor(0xC0, 0xFF, 0xFF));
-    grid.SetCellBold(3, 1, true);
-    grid.AddItem(u"x"_s, 2);
-    EXPECT_EQ(back(3), QString());
-    EXPECT_EQ(back(4), u"#c0ffff"_s);
-    grid.RemoveItem(1);
-    EXPECT_EQ(back(3), u"#c0ffff"_s);
-    EXPECT_TRUE(grid.model()->index(2, 1).data(Qt::FontRole).value<QFont>().bold());
-    grid.SetRows(3);
-    grid.SetRows(5);
-    EXPECT_EQ(back(3), QString());
-    grid.SetWordColor(2, u"未审核"_s, Qt::red);
-    grid.SetTextMatrix(1, 2, u"未审核"_s);
-    EXPECT_EQ(grid.model()->index(0, 2).data(Qt::ForegroundRole).value<QBrush>().color(), QColor(Qt::red));
-    EXPECT_FALSE(grid.model()->index(1, 2).data(Qt::ForegroundRole).isValid());
-}
-
 // ---------------------------------------------------------------- the editor over a cell
 
 class GridEditorTest : public GridTest {
@@ -504,15 +415,6 @@ TEST_F(GridEditorTest, ForTheFormTheFocusStaysInTheGrid) {
     EXPECT_TRUE(told.contains(u"lost"_s));
 }
 
-TEST_F(GridEditorTest, EnterMayOpenTheNextCell) {
-    grid.CellEntered = [this] { grid.EditCell(2, 2); };
-    Edit(u"7"_s);
-    QTest::keyClick(grid.Editor(), Qt::Key_Return);
-    EXPECT_TRUE(grid.Editing());
-    EXPECT_EQ(grid.Editor()->text(), u"2/2"_s);
-    EXPECT_TRUE(grid.Editor()->hasFocus());
-}
-
 TEST_F(GridEditorTest, StandsOnItsCellAndFollows) {
     grid.ShareWidths();
     grid.EditCell(30, 7);  // out of sight: brought into it
@@ -524,20 +426,6 @@ TEST_F(GridEditorTest, StandsOnItsCellAndFollows) {
     EXPECT_EQ(grid.Editor()->geometry(), grid.CellRect(30, 7));
     grid.AddItem(u"x"_s);  // at the end: the editor is not touched
     EXPECT_TRUE(grid.Editing());
-}
-
-TEST_F(GridEditorTest, AFormsOwnBoxIsLaidOverACell) {
-    QLineEdit box;
-    grid.LayOver(&box, 4, 2);
-    box.setFocus();
-    EXPECT_EQ(box.geometry(), grid.CellRect(4, 2));
-    EXPECT_TRUE(box.isVisible());
-    grid.SetGridColWidth(0, 900);
-    EXPECT_EQ(box.geometry(), grid.CellRect(4, 2));
-    grid.verticalScrollBar()->setValue(1);
-    EXPECT_TRUE(grid.hasFocus());
-    EXPECT_EQ(box.geometry(), grid.CellRect(4, 2));
-    box.setParent(nullptr);
 }
 
 TEST_F(GridTest, ALoadReplacesTheRowsAndKeepsTheHeader) {

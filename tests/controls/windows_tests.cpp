@@ -132,18 +132,6 @@ TEST(MessageBox, KeepsItsButtonsOnTheScreen) {
     }
 }
 
-TEST(MessageBox, HasTheOrdinaryPointerDuringLongWork) {
-    tests::Script script;
-    {
-        const WaitPointer wait;
-        OnNext([](QWidget&) { EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor); });
-        ShowMessageBox({.text = u"好"_s});
-        ASSERT_NE(QApplication::overrideCursor(), nullptr);
-        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
-    }
-    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-}
-
 TEST(FileDialog, GivesThePathOrNothing) {
     tests::Script script;
     const QTemporaryDir folder;
@@ -234,14 +222,6 @@ TEST_F(Modal, EscAndTheCloseBoxOnlyWhereTheyAreTold) {
     }
 }
 
-TEST_F(Modal, MayGoAwayWhileItLoads) {
-    form.load = [&] { form.Unload(); };
-    form.ShowModal();
-    EXPECT_FALSE(form.isVisible());
-    form.load = nullptr;
-    Run([&](QWidget&) { form.Unload(); });  // and comes again another time
-}
-
 TEST_F(Modal, CommitsBeforeItWaits) {
     int commits = 0;
     const int hook = sys::AddCommandEndHook([&] { ++commits; });
@@ -251,22 +231,6 @@ TEST_F(Modal, CommitsBeforeItWaits) {
         form.Unload();
     });
     sys::RemoveCommandEndHook(hook);
-}
-
-TEST_F(Modal, NothingRunsBehindAFormThatEndedTheProgram) {
-    QVBoxLayout layout(&form);
-    Button quit(u"退 出"_s);
-    layout.addWidget(&quit);
-    quit.Click = [] { sys::EndProgram(0); };
-    script.End(0);
-    bool behind = false;
-    sys::Guarded([&] {
-        Run([&](QWidget&) { tests::Press(Qt::Key_Return); });
-        behind = true;
-    });
-    EXPECT_FALSE(behind);
-    EXPECT_TRUE(sys::HasEnded());
-    EXPECT_FALSE(form.isVisible());
 }
 
 }  // namespace

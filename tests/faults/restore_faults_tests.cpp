@@ -4,35 +4,16 @@
 #include "schema/names.h"
 #include "tests/faults/commands.h"
 #include "tests/faults/recorded_program.h"
+#include "tests/support/full_disk.h"
 
 #include <QFileInfo>
 
-#include <csignal>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 using tests::AltKey;
 
 namespace {
-
-/// No file grows beyond that many bytes while this stands, as on a full disk.
-class FullDisk {
-  public:
-    explicit FullDisk(qint64 bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit now{static_cast<rlim_t>(bytes), before_.rlim_max};
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &now), 0);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, signal_);
-    }
-
-  private:
-    rlimit before_{};
-    void (*signal_)(int);
-};
 
 /// A whole file of a company with one courier of its own.
 QString Backup(const QTemporaryDir& folder, int version) {
@@ -64,7 +45,7 @@ TEST(RestoreOnAFullDisk, LeavesTheOldFileWholeOrPutsTheNewOneThere) {
         Restoring program(backup);
         const QStringList before = program.StateLeft();
         {
-            const FullDisk full(room);
+            const tests::FullDisk full(room);
             tests::CommandOf("S32_Restore").give(program);
         }
         EXPECT_EQ(program.status, 0);

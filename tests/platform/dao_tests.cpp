@@ -67,16 +67,6 @@ TEST(Opening, RefusesWhatIsNoWorkingDataFile) {
     }
 }
 
-TEST(Opening, WantsTheOperatorTableOnlyInTheDataFile) {
-    const tests::DataFile file({u"drop table TE1"_s, u"create table mysheet (F1 TEXT)"_s});
-    EXPECT_EQ(OpeningSays(file.Path(), file.Connect()), u"no such table: TE1"_s);
-    const tests::DataFile helper({u"drop table TE1"_s, u"create table mysheet (F1 TEXT)"_s}, QString());
-    auto db = Open(helper);
-    db->Execute(u"insert into mysheet (F1) values ('a')"_s);
-    db->Close();
-    EXPECT_EQ(helper.Rows(u"select * from mysheet"_s), QStringList{u"a"_s});
-}
-
 TEST(Opening, RefusesAReadOnlyAndALockedFile) {
     tests::FailingStorage storage;
     const tests::DataFile file(kTables);
@@ -92,17 +82,6 @@ TEST(Opening, RefusesAReadOnlyAndALockedFile) {
     EXPECT_EQ(OpeningSays(file.Path(), file.Connect(), u"failing"_s), u"database is locked"_s);
     holder->CloseGroup();
     EXPECT_EQ(OpeningSays(file.Path(), file.Connect()), QString());
-}
-
-TEST(Opening, LetsAnOlderFileBeBroughtUpToDateFirst) {
-    const tests::DataFile file(kTables);
-    bool asked = false;
-    const auto prepare = [&](sqlite3* engine) { asked = engine != nullptr; };
-    dao::Database::Open(file.Path(), file.Connect(), {}, prepare)->Close();
-    EXPECT_TRUE(asked);
-    const auto refuse = [](sqlite3*) { throw RuntimeError(u"太新"_s); };
-    EXPECT_THROW(dao::Database::Open(file.Path(), file.Connect(), {}, refuse), RuntimeError);
-    EXPECT_EQ(file.Files(), QStringList{u"test.dat"_s});
 }
 
 TEST(File, CannotBeReadWithoutThePassword) {

@@ -1,6 +1,7 @@
 // The .xls writer: what two readers find in each of its formats, what does not fit, what a failing disk
 // leaves.
 #include "platform/workbook/workbook.h"
+#include "tests/support/full_disk.h"
 #include "tests/support/script.h"
 #include "tests/support/workbooks.h"
 
@@ -8,9 +9,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <csignal>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 using workbook::DoesNotFit;
@@ -170,26 +169,6 @@ TEST(Workbook, ASheetIsFilledToItsLimitsAndNoFurther) {
     EXPECT_TRUE(folder.Files().isEmpty());
 }
 
-/// No file of this process grows beyond these bytes.
-class FullDisk {
-  public:
-    explicit FullDisk(rlim_t bytes) : before_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &limit_);
-        const rlimit full{bytes, limit_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &full);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &limit_);
-        std::signal(SIGXFSZ, before_);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-  private:
-    rlimit limit_{};
-    void (*before_)(int);
-};
-
 TEST(Workbook, ASaveThatFailsLeavesNothing) {
     const Folder folder;
     QFile other(folder.Path(u"other.xls"_s));
@@ -215,7 +194,7 @@ TEST(Workbook, ASaveThatFailsLeavesNothing) {
     for (const auto& row : rows) {
         if (row.path.startsWith(u"/sys/") && !QFile::exists(u"/sys/kernel"_s)) continue;  // not mounted here
         try {
-            const FullDisk disk(row.diskBytes);
+            const tests::FullDisk disk(row.diskBytes);
             Write(Format::Biff5, texts, row.path);
             ADD_FAILURE() << row.path.toStdString();
         } catch (const RuntimeError& error) {

@@ -90,12 +90,4 @@ TEST(Conditions, ARemovalGivesTheNextOneTheHead) {
     }
 }
 
-TEST(Conditions, TheLineForAllRecordsGivesWay) {
-    Conditions conditions;
-    conditions.shown = QStringList{u"系统中存在的所有记录"_s};
-    conditions.Add({u""_s, u"姓名"_s, u"M04.F1"_s, Kind::Text, u"等于(=)"_s, u"1"_s});
-    EXPECT_EQ(conditions.shown, QStringList{u"        姓名  等于     1"_s});
-    EXPECT_EQ(conditions.pieces.size(), 1);
-}
-
 }  // namespace

@@ -90,24 +90,6 @@ TEST(A04, ARefusalLosesNothingAndCancelReadsTheRow) {
     AltKey(u'C');
 }
 
-TEST(A04, DeletesWhatNoWaybillUses) {
-    Couriers form;
-    form.GoToRow(3);
-    form.script.Question(u"真的要删除吗?"_s, Title, false);  // the note is named, and it is empty
-    AltKey(u'D');
-    EXPECT_EQ(form.Table().size(), 3);
-    form.script.Question(u"真的要删除吗?"_s, Title, true);
-    AltKey(u'D');
-    EXPECT_EQ(form.Lines(), (QStringList{u"张三|早班"_s, u"李四|晚班"_s}));
-    EXPECT_EQ(form.Status(), u"共 2 条记录 当前为第 2 条"_s) << "the new last row is the current one";
-    for (const auto& note : {u"晚班"_s, u"早班"_s}) {
-        form.script.Question(u"真的要删除"_s + note + u"吗?"_s, Title, true);
-        AltKey(u'D');
-    }
-    EXPECT_EQ(form.Lines(), QStringList{u"|"_s});
-    EXPECT_TRUE(form.Table().isEmpty());
-}
-
 TEST(A04, AClickOnTheHighlightedLineLeavesTheSavedRecordCurrent) {
     Couriers form;
     AltKey(u'A');

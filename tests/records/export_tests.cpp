@@ -108,26 +108,6 @@ TEST(ToExcel, ExportsTheWaybillsThatTheListShows) {
     EXPECT_EQ(book.rows, expected);
 }
 
-TEST(ToExcel, EveryListWithTheEntryIsHandedOver) {
-    for (const auto& [keys, name] :
-         {std::pair{u"A1"_s, u"A01"_s}, {u"A3"_s, u"A02"_s}, {u"A5"_s, u"A03"_s}}) {
-        Export run;
-        run.Open(keys, name);
-        QStringList headers;
-        for (int col = 0; col < run.Grid().Cols(); ++col)
-            if (run.Grid().GridColWidth(col) > 0) headers += run.Grid().TextMatrix(0, col);
-        run.modals.Next(u"ToExcel"_s, [&](QWidget& form) {
-            run.form = &form;
-            run.ExportTo(u"a"_s);
-            Export::Push(u"Cmd(1)"_s);
-        });
-        tests::AltKey(u'T');
-        const Sheet sheet = run.Read(u"a.xls"_s);
-        EXPECT_EQ(sheet.value(1), headers) << name.toStdString();
-        EXPECT_EQ(sheet.size(), run.Grid().Rows() + 1) << name.toStdString();
-    }
-}
-
 TEST(ToExcel, TakesTheShownColumnsUpToThirty) {
     const struct {
         int cols;

@@ -179,64 +179,6 @@ TEST(Query, TakesConditionsAway) {
     EXPECT_EQ(form.Column(0), QStringList{u"李四"_s});
 }
 
-struct Offer {
-    QString keys, form, base;
-    int first;
-    QStringList fields;  ///< caption|field|type code
-};
-
-TEST(Query, SearchesWhatItsCallerGives) {
-    const Offer offers[] = {
-        {u"A4"_s, u"A030"_s, u"Select M030.* from M030 "_s, 1, {u"姓名|M030.F1|0"_s, u"备注|M030.F2|0"_s}},
-        {u"A7"_s,
-         u"A05"_s,
-         u"Select M05.* from M05 "_s,
-         1,
-         {u"始发地名称|M05.F1|0"_s, u"始发地电话|M05.F2|0"_s}},
-        {u"A8"_s, u"A06"_s, u"Select M06.* from M06 "_s, 1, {u"事故原因|M06.F1|0"_s, u"备注信息|M06.F2|0"_s}},
-        {u"A1"_s, u"A01"_s, u"Select M01.* from M01 "_s, 0, {u"序号|M01.F1|0"_s, u"出货渠道|M01.F2|0"_s}},
-        {u"A5"_s,
-         u"A03"_s,
-         u"select M03.* FROM M03 "_s,
-         0,
-         {u"客户编码|M03.F1|0"_s, u"客户简称|M03.F2|0"_s, u"中文全称|M03.F301|0"_s, u"英文全称|M03.F302|0"_s,
-          u"中文地址|M03.F401|0"_s, u"英文地址|M03.F402|0"_s, u"电话|M03.F5|0"_s, u"传真|M03.F6|0"_s,
-          u"信箱|M03.F7|0"_s, u"业务员|M03.F8|0"_s, u"备注|M03.F9|0"_s}},
-        {u"B"_s,
-         u"B01"_s,
-         u"select B01.F1,B01.F101,B01.F2031,B01.F301,B01.F401,B01.F501,M01.F2,M03.F2,B01.F602,B01.F604,"_s +
-             u"B01.F103 FROM (B01 LEFT JOIN M03 ON B01.F603=M03.F1)  left join M01 on M01.F1=B01.F202 "_s,
-         0,
-         {u"速递单号|B01.F1|0"_s, u"寄件日期|B01.F101|2"_s, u"目的地|B01.F2031|0"_s, u"服务类型|B01.F301|0"_s,
-          u"付款方式|B01.F501|0"_s, u"发件客户|M03.F2|0"_s, u"外务员|B01.F602|0"_s, u"始发地|B01.F201|0"_s,
-          u"渠道编码|B01.F202|0"_s, u"区域区码|B01.F203|0"_s, u"转单号|B01.F102|0"_s, u"制单人|B01.F601|0"_s,
-          u"审核人|B01.F604|0"_s}},
-    };
-    for (const Offer& offer : offers) {
-        SCOPED_TRACE(offer.form.toStdString());
-        Searching form(offer.keys, offer.form,
-                       {u"insert into M030 (F1,F2) VALUES ('钱七','')"_s,
-                        u"insert into B01 (F1,F101) VALUES ('W1','2024-03-15')"_s});
-        const QStringList before = form.Lines();
-        form.Search([&](Dialog& dialog) {
-            auto& table = dialog.At<controls::FlexGrid>(u"GD"_s);
-            QStringList fields, captions;
-            for (int row = 0; row < table.Rows(); ++row) {
-                captions += table.TextMatrix(row, 0);
-                fields += captions.back() + u'|' + table.TextMatrix(row, 1) + u'|' + table.TextMatrix(row, 2);
-            }
-            EXPECT_EQ(fields, offer.fields);
-            // One caption is spelled differently where it is offered.
-            captions.replaceInStrings(u"区域区码"_s, u"区域编码"_s);
-            EXPECT_EQ(dialog.Items(u"CmbF"_s), captions);
-            EXPECT_EQ(dialog.At(u"CmbF"_s).ListIndex(), offer.first);
-            dialog.Find();
-        });
-        EXPECT_EQ(form.PubSql(), offer.base);
-        EXPECT_EQ(form.Lines(), before);
-    }
-}
-
 TEST(Query, ZonesShowOneHitAndTheEnginesMessage) {
     Searching form(u"A3"_s, u"A02"_s,
                    {u"insert into M02 (F1,F2,F6,P305,P306) VALUES ('Z2','东亚',3,9.5,8)"_s,

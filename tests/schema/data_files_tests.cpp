@@ -5,6 +5,7 @@
 #include "schema/names.h"
 #include "tests/support/data_file.h"
 #include "tests/support/files.h"
+#include "tests/support/full_disk.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -12,10 +13,8 @@
 #include <QLockFile>
 #include <QProcess>
 
-#include <csignal>
 #include <sqlite3.h>
 #include <stdexcept>
-#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 
@@ -50,26 +49,6 @@ int FirstRead(const QString& path, const QByteArray& key) {
     sqlite3_close(db);
     return result;
 }
-
-/// While it lives, no file of this process grows beyond a size: what a full disk does to a writer.
-class FullDisk {
-  public:
-    explicit FullDisk(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{bytes, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, signal_);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-  private:
-    void (*signal_)(int);
-    rlimit before_{};
-};
 
 TEST_F(DataFiles, TheDatabaseOpensWithItsPasswordAlone) {
     schema::MakeDatabase(Path());
@@ -118,14 +97,6 @@ TEST_F(DataFiles, TheExportFileHoldsAnEmptySheetForEveryone) {
     EXPECT_EQ(file.Rows(u"select * from mysheet"_s), QStringList());
 }
 
-TEST_F(DataFiles, TheWallpaperIsAPictureByItsContent) {
-    schema::MakePicture(Path(u"syspic.dat"_s));
-    const QImage picture = QImageReader(Path(u"syspic.dat"_s)).read();
-    EXPECT_EQ(picture.size(), QSize(1920, 1080));
-    // Drawn, and not just a ground of one colour.
-    EXPECT_NE(picture.pixel(5, 5), picture.pixel(1313, 677));
-}
-
 TEST_F(DataFiles, ASecondRunMakesWhatIsMissingAndNothingElse) {
     EXPECT_EQ(schema::MakeDataFiles(folder(), u"甲"_s), kNames);
     EXPECT_EQ(Listing(), QStringList({u"excel.dat"_s, u"syspic.dat"_s, u"tessik.dat"_s}));
@@ -139,12 +110,6 @@ TEST_F(DataFiles, ASecondRunMakesWhatIsMissingAndNothingElse) {
     EXPECT_EQ(Bytes(Path(u"syspic.dat"_s)), "a picture of the user's");
     EXPECT_THROW(schema::MakeDatabase(Path()), RuntimeError);
     EXPECT_EQ(Bytes(Path()), database);
-}
-
-TEST_F(DataFiles, ALinkToNowhereIsAFileThatIsThere) {
-    ASSERT_TRUE(QFile::link(folder() + u"/elsewhere/tessik.dat"_s, Path()));
-    EXPECT_EQ(schema::MakeDataFiles(folder()), QStringList({u"excel.dat"_s, u"syspic.dat"_s}));
-    EXPECT_TRUE(QFileInfo(Path()).isSymLink());
 }
 
 TEST_F(DataFiles, WhatFailsHalfWayLeavesNothing) {

@@ -62,8 +62,12 @@ void Company::Run(std::initializer_list<QString> statements) {
 }
 
 QStringList Company::Rows(const QString& select) {
+    return RowsOf(Db(), select);
+}
+
+QStringList RowsOf(dao::Database& db, const QString& select) {
     QStringList rows;
-    auto set = Db().OpenRecordset(select);
+    auto set = db.OpenRecordset(select);
     for (; !set.Eof(); set.MoveNext()) {
         QStringList fields;
         for (int i = 0; i < set.FieldCount(); ++i)

@@ -20,6 +20,9 @@ struct OpenWith {
     std::function<void(sqlite3*)> prepare = {};
 };
 
+/// The rows of a SELECT, each as its fields joined by "|", a null as "<null>".
+QStringList RowsOf(dao::Database& db, const QString& select);
+
 class Company {
   public:
     explicit Company(const OpenWith& with = {});
@@ -39,7 +42,6 @@ class Company {
     /// Runs statements in this order; a failing one fails by its exception.
     void Run(std::initializer_list<QString> statements);
     void Run(const QString& statement) { Run({statement}); }
-    /// The rows of a SELECT, each as its fields joined by "|", a null as "<null>".
     QStringList Rows(const QString& select);
     /// The rows joined by blanks: one row of one field is just that field; "" if there is none.
     QString Answer(const QString& select) { return Rows(select).join(u' '); }

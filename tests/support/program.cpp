@@ -145,15 +145,7 @@ bool Desk::Enabled(const QString& command) {
 }
 
 QStringList Desk::Rows(const QString& sql) {
-    QStringList lines;
-    auto rows = ::Db->OpenRecordset(sql);
-    for (; !rows.Eof(); rows.MoveNext()) {
-        QStringList cells;
-        for (int i = 0; i < rows.FieldCount(); ++i)
-            cells += rows.Fields(i).IsNull() ? u"<null>"_s : rows.Fields(i).Text();
-        lines += cells.join(u'|');
-    }
-    return lines;
+    return RowsOf(*::Db, sql);
 }
 
 void Desk::Execute(const QString& sql) {

@@ -170,14 +170,5 @@ TEST(A01, DeletingTakesWhatTheFourStatementsName) {
     EXPECT_TRUE(unused.Stored().isEmpty());
 }
 
-TEST(A01, AnApostropheLosesTheRowAndIsReported) {
-    Channels form;
-    AltKey(u'E');
-    form.SetBox(2, u"it's"_s);
-    form.EndsWith(u"VALUES ('H1','环洋','it's',0.5,"_s);
-    AltKey(u'S');
-    EXPECT_TRUE(form.Stored().isEmpty());
-}
-
 }  // namespace
 }  // namespace tests

@@ -21,21 +21,6 @@ enum {
     Owed
 };
 
-TEST(A03, ListsCustomersAndTellsThePosition) {
-    CustomerForm form;
-    EXPECT_EQ(form.Lines(),
-              (QStringList{u"C1|华兴|华兴公司|Huaxing|浦东|Pudong|021|022|a@b|孙丽萍|一|1|10|20"_s,
-                           u"C2|恒丰||||||||||||"_s}));
-    EXPECT_EQ(form.Grid().TextMatrix(0, 2), u"中文全称"_s);
-    EXPECT_EQ(form.Status(), u"客户资料列表：共 2 条记录 当前为第 1 条"_s);
-    form.GoToRow(2);
-    EXPECT_EQ(form.Status(), u"客户资料列表：共 2 条记录 当前为第 2 条"_s);
-    QStringList commands;
-    for (const QAction* action : form.Frame().Front()->MenuBar()->actions()) commands += action->text();
-    EXPECT_EQ(commands, (QStringList{u"&A.增加"_s, u"&E.修改"_s, u"&D.删除"_s, u"&Q.查找"_s, u"&S.保存"_s,
-                                     u"&C.取消"_s, u"&T.导出数据"_s, u"&P.打印"_s, u"&R.返回"_s}));
-}
-
 TEST(A03, TheCardReadsTheRowAndItsQuotes) {
     CustomerForm form;
     Press(Qt::Key_Tab);
@@ -56,34 +41,6 @@ TEST(A03, TheCardReadsTheRowAndItsQuotes) {
     form.Tabs().SelectItem(2);
     EXPECT_EQ(form.Line(u"TxtMEMO(0)"_s), u""_s);
     EXPECT_EQ(form.Zones(), u"A01"_s);
-}
-
-TEST(A03, WhileBrowsingTheCardCannotBeEntered) {
-    CustomerForm form;
-    form.Tabs().SelectItem(2);
-    for (const auto& name : {u"Txt(1)"_s, u"Txt(11)"_s, u"TxtMEMO(2)"_s}) {
-        form.Enter(name);
-        EXPECT_EQ(FocusName(), u"TabS"_s) << name.toStdString();
-    }
-    EXPECT_EQ(form.script.InputMethodSwitches(), 0);
-    for (const auto& name : {u"CmbYWY"_s, u"PicLRQ"_s, u"CmdGdMxclear"_s, u"CmdReNewPrice"_s, u"Lab(10)"_s})
-        EXPECT_FALSE(form.At<QWidget>(name).isVisible()) << name.toStdString();
-    // From the tabs the keyboard reaches the quotes; the panel unfolds and folds.
-    EXPECT_EQ(form.ButtonCaption(u"CmdUpDown"_s), u"5"_s);
-    Press(Qt::Key_Tab);
-    EXPECT_EQ(FocusName(), u"CmdUpDown"_s);
-    Press(Qt::Key_Return);
-    EXPECT_EQ(form.ButtonCaption(u"CmdUpDown"_s), u"6"_s);
-    EXPECT_TRUE(form.Quotes().isVisible());
-    Press(Qt::Key_Tab);
-    EXPECT_EQ(FocusName(), u"GdMx"_s);
-    Press(Qt::Key_Return);
-    EXPECT_FALSE(form.Quotes().Editing()) << "prices are edited in add and edit state only";
-    AltKey(u'E');
-    EXPECT_FALSE(form.Quotes().isVisible()) << "an edit begins with the panel folded";
-    form.Push(u"CmdUpDown"_s);
-    AltKey(u'C');
-    EXPECT_EQ(form.ButtonCaption(u"CmdUpDown"_s), u"5"_s) << "and ends so";
 }
 
 TEST(A03, ANewCustomerIsEnteredByEnterAlone) {
@@ -258,38 +215,6 @@ TEST(A03, TheSalespersonIsChosenOrTyped) {
     EXPECT_EQ(combo.List(0), u"请先建立业务员档案"_s);
     EXPECT_EQ(combo.Text(), u""_s);
     AltKey(u'C');
-}
-
-TEST(A03, CommandsFollowTheState) {
-    CustomerForm form;
-    const auto enabled = [&] {
-        QStringList names;
-        for (const QString& name : {u"Add"_s, u"edit"_s, u"del"_s, u"save"_s, u"cancel"_s, u"Return"_s,
-                                    u"query"_s, u"ToExcel"_s, u"print"_s})
-            if (form.Enabled(u"Menu_"_s + name)) names += name;
-        return names.join(u' ');
-    };
-    for (int pass = 0; pass < 2; ++pass) {
-        EXPECT_EQ(enabled(), u"Add edit del Return query ToExcel"_s);
-        AltKey(u'E');
-        EXPECT_EQ(enabled(), u"save cancel Return"_s);
-        EXPECT_FALSE(form.Tabs().isEnabled());
-        AltKey(u'C');
-    }
-    const auto& print = Find<QMenu>(*form.Frame().Front()->MenuBar(), u"Menu_print"_s);
-    EXPECT_EQ(print.actions().at(0)->text() + print.actions().at(1)->text(),
-              u"&1.打印国际报价表&1.打印国内报价表"_s);
-}
-
-TEST(A03, AnApostropheLosesCustomerAndQuotes) {
-    CustomerForm form;
-    AltKey(u'E');
-    form.SetBox(EnglishName, u"O'Neil"_s);
-    form.EndsWith(u"'O'Neil'"_s);
-    AltKey(u'S');
-    EXPECT_EQ(form.Rows(u"select F1 from M03"_s), QStringList{u"C2"_s})
-        << "the deletes before it were executed";
-    EXPECT_TRUE(form.Stored(u"C1"_s).isEmpty());
 }
 
 TEST(A03, ALoadThatFailsIsTold) {

@@ -272,26 +272,6 @@ TEST(Quotes, APriceIsEditedByMouseAndByKeys) {
               (QStringList{u"A01|12.3|33|20|15.1|9.5|88"_s, u"B01|7|0|220|60|90|10"_s}));
 }
 
-TEST(Quotes, ABlankRowIsNotEditedAndACancelledEditLeavesNothing) {
-    QuoteForm form;
-    form.ClickCell(2, 4);
-    EXPECT_FALSE(form.Quotes().Editing());
-    form.AddQuote(u"A01"_s, u"1"_s);
-    form.EditByKeys(2, 5);
-    Type(u"99"_s);
-    AltKey(u'C');
-    EXPECT_EQ(form.Quote(2), u"A01|东亚|5.0||||6|"_s);
-    EXPECT_EQ(form.Stored(u"C2"_s, u"F1,F2,F6"_s), QStringList{u"A01|5|6"_s});
-    AltKey(u'E');
-    form.Push(u"CmdUpDown"_s);
-    form.EditByKeys(2, 5);
-    Type(u"9"_s);
-    Click(form.At<QWidget>(u"CmdGdMxclear"_s));
-    EXPECT_EQ(form.Quote(2, 0, 20), QString(20, u'|'))
-        << "the edit in hand does not reappear in the cleared grid";
-    AltKey(u'C');
-}
-
 TEST(Quotes, DeletingAsksByNameAndFollowsTheCustomerList) {
     QuoteForm form;
     for (const auto& zone : {u"A01"_s, u"A02"_s, u"B01"_s}) form.AddQuote(zone, u"1"_s);

@@ -1,6 +1,4 @@
 // The selling zones' form, driven by keys: the card, its places, its prices, saving, deleting, refusing.
-#include "tariffs/map_picture.h"
-#include "tariffs/service_zones.h"
 #include "tests/tariffs/zone_program.h"
 
 #include <QClipboard>
@@ -86,14 +84,6 @@ TEST(A02, ShowsTheCardWithTheBracketsOfTheStandard) {
     form.TextBoxAt(20).SetFocus();
     Settle();
     EXPECT_EQ(FocusName(), u"TabS") << "though the box is never locked";
-}
-
-TEST(A02, CaptionsStayAsDesignedWithoutAStandard) {
-    Zones form(QStringList{});
-    form.ShowCard();
-    EXPECT_EQ(form.Caption(9), u"文件首0.5Kg");
-    EXPECT_EQ(form.Caption(12), u"小包裹续0.5Kg");
-    AltKey(u'D');  // an empty list: nothing to delete, nothing asked
 }
 
 TEST(A02, ProposesAsTheBoxesAreEntered) {
@@ -299,54 +289,6 @@ TEST(A02, DeletesWithThePlainQuestionWhateverRefersToIt) {
     form.script.Question(u"真的要删除南美吗?"_s, Title, true);
     AltKey(u'D');
     EXPECT_EQ(form.Lines(), QStringList{QString(24, u'|')});
-}
-
-TEST(A02, AnApostropheLosesTheZoneFromTheFile) {
-    Zones form;
-    form.ShowCard();
-    AltKey(u'E');
-    form.SetBox(1, u"it's"_s);
-    form.EndsWith(u"'Z1','it's','America',3,'注',10.5,"_s);
-    AltKey(u'S');
-    EXPECT_TRUE(form.script.Done());
-    EXPECT_EQ(form.Codes(), QStringList{u"Z2"_s});
-    EXPECT_TRUE(form.Places().isEmpty());
-    EXPECT_EQ(form.Box(1), u"it's") << "it remains on the card";
-}
-
-struct OpenedZones : A02 {
-    using RecordForm::LoadGridOrTell;
-};
-
-TEST(A02, ALoadOfTooFewColumnsShowsItsFirstRowAndTellsTheRest) {
-    Zones form;
-    OpenedZones zones;
-    zones.LoadGridOrTell(u"select F1,F2,F4 from M02 where F1='Z9'"_s);
-    form.script.Box(u"在此集合中找不到该项目"_s, Title);
-    zones.LoadGridOrTell(
-        u"select F1,F2,F4,F6,F8,P101,P102,P201,P202,P301,P302,P303,P304,P305 from M02 order by F1"_s);
-    auto& grid = Find<controls::FlexGrid>(zones, u"GD"_s);
-    ASSERT_EQ(grid.Rows(), 2);
-    EXPECT_EQ(grid.TextMatrix(1, 0), u"Z1");
-    EXPECT_EQ(grid.TextMatrix(1, 13), u"90.5");
-    EXPECT_EQ(grid.TextMatrix(1, 14), u"");
-    form.script.BoxContaining(u"X9"_s);
-    zones.LoadGridOrTell(u"select X9 from M02"_s);
-}
-
-TEST(A02, PicturesSwapWhenTheyAreClicked) {
-    Zones form;
-    form.ShowCard();
-    auto& east = form.At<MapPicture>(u"ImgMap(0)"_s);
-    auto& west = form.At<MapPicture>(u"ImgMap(1)"_s);
-    EXPECT_EQ(east.size(), QSize(224, 160));
-    EXPECT_TRUE(east.isVisible() && !west.isVisible());
-    EXPECT_FALSE(east.grab().toImage().allGray());
-    Click(east);
-    EXPECT_TRUE(!east.isVisible() && west.isVisible());
-    EXPECT_EQ(west.size(), QSize(229, 182));
-    Click(west);
-    EXPECT_TRUE(east.isVisible() && !west.isVisible());
 }
 
 }  // namespace

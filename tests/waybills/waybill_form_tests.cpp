@@ -367,13 +367,5 @@ TEST(B01, RightsDecideWhatIsSeenAndEdited) {
         << "an edit that keeps a stored total saves";
 }
 
-TEST(B01, AReleasedWaybillSavedAgainPostsItsPayable) {
-    WaybillForm form({ReleasedWaybill, u"insert into TE1 (F1,F2,F61,F64,F65) VALUES ('003','小李',1,1,1)"_s},
-                     u"003"_s);
-    AltKey(u'E');
-    AltKey(u'S');
-    EXPECT_EQ(form.Journal(), (QStringList{u"YSW1|华兴|115|131|0|115"_s, u"YFW1|环洋|80|132|0|80"_s}));
-}
-
 }  // namespace
 }  // namespace tests
