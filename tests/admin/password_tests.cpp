@@ -1,7 +1,6 @@
 // Changing one's own password: what is refused, what is stored.
 #include "admin/password.h"
 #include "platform/controls/box.h"
-#include "platform/system/guard.h"
 #include "tests/app/frame_run.h"
 
 #include <gtest/gtest.h>

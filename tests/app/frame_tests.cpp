@@ -7,9 +7,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QStatusBar>
-#include <QToolBar>
-#include <QToolButton>
 
 #include <gtest/gtest.h>
 

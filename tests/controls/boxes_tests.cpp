@@ -1,7 +1,6 @@
 // The boxes as the operator meets them: typing, pasting, choosing, and what the form hears of it.
 #include "platform/controls/box.h"
 #include "platform/controls/keys.h"
-#include "platform/controls/tab_strip.h"
 #include "platform/errors.h"
 #include "tests/support/gui.h"
 #include "tests/support/script.h"

@@ -1,10 +1,7 @@
 // The layout grammar: where boxes of a card start and end, and what covers what.
 #include "platform/controls/box.h"
 #include "platform/controls/look.h"
-#include "platform/controls/modal_form.h"
 #include "tests/support/gui.h"
-
-#include <QVBoxLayout>
 
 #include <gtest/gtest.h>
 

@@ -9,7 +9,6 @@
 #include "tests/support/script.h"
 
 #include <QApplication>
-#include <QMessageBox>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>

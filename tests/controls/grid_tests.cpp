@@ -6,7 +6,6 @@
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
-#include <QClipboard>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>

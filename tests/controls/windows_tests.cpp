@@ -1,7 +1,6 @@
 // The toolkit's real windows behind the seams, and the modal forms.
 #include "platform/controls/box.h"
 #include "platform/controls/modal_form.h"
-#include "platform/controls/wait.h"
 #include "platform/controls/windows.h"
 #include "tests/support/files.h"
 #include "tests/support/gui.h"

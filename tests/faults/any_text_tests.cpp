@@ -1,4 +1,4 @@
-// Every box takes any text. Whatever is pasted into a box of the waybills' and of the couriers' card and
+// Every box takes any text. Whatever is pasted into a box of the waybill's card and
 // saved ends as a stored value by the rules of the box, as a message, or as the report of the failing
 // statement.
 #include "platform/text/numbers.h"

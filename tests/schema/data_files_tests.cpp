@@ -8,8 +8,6 @@
 #include "tests/support/full_disk.h"
 
 #include <QDir>
-#include <QFileInfo>
-#include <QImageReader>
 #include <QLockFile>
 #include <QProcess>
 
