@@ -1,5 +1,6 @@
 #include "platform/controls/windows.h"
 
+#include "platform/controls/box.h"
 #include "platform/controls/wait.h"
 
 #include <QApplication>
@@ -112,7 +113,7 @@ void AddButtons(QMessageBox& box, const sys::BoxRequest& request) {
     }
     QPushButton* yes = box.addButton(QMessageBox::Yes);
     yes->setText(u"是(&Y)"_s);
-    if (request.destroys) yes->setProperty("role", u"danger"_s);
+    if (request.destroys) Mark(yes, "role", u"danger"_s);
     box.addButton(QMessageBox::No)->setText(u"否(&N)"_s);
     const bool no = request.defaultButton == sys::BoxAnswer::No;
     box.setDefaultButton(no ? QMessageBox::No : QMessageBox::Yes);
