@@ -3,12 +3,9 @@
 
 #include "demo/operator.h"
 
-#include <QDateTime>
-
 namespace demo {
 
-/// From the login to the closing of the main window. The clock is the program's own, moved by the day; what
-/// is exported goes into the folder.
-void TellDay(Operator& op, QDateTime& clock, const QString& folder);
+/// From the login to the closing of the main window; what is exported goes into the folder.
+void TellDay(Operator& op, const QString& folder);
 
 }  // namespace demo

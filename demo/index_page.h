@@ -1,5 +1,5 @@
-// The pictures of the day as one page, in the order of the day, each with its caption: a file of its own
-// beside the pictures that any browser opens, without anything from elsewhere.
+// The pictures of the day as one page, in the order of the day, by chapters, each with its caption: a file of
+// its own beside the pictures that any browser opens, without anything from elsewhere.
 #pragma once
 
 #include "demo/screen.h"

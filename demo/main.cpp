@@ -1,15 +1,13 @@
-// demo FOLDER [SUFFIX [WIDTHxHEIGHT [PAUSE]]]: plays a day's work of a small company on the real program,
-// then walks through the sample company in FOLDER/sample if there is one, and leaves in FOLDER the company's
-// folder, pictures of every form (their names end in SUFFIX), a page that shows them in order (index + SUFFIX
-// + .html) and a summary. Ends with 0 when everything was as it has to be, 1 when something was not, 2 when
-// it was called wrongly.
+// demo FOLDER [SUFFIX [WIDTHxHEIGHT [PAUSE]]]: plays a day's work of the sample company in FOLDER/sample on
+// the real program and leaves in FOLDER the copy that was worked on, pictures of every form (their names end
+// in SUFFIX), a page that shows them in order (index + SUFFIX + .html) and a summary. Ends with 0 when
+// everything was as it has to be, 1 when something was not, 2 when it was called wrongly.
 #include "app/product.h"
 #include "app/session.h"
 #include "demo/day.h"
+#include "demo/day_entries.h"
 #include "demo/display_words.h"
 #include "demo/index_page.h"
-#include "demo/sample_company.h"
-#include "demo/sample_tour.h"
 #include "demo/summary.h"
 #include "platform/controls/look.h"
 #include "platform/errors.h"
@@ -54,15 +52,15 @@ QString FileOf(const QString& company) {
     return company + u'/' + schema::kDatabaseFile.toString();
 }
 
-/// A company of its own; one that is there already is not touched.
-QString MakeCompany(const QString& folder) {
+/// A copy of the sample company; one that is there already is not touched.
+QString CopyCompany(const QString& folder) {
     const QString company = folder + u"/company"_s;
     if (!QDir().mkpath(company)) throw RuntimeError(u"无法建立文件夹 "_s + company);
-    if (!schema::MakeDataFiles(company, demo::kCompany).contains(schema::kDatabaseFile.toString()))
+    if (QFile::exists(FileOf(company)))
         throw RuntimeError(u"文件夹“%1”中已有数据文件，演示需要一个新的文件夹！"_s.arg(company));
-    const auto db = dao::Database::Open(FileOf(company), schema::kConnect.toString());
-    for (const QString& statement : demo::MasterStatements()) db->Execute(statement);
-    db->Close();
+    const QString sample = FileOf(folder + u"/sample"_s);
+    if (!QFile::copy(sample, FileOf(company))) throw RuntimeError(u"无法复制 "_s + sample);
+    schema::MakeDataFiles(company);  // the others
     return company;
 }
 
@@ -73,18 +71,17 @@ void Write(const QString& path, const QString& text) {
 }
 
 /// The pictures are to come out the same every time.
-void Steady(QApplication& app, QDateTime& clock) {
+void Steady(QApplication& app) {
     app.setCursorFlashTime(0);
-    sys::seams().now = [&clock] { return clock; };
+    sys::seams().now = [] { return QDateTime(demo::kToday, QTime(9, 15)); };
     sys::seams().localeName = [] { return u"zh_CN"_s; };
 }
 
-/// The program on a company's folder, from its start to the closing of the main window, worked as told.
-void PlayOn(const QString& company, demo::Screen& screen, int pause,
-            const std::function<void(demo::Operator&)>& tell) {
-    demo::Operator op(screen, pause);
+/// The program on the company's folder, from its start to the closing of the main window.
+void PlayOn(const QString& company, demo::Screen& screen, const Arguments& arguments) {
+    demo::Operator op(screen, arguments.pause);
     sys::seams().leave = [&op](int) { op.Fail(u"程序提前结束"_s); };
-    tell(op);
+    demo::TellDay(op, QDir(arguments.folder).absolutePath());
     op.Start();
     StartUpParts parts = Wire(company);
     const auto login = parts.showLogin;
@@ -98,19 +95,11 @@ void PlayOn(const QString& company, demo::Screen& screen, int pause,
     if (!op.Done()) op.Fail(u"主窗口已关闭，还有步骤未完成"_s);
 }
 
-/// The day on a company of its own; then, where a sample company stands beside it, a walk through that.
 int Play(QApplication& app, const Arguments& arguments) {
-    const QString company = MakeCompany(arguments.folder);
-    QDateTime clock(QDate(2024, 11, 22), QTime(16, 40));
-    Steady(app, clock);
+    const QString company = CopyCompany(arguments.folder);
+    Steady(app);
     demo::Screen screen(arguments.size, arguments.folder, arguments.suffix);
-    PlayOn(company, screen, arguments.pause,
-           [&](demo::Operator& op) { demo::TellDay(op, clock, QDir(arguments.folder).absolutePath()); });
-    const QString sampleFolder = arguments.folder + u"/sample"_s;
-    if (QFile::exists(FileOf(sampleFolder))) {
-        schema::MakeDataFiles(sampleFolder);  // the wallpaper
-        PlayOn(sampleFolder, screen, arguments.pause, demo::TellTour);
-    }
+    PlayOn(company, screen, arguments);
     const QString summary = demo::Summary(FileOf(company), screen.Pictures());
     Write(arguments.folder + u"/summary.txt"_s, summary);
     const QString page = arguments.folder + u"/index"_s + arguments.suffix + u".html"_s;

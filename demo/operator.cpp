@@ -180,6 +180,10 @@ void Operator::ExpectBox(const QString& text, const QString& title, const QStrin
     Add(u"窗口重新激活"_s, WakeModalWindow, true);
 }
 
+void Operator::Chapter(const QString& title, const QString& words) {
+    Add(title, [=, this] { screen_.Begin(title, words); });
+}
+
 void Operator::Picture(const QString& name, const QString& caption) {
     Add(u"图片 "_s + name, [this, name, caption] { screen_.Keep(name, caption); });
 }

@@ -50,6 +50,8 @@ class Operator {
     void ExpectBox(const QString& text, const QString& title, const QString& picture = {},
                    Qt::Key answer = Qt::Key_Return);
 
+    /// What the pictures from here on belong to.
+    void Chapter(const QString& title, const QString& words);
     /// The whole screen as it is then.
     void Picture(const QString& name, const QString& caption);
 

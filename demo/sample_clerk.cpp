@@ -4,7 +4,6 @@
 #include "app/rights.h"
 #include "app/session.h"
 #include "demo/rows.h"
-#include "demo/sample_company.h"
 #include "demo/sample_masters.h"
 #include "demo/sample_waybills.h"
 #include "platform/controls/box.h"
@@ -213,8 +212,8 @@ void Clerk::EnterMasters() {
 void Clerk::EnterStandard() {
     expected_ = {u"警告！计价标准不宜经常改变！真的继续吗？"_s, u"保存成功！"_s};
     controls::ModalForm::StandIn() = [this](controls::ModalForm& form) {
-        for (const demo::Entry& entry : demo::StandardEntries())
-            At<controls::LineBox>(form, entry.control).SetText(entry.text);
+        for (int box = 0; box < Standard().size(); ++box)
+            At<controls::LineBox>(form, u"Txt(%1)"_s.arg(box)).SetText(Standard()[box]);
         At<controls::Button>(form, u"CmdOK"_s).click();
         At<controls::Button>(form, u"CmdCancel"_s).click();
     };

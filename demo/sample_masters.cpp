@@ -20,6 +20,12 @@ QString HeavyRate(double first, double fall, int segment) {
 
 }  // namespace
 
+const QStringList& Standard() {
+    static const QStringList figures =
+        u"0.5 0.5 0.5 0.5 21 46 71 101 151 201 251 301 401 501 601 701 801 901 1001 1.5"_s.split(u' ');
+    return figures;
+}
+
 const std::vector<Named>& Couriers() {
     static const std::vector<Named> couriers = {
         {u"吴一鸣"_s, u"浦东北片（虚构）"_s},   {u"郑小海"_s, u"浦东南片（虚构）"_s},

@@ -14,6 +14,10 @@ namespace sample {
 
 inline const QString kCompany = QStringLiteral("样例速递有限公司（虚构）");
 
+/// The twenty figures of the pricing standard: first weights and steps, the bounds of the heavy segments in
+/// kg, the coefficient.
+const QStringList& Standard();
+
 /// A line of a small form: a name and its note.
 struct Named {
     QString name, note;

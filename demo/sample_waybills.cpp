@@ -1,6 +1,5 @@
 #include "demo/sample_waybills.h"
 
-#include "demo/sample_company.h"
 #include "demo/sample_masters.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
@@ -79,10 +78,7 @@ class Planner {
     double ParcelWeight() { return Chance(6) ? 0.5 : (5 + UpTo(196)) / 10.0; }
     /// Light ones come more often, and every segment comes.
     double HeavyWeight() {
-        static const std::vector<demo::Entry> standard = demo::StandardEntries();
-        const auto bound = [](int segment) {
-            return standard[static_cast<std::size_t>(FirstHeavyBound + segment)].text.toInt();
-        };
+        const auto bound = [](int segment) { return Standard()[FirstHeavyBound + segment].toInt(); };
         const int segment = ++heavy_ % 4 == 0 ? heavy_ / 4 % HeavySegments
                                               : std::min(UpTo(HeavySegments), UpTo(HeavySegments));
         const int from = bound(segment);

@@ -110,13 +110,18 @@ QImage Screen::Take() const {
     return picture;
 }
 
+void Screen::Begin(const QString& chapter, const QString& words) {
+    chapter_ = chapter;
+    words_ = words;
+}
+
 void Screen::Keep(const QString& name, const QString& caption) {
     if (!frame_) return;
     const auto number = u"%1"_s.arg(static_cast<int>(kept_.size()) + 1, 2, 10, QChar(u'0'));
     const QString file = number + u'-' + name + suffix_ + u".png"_s;
     // The smallest file that the toolkit writes.
     if (!Take().save(folder_ + u'/' + file, "PNG", 0)) throw RuntimeError(u"无法写入图片 "_s + file);
-    kept_.push_back({file, caption});
+    kept_.push_back({file, caption, chapter_, words_});
 }
 
 }  // namespace demo

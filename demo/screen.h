@@ -19,12 +19,15 @@ class Screen {
 
     /// Gives the main window the whole screen beneath its title bar.
     void Fill(QWidget& frame);
+    /// What the pictures from now on belong to: a title, and a sentence on what is done.
+    void Begin(const QString& chapter, const QString& words);
     /// Writes a picture of the main window and all that stands over it.
     void Keep(const QString& name, const QString& caption);
 
     struct Kept {
         QString file;
         QString caption;
+        QString chapter, words;
     };
     const std::vector<Kept>& Pictures() const { return kept_; }
 
@@ -35,6 +38,7 @@ class Screen {
     QString folder_;
     QString suffix_;
     QWidget* frame_ = nullptr;
+    QString chapter_, words_;
     std::vector<Kept> kept_;
 };
 

@@ -1,7 +1,8 @@
 #include "demo/summary.h"
 
+#include "demo/day_entries.h"
 #include "demo/rows.h"
-#include "demo/sample_company.h"
+#include "demo/sample_masters.h"
 #include "platform/errors.h"
 #include "platform/text/numbers.h"
 #include "schema/names.h"
@@ -103,14 +104,14 @@ QString Chain(dao::Database& db, const QString& counterparty) {
 
 QString Summary(const QString& file, const std::vector<Screen::Kept>& pictures) {
     const auto db = dao::Database::Open(file, schema::kConnect.toString());
-    QString text = kCompany + u"：演示结果\n数据文件 "_s + file + u"\n"_s;
-    text += u"\n速递单（金额单位：元）\n"_s + Waybills(*db);
+    QString text = sample::kCompany + u"：演示结果\n数据文件 "_s + file + u"\n"_s;
+    text += u"\n当天的速递单（金额单位：元）\n"_s + Waybills(*db);
     text += u"\n应收往来："_s + kCustomer + u'\n' + Chain(*db, kCustomer);
     text += u"\n应付往来："_s + kChannel + u'\n' + Chain(*db, kChannel);
     text +=
         u"\n序号计数器 "_s + Rows(*db, u"select Setval from SysInfo where ID=100"_s).join(QString()) + u'\n';
     text += u"\n图片（标题栏由演示程序画出，窗口内容为程序本身的画面）\n"_s;
-    for (const auto& [name, caption] : pictures) text += Cell({{}, 36}, name) + caption + u'\n';
+    for (const auto& picture : pictures) text += Cell({{}, 36}, picture.file) + picture.caption + u'\n';
     return text;
 }
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Plays a day's work of a small company on the real program, driven by keys, at 100 % and at 150 %, walks through
-# a copy of the sample company, and leaves pictures, a page that shows them, a summary and both companies' folders
-# in demo-out/. Nothing outside of demo-out/ is touched.
+# Plays a day's work on a copy of the sample company on the real program, driven by keys, at 100 % and at 150 %, and
+# leaves pictures, a page that shows them, a summary, the sample company and the copy that was worked on in
+# demo-out/. Nothing outside of demo-out/ is touched.
 #
 #   scripts/demo.sh            without a screen, as fast as it goes
 #   scripts/demo.sh --watch    on the display that is there, at a pace to look at
@@ -13,7 +13,7 @@ demo=build/release/bin/demo
 
 without_screen() { # suffix of the pictures, scale in percent, width and height of the screen at 100 %
     local width=${3:-1366} height=${4:-768} screen
-    # The company is new for each run; the one of the last run stays.
+    # The copy is new for each run; the one of the last run stays.
     rm -rf demo-out/company
     screen=$(mktemp)
     sed -e "s/1366/$((width * $2 / 100))/" -e "s/768/$((height * $2 / 100))/" demo/screen.json >"$screen"
@@ -61,4 +61,4 @@ say ""
 say "To read from top to bottom: demo-out/index.html"
 say "Pictures: demo-out/*.png (at 150 %: demo-out/*-150.png), the figures above: demo-out/summary.txt"
 say "The list of waybills as a workbook: demo-out/速递单.xls"
-say "The company: demo-out/company/ (on a desktop, demo-out/company/korvane opens it; operator 001, password korvane1)"
+say "The company: demo-out/company/ (on a desktop, demo-out/company/korvane opens it; operator 001, no password)"

@@ -1,37 +1,18 @@
-#include "demo/sample_company.h"
+#include "demo/day_entries.h"
 
 using namespace Qt::StringLiterals;
 
 namespace demo {
 namespace {
 
-const QDate kFriday(2024, 11, 22);
 const QDate kSaturday(2024, 11, 23);
-const QDate kMonday(2024, 11, 25);
-const QString kZone = u"B01.北美东岸"_s;
-
-/// A zone with its list prices in whole yuan.
-struct Zone {
-    QString code, name, english;
-    int document, more, parcel, each;
-    int heavy;  ///< of the first heavy segment, per kg; each further one is 1 less
-};
-
-const Zone kEnteredZone = {u"B01"_s, u"北美东岸"_s, u"North America East"_s, 150, 45, 190, 58, 80};
-const Zone kOtherZones[] = {
-    {u"A01"_s, u"东亚"_s, u"East Asia"_s, 80, 24, 100, 30, 40},
-    {u"A02"_s, u"东南亚"_s, u"South-East Asia"_s, 90, 25, 110, 30, 44},
-    {u"B02"_s, u"北美西岸"_s, u"North America West"_s, 145, 43, 184, 56, 78},
-    {u"C01"_s, u"西欧"_s, u"Western Europe"_s, 155, 47, 195, 60, 82},
-    {u"D01"_s, u"中东"_s, u"Middle East"_s, 165, 50, 205, 62, 84},
-};
+const QString kZone = u"D01.北美东岸"_s;
 constexpr int kSegments = 15;
 
-QStringList ListPrices(const Zone& zone) {
-    QStringList prices;
-    for (const int price : {zone.document, zone.more, zone.parcel, zone.each})
-        prices += QString::number(price);
-    for (int segment = 0; segment < kSegments; ++segment) prices += QString::number(zone.heavy - segment);
+/// Of the new zone; each heavy segment is 1 yuan a kg below the one before.
+QStringList ListPrices() {
+    QStringList prices = {u"170"_s, u"52"_s, u"215"_s, u"66"_s};
+    for (int segment = 0; segment < kSegments; ++segment) prices += QString::number(88 - segment);
     return prices;
 }
 
@@ -43,41 +24,17 @@ std::vector<Entry> Boxes(int first, const QStringList& texts) {
 
 }  // namespace
 
-QStringList MasterStatements() {
-    QStringList statements = {
-        u"update TE1 set F3='"_s + kPassword + u"' where F1='001'"_s,
-        // Enters waybills and nothing else; sees no figures.
-        u"insert into TE1 (F1,F2,F3,F60,F61,F62,F63,F64,F65,F66,F67) VALUES ('002','周婷','zt',0,1,0,0,0,0,0,0)"_s,
-        u"insert into M021 (F0,F1,F2) VALUES ('A02','曼谷','Bangkok')"_s,
-    };
-    for (const Zone& zone : kOtherZones)
-        statements
-            << u"insert into M02 (F1,F2,F3,F4,F6,P101,P102,P201,P202,P301,P302,P303,P304,P305,P306,P307,P308,"_s +
-                   u"P309,P310,P311,P312,P313,P314,P315) VALUES ('%1','%2','国外','%3',4,"_s.arg(
-                       zone.code, zone.name, zone.english) +
-                   ListPrices(zone).join(u',') + u')';
-    return statements;
-}
-
-std::vector<Entry> StandardEntries() {
-    return Boxes(
-        0, u"0.5 0.5 0.5 0.5 21 46 71 101 151 201 251 301 401 501 601 701 801 901 1001 1.5"_s.split(u' '));
-}
-
 std::vector<Entry> ZoneEntries() {
-    std::vector<Entry> entries =
-        Boxes(0, {kEnteredZone.code, kEnteredZone.name, kEnteredZone.english, u"4"_s});
-    entries.push_back({u"cmbFw"_s, u"国外"_s});
-    return entries;
+    return Boxes(0, {u"G01"_s, u"中亚"_s, u"Central Asia"_s, u"5"_s});
 }
 
 std::vector<Entry> ZonePrices() {
-    return Boxes(9, ListPrices(kEnteredZone));
+    return Boxes(9, ListPrices());
 }
 
 const std::vector<MasterRow>& ZoneAreas() {
     static const std::vector<MasterRow> areas = {
-        {u"纽约"_s, u"New York"_s}, {u"波士顿"_s, u"Boston"_s}, {u"多伦多"_s, u"Toronto"_s}};
+        {u"阿拉木图"_s, u"Almaty"_s}, {u"塔什干"_s, u"Tashkent"_s}, {u"比什凯克"_s, u"Bishkek"_s}};
     return areas;
 }
 
@@ -93,9 +50,9 @@ const std::vector<CostZone>& CostZones() {
                      {u"Txt(3)"_s, u"US East and Canada East"_s},
                      {u"Txt(4)"_s, u"4"_s},
                      {u"Txt(5)"_s, u"阿拉斯加除外"_s}},
-         .areas = ZoneAreas(),
+         .areas = {{u"纽约"_s, u"New York"_s}, {u"波士顿"_s, u"Boston"_s}, {u"多伦多"_s, u"Toronto"_s}},
          .prices = Boxes(9, {u"110"_s, u"30"_s, u"140"_s, u"40"_s, u"58"_s, u"52"_s}),
-         .tick = u"Chk(14)"_s,
+         .turned = {u"Chk(13)"_s, u"Chk(14)"_s},
          .stored = u"美国东部及加拿大东部|HY01|US East and Canada East|4|110|30|140|40|58|52|2|0|-1"_s},
         {.entries = {{u"Txt(0)"_s, u"HY01-6"_s},
                      {u"Txt(1)"_s, u"美国西部及加拿大西部"_s},
@@ -103,7 +60,7 @@ const std::vector<CostZone>& CostZones() {
                      {u"Txt(4)"_s, u"3"_s}},
          .areas = {{u"洛杉矶"_s, u"Los Angeles"_s}, {u"温哥华"_s, u"Vancouver"_s}},
          .prices = Boxes(9, {u"104"_s, u"28"_s, u"132"_s, u"38"_s, u"55"_s, u"49.5"_s}),
-         .tick = {},  // as in the zone before
+         .turned = {},
          .stored = u"美国西部及加拿大西部|HY01|US West and Canada West|3|104|28|132|38|55|49.5|2|0|-1"_s},
     };
     return zones;
@@ -118,11 +75,11 @@ const std::vector<Customer>& Customers() {
                      {u"Txt(4)"_s, u"上海市浦东新区金桥路 1288 号 6 号楼 3 层"_s},
                      {u"Txt(5)"_s, u"3/F Bldg 6, No.1288 Jinqiao Rd, Pudong, Shanghai"_s},
                      {u"Txt(6)"_s, u"021-5555 0188"_s},
-                     {u"CmbYWY"_s, u"孙丽萍"_s}}},
+                     {u"CmbYWY"_s, u"孙雨晴"_s}}},
         {.code = u"C0027"_s,
          .name = u"恒丰贸易"_s,
          .company = u"上海恒丰贸易有限公司"_s,
-         .entries = {{u"Txt(3)"_s, u"Shanghai Hengfeng Trading Co., Ltd."_s}, {u"CmbYWY"_s, u"孙丽萍"_s}}},
+         .entries = {{u"Txt(3)"_s, u"Shanghai Hengfeng Trading Co., Ltd."_s}, {u"CmbYWY"_s, u"孙雨晴"_s}}},
     };
     return customers;
 }
@@ -134,44 +91,34 @@ const std::vector<SmallMaster>& SmallMasters() {
          .table = u"M030"_s,
          .picture = u"salesperson"_s,
          .caption = u"业务员资料"_s,
-         .rows = {{u"孙丽萍"_s, u"华东大客户"_s}, {u"郑凯"_s, u"苏州、杭州"_s}}},
+         .newcomer = {u"郑凯"_s, u"南京、无锡"_s}},
         {.form = u"A04"_s,
          .keys = u"A6"_s,
          .table = u"M04"_s,
          .picture = u"courier"_s,
          .caption = u"外务员资料"_s,
-         .rows = {{u"何立伟"_s, u"闵行、松江"_s},
-                  {u"陈建军"_s, u"浦东北片"_s},
-                  {u"王晓峰"_s, u"徐汇、长宁"_s},
-                  {u"李红兵"_s, u"嘉定、青浦"_s},
-                  {u"林少华"_s, u"宝山、虹口"_s},
-                  {u"方志远"_s, u"苏州工业园区"_s}}},
+         .newcomer = {u"方志远"_s, u"昆山"_s}},
         {.form = u"A05"_s,
          .keys = u"A7"_s,
          .table = u"M05"_s,
          .picture = u"origin"_s,
          .caption = u"始发地资料"_s,
-         .rows = {{u"上海"_s, u"021-5555 0100"_s},
-                  {u"苏州"_s, u"0512-5555 0100"_s},
-                  {u"杭州"_s, u"0571-5555 0100"_s}}},
+         .newcomer = {u"无锡"_s, u"0510-5555 0100"_s}},
         {.form = u"A06"_s,
          .keys = u"A8"_s,
          .table = u"M06"_s,
          .picture = u"incident"_s,
          .caption = u"速递事故原因设置"_s,
-         .rows = {{u"地址不详"_s, u"与发件人核对后再派送"_s},
-                  {u"海关查验"_s, u"等待海关放行"_s},
-                  {u"收件人外出"_s, u"次日再派"_s}}},
+         .newcomer = {u"收件人拒收"_s, u"与发件人确认后退回"_s}},
     };
     return masters;
 }
 
 const std::vector<Consignment>& Consignments() {
     static const std::vector<Consignment> day = {
-        {.number = u"KV2411220001"_s,
+        {.number = u"KV2411250001"_s,
          .rule = u"文件，首重加续重"_s,
-         .today = kFriday,
-         .date = kFriday,
+         .date = kToday,
          .entries = {{u"Cmb(6)"_s, kZone},
                      {u"Cmb(7)"_s, u"纽约"_s},
                      {u"Txt(12)"_s, u"东方光电公司"_s},
@@ -182,14 +129,15 @@ const std::vector<Consignment>& Consignments() {
                      {u"Txt(18)"_s, u"合同"_s},
                      {u"Txt(20)"_s, u"1"_s},
                      {u"Txt(21)"_s, u"1.2"_s},
+                     {u"Txt(46)"_s, u"0"_s},
+                     {u"Txt(47)"_s, u"0"_s},
+                     {u"Txt(48)"_s, u"0"_s},
                      {u"Txt(33)"_s, u"1.145"_s}},
          .basic = u"259.2"_s,  // 162 + 2 x 48.6
-         .total = u"296.78"_s,
-         .sequence = 131},
-        {.number = u"KV2411220002"_s,
+         .total = u"296.78"_s},
+        {.number = u"KV2411250002"_s,
          .rule = u"小包裹，首重加续重"_s,
-         .today = kFriday,
-         .date = kFriday,
+         .date = kToday,
          .entries = {{u"Txt(3)"_s, u"易碎，外箱加固"_s},
                      {u"Cmb(6)"_s, kZone},
                      {u"Cmb(7)"_s, u"纽约"_s},
@@ -212,13 +160,11 @@ const std::vector<Consignment>& Consignments() {
                      {u"Txt(27)"_s, u"35"_s},
                      {u"Txt(43)"_s, u"20"_s},
                      {u"Txt(33)"_s, u"1.145"_s}},
-         .basic = u"518.2"_s,   // 205.2 + 5 x 62.6
-         .total = u"653.41"_s,  // (518.2 + 35) x 1.145 + 20
-         .sequence = 133},
+         .basic = u"518.2"_s,    // 205.2 + 5 x 62.6
+         .total = u"653.41"_s},  // (518.2 + 35) x 1.145 + 20
         {.number = u"KV2411250003"_s,
          .rule = u"重包裹分段，每公斤计价"_s,
-         .today = kMonday,
-         .date = kMonday,
+         .date = kToday,
          .released = true,
          .entries = {{u"Txt(2)"_s, u"HY8860 2417 5538"_s},
                      {u"Txt(3)"_s, u"木箱，请勿倒置"_s},
@@ -243,30 +189,28 @@ const std::vector<Consignment>& Consignments() {
                      {u"Txt(43)"_s, u"0"_s},
                      {u"Txt(33)"_s, u"1.145"_s}},
          .basic = u"2592"_s,  // 86.4 x 30
-         .total = u"2967.84"_s,
-         .sequence = 164},
+         .total = u"2967.84"_s},
         {.number = u"KV2411250004"_s,
          .rule = u"该分段无报价，按首重加续重"_s,
-         .today = kMonday,
-         .date = kMonday,
+         .date = kToday,
          .entries = {{u"Cmb(4)"_s, u"苏州"_s},
                      {u"Cmb(6)"_s, kZone},
                      {u"Cmb(7)"_s, u"多伦多"_s},
+                     {u"Cmb(5)"_s, u"HY01."_s + kChannel},
                      {u"Txt(12)"_s, u"枫叶影像公司"_s},
                      {u"Txt(13)"_s, u"Maple Imaging Ltd."_s},
                      {u"Cmb(17)"_s, u"S.物品(Parcel)"_s},
                      {u"Txt(18)"_s, u"显示屏"_s},
                      {u"Txt(20)"_s, u"5"_s},
                      {u"Txt(21)"_s, u"50"_s},
+                     {u"Txt(23)"_s, u"50"_s},
                      {u"Cmb(25)"_s, u"现金.Cash"_s},
                      {u"Txt(33)"_s, u"1.145"_s},
                      {u"Cmb(30)"_s, u"方志远"_s}},
          .basic = u"6402.6"_s,  // 205.2 + 99 x 62.6
-         .total = u"7330.98"_s,
-         .sequence = 166},
+         .total = u"7330.98"_s},
         {.number = u"KV2411230005"_s,
          .rule = u"文件，首重；补录"_s,
-         .today = kMonday,
          .date = kSaturday,
          .entries = {{u"Cmb(6)"_s, kZone},
                      {u"Cmb(7)"_s, u"纽约"_s},
@@ -275,11 +219,13 @@ const std::vector<Consignment>& Consignments() {
                      {u"Txt(18)"_s, u"报关单证"_s},
                      {u"Txt(20)"_s, u"1"_s},
                      {u"Txt(21)"_s, u"0.5"_s},
+                     {u"Txt(46)"_s, u"0"_s},
+                     {u"Txt(47)"_s, u"0"_s},
+                     {u"Txt(48)"_s, u"0"_s},
                      {u"Cmb(25)"_s, u"到付.Charge On Delivery"_s},
                      {u"Txt(33)"_s, u"1.145"_s}},
          .basic = u"162"_s,
-         .total = u"185.49"_s,
-         .sequence = 140.75},  // a quarter of the way from 133 to 164
+         .total = u"185.49"_s},
     };
     return day;
 }
