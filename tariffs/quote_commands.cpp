@@ -23,6 +23,8 @@ bool IsEnter(const controls::KeyPress& key) {
 }  // namespace
 
 void QuotePanel::WireEntry() {
+    GdMx->Pressed = [this] { CloseDownList(); };
+    GdMx->OperatorChose = [this](const QString& zone) { TxtHPBM->SetText(zone); };
     CmdUpDown->Click = [this] { Folded() ? Unfold() : Fold(); };
     TxtHPBM->GotFocus = [this] { CloseDownList(); };
     TxtHPBM->KeyPressed = [this](controls::KeyPress& key) {
@@ -114,46 +116,32 @@ void QuotePanel::PressEnter() {
     TxtHPBM->SetFocus();
 }
 
-/// A code is compared as it stands, capitals included. Begins with a header row, which only the code 区域
-/// could match. 0 when there is none.
-int QuotePanel::FindQuoteRow(const QString& zone) const {
-    for (int row = 1; row < GdMx->Rows(); ++row)
-        if (text::Trim(GdMx->TextMatrix(row, ZoneColumn)) == zone) return row;
-    return 0;
-}
-
-/// True if zones were found.
-bool QuotePanel::AddQuotes() {
+void QuotePanel::AddQuotes() {
     const double coefficient = text::Val(TxtSL->Text());
-    if (coefficient == 0) return false;
+    if (coefficient == 0) return;
     const QString code = text::Trim(TxtHPBM->Text());
-    const int existing = BatchJob() ? 0 : FindQuoteRow(code);
-    if (existing > 0) return FloatRow(existing, coefficient);
+    const int existing = BatchJob() ? 0 : GdMx->FindQuote(code);
+    if (existing > 0) return FloatAgain(existing, coefficient);
     auto zones = Db->OpenRecordset(ListPriceSelect() + (BatchJob() ? u" where F1 like '"_s + code + u"*'"_s
                                                                    : u" where F1="_s + Quoted(code)));
     const bool found = !zones.Eof();
     if (!found) sys::Inform(u"无效的"_s + GdMx->TextMatrix(0, ZoneColumn) + u"编码!"_s, MsgTitle);
-    for (; !zones.Eof(); zones.MoveNext()) {
-        if (FindQuoteRow(text::Trim(zones.Fields(ZoneColumn).Text())) > 0) continue;
-        GdMx->AddItem(QuoteLine(zones, coefficient).join(u'\t'));
-    }
+    for (; !zones.Eof(); zones.MoveNext())
+        if (GdMx->FindQuote(text::Trim(zones.Fields(ZoneColumn).Text())) == 0)
+            GdMx->AddQuote(zones, coefficient);
     zones.Close();
     if (found) {
-        const bool blank = text::Trim(GdMx->TextMatrix(FirstQuoteRow, ZoneColumn)).isEmpty();
-        if (blank && GdMx->Rows() > FirstQuoteRow + 1) GdMx->RemoveItem(FirstQuoteRow);
+        GdMx->DropBlankRow();
         CmdDel->SetCaption(DeleteCaption);
-        quoteRow_ = GdMx->Rows() - 1;
     }
     ShowChange();
-    ShowQuoteRow();
-    return found;
+    GdMx->ShowQuote(found ? GdMx->Rows() - 1 : GdMx->Row());
 }
 
-bool QuotePanel::FloatRow(int row, double coefficient) {
+void QuotePanel::FloatAgain(int row, double coefficient) {
     if (sys::Ask(u"已经存在针对该区域的报价！\r需要在现有报价基础上，再次浮动报价吗？"_s, u"提示"_s))
-        MultiplyRow(row, coefficient);
+        GdMx->FloatQuote(row, coefficient);
     ShowChange();
-    return false;
 }
 
 // ---------------------------------------------------------------- removing
@@ -175,7 +163,7 @@ void QuotePanel::DeleteQuote() {
         TxtHPBM->SetFocus();
         return;
     }
-    const int row = FindQuoteRow(code);
+    const int row = GdMx->FindQuote(code);
     if (row == 0) {
         sys::Inform(u"此客户资料中没有指定区域编号的相关报价："_s + TxtHPBM->Text() + u"!"_s, MsgTitle);
         return;
@@ -185,18 +173,11 @@ void QuotePanel::DeleteQuote() {
 }
 
 void QuotePanel::RemoveQuoteRow(int row) {
-    // The last quote leaves a blank row with the prices further right still in it; without a name they are
-    // never stored.
-    constexpr int LastBlanked = 6;
-    if (GdMx->Rows() > FirstQuoteRow + 1)
-        GdMx->RemoveItem(row);
-    else
-        for (int col = 0; col <= LastBlanked; ++col) GdMx->SetTextMatrix(FirstQuoteRow, col, {});
+    GdMx->RemoveQuote(row);
     // Bounded by the customer list and not by this grid: with more customers than quotes, deleting the last
     // row names a row that is gone, which fails. It has always been so.
     ShowChange();
-    quoteRow_ = std::min(row, host_.lastCustomerRow());
-    ShowQuoteRow();
+    GdMx->ShowQuote(std::min(row, host_.lastCustomerRow()));
 }
 
 // ---------------------------------------------------------------- updating
@@ -208,7 +189,7 @@ void QuotePanel::ReNewPrice() {
         sys::Inform(u"请首先输入有意义的加价系数！"_s, MsgTitle);
         return;
     }
-    if (!HasQuotes()) {
+    if (GdMx->Quotes() == 0) {
         sys::Inform(u"请先输入报价资料！"_s, MsgTitle);
         return;
     }
@@ -219,7 +200,7 @@ void QuotePanel::ReNewPrice() {
         .buttons = sys::BoxButtons::YesNo,
         .defaultButton = sys::BoxAnswer::Yes};
     if (sys::MsgBox(question) != sys::BoxAnswer::Yes) return;
-    for (int row = FirstQuoteRow; row < GdMx->Rows(); ++row) MultiplyRow(row, coefficient);
+    for (int row = FirstQuoteRow; row < GdMx->Rows(); ++row) GdMx->FloatQuote(row, coefficient);
     ShowChange();
     sys::Inform(u"报价已更新！请及时保存更新的报价！"_s, MsgTitle);
 }

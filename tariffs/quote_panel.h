@@ -1,14 +1,12 @@
-// The quotes below a customer's card: the grid of prices, and the line through which zones are quoted,
-// floated and removed.
+// The quotes below a customer's card: the bar with the line through which zones are quoted, floated and
+// removed, and the grid of prices (quote_grid.h) that unfolds beneath it.
 //
-// Always holds: the panel shows a copy; nothing reaches the table before the customer is saved, and then all
-// quotes are written anew. Rows 0 and 1 of GdMx are headers, quotes start at row 2, an empty grid has one
-// blank row there. The job of CmdDel is what its caption says; it reads 批量增加 only while the drop-down is
-// open.
+// Always holds: nothing reaches the table before the customer is saved, and then all quotes are written anew.
+// The job of CmdDel is what its caption says; it reads 批量增加 only while the drop-down is open.
 #pragma once
 
 #include "platform/controls/box.h"
-#include "platform/controls/flex_grid.h"
+#include "tariffs/quote_grid.h"
 
 #include <QBoxLayout>
 
@@ -51,22 +49,17 @@ class QuotePanel : public QWidget {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void BuildBar(QBoxLayout* bar);
     void BuildEntry();
-    void BuildGrid();
     void BuildDownList(QWidget* form);
 
     void ShowEntry(bool shown);
-    void WriteHeaders();
-    void ReadQuotes(const QString& customer);
     void ShowChange();
-    void FitColumns();
-    const QString& LongestText(int col) const;
     void FitDownList(int rows);
     void PlaceDownList();
+    bool DownListOpen() const { return !GdDownList->isHidden(); }
 
     // The entry line and the buttons (quote_commands.cpp).
     void WireEntry();
@@ -75,31 +68,16 @@ class QuotePanel : public QWidget {
     void PickFromDownList();
     void PressEnter();
     void PressDelete();
-    bool AddQuotes();
-    bool FloatRow(int row, double coefficient);
+    void AddQuotes();
+    void FloatAgain(int row, double coefficient);
     void DeleteQuote();
     void RemoveQuoteRow(int row);
     void ReNewPrice();
-    int FindQuoteRow(const QString& zone) const;
-
-    // The grid (quote_panel.cpp).
-    void ShowQuoteRow();
-    void GridMoved();
-    void GridClicked();
-    void GridKey(controls::KeyPress& key);
-    void EditCell(int row, int col);
-    bool EditorKey(int key, Qt::KeyboardModifiers modifiers);
-    void CellDone(int row, int col);
-    bool HasQuotes() const;
     bool BatchJob() const;
-    void MultiplyRow(int row, double coefficient);
-    bool DownListOpen() const { return !GdDownList->isHidden(); }
 
     Host host_;
-    bool entering_ = false;  ///< add or edit state
-    int quoteRow_;           ///< the current quote row
 
-    controls::FlexGrid* GdMx;
+    QuoteGrid* GdMx;
     controls::FlexGrid* GdDownList;
     controls::Button* CmdUpDown;
     controls::Button* CmdReNewPrice;

@@ -1,0 +1,245 @@
+#include "tariffs/quote_grid.h"
+
+#include "app/data_access.h"
+#include "app/main_window.h"
+#include "app/session.h"
+#include "platform/system/seams.h"
+#include "platform/text/numbers.h"
+#include "tariffs/brackets.h"
+#include "tariffs/quote_rules.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using namespace tariffs;
+
+namespace {
+
+constexpr int StatusPanel = 4;
+constexpr int UnitsPerPixel = 15;  // of a grid's column widths
+
+/// Narrowest columns, pixels. A longer caption or text widens its column, a name only so far.
+constexpr int ZoneWidth = 46;
+constexpr int NameWidth = 64;
+constexpr int NameWidthMost = 110;
+constexpr int PriceWidth = 44;
+constexpr int CaptionPixels = 12;
+constexpr int CaptionPadding = 4;
+constexpr int CellPadding = 12;
+
+}  // namespace
+
+QuoteGrid::QuoteGrid() {
+    setObjectName(u"GdMx"_s);
+    setAccessibleName(u"客户报价"_s);
+    setProperty("kind", u"dense"_s);
+    SetFixedRows(FirstQuoteRow);
+    SetCols(QuoteColumns);
+    SetMergeHeader(true);
+    for (int col = 0; col < QuoteColumns; ++col) SetColAlignment(col, Qt::AlignCenter);
+    Editor()->setObjectName(u"TxtEnter"_s);
+    Editor()->setAccessibleName(u"报价"_s);
+    Editor()->installEventFilter(this);
+    RowChange = [this] { Moved(); };
+    Click = [this] { Clicked(); };
+    KeyPressed = [this](controls::KeyPress& key) { GridKey(key); };
+    CellEdited = [this](int row, int col, const QString&) { PriceEdited(row, col); };
+}
+
+// ---------------------------------------------------------------- from the table and back
+
+void QuoteGrid::Empty() {
+    BeginLoad(0);
+    EndLoad();
+    WriteHeaders();
+}
+
+void QuoteGrid::WriteHeaders() {
+    const QStringList fixed{u"区域"_s, u"区域名称"_s};
+    QStringList upper = fixed + QStringList{u"文件资料"_s, u"文件资料"_s, u"小包裹"_s, u"小包裹"_s};
+    while (upper.size() < QuoteColumns) upper += u"重包裹优惠价"_s;
+    const auto standard = ReadStandard(*Db);
+    const QStringList lower = fixed + (standard ? QuoteCaptions(*standard) : QStringList());
+    for (int col = 0; col < QuoteColumns; ++col) {
+        SetTextMatrix(0, col, upper[col]);
+        SetTextMatrix(1, col, lower.value(col));
+    }
+}
+
+void QuoteGrid::LoadQuotes(const QString& customer) {
+    WriteHeaders();
+    auto rows = Db->OpenRecordset(QuoteSelect(customer));
+    int count = 0;
+    if (!rows.Eof()) {
+        rows.MoveLast();
+        count = rows.RecordCount();
+        rows.MoveFirst();
+    }
+    BeginLoad(count);
+    for (int row = 0; row < count; ++row, rows.MoveNext())
+        for (int col = 0; col < QuoteColumns; ++col)
+            LoadCell(row, col, DressedPrice(col, rows.Fields(col).Text()));
+    EndLoad();
+    rows.Close();
+}
+
+void QuoteGrid::SaveQuotes(const QString& customer) const {
+    if (Quotes() == 0) return;
+    for (int row = FirstQuoteRow; row < Rows(); ++row) {
+        QStringList cells;
+        for (int col = 0; col < QuoteColumns; ++col) cells += TextMatrix(row, col);
+        Db->Execute(QuoteInsert(customer, cells));
+    }
+}
+
+// ---------------------------------------------------------------- the quotes
+
+QString QuoteGrid::ZoneAt(int row) const {
+    return text::Trim(TextMatrix(row, ZoneColumn));
+}
+
+int QuoteGrid::Quotes() const {
+    const bool some = !text::Trim(TextMatrix(FirstQuoteRow, NameColumn)).isEmpty();
+    return some ? Rows() - FirstQuoteRow : 0;
+}
+
+int QuoteGrid::FindQuote(const QString& zone) const {
+    for (int row = 1; row < Rows(); ++row)
+        if (ZoneAt(row) == zone) return row;
+    return 0;
+}
+
+void QuoteGrid::AddQuote(const dao::Recordset& zone, double coefficient) {
+    AddItem(QuoteLine(zone, coefficient).join(u'\t'));
+}
+
+void QuoteGrid::DropBlankRow() {
+    if (ZoneAt(FirstQuoteRow).isEmpty() && Rows() > FirstQuoteRow + 1) RemoveItem(FirstQuoteRow);
+}
+
+void QuoteGrid::RemoveQuote(int row) {
+    if (Rows() > FirstQuoteRow + 1) return RemoveItem(row);
+    // The last quote leaves a blank row with the prices further right still in it; without a name they are
+    // never stored.
+    constexpr int LastBlanked = 6;
+    for (int col = 0; col <= LastBlanked; ++col) SetTextMatrix(FirstQuoteRow, col, {});
+}
+
+void QuoteGrid::FloatQuote(int row, double coefficient) {
+    for (int col = FirstPrice; col <= LastPrice; ++col)
+        SetTextMatrix(row, col, FloatedPrice(TextMatrix(row, col), coefficient));
+}
+
+void QuoteGrid::ShowQuote(int row) {
+    SetRow(row);
+    TheFrame().SetPanel(StatusPanel, LangText(u"报价单：共 "_s + QString::number(Rows() - FirstQuoteRow) +
+                                              u" 条记录 当前为第 "_s + QString::number(row - 1) + u" 条"_s));
+}
+
+// ---------------------------------------------------------------- the operator's hands
+
+void QuoteGrid::Moved() {
+    ShowQuote(Row());
+    // The operator's own keys do what his click does; a row that the program chooses changes no box.
+    if (hasFocus()) OperatorChose(ZoneAt(Row()));
+}
+
+void QuoteGrid::Clicked() {
+    Pressed();
+    ShowQuote(Row());
+    OperatorChose(ZoneAt(Row()));
+    EditPrice(Row(), Col());
+}
+
+/// Lays the editor over a price of a quote, in add and edit state only.
+void QuoteGrid::EditPrice(int row, int col) {
+    const bool quote = !text::Trim(TextMatrix(row, NameColumn)).isEmpty();
+    if (!open_ || col < FirstPrice || !quote) return;
+    CommitEditor();
+    ShowQuote(row);
+    SetCol(col);
+    EditCell(row, col);
+}
+
+void QuoteGrid::PriceEdited(int row, int col) {
+    SetTextMatrix(row, col, text::GeneralText(text::Val(TextMatrix(row, col))));
+    FitColumns();
+}
+
+/// Enter or F2 opens the editor over the current price; a digit does too and is its first character.
+void QuoteGrid::GridKey(controls::KeyPress& key) {
+    const bool opens = key.key == Qt::Key_Return || key.key == Qt::Key_Enter || key.key == Qt::Key_F2;
+    const bool chord = key.modifiers & (Qt::ControlModifier | Qt::AltModifier);
+    const bool digit = key.key >= Qt::Key_0 && key.key <= Qt::Key_9 && !key.text.isEmpty() && !chord;
+    if (!opens && !digit) return;
+    key.taken = true;
+    EditPrice(Row(), std::max<int>(Col(), FirstPrice));
+    if (digit && Editing()) Editor()->insert(key.text);
+}
+
+/// In the editor Tab and the arrows up and down go on to another price and edit it; past the last the grid
+/// has the focus.
+bool QuoteGrid::EditorKey(int key, Qt::KeyboardModifiers modifiers) {
+    constexpr int prices = LastPrice - FirstPrice + 1;
+    int step = 0;
+    if (key == Qt::Key_Tab) step = 1;
+    if (key == Qt::Key_Backtab || (key == Qt::Key_Tab && modifiers.testFlag(Qt::ShiftModifier))) step = -1;
+    if (key == Qt::Key_Down) step = prices;
+    if (key == Qt::Key_Up) step = -prices;
+    if (step == 0) return false;
+    const int at = (Row() - FirstQuoteRow) * prices + Col() - FirstPrice + step;
+    CommitEditor();
+    if (at >= 0 && at < (Rows() - FirstQuoteRow) * prices)
+        EditPrice(FirstQuoteRow + at / prices, FirstPrice + at % prices);
+    return true;
+}
+
+bool QuoteGrid::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == Editor() && event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        bool taken = false;
+        sys::Guarded([&] { taken = EditorKey(key->key(), key->modifiers()); });
+        if (taken) return true;
+    }
+    return FlexGrid::eventFilter(watched, event);
+}
+
+// ---------------------------------------------------------------- widths
+
+void QuoteGrid::resizeEvent(QResizeEvent* event) {
+    FitColumns();
+    FlexGrid::resizeEvent(event);
+}
+
+/// The longest text of a column. By characters: prices are digits of one width.
+const QString& QuoteGrid::LongestText(int col) const {
+    int longest = FirstQuoteRow;
+    for (int row = longest + 1; row < Rows(); ++row)
+        if (TextMatrix(row, col).size() > TextMatrix(longest, col).size()) longest = row;
+    return TextMatrix(longest, col);
+}
+
+/// Pixels.
+int QuoteGrid::NeededWidth(int col, const QFontMetrics& captions) const {
+    const int cell = fontMetrics().horizontalAdvance(LongestText(col)) + CellPadding;
+    if (col == ZoneColumn) return std::max(ZoneWidth, cell);
+    if (col == NameColumn) return std::clamp(cell, NameWidth, NameWidthMost);
+    return std::max({PriceWidth, cell, captions.horizontalAdvance(TextMatrix(1, col)) + CaptionPadding});
+}
+
+void QuoteGrid::FitColumns() {
+    QFont small = font();
+    small.setPixelSize(CaptionPixels);
+    const QFontMetrics captions(small);
+    std::vector<int> widths;
+    int room = viewport()->width();
+    for (int col = 0; col < QuoteColumns; ++col) {
+        widths.push_back(NeededWidth(col, captions));
+        room -= widths.back();
+    }
+    for (int col = 0; col < QuoteColumns; ++col) {
+        const int share = room > 0 ? room * (col + 1) / QuoteColumns - room * col / QuoteColumns : 0;
+        const int width = (widths[static_cast<std::size_t>(col)] + share) * UnitsPerPixel;
+        if (GridColWidth(col) != width) SetGridColWidth(col, width);
+    }
+}
