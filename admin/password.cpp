@@ -3,8 +3,8 @@
 #include "app/data_access.h"
 #include "app/dressing.h"
 #include "app/session.h"
+#include "platform/controls/card.h"
 #include "platform/controls/keys.h"
-#include "platform/controls/look.h"
 #include "platform/system/seams.h"
 
 #include <QVBoxLayout>

@@ -6,7 +6,7 @@
 // in step by the card alone: a hidden bound is stored as it stands. Weights are in kg.
 #pragma once
 
-#include "platform/controls/look.h"
+#include "platform/controls/card.h"
 #include "platform/dao/recordset.h"
 #include "records/record_form.h"
 

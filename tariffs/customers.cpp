@@ -2,7 +2,6 @@
 
 #include "app/data_access.h"
 #include "app/session.h"
-#include "platform/controls/look.h"
 #include "platform/controls/wait.h"
 #include "platform/text/numbers.h"
 #include "records/export.h"

@@ -5,7 +5,7 @@
 // edited and is stored as 1: what it did is in the quotes.
 #pragma once
 
-#include "platform/controls/look.h"
+#include "platform/controls/card.h"
 #include "records/record_form.h"
 #include "tariffs/quote_panel.h"
 

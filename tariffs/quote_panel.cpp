@@ -2,7 +2,6 @@
 #include "tariffs/quote_panel.h"
 
 #include "app/session.h"
-#include "platform/controls/look.h"
 #include "platform/errors.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"

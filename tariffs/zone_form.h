@@ -7,7 +7,7 @@
 // in yuan. Whatever refers to a zone keeps its own code: no reference is looked up or followed.
 #pragma once
 
-#include "platform/controls/look.h"
+#include "platform/controls/card.h"
 #include "records/record_form.h"
 #include "tariffs/map_picture.h"
 #include "tariffs/zone_settings.h"

@@ -5,7 +5,7 @@
 // operator who may not see figures reads "*" in those boxes and can enter none of them.
 #pragma once
 
-#include "platform/controls/look.h"
+#include "platform/controls/card.h"
 #include "records/record_form.h"
 #include "waybills/computed.h"
 #include "waybills/waybill_fields.h"

@@ -1,5 +1,6 @@
+#include "platform/controls/card.h"
+
 #include "platform/controls/box.h"
-#include "platform/controls/look.h"
 
 #include <QDialog>
 #include <QEvent>

@@ -1,6 +1,6 @@
 // The layout grammar: where boxes of a card start and end, and what covers what.
 #include "platform/controls/box.h"
-#include "platform/controls/look.h"
+#include "platform/controls/card.h"
 #include "tests/support/gui.h"
 
 #include <gtest/gtest.h>

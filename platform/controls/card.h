@@ -1,0 +1,88 @@
+// One layout grammar for all cards.
+//
+// A card has two mirrored halves; a half has six column edges: caption, box, caption, box, caption, box. A
+// box starts and ends only at one of these edges; a long field spans pairs, it never gets a width of its own.
+// Rows and pairs count from 0. A place that is taken already is not refused: the two lie over each other.
+#pragma once
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QString>
+#include <QWidget>
+
+#include <memory>
+
+namespace controls {
+
+/// Lays out a card, top to bottom; a half has three pairs of caption and box.
+class Card : public QWidget {
+    Q_OBJECT
+  public:
+    enum class Half { Left, Right };
+    explicit Card(QWidget* parent = nullptr);
+    ~Card() override;
+
+    /// A new group with its title on its first row in the left half, or in both halves; a rule stands above
+    /// it unless it is the first.
+    void Group(const QString& leftTitle, const QString& rightTitle = {});
+    /// Places caption and box in the half's pair(s) of the given row of the group (0 the first). pair 0 to 2
+    /// is where it starts, span how many pairs it covers. Without a caption the caption's place stays free,
+    /// so that the box stands under the others.
+    void Field(Half half, int row, int pair, int span, QLabel* caption, QWidget* box);
+    /// A second widget on the same place (a combo or a picker over its box). While the cover is shown the box
+    /// is hidden and no stop of the focus; hiding the cover shows the box.
+    void Over(QWidget* box, QWidget* cover);
+    /// The same for a box that takes several rows of the card; the caption stands on the first.
+    void TallField(Half half, int row, int rows, int pair, int span, QLabel* caption, QWidget* box);
+    /// A panel with columns of its own over several rows, from the first box's edge to the right edge of the
+    /// card.
+    void Panel(int row, int rows, QWidget* panel);
+    /// Spare height goes into the bands between the groups, then to the foot. Call after the last field.
+    void Finish();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+/// While it lives the card (or a whole form) places and paints nothing, however many of its widgets are
+/// shown, hidden or locked; at its end it does both once. Without it each of them would place them all.
+class CardAtRest {
+  public:
+    explicit CardAtRest(QWidget& card);
+    ~CardAtRest();
+    CardAtRest(const CardAtRest&) = delete;
+    CardAtRest& operator=(const CardAtRest&) = delete;
+
+  private:
+    QWidget& card_;
+};
+
+/// A card of one column for small forms: caption left, box right, pitch 32. In the frame it stands where a
+/// card's left half would; in a dialog it fills the width.
+class NarrowCard : public QWidget {
+    Q_OBJECT
+  public:
+    explicit NarrowCard(QWidget* parent = nullptr);
+    /// The group's title, left of the first caption. In a dialog there is none.
+    void Title(const QString& title);
+    /// span 1 to 3: how much of the half the box takes; in a dialog it always takes all.
+    void Field(QLabel* caption, QWidget* box, int span = 3);
+    void Finish();
+
+  protected:
+    bool event(QEvent* event) override;
+
+  private:
+    void FitDialog();
+
+    QGridLayout* grid_;
+    QLabel* title_ = nullptr;
+    int row_ = -1;
+};
+
+}  // namespace controls
