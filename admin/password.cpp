@@ -3,7 +3,6 @@
 #include "app/data_access.h"
 #include "app/dressing.h"
 #include "app/session.h"
-#include "platform/controls/card.h"
 #include "platform/controls/keys.h"
 #include "platform/system/seams.h"
 
@@ -18,18 +17,15 @@ constexpr std::array<QStringView, 3> kCaptions{u"旧密码", u"新密码", u"新
 }  // namespace
 
 S2::S2(QWidget* over) : ModalForm(u"S2"_s, u"操作员修改密码"_s, over) {
-    auto* card = new controls::NarrowCard(this);
+    auto* rows = new dressing::CaptionRows;
     for (size_t i = 0; i < Txt.size(); ++i) {
         auto* box = new controls::LineBox(this);
         box->setObjectName(u"Txt(%1)"_s.arg(i));
         box->SetMasked(true);
         box->KeyPressed = controls::EnterMovesOn;
-        auto* caption = controls::MakeCaption(kCaptions[i].toString(), box, this);
-        caption->setObjectName(u"Lab(%1)"_s.arg(i));
-        card->Field(caption, box);
+        rows->Add(kCaptions[i].toString(), u"Lab(%1)"_s.arg(i), box);
         Txt[i] = box;
     }
-    card->Finish();
     auto* ok = new controls::Button(u"确 定"_s, this);
     auto* cancel = new controls::Button(u"取 消"_s, this);
     ok->setObjectName(u"Cmd(0)"_s);
@@ -38,14 +34,11 @@ S2::S2(QWidget* over) : ModalForm(u"S2"_s, u"操作员修改密码"_s, over) {
     ok->Click = [this] { Change(); };
     cancel->Click = [this] { Unload(); };
 
-    auto* buttons = new QVBoxLayout;
-    buttons->setContentsMargins(16, 0, 16, 16);
-    buttons->addLayout(dressing::ButtonRow({ok, cancel}));
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(card);
-    column->addLayout(buttons);
+    column->setContentsMargins(16, 12, 16, 16);
+    column->setSpacing(12);
+    column->addLayout(rows);
+    column->addLayout(dressing::ButtonRow({ok, cancel}));
     setFixedWidth(372);
     Txt[Old]->setFocus(Qt::OtherFocusReason);
 }

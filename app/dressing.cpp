@@ -1,10 +1,10 @@
 #include "app/dressing.h"
 
 #include "app/product.h"
+#include "platform/controls/box.h"
 #include "platform/controls/look.h"
 
 #include <QFrame>
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -15,6 +15,12 @@ namespace dressing {
 namespace {
 
 constexpr QSize kMark(40, 40);
+
+constexpr int kCaption = 54;  // the least; its gap to the box is the sheet's padding
+constexpr int kBoxHeight = 24;
+constexpr int kRowGap = 8;
+constexpr int kBesideGap = 8;
+enum Column { Caption, Box, Gap, Beside };
 
 /// One device pixel at every scaling; a rectangle of height 1 would be 1 or 2 at 150 %.
 class Hairline : public QWidget {
@@ -52,6 +58,25 @@ QWidget* ProductHead(QLabel* subtitle) {
     grid->addWidget(subtitle, 1, 1);
     grid->setColumnStretch(1, 1);
     return head;
+}
+
+CaptionRows::CaptionRows() {
+    setHorizontalSpacing(0);
+    setVerticalSpacing(kRowGap);
+    setColumnMinimumWidth(Caption, kCaption);
+    setColumnStretch(Box, 1);
+}
+
+void CaptionRows::Add(const QString& caption, const QString& name, QWidget* box, QWidget* beside) {
+    const int row = count() == 0 ? 0 : rowCount();
+    auto* label = controls::MakeCaption(caption, box, box->parentWidget());
+    label->setObjectName(name);
+    setRowMinimumHeight(row, kBoxHeight);
+    addWidget(label, row, Caption);
+    addWidget(box, row, Box);
+    if (!beside) return;
+    setColumnMinimumWidth(Gap, kBesideGap);
+    addWidget(beside, row, Beside);
 }
 
 QLayout* ButtonRow(const QList<QPushButton*>& buttons) {

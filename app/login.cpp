@@ -9,8 +9,7 @@
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 
-#include <QGridLayout>
-#include <QHBoxLayout>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -50,21 +49,14 @@ Login::Login(QWidget* over)
 
 void Login::Build() {
     ok_->setDefault(true);  // its colour only: Enter moves on
-    auto* form = new QGridLayout;
+    auto* rows = new dressing::CaptionRows;
+    rows->Add(u"用户："_s, u"Label1(0)"_s, cmbhu_);
+    rows->Add(u"密码："_s, u"Label1(1)"_s, password_);
+    auto* form = new QVBoxLayout;
     form->setContentsMargins(24, 18, 24, 18);
-    form->setHorizontalSpacing(0);
-    form->setVerticalSpacing(8);
-    form->setColumnMinimumWidth(0, 54);
-    form->setColumnStretch(1, 1);
-    auto* user = controls::MakeCaption(u"用户："_s, cmbhu_, this);
-    auto* word = controls::MakeCaption(u"密码："_s, password_, this);
-    user->setObjectName(u"Label1(0)"_s);
-    word->setObjectName(u"Label1(1)"_s);
-    form->addWidget(user, 0, 0);
-    form->addWidget(cmbhu_, 0, 1);
-    form->addWidget(word, 1, 0);
-    form->addWidget(password_, 1, 1);
-    form->addLayout(dressing::ButtonRow({ok_, quit_}), 2, 0, 1, 2);
+    form->setSpacing(8);
+    form->addLayout(rows);
+    form->addLayout(dressing::ButtonRow({ok_, quit_}));
     dressing::Stack(*this, *dressing::ProductHead(company_), form);
     setFixedWidth(kWidth);
 

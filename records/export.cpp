@@ -12,7 +12,6 @@
 #include "schema/names.h"
 
 #include <QFileInfo>
-#include <QGridLayout>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -33,7 +32,6 @@ constexpr int kLastColumn = 29;
 constexpr int kShownWidth = 2;   // fifteenths of a pixel; a column that is narrower counts as hidden
 constexpr int kRowPause = 50;    // ms between two rows in the caption: faster than that nobody reads
 constexpr int kFormWidth = 520;  // a path is long
-constexpr int kCaptionWidth = 54;
 
 constexpr struct {
     QStringView name;
@@ -85,26 +83,13 @@ void ExportGrid(const controls::FlexGrid& grid) {
 
 ToExcel::ToExcel(QWidget* over) : ModalForm(u"ToExcel"_s, u"导出数据到EXCEL"_s, over) {
     MakeControls();
-    auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(0);
-    grid->setVerticalSpacing(8);
-    grid->setColumnMinimumWidth(0, kCaptionWidth);
-    grid->setColumnStretch(1, 1);
-    grid->setColumnMinimumWidth(2, 8);
-    auto* version = controls::MakeCaption(u"版本:"_s, Cmb, this);
-    auto* target = controls::MakeCaption(u"保存到:"_s, Txt, this);
-    version->setObjectName(u"Label1(0)"_s);
-    target->setObjectName(u"Label1(1)"_s);
-    grid->addWidget(version, 0, 0);
-    grid->addWidget(Cmb, 0, 1);
-    grid->addWidget(target, 1, 0);
-    grid->addWidget(Txt, 1, 1);
-    grid->addWidget(CmdSaveTo, 1, 3);
-
+    auto* rows = new dressing::CaptionRows;
+    rows->Add(u"版本:"_s, u"Label1(0)"_s, Cmb);
+    rows->Add(u"保存到:"_s, u"Label1(1)"_s, Txt, CmdSaveTo);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(16, 16, 16, 16);
     column->setSpacing(8);
-    column->addLayout(grid);
+    column->addLayout(rows);
     column->addLayout(dressing::ButtonRow({Cmd[0], Cmd[1]}));
     setFixedWidth(kFormWidth);
     Cmb->setFocus(Qt::OtherFocusReason);

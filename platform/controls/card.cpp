@@ -2,7 +2,6 @@
 
 #include "platform/controls/box.h"
 
-#include <QDialog>
 #include <QEvent>
 #include <QPainter>
 #include <QPen>
@@ -30,7 +29,6 @@ constexpr int kBoxShare[] = {19, 10, 10};
 constexpr int kBandMin = 13;  // height of the band that holds a rule
 constexpr int kBandMax = 33;
 constexpr int kBoxMinimum = 72;
-constexpr int kDialogCaption = 54;
 constexpr int kColumns = 13;
 constexpr int kRightHalf = 7;  // its first column
 
@@ -75,11 +73,6 @@ void PutCaption(QGridLayout* grid, QLabel* caption, int row, int column) {
     grid->addWidget(caption, row, column, Qt::AlignTop);
 }
 
-void Dress(QWidget* card) {
-    card->setProperty("role", u"surface"_s);
-    card->setAttribute(Qt::WA_StyledBackground);
-}
-
 bool HiddenOnPurpose(const QWidget* widget) {
     return widget->isHidden() && widget->testAttribute(Qt::WA_WState_ExplicitShowHide);
 }
@@ -102,7 +95,8 @@ struct Card::State {
 };
 
 Card::Card(QWidget* parent) : QWidget(parent), state_(std::make_unique<State>()) {
-    Dress(this);
+    setProperty("role", u"surface"_s);
+    setAttribute(Qt::WA_StyledBackground);
     state_->grid = new QGridLayout(this);
     SetColumns(state_->grid);
 }
@@ -194,53 +188,6 @@ CardAtRest::~CardAtRest() {
     card_.layout()->setEnabled(true);
     card_.layout()->activate();
     card_.setUpdatesEnabled(true);
-}
-
-NarrowCard::NarrowCard(QWidget* parent) : QWidget(parent), grid_(new QGridLayout(this)) {
-    Dress(this);
-    SetColumns(grid_);
-}
-
-void NarrowCard::Title(const QString& title) {
-    title_ = MakeTitle(title, this);
-    grid_->addWidget(title_, 0, 0, Qt::AlignTop);
-}
-
-void NarrowCard::Field(QLabel* caption, QWidget* box, int span) {
-    if (++row_ > 0) grid_->setRowMinimumHeight(row_++, kRowGap);
-    grid_->setRowMinimumHeight(row_, kBoxHeight);
-    PutCaption(grid_, caption, row_, 0);
-    PrepareBox(box);
-    grid_->addWidget(box, row_, 1, 1, 2 * span - 1, PlaceOf(box));
-}
-
-void NarrowCard::Finish() {
-    grid_->setRowStretch(++row_, 100);
-}
-
-/// A dialog has no right half to leave free.
-void NarrowCard::FitDialog() {
-    for (int column = 2; column < kColumns; ++column) {
-        grid_->setColumnMinimumWidth(column, 0);
-        grid_->setColumnStretch(column, 0);
-    }
-    grid_->setColumnMinimumWidth(0, kDialogCaption);
-    setProperty("role", QString());
-    if (title_) title_->hide();
-    for (int i = 0; i < grid_->count(); ++i) {
-        QWidget* box = grid_->itemAt(i)->widget();
-        int row = 0, column = 0, rows = 0, columns = 0;
-        grid_->getItemPosition(i, &row, &column, &rows, &columns);
-        if (column != 1 || columns == 1) continue;
-        grid_->removeWidget(box);
-        grid_->addWidget(box, row, 1, rows, 1, PlaceOf(box));
-        i = -1;  // the order of the items has changed
-    }
-}
-
-bool NarrowCard::event(QEvent* event) {
-    if (event->type() == QEvent::Polish && qobject_cast<QDialog*>(window())) FitDialog();
-    return QWidget::event(event);
 }
 
 }  // namespace controls

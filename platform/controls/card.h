@@ -62,27 +62,4 @@ class CardAtRest {
     QWidget& card_;
 };
 
-/// A card of one column for small forms: caption left, box right, pitch 32. In the frame it stands where a
-/// card's left half would; in a dialog it fills the width.
-class NarrowCard : public QWidget {
-    Q_OBJECT
-  public:
-    explicit NarrowCard(QWidget* parent = nullptr);
-    /// The group's title, left of the first caption. In a dialog there is none.
-    void Title(const QString& title);
-    /// span 1 to 3: how much of the half the box takes; in a dialog it always takes all.
-    void Field(QLabel* caption, QWidget* box, int span = 3);
-    void Finish();
-
-  protected:
-    bool event(QEvent* event) override;
-
-  private:
-    void FitDialog();
-
-    QGridLayout* grid_;
-    QLabel* title_ = nullptr;
-    int row_ = -1;
-};
-
 }  // namespace controls
