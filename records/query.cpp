@@ -151,7 +151,7 @@ void Query::WireControls() {
     for (controls::ComboBox* combo : {CmbLG, CmbF, CmbGX}) combo->KeyPressed = controls::EnterMovesOn;
     DTP->KeyPressed = controls::EnterMovesOn;
     const auto onEnter = [](controls::KeyPress& key, const auto& act) {
-        if (key.key != Qt::Key_Return && key.key != Qt::Key_Enter) return;
+        if (!key.IsEnter()) return;
         key.taken = true;
         act();
     };

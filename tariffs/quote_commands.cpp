@@ -16,10 +16,6 @@ namespace {
 const QString BatchCaption = u"批量增加"_s;
 const QString DeleteCaption = u"删除报价"_s;
 
-bool IsEnter(const controls::KeyPress& key) {
-    return key.key == Qt::Key_Return || key.key == Qt::Key_Enter;
-}
-
 }  // namespace
 
 void QuotePanel::WireEntry() {
@@ -29,9 +25,9 @@ void QuotePanel::WireEntry() {
     TxtHPBM->GotFocus = [this] { CloseDownList(); };
     TxtHPBM->KeyPressed = [this](controls::KeyPress& key) {
         const bool down = key.key == Qt::Key_Down;
-        key.taken = down || IsEnter(key);
+        key.taken = down || key.IsEnter();
         if (down) OpenDownList();
-        if (IsEnter(key)) TxtSL->SetFocus();
+        if (key.IsEnter()) TxtSL->SetFocus();
     };
     TxtSL->GotFocus = [this] {
         CloseDownList();
@@ -39,16 +35,16 @@ void QuotePanel::WireEntry() {
         if (coefficient != 0) TxtSL->SetText(text::GeneralText(coefficient));
     };
     TxtSL->KeyPressed = [this](controls::KeyPress& key) {
-        if (!IsEnter(key)) return;
+        if (!key.IsEnter()) return;
         key.taken = true;
         text::Trim(TxtHPBM->Text()).isEmpty() ? TxtHPBM->SetFocus() : PressEnter();
     };
     CmdDownList->Click = [this] { OpenDownList(); };
     GdDownList->DoubleClick = [this] { PickFromDownList(); };
     GdDownList->KeyPressed = [this](controls::KeyPress& key) {
-        key.taken = key.key == Qt::Key_Escape || IsEnter(key);
+        key.taken = key.key == Qt::Key_Escape || key.IsEnter();
         if (key.key == Qt::Key_Escape) TxtHPBM->SetFocus();
-        if (IsEnter(key)) PickFromDownList();
+        if (key.IsEnter()) PickFromDownList();
     };
     CmdEnter->Click = [this] { PressEnter(); };
     CmdDel->Click = [this] { PressDelete(); };

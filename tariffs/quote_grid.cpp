@@ -168,7 +168,7 @@ void QuoteGrid::PriceEdited(int row, int col) {
 
 /// Enter or F2 opens the editor over the current price; a digit does too and is its first character.
 void QuoteGrid::GridKey(controls::KeyPress& key) {
-    const bool opens = key.key == Qt::Key_Return || key.key == Qt::Key_Enter || key.key == Qt::Key_F2;
+    const bool opens = key.IsEnter() || key.key == Qt::Key_F2;
     const bool chord = key.modifiers & (Qt::ControlModifier | Qt::AltModifier);
     const bool digit = key.key >= Qt::Key_0 && key.key <= Qt::Key_9 && !key.text.isEmpty() && !chord;
     if (!opens && !digit) return;

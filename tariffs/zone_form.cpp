@@ -286,7 +286,7 @@ void ZoneForm::WireCard() {
     Cmd[1]->Click = [this] { DeleteArea(); };
     GDdq->Click = [this] { AreaToBoxes(); };
     GDdq->KeyPressed = [this](controls::KeyPress& key) {
-        if (key.key == Qt::Key_Return || key.key == Qt::Key_Enter) AreaToBoxes();
+        if (key.IsEnter()) AreaToBoxes();
     };
     for (MapPicture* picture : ImgMap) picture->Click = [this] { SwapPictures(); };
 }
@@ -351,8 +351,7 @@ void ZoneForm::ProposeFor(int box) {
 }
 
 void ZoneForm::KeyInBox(int box, controls::KeyPress& key) const {
-    const bool enter = key.key == Qt::Key_Return || key.key == Qt::Key_Enter;
-    if (box == AreaRemark && enter) {
+    if (box == AreaRemark && key.IsEnter()) {
         // A second Enter adds the place.
         key.taken = true;
         Cmd[0]->SetFocus();
@@ -360,7 +359,7 @@ void ZoneForm::KeyInBox(int box, controls::KeyPress& key) const {
     }
     if (box == Code) key.text = key.text.toUpper();
     const auto& switches = zone_.inputSwitches;
-    if (enter && std::find(switches.begin(), switches.end(), box) != switches.end())
+    if (key.IsEnter() && std::find(switches.begin(), switches.end(), box) != switches.end())
         sys::seams().switchInputMethod();
     controls::EnterMovesOn(key);
 }

@@ -37,6 +37,8 @@ struct KeyPress {
     Qt::KeyboardModifiers modifiers;
     QString text;  ///< the character; a form may replace it (upper-casing); emptied, it is not typed
     bool taken = false;
+
+    bool IsEnter() const { return key == Qt::Key_Return || key == Qt::Key_Enter; }
 };
 
 /// A text box of one or several rows. MaxLength counts characters; a pasted tab becomes a blank.

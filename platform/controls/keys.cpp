@@ -30,7 +30,7 @@ void SendKeys(const QString& keys) {
 }
 
 void EnterMovesOn(KeyPress& key) {
-    if (key.key != Qt::Key_Return && key.key != Qt::Key_Enter) return;
+    if (!key.IsEnter()) return;
     key.taken = true;
     SendKeys(u"{TAB}"_s);
 }
