@@ -2,7 +2,7 @@
 //
 // Always holds: a form exists at most once, from its first showing until it unloads; it fills the frame;
 // while it is in front its own menu bar, if it has one, stands in place of the frame's. When it unloads, the
-// tool bar shows again and panel 4 shows the date.
+// tool bar shows again and the last panel of the status bar shows the date.
 #pragma once
 
 #include "platform/system/guard.h"

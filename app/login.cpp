@@ -120,8 +120,8 @@ void Login::TryLogin() {
 void Login::Enter(const QString& code) {
     OperatorCode = code;
     MForm& frame = TheFrame();
-    frame.SetPanel(3, GetStr(u"select F2 from TE1 where F1="_s + Quoted(OperatorCode)));
-    OperatorName = frame.Panel(3);
+    frame.SetPanel(MForm::OperatorPanel, GetStr(u"select F2 from TE1 where F1="_s + Quoted(OperatorCode)));
+    OperatorName = frame.Panel(MForm::OperatorPanel);
     ApplyRights();
     Unload();
 }

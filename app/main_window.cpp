@@ -206,9 +206,9 @@ void MForm::Load() {
         }
     }
     state_->wall->LoadPicture(AppFolder + u"syspic.dat"_s);
-    SetPanel(1, product::kNotice);
-    SetPanel(2, LangText(u"操作员："_s));
-    SetPanel(4, TodayText());
+    SetPanel(NoticePanel, product::kNotice);
+    SetPanel(OperatorCaptionPanel, LangText(u"操作员："_s));
+    SetPanel(PositionPanel, TodayText());
 }
 
 // ------------------------------------------------------------------------------------------ menus and tools
@@ -371,7 +371,7 @@ void MForm::State::RemoveChild(ChildForm& form) {
     const bool wasFront = open.back() == &form;
     TakeAway(form);
     frame.ShowToolBar(true);  // also while another form is still open
-    frame.SetPanel(4, TodayText());
+    frame.SetPanel(PositionPanel, TodayText());
     ShowFront();
     if (wasFront && !open.empty()) open.back()->Activated();
 }

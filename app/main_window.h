@@ -29,7 +29,9 @@ class MForm : public QMainWindow {
     bool MenuVisible(const QString& name) const;
     void SetMenuVisible(const QString& name, bool visible);
 
-    /// Panels count from 1: maker's notice, "操作员：", the operator, the date or a form's position text.
+    /// The panels of the status bar. The last one shows today's date or the position text of the form in
+    /// front.
+    enum PanelNumber { NoticePanel = 1, OperatorCaptionPanel, OperatorPanel, PositionPanel };
     QString Panel(int number) const;
     void SetPanel(int number, const QString& text);
 

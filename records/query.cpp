@@ -16,7 +16,6 @@ using search::Kind;
 
 namespace {
 
-constexpr int HintPanel = 4;
 const QString Hint = u"Enter->增加条件   Ctrl+Enter->开始查找   Esc->取消"_s;
 
 enum FieldColumn { CaptionColumn, NameColumn, KindColumn, FieldColumns };
@@ -147,7 +146,7 @@ void Query::Arrange() {
 
 void Query::WireControls() {
     CmbF->Click = [this] { FieldChosen(); };
-    CmbF->GotFocus = [] { TheFrame().SetPanel(HintPanel, Hint); };
+    CmbF->GotFocus = [] { TheFrame().SetPanel(MForm::PositionPanel, Hint); };
     for (controls::ComboBox* combo : {CmbLG, CmbF, CmbGX}) combo->KeyPressed = controls::EnterMovesOn;
     DTP->KeyPressed = controls::EnterMovesOn;
     const auto onEnter = [](controls::KeyPress& key, const auto& act) {
@@ -252,6 +251,6 @@ void Query::Cancel() {
 
 /// The caller's next line writes the panel again.
 void Query::done(int result) {
-    TheFrame().SetPanel(HintPanel, {});
+    TheFrame().SetPanel(MForm::PositionPanel, {});
     ModalForm::done(result);
 }

@@ -21,7 +21,6 @@ using controls::TabStrip;
 
 namespace {
 
-constexpr int StatusPanel = 4;
 constexpr int StripHeight = 34;
 constexpr int CardMargin = 16;
 
@@ -169,7 +168,7 @@ void RecordForm::ShowRow() {
     GD->SetRowSel(CurRow);
     GD->SetCol(0);
     GD->SetColSel(GD->Cols() - 1);
-    TheFrame().SetPanel(StatusPanel, LangText(StatusText()));
+    TheFrame().SetPanel(MForm::PositionPanel, LangText(StatusText()));
 }
 
 void RecordForm::RowChanged() {

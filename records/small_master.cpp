@@ -1,8 +1,8 @@
-#include "platform/controls/card.h"
 #include "records/small_master.h"
 
 #include "app/data_access.h"
 #include "app/session.h"
+#include "platform/controls/card.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 

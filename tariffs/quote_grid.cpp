@@ -15,7 +15,6 @@ using namespace tariffs;
 
 namespace {
 
-constexpr int StatusPanel = 4;
 constexpr int UnitsPerPixel = 15;  // of a grid's column widths
 
 /// Narrowest columns, pixels. A longer caption or text widens its column, a name only so far.
@@ -132,8 +131,9 @@ void QuoteGrid::FloatQuote(int row, double coefficient) {
 
 void QuoteGrid::ShowQuote(int row) {
     SetRow(row);
-    TheFrame().SetPanel(StatusPanel, LangText(u"报价单：共 "_s + QString::number(Rows() - FirstQuoteRow) +
-                                              u" 条记录 当前为第 "_s + QString::number(row - 1) + u" 条"_s));
+    TheFrame().SetPanel(MForm::PositionPanel,
+                        LangText(u"报价单：共 "_s + QString::number(Rows() - FirstQuoteRow) +
+                                 u" 条记录 当前为第 "_s + QString::number(row - 1) + u" 条"_s));
 }
 
 // ---------------------------------------------------------------- the operator's hands

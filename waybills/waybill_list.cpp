@@ -66,7 +66,7 @@ void B01::Load() {
 }
 
 void B01::Activated() {
-    TheFrame().SetPanel(4, text::DateText(sys::Today()));
+    TheFrame().SetPanel(MForm::PositionPanel, text::DateText(sys::Today()));
 }
 
 QStringList B01::Headers() const {
