@@ -65,7 +65,7 @@ QString Words(const workbook::DoesNotFit& refusal, const controls::FlexGrid& gri
         return u"从第 %1 行起放不下：%2 的工作表最多 %3 行（含字段名一行）！"_s.arg(row).arg(name).arg(
                    workbook::MostRows(format)) +
                other;
-    const int col = ExportedColumns(grid)[static_cast<std::size_t>(refusal.column)];
+    const int col = ExportedColumns(grid)[refusal.column];
     return u"第 %1 行“%2”的文字太长：%3 的单元格最多 %4 个%5！"_s.arg(row)
                .arg(grid.TextMatrix(0, col), name)
                .arg(workbook::LongestText(format))

@@ -121,7 +121,7 @@ void Query::Arrange() {
     grid->setHorizontalSpacing(Gap);
     grid->setVerticalSpacing(0);
     enum Column { Connective, Field, Relation, Value, Buttons };
-    for (int i = 0; i < 3; ++i) grid->addWidget(CPT[static_cast<std::size_t>(i)], 0, Field + i);
+    for (int i = 0; i < 3; ++i) grid->addWidget(CPT[i], 0, Field + i);
     grid->addWidget(CmbLG, 1, Connective);
     grid->addWidget(CmbF, 1, Field);
     grid->addWidget(CmbGX, 1, Relation);

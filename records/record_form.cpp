@@ -246,7 +246,7 @@ void RecordForm::Menu_cancel() {
 
 bool RecordForm::RequireFilled(int count) const {
     for (int i = 0; i < count; ++i) {
-        if (!text::Trim(Txt[i]->Text()).isEmpty()) continue;
+        if (!text::Trim(BoxText(i)).isEmpty()) continue;
         sys::Inform(Lab[i]->text() + LangText(u"不能为空!"_s), MsgTitle);
         return false;
     }

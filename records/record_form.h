@@ -107,6 +107,7 @@ class RecordForm : public ChildForm, public QueryCaller {
     /// After the record's row was deleted: its line goes, the counts follow, the list comes to the front.
     void ForgetCurrentRecord();
 
+    QString BoxText(int box) const { return Txt[box]->Text(); }
     /// The grid's text at the current row.
     QString CurrentCell(int col) const { return GD->TextMatrix(CurRow, col); }
     /// Removes the current line, or dresses the grid anew when it is the only one.

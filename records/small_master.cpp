@@ -122,11 +122,11 @@ void SmallMaster::Menu_query() {
 }
 
 bool SmallMaster::MakeRoom() {
-    const QString key = text::Trim(Txt[Key]->Text());
+    const QString key = text::Trim(BoxText(Key));
     const QString found = GetStr(master_.duplicateTest + key + u"'"_s);
     const bool taken = !found.isEmpty() && (FormMode == Adding || key != CurrentCell(Key));
     if (taken) {
-        const QString named = master_.duplicateNamesKey ? Txt[Key]->Text() : QString();
+        const QString named = master_.duplicateNamesKey ? BoxText(Key) : QString();
         sys::Inform(named + master_.duplicateText, MsgTitle);
         Txt[Key]->SetFocus();
         return false;
@@ -142,8 +142,8 @@ bool SmallMaster::MakeRoom() {
 
 void SmallMaster::Menu_save() {
     if (!RequireFilled(master_.requiredBoxes) || !MakeRoom()) return;
-    const QString key = text::Trim(Txt[Key]->Text());
-    const QString note = text::Trim(Txt[Note]->Text());
+    const QString key = text::Trim(BoxText(Key));
+    const QString note = text::Trim(BoxText(Note));
     Db->Execute(u"insert into "_s + master_.table + u" (F1,F2) VALUES ("_s + Quoted(key) + u","_s +
                 Quoted(note) + u")"_s);
     AppendLine({key, note});

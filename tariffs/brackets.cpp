@@ -40,7 +40,7 @@ std::optional<Standard> ReadStandard(dao::Database& db) {
     Standard standard;
     for (int i = 0; i < StandardFields; ++i) {
         const dao::Field field = row.Fields(i);
-        if (!field.IsNull()) standard[static_cast<std::size_t>(i)] = field.Number();
+        if (!field.IsNull()) standard[i] = field.Number();
     }
     row.Close();
     return standard;

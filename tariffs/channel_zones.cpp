@@ -52,7 +52,7 @@ A011::A011() : ZoneForm(CostZoneSettings()), TxtD(new controls::LineBox(Frm)) {
 
 void A011::MakeTicks() {
     for (int box = FirstHeavy; box <= LastPrice; ++box) {
-        auto* tick = ticks_[static_cast<std::size_t>(box - FirstHeavy)] = new controls::CheckBox({}, Frm);
+        auto* tick = ticks_[box - FirstHeavy] = new controls::CheckBox({}, Frm);
         tick->setObjectName(u"Chk(%1)"_s.arg(box));
         tick->setProperty("role", u"bare"_s);
         WireBox(*tick);
@@ -84,14 +84,14 @@ void A011::FillChannels() {
 // ------------------------------------------------------------------------------------------ the prices
 
 void A011::CaptionPrice(int box, const QString& caption) {
-    Lab[static_cast<std::size_t>(box)]->setText(caption);
-    Txt[static_cast<std::size_t>(box)]->Widget()->setAccessibleName(caption);
+    Lab[box]->setText(caption);
+    Txt[box]->Widget()->setAccessibleName(caption);
     if (box >= FirstHeavy) Chk(box).setAccessibleName(caption + u" 按首重价格+续重价格计算"_s);
 }
 
 void A011::ShowPrice(int box, bool shown) {
-    Lab[static_cast<std::size_t>(box)]->setVisible(shown);
-    Txt[static_cast<std::size_t>(box)]->Widget()->setVisible(shown);
+    Lab[box]->setVisible(shown);
+    Txt[box]->Widget()->setVisible(shown);
     if (box >= FirstHeavy) Chk(box).setVisible(shown);
 }
 
@@ -119,7 +119,7 @@ void A011::BuildChannelCaptions(const QString& code) {
         const double weight = row.Fields(box - FirstPrice + FirstWeightField).Number();
         ShowPrice(box, weight > 0);
         if (weight > 0) {
-            const QString head = Lab[static_cast<std::size_t>(box)]->text().left(CaptionHead);
+            const QString head = Lab[box]->text().left(CaptionHead);
             CaptionPrice(box, head + text::FormatFixed(weight, 1) + u"Kg"_s);
         }
     }
@@ -157,7 +157,7 @@ void A011::RowToCard() {
         TxtD->SetText(CurrentCell(SegmentsCol));
         const double segments = text::Val(TxtD->Text());
         for (int box = FirstPrice; box <= LastPrice; ++box) {
-            Txt[static_cast<std::size_t>(box)]->SetText(CurrentCell(box - FirstPrice + FirstPriceCol));
+            Txt[box]->SetText(CurrentCell(box - FirstPrice + FirstPriceCol));
             if (box >= FirstHeavy) ShowPrice(box, box - FirstHeavy < segments);
         }
         BuildChannelCaptions(CurrentCell(ChannelCol));
@@ -179,7 +179,7 @@ void A011::Menu_Add() {
     // The first channel's captions give way to plain numbers until the operator chooses one; the ticks stay
     // as the zone before had them.
     for (int box = FirstHeavy; box <= LastPrice; ++box) {
-        Txt[static_cast<std::size_t>(box)]->SetText({});
+        Txt[box]->SetText({});
         CaptionPrice(box, SegmentNumber(box));
     }
 }

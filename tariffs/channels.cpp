@@ -90,8 +90,7 @@ void A01::BuildCard() {
         if (i < FirstNumber) continue;
         line->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         line->setFixedWidth(NumberWidth);
-        if (i != SegmentCount)
-            Lab[static_cast<std::size_t>(i)]->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        if (i != SegmentCount) Lab[i]->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     }
     Txt[SegmentCount]->Widget()->setToolTip(u"0-10之间的整数"_s);
 
@@ -126,7 +125,7 @@ QWidget* A01::Sentences() {
         Lab2[i]->setObjectName(u"Lab2(%1)"_s.arg(i));
     }
     for (int line = 0; line < 2; ++line) {
-        const auto box = static_cast<std::size_t>(DocumentFirst + 2 * line);
+        const int box = DocumentFirst + 2 * line;
         grid->addWidget(Lab2[line], line, 0);
         grid->addWidget(Txt[box]->Widget(), line, 1);
         grid->addWidget(Lab[box], line, 2);
@@ -154,8 +153,8 @@ QWidget* A01::Segments() {
         const int row = nth / BoundColumns;
         const int column = 2 * (nth % BoundColumns);
         grid->setRowMinimumHeight(row, 24);  // hidden bounds keep their place
-        grid->addWidget(Txt[static_cast<std::size_t>(box)]->Widget(), row, column);
-        grid->addWidget(Lab[static_cast<std::size_t>(box)], row, column + 1);
+        grid->addWidget(Txt[box]->Widget(), row, column);
+        grid->addWidget(Lab[box], row, column + 1);
     }
     grid->setRowStretch(MostSegments / BoundColumns, 1);
     return holder;
@@ -164,26 +163,26 @@ QWidget* A01::Segments() {
 void A01::WireCard() {
     Txt[SegmentCount]->LostFocus = [this] { LeaveCount(); };
     for (int box = FirstBound + 1; box <= LastBound; ++box)
-        Txt[static_cast<std::size_t>(box)]->LostFocus = [this, box] { LeaveBound(box); };
+        Txt[box]->LostFocus = [this, box] { LeaveBound(box); };
 }
 
 double A01::Number(int box) const {
-    return text::Val(Txt[static_cast<std::size_t>(box)]->Text());
+    return text::Val(BoxText(box));
 }
 
 void A01::ShowBound(int box, bool shown) {
-    Txt[static_cast<std::size_t>(box)]->Widget()->setVisible(shown);
-    Lab[static_cast<std::size_t>(box)]->setVisible(shown);
+    Txt[box]->Widget()->setVisible(shown);
+    Lab[box]->setVisible(shown);
 }
 
 void A01::CaptionTop(int box) {
-    Lab[static_cast<std::size_t>(box - 1)]->setText(u"Kg-"_s + text::GeneralText(Number(box) - 1) + u"Kg"_s);
+    Lab[box - 1]->setText(u"Kg-"_s + text::GeneralText(Number(box) - 1) + u"Kg"_s);
 }
 
 void A01::RowToCard() {
     if (CurRow == 0) CurRow = 1;
-    for (int i = Code; i <= Remark; ++i) Txt[static_cast<std::size_t>(i)]->SetText(CurrentCell(i));
-    const QString code = text::Trim(Txt[Code]->Text());
+    for (int i = Code; i <= Remark; ++i) Txt[i]->SetText(CurrentCell(i));
+    const QString code = text::Trim(BoxText(Code));
     if (code.isEmpty()) return;
     auto row = Db->OpenRecordset(u"select "_s + Brackets + u" FROM M01 WHERE F1='"_s + code + u"'"_s);
     if (!(row.Eof() && row.Bof())) FillBounds(row);
@@ -194,7 +193,7 @@ void A01::FillBounds(const dao::Recordset& row) {
     const auto take = [&](int box) {
         const double value = row.Fields(box - FirstNumber).Number();
         const QString shown = box < SegmentCount ? text::FormatFixed(value, 1) : text::GeneralText(value);
-        Txt[static_cast<std::size_t>(box)]->SetText(shown);
+        Txt[box]->SetText(shown);
     };
     for (int box = FirstNumber; box <= FirstBound; ++box) take(box);
     if (Number(SegmentCount) == 0) {
@@ -210,7 +209,7 @@ void A01::FillBounds(const dao::Recordset& row) {
         if (filled)
             CaptionTop(box);
         else
-            Lab[static_cast<std::size_t>(box - 1)]->setText(OpenTop);
+            Lab[box - 1]->setText(OpenTop);
     }
 }
 
@@ -236,8 +235,7 @@ void A01::LeaveCount() {
 void A01::LeaveBound(int box) {
     if (FormMode < Adding) return;
     const double before = Number(box - 1);
-    if (before >= Number(box))
-        Txt[static_cast<std::size_t>(box)]->SetText(text::GeneralText(before + Correction));
+    if (before >= Number(box)) Txt[box]->SetText(text::GeneralText(before + Correction));
     CaptionTop(box);
 }
 
@@ -250,7 +248,7 @@ void A01::Menu_Add() {
     Txt[Code]->SetText({});
     Txt[Code]->SetFocus();
     for (int box = FirstBound; box <= LastBound; ++box) {
-        Lab[static_cast<std::size_t>(box)]->setText(OpenTop);
+        Lab[box]->setText(OpenTop);
         ShowBound(box, false);
     }
 }
@@ -291,7 +289,7 @@ void A01::Menu_del() {
 
 bool A01::BoundsFilled() const {
     for (int box = FirstBound; box <= LastBound; ++box) {
-        if (Txt[static_cast<std::size_t>(box)]->Widget()->isHidden() || Number(box) != 0) continue;
+        if (Txt[box]->Widget()->isHidden() || Number(box) != 0) continue;
         sys::Inform(u"请输入第"_s + QString::number(box - 7) + u"个计费段数值!"_s, MsgTitle);
         return false;
     }
@@ -299,10 +297,10 @@ bool A01::BoundsFilled() const {
 }
 
 bool A01::MakeRoom() {
-    const QString code = text::Trim(Txt[Code]->Text());
+    const QString code = text::Trim(BoxText(Code));
     const QString found = GetStr(u"select F2 from M01 where F1='"_s + code + u"'"_s);
     if (!found.isEmpty() && (FormMode == Adding || code != CurrentCell(Code))) {
-        sys::Inform(u"["_s + found + u"]已经使用了"_s + Txt[Code]->Text() + u"这个序号，请重新设置序号!"_s,
+        sys::Inform(u"["_s + found + u"]已经使用了"_s + BoxText(Code) + u"这个序号，请重新设置序号!"_s,
                     MsgTitle);
         Txt[Code]->SetFocus();
         return false;
@@ -319,7 +317,7 @@ bool A01::MakeRoom() {
 QString A01::InsertStatement() const {
     QStringList values;
     for (int i = Code; i <= LastBound; ++i) {
-        const QString typed = Txt[static_cast<std::size_t>(i)]->Text();
+        const QString typed = BoxText(i);
         values += i < FirstNumber ? Quoted(text::Trim(typed)) : text::GeneralText(text::Val(typed));
     }
     return u"insert into M01 (F1,F2,F3,"_s + Brackets + u") VALUES ("_s + values.join(u',') + u')';
@@ -337,7 +335,7 @@ void A01::Menu_save() {
     if (!RequireFilled(2) || !BoundsFilled() || !MakeRoom()) return;
     Db->Execute(InsertStatement());
     QStringList cells;
-    for (int i = Code; i <= Remark; ++i) cells += text::Trim(Txt[static_cast<std::size_t>(i)]->Text());
+    for (int i = Code; i <= Remark; ++i) cells += text::Trim(BoxText(i));
     AppendLine(cells);
     LeaveEdit();
     CurRow = GD->Rows() - 1;

@@ -156,14 +156,13 @@ void A03::PlaceFields(Card& card) {
     card.Group(u"客户"_s, u"联系"_s);
     for (const Place& place : Places)
         card.Field(place.half, place.row, place.pair, place.span, Lab[place.box], Txt[place.box]->Widget());
-    for (int i = 0; i < Memos; ++i) card.Field(R, i + 2, 0, 3, nullptr, TxtMEMO[static_cast<std::size_t>(i)]);
+    for (int i = 0; i < Memos; ++i) card.Field(R, i + 2, 0, 3, nullptr, TxtMEMO[i]);
     card.Over(Txt[Salesperson]->Widget(), CmbYWY);
     card.Finish();
 }
 
 void A03::WireCard() {
-    for (int box = Code; box < BoxCount; ++box)
-        Txt[static_cast<std::size_t>(box)]->GotFocus = [this, box] { EnterBox(box); };
+    for (int box = Code; box < BoxCount; ++box) Txt[box]->GotFocus = [this, box] { EnterBox(box); };
     Txt[EnglishName]->LostFocus = [this] { LeaveEnglishName(); };
     const auto enter = [this] {
         FrmBtm->CloseDownList();
@@ -186,7 +185,7 @@ std::vector<QWidget*> A03::Stops() const {
 
 void A03::OpenCard() {
     for (int box = Code; box < BoxCount; ++box) {
-        auto& text = *Txt[static_cast<std::size_t>(box)];
+        auto& text = *Txt[box];
         text.SetLocked(false);
         text.Widget()->setFocusPolicy(Qt::StrongFocus);
         // A new customer begins with the remarks of the one seen before, these and the four lines below.
@@ -218,10 +217,10 @@ void A03::CloseCard() {
 void A03::RowToCard() {
     const controls::WaitPointer wait;
     if (CurRow == 0) CurRow = 1;
-    for (int box = Code; box < BoxCount; ++box) Txt[static_cast<std::size_t>(box)]->SetText(CurrentCell(box));
+    for (int box = Code; box < BoxCount; ++box) Txt[box]->SetText(CurrentCell(box));
     auto memos = Db->OpenRecordset(u"select F91,F92,F93,F94 from M03 where F1="_s + Quoted(BoxText(Code)));
     if (!memos.Eof())
-        for (int i = 0; i < Memos; ++i) TxtMEMO[static_cast<std::size_t>(i)]->SetText(memos.Fields(i).Text());
+        for (int i = 0; i < Memos; ++i) TxtMEMO[i]->SetText(memos.Fields(i).Text());
     memos.Close();
     FrmBtm->LoadQuotes(BoxText(Code));
 }

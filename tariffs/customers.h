@@ -49,8 +49,6 @@ class A03 : public RecordForm {
     QString InsertStatement() const;
     void AppendSavedLine();
 
-    QString BoxText(int box) const { return Txt[static_cast<std::size_t>(box)]->Text(); }
-
     std::vector<controls::LineBox*> TxtMEMO;  ///< four more remark lines
     controls::ComboBox* CmbYWY;               ///< over Txt(9)
     QuotePanel* FrmBtm;

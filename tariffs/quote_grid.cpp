@@ -239,7 +239,7 @@ void QuoteGrid::FitColumns() {
     }
     for (int col = 0; col < QuoteColumns; ++col) {
         const int share = room > 0 ? room * (col + 1) / QuoteColumns - room * col / QuoteColumns : 0;
-        const int width = (widths[static_cast<std::size_t>(col)] + share) * UnitsPerPixel;
+        const int width = (widths[col] + share) * UnitsPerPixel;
         if (GridColWidth(col) != width) SetGridColWidth(col, width);
     }
 }

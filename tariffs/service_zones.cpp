@@ -36,20 +36,20 @@ void A02::BuildBracketCaptions() {
     const auto standard = tariffs::ReadStandard(*Db);
     if (!standard) return;
     for (int box = FirstPrice; box <= LastPrice; ++box) {
-        QLabel* caption = Lab[static_cast<std::size_t>(box)];
+        QLabel* caption = Lab[box];
         caption->setText(tariffs::ListPriceCaption(*standard, box - FirstPrice, caption->text()));
-        Txt[static_cast<std::size_t>(box)]->Widget()->setAccessibleName(caption->text());
+        Txt[box]->Widget()->setAccessibleName(caption->text());
     }
 }
 
 void A02::RowToCard() {
     if (CurRow == 0) CurRow = 1;
-    for (int box = Code; box <= Remark; ++box) Txt[static_cast<std::size_t>(box)]->SetText(CurrentCell(box));
+    for (int box = Code; box <= Remark; ++box) Txt[box]->SetText(CurrentCell(box));
     for (int box = FirstPrice; box <= LastPrice; ++box) {
         QString price = CurrentCell(box - FirstPrice + FirstPriceCol);
         if (box <= LastPlainPrice && text::IsPlainNumber(price))
             price = text::FormatFixed(text::Val(text::Trim(price)), 1);
-        Txt[static_cast<std::size_t>(box)]->SetText(price);
+        Txt[box]->SetText(price);
     }
     const QString range = GetStr(u"select F3 from M02 where F1="_s + Quoted(CurrentCell(Code)));
     choice_->SetListIndex(range == u"国内" ? 0 : 1);

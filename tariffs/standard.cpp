@@ -78,10 +78,10 @@ void S01::MakeControls() {
         box->setObjectName(u"Txt(%1)"_s.arg(i));
         box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         box->setFixedWidth(kBoxWidth);
-        box->SetText(kDefaults[static_cast<std::size_t>(i)].toString());
+        box->SetText(kDefaults[i].toString());
         box->KeyPressed = controls::EnterMovesOn;
         if (i > kFirstSegment && i <= kLastSegment) box->LostFocus = [this, i] { LeaveSegment(i); };
-        Txt[static_cast<std::size_t>(i)] = box;
+        Txt[i] = box;
     }
     const QString fixed[] = {u"文件资料："_s,   u"小包裹："_s, u"重包裹：分十五个计费段："_s,
                              u"Kg起计价，续"_s, u"Kg加价；"_s, u"Kg起计价，续"_s,
@@ -91,7 +91,7 @@ void S01::MakeControls() {
         Lab[i] = caption(i < std::size(fixed) ? fixed[i] : u"Kg以上"_s);
         Lab[i]->setObjectName(u"Lab(%1)"_s.arg(i));
     }
-    for (const int i : {0, 1, 2}) Lab[static_cast<std::size_t>(i)]->setProperty("role", u"group"_s);
+    for (const int i : {0, 1, 2}) Lab[i]->setProperty("role", u"group"_s);
     Labd = controls::MakeCaption(u"默认加价系数："_s, Txt[Boxes - 1], this);
     Labd->setObjectName(u"Labd"_s);
     Labd->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -100,7 +100,7 @@ void S01::MakeControls() {
                              u"小包裹续加重量"_s};
     for (std::size_t i = 0; i < std::size(names); ++i) Txt[i]->setAccessibleName(names[i]);
     for (int i = kFirstSegment; i <= kLastSegment; ++i)
-        Txt[static_cast<std::size_t>(i)]->setAccessibleName(u"重包裹第%1段起点"_s.arg(i - kFirstSegment + 1));
+        Txt[i]->setAccessibleName(u"重包裹第%1段起点"_s.arg(i - kFirstSegment + 1));
 
     CmdOK = new controls::Button(u"保  存"_s, this);
     CmdCancel = new controls::Button(u"退  出"_s, this);
@@ -119,9 +119,9 @@ QLayout* S01::Sentences() {
     grid->setColumnMinimumWidth(0, kIndent - grid->horizontalSpacing());
     grid->setColumnStretch(5, 1);
     for (int line = 0; line < 2; ++line) {
-        const auto box = static_cast<std::size_t>(2 * line);
-        const auto words = static_cast<std::size_t>(3 + 2 * line);
-        grid->addWidget(Lab[static_cast<std::size_t>(line)], line, 0);
+        const int box = 2 * line;
+        const int words = 3 + 2 * line;
+        grid->addWidget(Lab[line], line, 0);
         grid->addWidget(Txt[box], line, 1);
         grid->addWidget(Lab[words], line, 2);
         grid->addWidget(Txt[box + 1], line, 3);
@@ -139,30 +139,29 @@ QLayout* S01::Segments() {
     for (int box = kFirstSegment; box <= kLastSegment; ++box) {
         const int nth = box - kFirstSegment;
         const int column = 2 * (nth % kColumns);
-        QLabel* top = Lab[static_cast<std::size_t>(box + kBoxToCaption)];
+        QLabel* top = Lab[box + kBoxToCaption];
         top->setMinimumWidth(kCaptionWidth);
-        grid->addWidget(Txt[static_cast<std::size_t>(box)], nth / kColumns, column);
+        grid->addWidget(Txt[box], nth / kColumns, column);
         grid->addWidget(top, nth / kColumns, column + 1);
     }
     return grid;
 }
 
 double S01::Number(int box) const {
-    return text::Val(Txt[static_cast<std::size_t>(box)]->Text());
+    return text::Val(Txt[box]->Text());
 }
 
 /// The top of the segment on the left is one kilogram below this box.
 void S01::ShowTop(int box) {
-    Lab[static_cast<std::size_t>(box - 1 + kBoxToCaption)]->setText(TopCaption(Number(box) - 1));
+    Lab[box - 1 + kBoxToCaption]->setText(TopCaption(Number(box) - 1));
 }
 
 void S01::Load() {
     const auto standard = tariffs::ReadStandard(*Db);
     if (!standard) return;
     for (int i = 0; i < Boxes; ++i) {
-        auto& box = *Txt[static_cast<std::size_t>(i)];
-        if (const auto& value = (*standard)[static_cast<std::size_t>(i)])
-            box.SetText(text::GeneralText(*value));
+        auto& box = *Txt[i];
+        if (const auto& value = (*standard)[i]) box.SetText(text::GeneralText(*value));
         if (i > kFirstSegment && i <= kLastSegment) ShowTop(i);
         box.SetText(text::FormatFixed(Number(i), 1));
     }
@@ -170,8 +169,7 @@ void S01::Load() {
 
 /// Out of order is put right without a word, and for the box that is left only: the next ones stay.
 void S01::LeaveSegment(int box) {
-    if (Number(box - 1) >= Number(box))
-        Txt[static_cast<std::size_t>(box)]->SetText(text::GeneralText(Number(box - 1) + kCorrection));
+    if (Number(box - 1) >= Number(box)) Txt[box]->SetText(text::GeneralText(Number(box - 1) + kCorrection));
     ShowTop(box);
 }
 
@@ -180,7 +178,7 @@ void S01::Save() {
         return sys::Inform(u"只有系统管理员才能修改此项设置，请用“001”帐号登录！"_s, u"提示"_s);
     if (!sys::Ask(u"警告！计价标准不宜经常改变！真的继续吗？"_s, u"提示"_s)) return;
     for (int i = 0; i < kCheckedOnSave; ++i) {
-        Txt[static_cast<std::size_t>(i)]->SetText(text::GeneralText(Number(i)));
+        Txt[i]->SetText(text::GeneralText(Number(i)));
         if (Number(i) <= 0)
             return sys::Inform(u"所有数值都不能小于或等于0！"_s, u" 提示"_s);  // with its leading blank
     }

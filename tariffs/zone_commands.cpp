@@ -70,8 +70,7 @@ void ZoneForm::DeleteArea() {
 }
 
 void ZoneForm::AreaToBoxes() {
-    for (int col = 0; col < AreaCols; ++col)
-        Txt[static_cast<std::size_t>(AreaName + col)]->SetText(GDdq->TextMatrix(GDdq->Row(), col));
+    for (int col = 0; col < AreaCols; ++col) Txt[AreaName + col]->SetText(GDdq->TextMatrix(GDdq->Row(), col));
 }
 
 // ------------------------------------------------------------------------------------------ the commands

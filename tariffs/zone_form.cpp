@@ -86,23 +86,18 @@ ZoneForm::ZoneForm(const ZoneSettings& settings)
     for (int col = settings.shownCols; col < GD->Cols(); ++col) GD->SetGridColWidth(col, 0);
 }
 
-QString ZoneForm::StatusText() const {
-    return u"共 "_s + QString::number(RecCount) + u" 条记录 当前为第 "_s + QString::number(CurRow) + u" 条"_s;
-}
-
 // ------------------------------------------------------------------------------------------ building
 
 void ZoneForm::MakeBoxes() {
     for (const QString& caption : zone_.captions) MakeBox(caption, Txt.empty() ? CodeLimit : NoLimit);
-    for (int box = LastHandled + 1; box <= zone_.lastPrice; ++box)
-        Txt[static_cast<std::size_t>(box)]->SetLocked(false);
+    for (int box = LastHandled + 1; box <= zone_.lastPrice; ++box) Txt[box]->SetLocked(false);
     if (zone_.unused != NoBox) {
-        Txt[static_cast<std::size_t>(zone_.unused)]->Widget()->hide();
-        Lab[static_cast<std::size_t>(zone_.unused)]->hide();
+        Txt[zone_.unused]->Widget()->hide();
+        Lab[zone_.unused]->hide();
     }
     for (int box = 0; box <= zone_.lastPrice; ++box)
         if (box == zone_.days || box >= zone_.firstPrice)
-            static_cast<controls::LineBox*>(Txt[static_cast<std::size_t>(box)]->Widget())
+            static_cast<controls::LineBox*>(Txt[box]->Widget())
                 ->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
@@ -110,7 +105,7 @@ void ZoneForm::MakeChoice() {
     choice_->setObjectName(zone_.choiceCombo);
     WireBox(*choice_);
     if (zone_.choiceBox != NoBox) {
-        choiceLabel_ = Lab[static_cast<std::size_t>(zone_.choiceBox)];
+        choiceLabel_ = Lab[zone_.choiceBox];
         choiceLabel_->setBuddy(choice_);
         choice_->setAccessibleName(choiceLabel_->text());
         return;
@@ -157,8 +152,8 @@ void ZoneForm::BuildCard() {
 void ZoneForm::PlaceZone() {
     for (const auto& [box, row, pair, span] : zone_.places) {
         const int shown = box == ChoicePlace ? zone_.choiceBox : box;
-        QLabel* caption = box == ChoicePlace ? choiceLabel_ : Lab[static_cast<std::size_t>(box)];
-        QWidget* field = shown == NoBox ? choice_ : Txt[static_cast<std::size_t>(shown)]->Widget();
+        QLabel* caption = box == ChoicePlace ? choiceLabel_ : Lab[box];
+        QWidget* field = shown == NoBox ? choice_ : Txt[shown]->Widget();
         card_->Field(Card::Half::Left, row, pair, span, caption, field);
         if (box == ChoicePlace && shown != NoBox) card_->Over(field, choice_);
     }
@@ -222,17 +217,16 @@ QWidget* ZoneForm::PricePanel() {
     grid->setHorizontalSpacing(0);
     grid->setVerticalSpacing(RowGap);
     for (int box = zone_.firstPrice; box <= zone_.lastPrice; ++box) {
-        const auto i = static_cast<std::size_t>(box);
         const int nth = box - zone_.firstPrice;
         const int heavy = nth - PlainPrices;
         const int row = heavy < 0 ? 0 : 1 + heavy / PriceCols;
         const int col = PriceParts * (heavy < 0 ? nth : heavy % PriceCols);
-        Lab[i]->setFixedHeight(BoxHeight);
+        Lab[box]->setFixedHeight(BoxHeight);
         grid->setRowMinimumHeight(row, BoxHeight);  // hidden prices keep their place
-        QWidget* price = Txt[i]->Widget();
+        QWidget* price = Txt[box]->Widget();
         price->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         price->setMinimumWidth(PriceBox);
-        grid->addWidget(Lab[i], row, col);
+        grid->addWidget(Lab[box], row, col);
         grid->addWidget(price, row, col + 1);
     }
     for (int pair = 0; pair < PriceCols; ++pair) {
@@ -249,7 +243,7 @@ QWidget* ZoneForm::PricePanel() {
 }
 
 void ZoneForm::PutBeside(int price, QWidget* part) {
-    QWidget* box = Txt[static_cast<std::size_t>(price)]->Widget();
+    QWidget* box = Txt[price]->Widget();
     int row = 0, col = 0, rows = 0, cols = 0;
     prices_->getItemPosition(prices_->indexOf(box), &row, &col, &rows, &cols);
     prices_->addWidget(part, row, col + 1, Qt::AlignRight | Qt::AlignVCenter);
@@ -258,7 +252,7 @@ void ZoneForm::PutBeside(int price, QWidget* part) {
 }
 
 std::vector<QWidget*> ZoneForm::Stops() const {
-    const auto box = [this](int i) { return Txt[static_cast<std::size_t>(i)]->Widget(); };
+    const auto box = [this](int i) { return Txt[i]->Widget(); };
     std::vector<QWidget*> stops;
     for (const ZonePlace& place : zone_.places) {
         const int shown = place.box == ChoicePlace ? zone_.choiceBox : place.box;
@@ -275,7 +269,7 @@ std::vector<QWidget*> ZoneForm::Stops() const {
 
 void ZoneForm::WireCard() {
     for (int box = 0; box <= zone_.lastPrice; ++box) {
-        auto& text = *Txt[static_cast<std::size_t>(box)];
+        auto& text = *Txt[box];
         text.GotFocus = [this, box] { EnterBox(box); };
         text.KeyPressed = [this, box](controls::KeyPress& key) { KeyInBox(box, key); };
     }
@@ -300,15 +294,14 @@ void ZoneForm::ShowForEdit(bool shown) {
 /// The prices that are never locked look as the others do.
 void ZoneForm::LookLocked(bool locked) {
     for (int box = LastHandled + 1; box <= zone_.lastPrice; ++box)
-        controls::Mark(Txt[static_cast<std::size_t>(box)]->Widget(), "state",
-                       locked ? u"locked"_s : QString());
+        controls::Mark(Txt[box]->Widget(), "state", locked ? u"locked"_s : QString());
 }
 
 void ZoneForm::OpenCard() {
     const controls::CardAtRest rest(*card_);
     for (int box = Name; box <= LastHandled; ++box) {
         if (box == zone_.unused) continue;
-        auto& text = *Txt[static_cast<std::size_t>(box)];
+        auto& text = *Txt[box];
         text.SetLocked(false);
         if (FormMode == Adding) text.SetText({});
     }
@@ -319,7 +312,7 @@ void ZoneForm::OpenCard() {
 
 void ZoneForm::CloseCard() {
     const controls::CardAtRest rest(*card_);
-    for (int box = Code; box <= LastHandled; ++box) Txt[static_cast<std::size_t>(box)]->SetLocked(true);
+    for (int box = Code; box <= LastHandled; ++box) Txt[box]->SetLocked(true);
     ShowForEdit(false);
     LookLocked(true);
     StopAtBoxes(false);
@@ -336,14 +329,14 @@ void ZoneForm::EnterBox(int box) {
         return;
     }
     ProposeFor(box);
-    static_cast<controls::LineBox*>(Txt[static_cast<std::size_t>(box)]->Widget())->selectAll();
+    static_cast<controls::LineBox*>(Txt[box]->Widget())->selectAll();
 }
 
 void ZoneForm::ProposeFor(int box) {
     const QString code = BoxText(Code);
     if (box == Name && !code.isEmpty() && BoxText(Name).isEmpty()) Txt[Name]->SetText(u"区域"_s + code);
     if (box == zone_.englishName && !code.isEmpty() && BoxText(box).isEmpty())
-        Txt[static_cast<std::size_t>(box)]->SetText(u"Zone "_s + code);
+        Txt[box]->SetText(u"Zone "_s + code);
     if (box == AreaName && GDdq->Rows() == 2 && BoxText(AreaEnglish).isEmpty()) {
         Txt[AreaName]->SetText(BoxText(Name));
         Txt[AreaEnglish]->SetText(BoxText(ProposedEnglish));

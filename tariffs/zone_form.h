@@ -29,7 +29,6 @@ class ZoneForm : public RecordForm {
     virtual void Menu_Add();
 
     QStringList Headers() const override { return zone_.headers; }
-    QString StatusText() const override;
     int LoadedCols() const override { return zone_.loadedCols; }
     void OpenCard() override;
     void CloseCard() override;
@@ -41,7 +40,6 @@ class ZoneForm : public RecordForm {
     void PutBeside(int price, QWidget* part);
     controls::Card& TheCard() const { return *card_; }
 
-    QString BoxText(int box) const { return Txt[static_cast<std::size_t>(box)]->Text(); }
     QString TrimmedBox(int box) const;
     /// The box's number in general form, for a statement.
     QString NumberBox(int box) const;

@@ -84,7 +84,6 @@ class B01 : public RecordForm {
     void Post();
 
     controls::ComboBox& Combo(waybills::Box box) const { return *Cmb.at(box); }
-    QString BoxText(waybills::Box box) const { return Txt[box]->Text(); }
 
     std::map<waybills::Box, controls::ComboBox*> Cmb;  ///< over the boxes of the same index
     controls::DTPicker* DTP = nullptr;                 ///< over Txt[SendDate]
