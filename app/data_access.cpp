@@ -9,20 +9,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString FirstText(dao::Database& db, const QString& sql) {
+/// The first field of the first row; an empty value when there is no row.
+template <class Value>
+Value First(dao::Database& db, const QString& sql, Value (dao::Field::*read)() const) {
     auto rows = db.OpenRecordset(sql);
-    QString result;
-    if (!(rows.Eof() && rows.Bof())) result = rows.Fields(0).Text();
+    Value first{};
+    if (!(rows.Eof() && rows.Bof())) first = (rows.Fields(0).*read)();
     rows.Close();
-    return result;
+    return first;
+}
+
+QString FirstText(dao::Database& db, const QString& sql) {
+    return First(db, sql, &dao::Field::Text);
 }
 
 double FirstNumber(dao::Database& db, const QString& sql) {
-    auto rows = db.OpenRecordset(sql);
-    double result = 0;
-    if (!(rows.Eof() && rows.Bof())) result = rows.Fields(0).Number();
-    rows.Close();
-    return result;
+    return First(db, sql, &dao::Field::Number);
 }
 
 /// An error that has taken the whole command with it ends that command; no asker may go on with an empty
@@ -40,15 +42,21 @@ void TellFailure(const QString& helper, const PlatformError& error) {
                  .keepsGroup = true});
 }
 
+/// What the question gives, or an empty value after a box that names the helper and tells the error.
+template <class Question>
+auto AskOrTell(const QString& helper, const Question& question) -> decltype(question()) {
+    try {
+        return question();
+    } catch (const PlatformError& error) {
+        TellFailure(helper, error);
+        return {};
+    }
+}
+
 }  // namespace
 
 QString GetStr(dao::Database& db, const QString& sql) {
-    try {
-        return FirstText(db, sql);
-    } catch (const PlatformError& error) {
-        TellFailure(u"GetStr"_s, error);
-        return {};
-    }
+    return AskOrTell(u"GetStr"_s, [&] { return FirstText(db, sql); });
 }
 
 QString GetStrQuiet(dao::Database& db, const QString& sql) {
@@ -61,21 +69,13 @@ QString GetStrQuiet(dao::Database& db, const QString& sql) {
 }
 
 double GetVal(dao::Database& db, const QString& sql) {
-    try {
-        return FirstNumber(db, sql);
-    } catch (const PlatformError& error) {
-        TellFailure(u"GetVal"_s, error);
-        return 0;
-    }
+    return AskOrTell(u"GetVal"_s, [&] { return FirstNumber(db, sql); });
 }
 
+// That there is no session's database any more is told like any other error.
+
 QString GetStr(const QString& sql) {
-    try {
-        return FirstText(*Db, sql);
-    } catch (const PlatformError& error) {
-        TellFailure(u"GetStr"_s, error);
-        return {};
-    }
+    return AskOrTell(u"GetStr"_s, [&] { return FirstText(*Db, sql); });
 }
 
 QString GetStrQuiet(const QString& sql) {
@@ -83,12 +83,7 @@ QString GetStrQuiet(const QString& sql) {
 }
 
 double GetVal(const QString& sql) {
-    try {
-        return FirstNumber(*Db, sql);
-    } catch (const PlatformError& error) {
-        TellFailure(u"GetVal"_s, error);
-        return 0;
-    }
+    return AskOrTell(u"GetVal"_s, [&] { return FirstNumber(*Db, sql); });
 }
 
 QString LangText(const QString& text) {

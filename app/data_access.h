@@ -1,5 +1,9 @@
-// The helpers through which forms ask the database single questions, and the two that join a value into a
-// statement. Statements are text: text values between apostrophes, numbers bare; nothing is escaped.
+// The helpers through which forms ask the database single questions, and the small ones over the texts that
+// go into statements and come out of combos. Statements are text: text values between apostrophes (Quoted),
+// numbers bare (text::GeneralText); nothing is escaped, so a value with an apostrophe breaks its statement.
+//
+// Always holds: a failure that took the whole command with it (DatabaseError::GroupLost) is passed on by all
+// of them; no other failure leaves them.
 #pragma once
 
 #include "platform/dao/database.h"
@@ -22,7 +26,8 @@ double GetVal(dao::Database& db, const QString& sql);
 
 /// Hands the text back unchanged for every language flag.
 QString LangText(const QString& text);
-/// Rounds to one decimal by the number format "#0.0".
+/// A price in yuan to one decimal, by the number format "#0.0": half away from zero. Raises RuntimeError on
+/// what is no number.
 double Round1(double value);
 /// Trims, replaces each apostrophe by ’, removes line breaks; stored back and returned.
 QString CleanText(QString& text);

@@ -16,10 +16,16 @@ using namespace waybills;
 
 namespace {
 
-const QString InsertHead =
-    u"insert into B01 (F1,F101,F102,F103,F201,F202,F203,F2031,F2041,F2042,F2051,F2052,F2061,F2062,F2071,F2072,"_s +
-    u"F208,F301,F302,F303,F401,F402,F403,F404,F405,F501,F502,F503,F504,F601,F602,F603,F604,F505,F507,F506,F701,"_s +
-    u"F702,F703,F704,F2021,F605,F606,DF,YJ,XJ,F508,F509,F510,F4051,F4052,F4053) VALUES ("_s;
+/// "insert into B01 (...) VALUES (": a column for each box, and behind the delivery time the three that take
+/// the total by the payment mode.
+QString InsertHead() {
+    QStringList columns;
+    for (const BoxRow& row : Boxes()) {
+        columns += row.field;
+        if (row.box == DeliveryTime) columns += {u"DF"_s, u"YJ"_s, u"XJ"_s};
+    }
+    return u"insert into B01 ("_s + columns.join(u',') + u") VALUES ("_s;
+}
 
 /// What a test against the masters counts as no answer.
 bool Absent(const QString& found) {
@@ -135,7 +141,8 @@ QString B01::InsertStatement() const {
         values += row.kind == Kind::Text ? Quoted(text::Trim(typed)) : text::GeneralText(text::Val(typed));
         if (row.box == DeliveryTime) values += {share(u"到付"), share(u"月结"), share(u"现金")};
     }
-    return InsertHead + values.join(u',') + u')';
+    static const QString head = InsertHead();
+    return head + values.join(u',') + u')';
 }
 
 void B01::AppendSavedLine() {
