@@ -15,8 +15,6 @@ using namespace tariffs;
 
 namespace {
 
-constexpr int UnitsPerPixel = 15;  // of a grid's column widths
-
 /// Narrowest columns, pixels. A longer caption or text widens its column, a name only so far.
 constexpr int ZoneWidth = 46;
 constexpr int NameWidth = 64;

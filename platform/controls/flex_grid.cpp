@@ -2,12 +2,12 @@
 #include "platform/errors.h"
 
 #include <QPainter>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyle>
 
 #include <algorithm>
-#include <cmath>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -17,79 +17,63 @@ namespace {
 
 constexpr int kRowHeight = 24;
 constexpr int kBarWidth = 3;
-constexpr int kUnitsPerPixel = 15;
-constexpr int kDefaultWidth = 64 * kUnitsPerPixel;
 const QColor kSurfaceLow(0xF6, 0xF8, 0xFA);
 const QColor kAccent(0x0B, 0x6B, 0x83);
 
-}  // namespace
-
-FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), state_(std::make_unique<State>()) {
-    State& s = *state_;
-    s.model = new GridModel(this);
-    s.header = new GridHeader(*s.model, this);
-    s.widths.assign(static_cast<std::size_t>(s.model->Cols()), kDefaultWidth);
-    setModel(s.model);
-    setHorizontalHeader(s.header);
-    setItemDelegate(new GridDelegate(this));
-    setShowGrid(false);
-    setAlternatingRowColors(true);
-    setSelectionBehavior(SelectRows);
-    setSelectionMode(ContiguousSelection);
-    setEditTriggers(NoEditTriggers);
-    setVerticalScrollMode(ScrollPerItem);
-    setHorizontalScrollMode(ScrollPerPixel);
-    setAutoScroll(false);
-    setWordWrap(false);
-    setTabKeyNavigation(false);
-    setFocusPolicy(Qt::StrongFocus);
-    setAttribute(Qt::WA_InputMethodEnabled, false);
-    setCornerButtonEnabled(false);
-    auto* corner = new QWidget(this);  // between the two scroll bars, in their colour
+/// Between the two scroll bars, in their colour.
+QWidget* MakeCorner(QWidget* parent) {
+    auto* corner = new QWidget(parent);
     corner->setAutoFillBackground(true);
     QPalette low = corner->palette();
     low.setColor(QPalette::Window, kSurfaceLow);
     corner->setPalette(low);
-    setCornerWidget(corner);
-    SetFramed(false);
-    setVerticalHeader(new RowHeads(this));
-    verticalHeader()->hide();
-    verticalHeader()->setMinimumSectionSize(kRowHeight);
-    verticalHeader()->setDefaultSectionSize(kRowHeight);
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    return corner;
+}
 
-    connect(s.header, &QHeaderView::sectionResized, this, [this](int col, int, int width) {
-        if (!state_->sizing && width > 0 && col < Cols())
-            state_->widths[static_cast<std::size_t>(col)] = width * kUnitsPerPixel;
-        PlaceCover();
-    });
-    connect(horizontalScrollBar(), &QScrollBar::valueChanged, s.header->viewport(),
+/// What of the toolkit's table a list has, and what not.
+void SetUp(QTableView& view) {
+    view.setShowGrid(false);
+    view.setAlternatingRowColors(true);
+    view.setSelectionBehavior(QTableView::SelectRows);
+    view.setSelectionMode(QTableView::ContiguousSelection);
+    view.setEditTriggers(QTableView::NoEditTriggers);
+    view.setVerticalScrollMode(QTableView::ScrollPerItem);
+    view.setHorizontalScrollMode(QTableView::ScrollPerPixel);
+    view.setAutoScroll(false);
+    view.setWordWrap(false);
+    view.setTabKeyNavigation(false);
+    view.setFocusPolicy(Qt::StrongFocus);
+    view.setAttribute(Qt::WA_InputMethodEnabled, false);
+    view.setCornerButtonEnabled(false);
+    view.setCornerWidget(MakeCorner(&view));
+    auto* heads = new RowHeads(&view);
+    view.setVerticalHeader(heads);
+    heads->hide();
+    heads->setMinimumSectionSize(kRowHeight);
+    heads->setDefaultSectionSize(kRowHeight);
+    heads->setSectionResizeMode(QHeaderView::Fixed);
+}
+
+}  // namespace
+
+FlexGrid::State::State(FlexGrid& grid)
+    : model(new GridModel(&grid)),
+      header(new GridHeader(*model, &grid)),
+      columns(new GridColumns(&grid, header)),
+      cover(grid, *model) {
+    columns->SetCount(model->Cols());
+}
+
+FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent), state_(std::make_unique<State>(*this)) {
+    setModel(state_->model);
+    setHorizontalHeader(state_->header);
+    SetUp(*this);
+    setItemDelegate(new GridDelegate(this));
+    SetFramed(false);
+    connect(state_->header, &QHeaderView::sectionResized, this, [this] { state_->cover.Place(); });
+    connect(horizontalScrollBar(), &QScrollBar::valueChanged, state_->header->viewport(),
             [this] { state_->header->viewport()->update(); });
-    s.editor = new CellEditor(viewport());
-    s.editor->Entered = [this] {
-        const QPointer<FlexGrid> self(this);
-        FinishEditor(true);
-        if (self) CellEntered();
-    };
-    s.editor->Dropped = [this] { FinishEditor(false); };
-    s.editor->Left = [this] {
-        // The focus is still on its way. When it has arrived the editor goes, since hiding it before would
-        // look like the toolkit's own doing, and the form hears of the cell.
-        FinishEditor(true, false);
-        QMetaObject::invokeMethod(
-            this,
-            [this] {
-                if (!state_->editing) state_->editor->hide();
-                TellEdited();
-            },
-            Qt::QueuedConnection);
-    };
-    s.editor->MovedOn = [this](QKeyEvent* event) {
-        const QPointer<FlexGrid> self(this);
-        FinishEditor(true);
-        if (self && !Editing()) QCoreApplication::sendEvent(this, event);
-    };
-    ApplyWidths();
+    state_->columns->Show();
     Highlight();
 }
 
@@ -120,10 +104,7 @@ int FlexGrid::FixedRows() const {
 /// Every change of the counts: an editor over a row that goes or moves is dropped, Row keeps its number.
 void FlexGrid::Change(int fromRow, const std::function<void()>& change) {
     State& s = *state_;
-    if (s.editing && s.coverRow >= fromRow) {
-        FinishEditor(false, false);
-        s.editor->hide();
-    }
+    s.cover.DropFrom(fromRow);
     const bool reached = std::max(s.row, s.rowSel) >= fromRow;
     {
         const QScopedValueRollback quiet(s.highlighting, true);
@@ -136,7 +117,7 @@ void FlexGrid::Change(int fromRow, const std::function<void()>& change) {
     s.col = std::min(s.col, lastCol);
     s.colSel = std::min(s.colSel, lastCol);
     if (reached) Highlight();
-    PlaceCover();
+    state_->cover.Place();
 }
 
 void FlexGrid::SetRows(int rows) {
@@ -148,9 +129,9 @@ void FlexGrid::SetCols(int cols) {
     if (cols < 1) throw RuntimeError(u"下标越界"_s);
     Change(0, [&] {
         state_->model->SetCols(cols);
-        state_->widths.resize(static_cast<std::size_t>(cols), kDefaultWidth);
+        state_->columns->SetCount(cols);
     });
-    ApplyWidths();
+    ShowWidths();
 }
 
 void FlexGrid::SetFixedRows(int rows) {
@@ -159,7 +140,7 @@ void FlexGrid::SetFixedRows(int rows) {
     Change(0, [&] { s.model->SetFixedRows(rows); });
     if (s.row > 0 && s.row < rows) s.row = s.rowSel = rows;
     s.header->Fit();
-    ApplyWidths();
+    ShowWidths();
     updateGeometries();
     Highlight();
 }
@@ -308,15 +289,15 @@ void FlexGrid::resizeEvent(QResizeEvent* event) {
     const int y = (at - verticalScrollBar()->value()) * kRowHeight;
     const bool inSight = at >= 0 && y >= 0 && y < event->oldSize().height();
     QTableView::resizeEvent(event);
-    if (s.shared) ShareOut();
+    s.columns->Refit();
     if (inSight) ShowRow(s.row);
-    PlaceCover();
+    state_->cover.Place();
 }
 
 void FlexGrid::scrollContentsBy(int dx, int dy) {
     QTableView::scrollContentsBy(dx, dy);
     if (dx != 0) viewport()->update();  // the bar at the left edge stands still
-    LeaveCover();
+    state_->cover.Leave();
 }
 
 void FlexGrid::paintEvent(QPaintEvent* event) {
@@ -377,7 +358,7 @@ void FlexGrid::EndLoad() {
     s.row = s.rowSel = FixedRows();
     s.col = s.colSel = 0;
     s.topOnShow.reset();
-    ApplyWidths();
+    ShowWidths();
     Highlight();
     verticalScrollBar()->setValue(0);
 }
@@ -390,51 +371,24 @@ std::size_t FlexGrid::MatrixBytes() const {
 
 int FlexGrid::GridColWidth(int col) const {
     CheckCol(col);
-    return state_->widths[static_cast<std::size_t>(col)];
+    return state_->columns->Width(col);
 }
 
 void FlexGrid::SetGridColWidth(int col, int width) {
     CheckCol(col);
     if (width < 0) throw RuntimeError(u"下标越界"_s);
-    state_->widths[static_cast<std::size_t>(col)] = width;
-    if (width > 0) state_->shared = false;
-    ApplyWidths();
+    state_->columns->SetWidth(col, width);
+    state_->cover.Place();
 }
 
 void FlexGrid::ShareWidths() {
-    state_->shared = true;
-    ApplyWidths();
+    state_->columns->Share();
+    state_->cover.Place();
 }
 
-void FlexGrid::ApplyWidths() {
-    State& s = *state_;
-    s.header->setSectionResizeMode(s.shared ? QHeaderView::Fixed : QHeaderView::Interactive);
-    setHorizontalScrollBarPolicy(s.shared ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
-    const QScopedValueRollback quiet(s.sizing, true);
-    for (int col = 0; col < Cols(); ++col) {
-        const int width = s.widths[static_cast<std::size_t>(col)];
-        const int pixels = (width + kUnitsPerPixel / 2) / kUnitsPerPixel;
-        setColumnHidden(col, pixels == 0);
-        if (pixels > 0 && !s.shared) setColumnWidth(col, pixels);
-    }
-    if (s.shared) ShareOut();
-    PlaceCover();
-}
-
-/// Whole pixels whose sum is the width exactly.
-void FlexGrid::ShareOut() {
-    State& s = *state_;
-    const QScopedValueRollback quiet(s.sizing, true);
-    const int shown = Cols() - s.header->hiddenSectionCount();
-    const int total = viewport()->width();
-    int nth = 0;
-    for (int col = 0; col < Cols(); ++col) {
-        if (isColumnHidden(col)) continue;
-        const int pixels = total * (nth + 1) / shown - total * nth / shown;
-        ++nth;
-        setColumnWidth(col, pixels);
-        s.widths[static_cast<std::size_t>(col)] = std::max(1, pixels) * kUnitsPerPixel;
-    }
+void FlexGrid::ShowWidths() {
+    state_->columns->Show();
+    state_->cover.Place();
 }
 
 void FlexGrid::SetColAlignment(int col, Qt::Alignment alignment) {

@@ -24,6 +24,8 @@ namespace controls {
 class FlexGrid : public QTableView, public FocusEvents {
     Q_OBJECT
   public:
+    static constexpr int UnitsPerPixel = 15;  ///< of the widths
+
     explicit FlexGrid(QWidget* parent = nullptr);
     ~FlexGrid() override;
 
@@ -140,12 +142,7 @@ class FlexGrid : public QTableView, public FocusEvents {
     void Highlight();
     void ShowRow(int row);
     void ShowCol(int col);
-    void ApplyWidths();
-    void ShareOut();
-    void PlaceCover();
-    void LeaveCover();
-    void FinishEditor(bool keep, bool tell = true);
-    void TellEdited();
+    void ShowWidths();
     void CopyRows() const;
 
     struct State;

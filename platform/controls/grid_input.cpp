@@ -1,23 +1,13 @@
-// The operator's side of a grid: keys, mouse, and the boxes that are laid over a cell.
+// The operator's side of a grid: keys, mouse, and what he types over a cell.
 #include "platform/controls/grid_state.h"
-#include "platform/errors.h"
 
-#include <QApplication>
 #include <QClipboard>
+#include <QGuiApplication>
 #include <QPointer>
-#include <QStyle>
 
 #include <algorithm>
-#include <optional>
-
-using namespace Qt::StringLiterals;
 
 namespace controls {
-namespace {
-
-constexpr int kTextShift = 3;  // from where a box draws its text to where a cell does
-
-}  // namespace
 
 // ---------------------------------------------------------------- keys and mouse
 
@@ -95,7 +85,7 @@ void FlexGrid::mousePressEvent(QMouseEvent* event) {
     event->accept();
     state_->pressed = -1;
     const QPointer<FlexGrid> self(this);
-    FinishEditor(true);
+    state_->cover.Finish(true);
     if (!self || event->button() != Qt::LeftButton) return;
     const QModelIndex index = indexAt(event->position().toPoint());
     if (!index.isValid()) return;
@@ -114,7 +104,7 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event) {
     state_->pressed = -1;
     if (event->button() != Qt::LeftButton) return;
     const QPointer<FlexGrid> self(this);
-    FinishEditor(true);
+    state_->cover.Finish(true);
     const QModelIndex index = self ? indexAt(event->position().toPoint()) : QModelIndex();
     if (!index.isValid()) return;
     Move(index.row() + FixedRows(), index.column());
@@ -145,93 +135,35 @@ QRect FlexGrid::CellRect(int row, int col) const {
 }
 
 QLineEdit* FlexGrid::Editor() const {
-    return state_->editor;
+    return state_->cover.Editor();
 }
 
 bool FlexGrid::Editing() const {
-    return state_->editing;
+    return state_->cover.Editing();
 }
 
 void FlexGrid::LayOver(QWidget* box, int row, int col) {
     CheckRow(row, FixedRows());
     CheckCol(col);
     CommitEditor();
-    State& s = *state_;
-    s.cover = nullptr;  // what is scrolled now is no scrolling of the operator
+    state_->cover.Forget();  // what is scrolled now is no scrolling of the operator
     ShowRow(row);
     ShowCol(col);
-    s.cover = box;
-    s.coverRow = row;
-    s.coverCol = col;
-    if (box->parentWidget() != viewport()) {
-        box->setProperty("kind", u"cell"_s);  // fills the cell: no round corners, no height of its own
-        box->setParent(viewport());
-        if (auto* line = qobject_cast<QLineEdit*>(box)) line->setTextMargins(kTextShift, 0, kTextShift, 0);
-        box->style()->unpolish(box);
-        box->style()->polish(box);
-    }
-    PlaceCover();
-    box->show();
-    box->raise();
+    state_->cover.Lay(box, row, col);
 }
 
 void FlexGrid::EditCell(int row, int col) {
     CheckRow(row, FixedRows());
     CheckCol(col);
     CommitEditor();
-    State& s = *state_;
-    s.editor->setTextMargins(kTextShift, 0, kTextShift, 0);
-    s.editor->setAlignment(s.model->Alignment(col));
-    s.editor->setText(s.model->Text(row, col));
-    s.editor->selectAll();
-    LayOver(s.editor, row, col);
-    s.editing = true;
-    s.editor->setFocus(Qt::OtherFocusReason);
+    state_->cover.FillEditor(row, col);
+    LayOver(Editor(), row, col);
+    state_->cover.StartEditing();
 }
 
 void FlexGrid::CommitEditor() {
-    FinishEditor(true);
+    state_->cover.Finish(true);
     sys::ThrowIfEnded();
-}
-
-void FlexGrid::FinishEditor(bool keep, bool tell) {
-    State& s = *state_;
-    if (s.editing) {
-        s.editing = false;
-        s.cover = nullptr;
-        if (keep) {
-            s.untold = State::Edited{s.coverRow, s.coverCol, s.model->Text(s.coverRow, s.coverCol)};
-            // A pasted tab would part the cell in two when the row is copied or added again.
-            s.model->SetText(s.coverRow, s.coverCol, s.editor->text().replace(u'\t', u' '));
-        }
-        if (window()->focusWidget() == s.editor) setFocus(Qt::OtherFocusReason);
-    }
-    if (!tell) return;
-    s.editor->hide();
-    TellEdited();
-}
-
-void FlexGrid::TellEdited() {
-    const std::optional<State::Edited> edited = std::exchange(state_->untold, std::nullopt);
-    if (edited && edited->row < Rows() && edited->col < Cols())  // the cell may have gone meanwhile
-        CellEdited(edited->row, edited->col, edited->before);
-}
-
-void FlexGrid::PlaceCover() {
-    State& s = *state_;
-    if (!s.cover || s.coverRow >= Rows() || s.coverCol >= Cols() || s.model->Loading()) return;
-    s.cover->setGeometry(CellRect(s.coverRow, s.coverCol));
-}
-
-void FlexGrid::LeaveCover() {
-    State& s = *state_;
-    if (s.editing) {
-        FinishEditor(true);
-    } else if (s.cover && s.cover->isVisible()) {
-        PlaceCover();
-        const QWidget* focus = QApplication::focusWidget();
-        if (focus && (focus == s.cover || s.cover->isAncestorOf(focus))) SetFocus();
-    }
 }
 
 }  // namespace controls
