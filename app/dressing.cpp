@@ -3,16 +3,18 @@
 #include "app/product.h"
 #include "platform/controls/box.h"
 #include "platform/controls/look.h"
+#include "platform/controls/paint.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
-#include <QPainter>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace dressing {
 namespace {
+
+namespace paint = controls::paint;
 
 constexpr QSize kMark(40, 40);
 
@@ -22,18 +24,14 @@ constexpr int kRowGap = 8;
 constexpr int kBesideGap = 8;
 enum Column { Caption, Box, Gap, Beside };
 
-/// One device pixel at every scaling; a rectangle of height 1 would be 1 or 2 at 150 %.
-class Hairline : public QWidget {
+class Line : public QWidget {
   public:
-    Hairline() { setFixedHeight(1); }
+    Line() { setFixedHeight(1); }
 
   protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        QPen pen(QColor(0xD5, 0xDC, 0xE3), 1);
-        pen.setCosmetic(true);
-        painter.setPen(pen);
-        painter.drawLine(0, 0, width(), 0);
+        paint::Hairline(painter, paint::kLine, QLineF(0, 0, width(), 0));
     }
 };
 
@@ -93,7 +91,7 @@ void Stack(QWidget& window, QWidget& head, QLayout* body) {
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(&head);
-    column->addWidget(new Hairline);
+    column->addWidget(new Line);
     column->addLayout(body);
 }
 

@@ -2,6 +2,7 @@
 #include "app/data_access.h"
 #include "app/main_window.h"
 #include "app/session.h"
+#include "platform/controls/paint.h"
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
@@ -51,8 +52,8 @@ B01::B01()
     GD->SetColAlignment(PiecesColumn, Qt::AlignRight | Qt::AlignVCenter);
     GD->SetColAlignment(3, Qt::AlignCenter);
     GD->SetColAlignment(5, Qt::AlignCenter);
-    GD->SetWordColor(ReleaseColumn, NotChecked, QColor(u"#8A5A00"_s));
-    GD->SetWordColor(ReleaseColumn, NotShipped, QColor(u"#B3261E"_s));
+    GD->SetWordColor(ReleaseColumn, NotChecked, controls::paint::kWarning);
+    GD->SetWordColor(ReleaseColumn, NotShipped, controls::paint::kDanger);
 }
 
 void B01::Load() {

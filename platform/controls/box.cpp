@@ -199,8 +199,7 @@ void RowsBox::SetText(const QString& newText) {
 
 void RowsBox::SetLocked(bool locked) {
     setReadOnly(locked);
-    style()->unpolish(this);
-    style()->polish(this);
+    Repolish(this);
 }
 
 void RowsBox::SetMasked(bool masked) {
@@ -290,10 +289,14 @@ void Button::keyPressEvent(QKeyEvent* event) {
     if (!event->isAutoRepeat()) click();
 }
 
-void Mark(QWidget* control, const char* property, const QString& value) {
-    control->setProperty(property, value);
+void Repolish(QWidget* control) {
     control->style()->unpolish(control);
     control->style()->polish(control);
+}
+
+void Mark(QWidget* control, const char* property, const QString& value) {
+    control->setProperty(property, value);
+    Repolish(control);
 }
 
 QLabel* MakeCaption(const QString& caption, QWidget* box, QWidget* parent) {

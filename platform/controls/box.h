@@ -207,6 +207,8 @@ class Button : public QPushButton, public FocusEvents {
     void keyPressEvent(QKeyEvent* event) override;
 };
 
+/// Lets the style sheet look at the control again, whose state has changed.
+void Repolish(QWidget* control);
 /// Sets a property that the style sheet asks for, also on a control that is shown already: "state" "error",
 /// "kind" "total", "role" "danger".
 void Mark(QWidget* control, const char* property, const QString& value);

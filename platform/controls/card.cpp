@@ -1,10 +1,9 @@
 #include "platform/controls/card.h"
 
 #include "platform/controls/box.h"
+#include "platform/controls/paint.h"
 
 #include <QEvent>
-#include <QPainter>
-#include <QPen>
 
 #include <algorithm>
 #include <map>
@@ -169,13 +168,10 @@ void Card::Finish() {
 
 void Card::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    // A cosmetic pen is one device pixel at every scaling; a rectangle would be one or two at 150 %.
-    QPen pen(QColor(u"#D5DCE3"_s), 1);
-    pen.setCosmetic(true);
-    painter.setPen(pen);
     for (const QWidget* band : state_->bands) {
-        const int y = band->geometry().center().y();
-        painter.drawLine(band->geometry().left(), y, band->geometry().right(), y);
+        const QRect place = band->geometry();
+        const int y = place.center().y();
+        paint::Hairline(painter, paint::kLine, QLineF(place.left(), y, place.right(), y));
     }
 }
 

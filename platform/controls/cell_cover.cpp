@@ -1,7 +1,6 @@
 #include "platform/controls/cell_cover.h"
 
 #include <QApplication>
-#include <QStyle>
 
 #include <utility>
 
@@ -39,11 +38,9 @@ void CellCover::Lay(QWidget* box, int row, int col) {
     row_ = row;
     col_ = col;
     if (box->parentWidget() != grid_.viewport()) {
-        box->setProperty("kind", u"cell"_s);  // fills the cell: no round corners, no height of its own
         box->setParent(grid_.viewport());
         if (auto* line = qobject_cast<QLineEdit*>(box)) IndentText(*line);
-        box->style()->unpolish(box);
-        box->style()->polish(box);
+        Mark(box, "kind", u"cell"_s);  // fills the cell: no round corners, no height of its own
     }
     Place();
     box->show();

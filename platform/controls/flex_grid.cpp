@@ -1,7 +1,7 @@
 #include "platform/controls/grid_state.h"
+#include "platform/controls/paint.h"
 #include "platform/errors.h"
 
-#include <QPainter>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -17,15 +17,13 @@ namespace {
 
 constexpr int kRowHeight = 24;
 constexpr int kBarWidth = 3;
-const QColor kSurfaceLow(0xF6, 0xF8, 0xFA);
-const QColor kAccent(0x0B, 0x6B, 0x83);
 
 /// Between the two scroll bars, in their colour.
 QWidget* MakeCorner(QWidget* parent) {
     auto* corner = new QWidget(parent);
     corner->setAutoFillBackground(true);
     QPalette low = corner->palette();
-    low.setColor(QPalette::Window, kSurfaceLow);
+    low.setColor(QPalette::Window, paint::kSurfaceLow);
     corner->setPalette(low);
     return corner;
 }
@@ -305,7 +303,7 @@ void FlexGrid::paintEvent(QPaintEvent* event) {
     if (state_->row < FixedRows() || state_->model->Loading()) return;
     const int y = rowViewportPosition(state_->row - FixedRows());
     QPainter painter(viewport());
-    painter.fillRect(QRect(0, y, kBarWidth, kRowHeight), kAccent);
+    painter.fillRect(QRect(0, y, kBarWidth, kRowHeight), paint::kAccent);
 }
 
 // ---------------------------------------------------------------- texts and rows
@@ -419,9 +417,7 @@ void FlexGrid::SetMergeHeader(bool merge) {
 
 void FlexGrid::SetFramed(bool framed) {
     setFrameShape(framed ? QFrame::StyledPanel : QFrame::NoFrame);
-    setProperty("edge", framed ? QVariant() : QVariant(u"none"_s));
-    style()->unpolish(this);
-    style()->polish(this);
+    Mark(this, "edge", framed ? QString() : u"none"_s);
 }
 
 }  // namespace controls

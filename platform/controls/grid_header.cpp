@@ -1,31 +1,18 @@
 #include "platform/controls/grid_header.h"
 
 #include "platform/controls/grid_model.h"
-
-#include <QPainter>
+#include "platform/controls/paint.h"
 
 namespace controls {
+
+using namespace paint;
+
 namespace {
 
 constexpr int kOneRow = 28;
 constexpr int kRow = 24;     // each of several
 constexpr int kPadding = 1;  // captions of narrow columns need the room
 constexpr int kTextPixels = 12;
-
-// Named as in the style sheet's table; the header is painted by hand because the sheet's one-pixel borders
-// come out one or two pixels wide at 150 %.
-const QColor kSurfaceLow(0xF6, 0xF8, 0xFA);
-const QColor kHeaderText(0x3F, 0x4D, 0x5A);
-const QColor kAccentDeep(0x08, 0x56, 0x6A);
-const QColor kColumnLine(0xDF, 0xE5, 0xEA);
-const QColor kFootLine(0xBC, 0xC6, 0xD0);
-
-void Hairline(QPainter& painter, const QColor& color, const QLineF& line) {
-    QPen pen(color, 1);
-    pen.setCosmetic(true);
-    painter.setPen(pen);
-    painter.drawLine(line);
-}
 
 class CellFinder {
   public:
