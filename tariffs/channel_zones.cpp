@@ -163,7 +163,7 @@ void A011::RowToCard() {
         BuildChannelCaptions(CurrentCell(ChannelCol));
         ReadTicks();
     }
-    FillAreas();
+    LoadAreas();
 }
 
 // ------------------------------------------------------------------------------------------ the commands

@@ -53,7 +53,7 @@ void A02::RowToCard() {
     }
     const QString range = GetStr(u"select F3 from M02 where F1="_s + Quoted(CurrentCell(Code)));
     choice_->SetListIndex(range == u"国内" ? 0 : 1);
-    FillAreas();
+    LoadAreas();
 }
 
 QString A02::InsertStatement() const {

@@ -1,4 +1,3 @@
-// The card of a zone and how it behaves under the operator's hands; the commands are in zone_commands.cpp.
 #include "tariffs/zone_form.h"
 
 #include "app/data_access.h"
@@ -7,6 +6,7 @@
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 #include "records/export.h"
+#include "tariffs/world_map.h"
 
 #include <QVBoxLayout>
 
@@ -20,6 +20,9 @@ namespace {
 
 enum Box { Code = 0, Name = 1, AreaName = 6, AreaEnglish = 7, AreaRemark = 8 };
 
+constexpr int RequiredBoxes = 2;
+constexpr int LastChecked = 17;  // a save does not look at the heavy prices behind
+
 constexpr int CodeLimit = 8;
 constexpr int NoLimit = 32767;
 
@@ -32,18 +35,6 @@ constexpr int LastHandled = 17;
 constexpr int ProposedEnglish = 3;
 
 constexpr int MapRows = 6;
-constexpr QSize EastSize(224, 160);
-constexpr QSize WestSize(229, 182);
-
-constexpr int PriceCols = 5;   // prices in a row
-constexpr int PriceParts = 3;  // caption, box, and what stands beside it
-constexpr int PlainPrices = 4;
-constexpr int PriceCaption = 104;  // with the gap to its box
-constexpr int ColumnGap = 14;
-constexpr int PriceBox = 56;
-constexpr int BesideWidth = 26;
-constexpr int BoxHeight = 24;
-constexpr int RowGap = 8;
 
 /// What is pasted or dropped into the code is raised like what is typed; comparisons in the forms mind the
 /// case.
@@ -78,7 +69,6 @@ ZoneForm::ZoneForm(const ZoneSettings& settings)
     });
     MakeBoxes();
     MakeChoice();
-    MakeAreas();
     BuildCard();
     WireCard();
     CloseCard();
@@ -114,37 +104,32 @@ void ZoneForm::MakeChoice() {
     choiceLabel_->setObjectName(zone_.choiceLabel);
 }
 
-void ZoneForm::MakeAreas() {
-    GDdq = new controls::FlexGrid;
-    GDdq->setObjectName(u"GDdq"_s);
-    GDdq->setAccessibleName(u"包含地区"_s);
-    GDdq->SetFramed(true);
-    const QString captions[] = {u"添加 >>"_s, u"<< 删除"_s};
-    for (std::size_t i = 0; i < Cmd.size(); ++i) {
-        Cmd[i] = new controls::Button(captions[i]);
-        Cmd[i]->setObjectName(u"Cmd(%1)"_s.arg(i));
-    }
-    ImgMap[0] = new MapPicture(u"east"_s, EastSize, Frm);
-    ImgMap[1] = new MapPicture(u"west"_s, WestSize, Frm);
-    for (std::size_t i = 0; i < ImgMap.size(); ++i) ImgMap[i]->setObjectName(u"ImgMap(%1)"_s.arg(i));
-    ImgMap[0]->setAccessibleName(u"世界地图东部"_s);
-    ImgMap[1]->setAccessibleName(u"世界地图西部"_s);
-    ImgMap[1]->hide();
-    ClearAreas();
+ZoneAreas* ZoneForm::MakeAreas() const {
+    return new ZoneAreas({{{Txt[AreaName], Lab[AreaName]},
+                           {Txt[AreaEnglish], Lab[AreaEnglish]},
+                           {Txt[AreaRemark], Lab[AreaRemark]}}});
+}
+
+ZonePrices* ZoneForm::MakePrices() const {
+    std::vector<ZonePrices::Price> prices;
+    for (int box = zone_.firstPrice; box <= zone_.lastPrice; ++box) prices.push_back({Txt[box], Lab[box]});
+    return new ZonePrices(prices, zone_.priceNote);
 }
 
 void ZoneForm::BuildCard() {
     card_ = new Card;
+    areas_ = MakeAreas();
+    prices_ = MakePrices();
     auto* column = new QVBoxLayout(Frm);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(card_);
     card_->Group(u"区域"_s, u"包含地区"_s);
     PlaceZone();
     const int mapRow = zone_.places.back().row + 1;
-    card_->TallField(Card::Half::Left, mapRow, MapRows, 0, 3, nullptr, MapPanel());
-    card_->TallField(Card::Half::Right, 0, mapRow + MapRows, 0, 3, nullptr, AreaPanel());
+    card_->TallField(Card::Half::Left, mapRow, MapRows, 0, 3, nullptr, new WorldMap);
+    card_->TallField(Card::Half::Right, 0, mapRow + MapRows, 0, 3, nullptr, areas_);
     card_->Group(zone_.priceGroup);
-    card_->Panel(0, PriceRows(), PricePanel());
+    card_->Panel(0, prices_->Rows(), prices_);
     card_->Finish();
     SetTabOrder(Stops());
 }
@@ -159,98 +144,6 @@ void ZoneForm::PlaceZone() {
     }
 }
 
-QWidget* ZoneForm::MapPanel() {
-    auto* panel = new QWidget;
-    auto* row = new QHBoxLayout(panel);
-    row->setContentsMargins(0, 0, 0, 0);
-    for (MapPicture* picture : ImgMap) row->addWidget(picture, 0, Qt::AlignLeft | Qt::AlignTop);
-    row->addStretch(1);
-    return panel;
-}
-
-/// The places, and beneath them in an edit the boxes and buttons that change them.
-QWidget* ZoneForm::AreaPanel() {
-    auto* FrmDq = new QWidget;
-    FrmDq->setObjectName(u"FrmDq"_s);
-    FrmEddq = new QWidget(FrmDq);
-    FrmEddq->setObjectName(u"FrmEddq"_s);
-    auto* grid = new QGridLayout(FrmEddq);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(0);
-    grid->setVerticalSpacing(RowGap);
-    const auto place = [&](Box box, int row, int col) {
-        grid->addWidget(Lab[box], row, col);
-        Txt[box]->Widget()->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-        grid->addWidget(Txt[box]->Widget(), row, col + 1);
-    };
-    place(AreaName, 0, 0);
-    place(AreaEnglish, 0, 3);
-    place(AreaRemark, 1, 0);
-    grid->setColumnMinimumWidth(2, 14);
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(4, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(RowGap);
-    for (controls::Button* button : Cmd) buttons->addWidget(button);
-    buttons->addStretch(1);
-    grid->addLayout(buttons, 1, 3, 1, 2);
-
-    auto* column = new QVBoxLayout(FrmDq);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(RowGap);
-    column->addWidget(GDdq, 1);
-    column->addWidget(FrmEddq);
-    return FrmDq;
-}
-
-int ZoneForm::PriceRows() const {
-    const int heavy = zone_.lastPrice - zone_.firstPrice + 1 - PlainPrices;
-    return 1 + (heavy + PriceCols - 1) / PriceCols + (zone_.priceNote.isEmpty() ? 0 : 1);
-}
-
-/// Documents and small parcels in the first row, the heavy segments below.
-QWidget* ZoneForm::PricePanel() {
-    auto* FrmPrice = new QWidget;
-    FrmPrice->setObjectName(u"FrmPrice"_s);
-    auto* grid = prices_ = new QGridLayout(FrmPrice);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(0);
-    grid->setVerticalSpacing(RowGap);
-    for (int box = zone_.firstPrice; box <= zone_.lastPrice; ++box) {
-        const int nth = box - zone_.firstPrice;
-        const int heavy = nth - PlainPrices;
-        const int row = heavy < 0 ? 0 : 1 + heavy / PriceCols;
-        const int col = PriceParts * (heavy < 0 ? nth : heavy % PriceCols);
-        Lab[box]->setFixedHeight(BoxHeight);
-        grid->setRowMinimumHeight(row, BoxHeight);  // hidden prices keep their place
-        QWidget* price = Txt[box]->Widget();
-        price->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-        price->setMinimumWidth(PriceBox);
-        grid->addWidget(Lab[box], row, col);
-        grid->addWidget(price, row, col + 1);
-    }
-    for (int pair = 0; pair < PriceCols; ++pair) {
-        grid->setColumnMinimumWidth(PriceParts * pair, PriceCaption + (pair > 0 ? ColumnGap : 0));
-        grid->setColumnStretch(PriceParts * pair + 1, 1);
-    }
-    if (!zone_.priceNote.isEmpty()) {
-        auto* Label1 = controls::MakeCaption(zone_.priceNote, nullptr, FrmPrice);
-        Label1->setObjectName(u"Label1"_s);
-        Label1->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-        grid->addWidget(Label1, PriceRows() - 1, 1, 1, PriceParts * PriceCols - 1);
-    }
-    return FrmPrice;
-}
-
-void ZoneForm::PutBeside(int price, QWidget* part) {
-    QWidget* box = Txt[price]->Widget();
-    int row = 0, col = 0, rows = 0, cols = 0;
-    prices_->getItemPosition(prices_->indexOf(box), &row, &col, &rows, &cols);
-    prices_->addWidget(part, row, col + 1, Qt::AlignRight | Qt::AlignVCenter);
-    prices_->setColumnMinimumWidth(col + 1, BesideWidth);
-    QWidget::setTabOrder(box, part);
-}
-
 std::vector<QWidget*> ZoneForm::Stops() const {
     const auto box = [this](int i) { return Txt[i]->Widget(); };
     std::vector<QWidget*> stops;
@@ -259,8 +152,7 @@ std::vector<QWidget*> ZoneForm::Stops() const {
         if (shown != NoBox) stops.push_back(box(shown));
         if (place.box == ChoicePlace) stops.push_back(choice_);
     }
-    for (QWidget* stop : {box(AreaName), box(AreaEnglish), box(AreaRemark)}) stops.push_back(stop);
-    stops.insert(stops.end(), {Cmd[0], Cmd[1], GDdq});
+    for (QWidget* stop : areas_->Stops()) stops.push_back(stop);
     for (int i = zone_.firstPrice; i <= zone_.lastPrice; ++i) stops.push_back(box(i));
     return stops;
 }
@@ -276,19 +168,12 @@ void ZoneForm::WireCard() {
     Txt[Code]->LostFocus = [this] { DropTrailingBlanks(); };
     auto* code = static_cast<controls::LineBox*>(Txt[Code]->Widget());
     connect(code, &QLineEdit::textEdited, this, [code] { sys::Guarded([code] { Raise(*code); }); });
-    Cmd[0]->Click = [this] { AddArea(); };
-    Cmd[1]->Click = [this] { DeleteArea(); };
-    GDdq->Click = [this] { AreaToBoxes(); };
-    GDdq->KeyPressed = [this](controls::KeyPress& key) {
-        if (key.IsEnter()) AreaToBoxes();
-    };
-    for (MapPicture* picture : ImgMap) picture->Click = [this] { SwapPictures(); };
 }
 
 void ZoneForm::ShowForEdit(bool shown) {
     if (zone_.choiceBox == NoBox) choiceLabel_->setVisible(shown);
     choice_->setVisible(shown);
-    FrmEddq->setVisible(shown);
+    areas_->ShowEntry(shown);
 }
 
 /// The prices that are never locked look as the others do.
@@ -337,7 +222,7 @@ void ZoneForm::ProposeFor(int box) {
     if (box == Name && !code.isEmpty() && BoxText(Name).isEmpty()) Txt[Name]->SetText(u"区域"_s + code);
     if (box == zone_.englishName && !code.isEmpty() && BoxText(box).isEmpty())
         Txt[box]->SetText(u"Zone "_s + code);
-    if (box == AreaName && GDdq->Rows() == 2 && BoxText(AreaEnglish).isEmpty()) {
+    if (box == AreaName && areas_->Empty() && BoxText(AreaEnglish).isEmpty()) {
         Txt[AreaName]->SetText(BoxText(Name));
         Txt[AreaEnglish]->SetText(BoxText(ProposedEnglish));
     }
@@ -347,7 +232,7 @@ void ZoneForm::KeyInBox(int box, controls::KeyPress& key) const {
     if (box == AreaRemark && key.IsEnter()) {
         // A second Enter adds the place.
         key.taken = true;
-        Cmd[0]->SetFocus();
+        areas_->GoToAdd();
         return;
     }
     if (box == Code) key.text = key.text.toUpper();
@@ -365,19 +250,107 @@ void ZoneForm::DropTrailingBlanks() {
     Txt[Code]->SetText(code);
 }
 
-void ZoneForm::SwapPictures() {
-    MapPicture* shown = ImgMap[0]->isHidden() ? ImgMap[1] : ImgMap[0];
-    MapPicture* hidden = shown == ImgMap[0] ? ImgMap[1] : ImgMap[0];
-    shown->setCursor(Qt::WaitCursor);
-    shown->hide();
-    hidden->show();
-    shown->setCursor(Qt::PointingHandCursor);
-}
-
 QString ZoneForm::TrimmedBox(int box) const {
     return text::Trim(BoxText(box));
 }
 
 QString ZoneForm::NumberBox(int box) const {
     return text::GeneralText(text::Val(BoxText(box)));
+}
+
+// ------------------------------------------------------------------------------------------ the commands
+
+void ZoneForm::Menu_Add() {
+    FormMode = Adding;
+    EnterEdit();
+    Txt[Code]->SetLocked(false);
+    Txt[Code]->SetText({});
+    ClearAreas();
+    Txt[Code]->SetFocus();
+}
+
+void ZoneForm::Menu_edit() {
+    FormMode = Editing;
+    EnterEdit();
+    Txt[Code]->SetLocked(IsUsed(CurrentCell(zone_.codeCol)));
+    Txt[Code]->SetFocus();
+}
+
+/// By design no zone counts as used: it may be recoded and deleted, and quotes and waybills keep the old
+/// code.
+bool ZoneForm::IsUsed(const QString& /*code*/) const {
+    return false;
+}
+
+void ZoneForm::Menu_del() {
+    if (text::Trim(GD->TextMatrix(1, zone_.codeCol)).isEmpty()) return;
+    const QString code = text::Trim(CurrentCell(zone_.codeCol));
+    const QString name = CurrentCell(zone_.nameCol);
+    const Consent consent =
+        AskToDelete(name, IsUsed(code), u"真的要删除"_s + name + u"吗?"_s, sys::BoxAnswer::No);
+    if (consent == Consent::No) return;
+    // Not reached while no zone counts as used.
+    if (consent == Consent::Whole)
+        for (const QString& cascade : zone_.cascades) Db->Execute(cascade + code + u"'"_s);
+    Db->Execute(u"delete from "_s + zone_.table + u" WHERE F1="_s + Quoted(code));
+    Db->Execute(u"delete from "_s + zone_.areaTable + u" WHERE F0="_s + Quoted(code));
+    ForgetCurrentRecord();
+}
+
+void ZoneForm::Menu_query() {
+    RunQuery(*this, *GD, zone_.search,
+             [this](const QString& sql) { LoadGridOrTell(sql + zone_.searchTail); });
+}
+
+bool ZoneForm::RequireAreas() const {
+    // Only the first row is looked at.
+    if (!areas_->FirstName().isEmpty()) return true;
+    sys::Inform(u"请输入该区域包含的具体地区名！"_s, MsgTitle);
+    return false;
+}
+
+bool ZoneForm::RequirePrices() const {
+    for (int box = zone_.firstPrice; box <= LastChecked; ++box) {
+        if (text::Val(BoxText(box)) >= 0) continue;
+        sys::Inform(zone_.negativePrice, MsgTitle);
+        return false;
+    }
+    return true;
+}
+
+/// The refusals in their order.
+bool ZoneForm::TestCard() {
+    return RequireFilled(RequiredBoxes) && RequireChoice() && RequireAreas() && RequirePrices();
+}
+
+/// False, with a message, when another zone has the code; takes the old zone away in an edit.
+bool ZoneForm::MakeRoom() {
+    const QString code = TrimmedBox(Code);
+    const QString old = CurrentCell(zone_.codeCol);
+    const QString found = GetStr(u"select F2 from "_s + zone_.table + u" where F1="_s + Quoted(code));
+    if (!found.isEmpty() && (FormMode == Adding || code != old)) {
+        sys::Inform(LangText(u"["_s) + found + LangText(u"]已经使用了"_s) + BoxText(Code) +
+                        LangText(u"这个编号，请重新设置编号!"_s),
+                    MsgTitle);
+        Txt[Code]->SetFocus();
+        return false;
+    }
+    if (FormMode == Adding) {
+        RecCount += 1;
+        return true;
+    }
+    Db->Execute(u"delete from "_s + zone_.table + u" where F1="_s + Quoted(old));
+    Db->Execute(u"delete from "_s + zone_.areaTable + u" where F0="_s + Quoted(old));
+    RemoveCurrentLine();
+    return true;
+}
+
+void ZoneForm::Menu_save() {
+    DropTrailingBlanks();  // the box may not have been left
+    if (!TestCard() || !MakeRoom()) return;
+    Db->Execute(InsertStatement());
+    areas_->Store(zone_.areaTable, BoxText(Code));  // the code as it stands, not trimmed
+    AppendLine(SavedLine());
+    LeaveEdit();
+    CurRow = GD->Rows() - 1;
 }

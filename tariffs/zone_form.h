@@ -3,16 +3,16 @@
 // routines of the form.
 //
 // Always holds: an edit deletes the zone and its places and then inserts them, with no transaction, so an
-// insert that fails loses them. The list of places always ends in one empty row that is no data. Prices are
-// in yuan. Whatever refers to a zone keeps its own code: no reference is looked up or followed.
+// insert that fails loses them. Prices are in yuan. Whatever refers to a zone keeps its own code: no
+// reference is looked up or followed.
 #pragma once
 
 #include "platform/controls/card.h"
 #include "records/record_form.h"
-#include "tariffs/map_picture.h"
+#include "tariffs/zone_areas.h"
+#include "tariffs/zone_prices.h"
 #include "tariffs/zone_settings.h"
 
-#include <array>
 #include <vector>
 
 class ZoneForm : public RecordForm {
@@ -33,11 +33,11 @@ class ZoneForm : public RecordForm {
     void OpenCard() override;
     void CloseCard() override;
 
-    void ClearAreas();
+    void ClearAreas() { areas_->Clear(); }
     /// Reads the places of the zone in Txt(0).
-    void FillAreas();
+    void LoadAreas() { areas_->Load(zone_.areaTable, TrimmedBox(0)); }
     /// A control right of a price, behind it for Tab.
-    void PutBeside(int price, QWidget* part);
+    void PutBeside(int price, QWidget* part) { prices_->PutBeside(Txt[price]->Widget(), part); }
     controls::Card& TheCard() const { return *card_; }
 
     QString TrimmedBox(int box) const;
@@ -49,13 +49,10 @@ class ZoneForm : public RecordForm {
   private:
     void MakeBoxes();
     void MakeChoice();
-    void MakeAreas();
+    ZoneAreas* MakeAreas() const;
+    ZonePrices* MakePrices() const;
     void BuildCard();
     void PlaceZone();
-    int PriceRows() const;
-    QWidget* AreaPanel();
-    QWidget* PricePanel();
-    QWidget* MapPanel();
     void WireCard();
     std::vector<QWidget*> Stops() const;
     void ShowForEdit(bool shown);
@@ -66,15 +63,7 @@ class ZoneForm : public RecordForm {
     void ProposeFor(int box);
     void KeyInBox(int box, controls::KeyPress& key) const;
     void DropTrailingBlanks();
-    void SwapPictures();
 
-    // The list of places.
-    int FindArea() const;
-    void AddArea();
-    void DeleteArea();
-    void AreaToBoxes();
-
-    // The commands.
     void Menu_edit();
     void Menu_del();
     void Menu_query();
@@ -84,14 +73,10 @@ class ZoneForm : public RecordForm {
     bool RequirePrices() const;
     bool IsUsed(const QString& code) const;
     bool MakeRoom();
-    void StoreAreas();
 
     const ZoneSettings& zone_;
     controls::Card* card_ = nullptr;
     QLabel* choiceLabel_ = nullptr;
-    QGridLayout* prices_ = nullptr;
-    controls::FlexGrid* GDdq = nullptr;
-    QWidget* FrmEddq = nullptr;
-    std::array<controls::Button*, 2> Cmd{};  ///< add, delete a place
-    std::array<MapPicture*, 2> ImgMap{};     ///< east, west; one of them in sight
+    ZoneAreas* areas_ = nullptr;
+    ZonePrices* prices_ = nullptr;
 };

@@ -1,10 +1,13 @@
-// One half of the map of the world that stands on a zone's card. Decoration: where it is clicked is not
-// asked.
+// The map of the world that stands on a zone's card, one half of it in sight. Decoration: where it is clicked
+// is not asked, a click anywhere turns to the other half.
 #pragma once
 
 #include "platform/system/guard.h"
 
+#include <QIcon>
 #include <QLabel>
+
+#include <array>
 
 class MapPicture : public QLabel {
     Q_OBJECT
@@ -20,4 +23,15 @@ class MapPicture : public QLabel {
 
   private:
     QIcon picture_;
+};
+
+class WorldMap : public QWidget {
+    Q_OBJECT
+  public:
+    WorldMap();
+
+  private:
+    void Turn();
+
+    std::array<MapPicture*, 2> ImgMap{};  ///< east, west
 };

@@ -1,0 +1,62 @@
+#include "tariffs/zone_prices.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int InARow = 5;
+constexpr int Parts = 3;  // caption, box, and what stands beside it
+constexpr int PlainPrices = 4;
+constexpr int CaptionWidth = 104;  // with the gap to its box
+constexpr int ColumnGap = 14;
+constexpr int BoxWidth = 56;
+constexpr int BesideWidth = 26;
+constexpr int BoxHeight = 24;
+constexpr int RowGap = 8;
+
+}  // namespace
+
+ZonePrices::ZonePrices(const std::vector<Price>& prices, const QString& note) : grid_(new QGridLayout(this)) {
+    setObjectName(u"FrmPrice"_s);
+    grid_->setContentsMargins(0, 0, 0, 0);
+    grid_->setHorizontalSpacing(0);
+    grid_->setVerticalSpacing(RowGap);
+    int nth = 0;
+    for (const Price& price : prices) Place(price, nth++);
+    for (int pair = 0; pair < InARow; ++pair) {
+        grid_->setColumnMinimumWidth(Parts * pair, CaptionWidth + (pair > 0 ? ColumnGap : 0));
+        grid_->setColumnStretch(Parts * pair + 1, 1);
+    }
+    if (!note.isEmpty()) PlaceNote(note);
+}
+
+void ZonePrices::Place(const Price& price, int nth) {
+    const int heavy = nth - PlainPrices;
+    const int row = heavy < 0 ? 0 : 1 + heavy / InARow;
+    const int col = Parts * (heavy < 0 ? nth : heavy % InARow);
+    rows_ = std::max(rows_, row + 1);
+    grid_->setRowMinimumHeight(row, BoxHeight);
+    QWidget* box = price.box->Widget();
+    box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    box->setMinimumWidth(BoxWidth);
+    price.caption->setFixedHeight(BoxHeight);
+    grid_->addWidget(price.caption, row, col);
+    grid_->addWidget(box, row, col + 1);
+}
+
+void ZonePrices::PlaceNote(const QString& note) {
+    auto* label = controls::MakeCaption(note, nullptr, this);
+    label->setObjectName(u"Label1"_s);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    grid_->addWidget(label, rows_++, 1, 1, Parts * InARow - 1);
+}
+
+void ZonePrices::PutBeside(QWidget* price, QWidget* part) {
+    int row = 0, col = 0, rows = 0, cols = 0;
+    grid_->getItemPosition(grid_->indexOf(price), &row, &col, &rows, &cols);
+    grid_->addWidget(part, row, col + 1, Qt::AlignRight | Qt::AlignVCenter);
+    grid_->setColumnMinimumWidth(col + 1, BesideWidth);
+    QWidget::setTabOrder(price, part);
+}
