@@ -52,7 +52,9 @@ void RunQuery(QueryCaller& caller, const controls::FlexGrid& list, const SearchT
 
 Query::Query(QWidget* over) : ModalForm(u"Query"_s, u"查找条件"_s, over) {
     SetClosedByEsc(true);
-    MakeControls();
+    MakeBoxes();
+    MakeLists();
+    MakeButtons();
     Arrange();
     WireControls();
     CmbLG->setEnabled(false);
@@ -61,7 +63,7 @@ Query::Query(QWidget* over) : ModalForm(u"Query"_s, u"查找条件"_s, over) {
 
 // ---------------------------------------------------------------- building
 
-void Query::MakeControls() {
+void Query::MakeBoxes() {
     const auto combo = [this](const QString& name, int width) {
         auto* made = new controls::ComboBox(this);
         made->setObjectName(name);
@@ -80,15 +82,6 @@ void Query::MakeControls() {
     DTP->setObjectName(u"DTP"_s);
     DTP->SetValue(sys::Today());
     DTP->hide();
-    Lst = new controls::ListBox(this);
-    Lst->setObjectName(u"Lst"_s);
-    Lst->setAccessibleName(windowTitle());
-    LstSql = new controls::ListBox(this);
-    LstSql->setObjectName(u"LstSql"_s);
-    LstSql->hide();
-    GD = new controls::FlexGrid(this);
-    GD->setObjectName(u"GD"_s);
-    GD->hide();
 
     const QString words[] = {u"项目"_s, u"关系"_s, u"值"_s};
     QWidget* const boxes[] = {CmbF, CmbGX, Txt};
@@ -98,7 +91,21 @@ void Query::MakeControls() {
         CPT[i]->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     }
     DTP->setAccessibleName(words[2]);
+}
 
+void Query::MakeLists() {
+    Lst = new controls::ListBox(this);
+    Lst->setObjectName(u"Lst"_s);
+    Lst->setAccessibleName(windowTitle());
+    LstSql = new controls::ListBox(this);
+    LstSql->setObjectName(u"LstSql"_s);
+    LstSql->hide();
+    GD = new controls::FlexGrid(this);
+    GD->setObjectName(u"GD"_s);
+    GD->hide();
+}
+
+void Query::MakeButtons() {
     const auto button = [this](const QString& name, const QString& caption) {
         auto* made = new controls::Button(caption, this);
         made->setObjectName(name);

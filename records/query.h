@@ -72,7 +72,9 @@ class Query : public controls::ModalForm {
     void Load() override;
 
   private:
-    void MakeControls();
+    void MakeBoxes();
+    void MakeLists();
+    void MakeButtons();
     void Arrange();
     void WireControls();
 

@@ -49,23 +49,10 @@ RecordForm::RecordForm(const RecordFormSettings& settings)
     GD->setProperty("edge", u"none"_s);
     Frm->setObjectName(u"Frm"_s);
 
-    auto* strip = new QWidget;
-    strip->setProperty("role", u"strip"_s);
-    strip->setAttribute(Qt::WA_StyledBackground);
-    strip->setFixedHeight(StripHeight);
-    auto* stripRow = new QHBoxLayout(strip);
-    stripRow->setContentsMargins(CardMargin - 8, 0, CardMargin, 0);
-    stripRow->setSpacing(10);
-    stripRow->addWidget(TabS, 0, Qt::AlignBottom);
-    stripRow->addStretch(1);
-    stripRow->addWidget(StripLabel(settings.caption, u"form"_s));
-    stripRow->addWidget(badge_, 0, Qt::AlignVCenter);
-    badge_->hide();
-
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(strip);
+    column->addWidget(MakeStrip());
     column->addWidget(GD, 1);
     column->addWidget(Frm, 1);
     Frm->hide();
@@ -76,6 +63,24 @@ RecordForm::RecordForm(const RecordFormSettings& settings)
         RowChanged();
         TabS->SelectItem(CardTab);
     };
+}
+
+/// Above the pages: the tabs at the left, the form's caption and the badge of add and edit state at the
+/// right.
+QWidget* RecordForm::MakeStrip() {
+    auto* strip = new QWidget;
+    strip->setProperty("role", u"strip"_s);
+    strip->setAttribute(Qt::WA_StyledBackground);
+    strip->setFixedHeight(StripHeight);
+    auto* row = new QHBoxLayout(strip);
+    row->setContentsMargins(CardMargin - 8, 0, CardMargin, 0);
+    row->setSpacing(10);
+    row->addWidget(TabS, 0, Qt::AlignBottom);
+    row->addStretch(1);
+    row->addWidget(StripLabel(settings_.caption, u"form"_s));
+    row->addWidget(badge_, 0, Qt::AlignVCenter);
+    badge_->hide();
+    return strip;
 }
 
 void RecordForm::SetCommands(std::vector<CommandRow> rows) {

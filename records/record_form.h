@@ -131,6 +131,7 @@ class RecordForm : public ChildForm, public QueryCaller {
     std::vector<QLabel*> Lab;
 
   private:
+    QWidget* MakeStrip();
     void FillGrid(dao::Recordset& rows);
     void SelectTab();
     void TurnPage(QWidget& from, QWidget& to);

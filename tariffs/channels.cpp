@@ -74,26 +74,41 @@ QStringList A01::Headers() const {
 
 // ---------------------------------------------------------------- the card
 
-void A01::BuildCard() {
-    const QString captions[] = {u"渠道序号"_s, u"渠道名称"_s,     u"备注信息"_s, u"Kg起计价，续"_s,
-                                u"Kg加价；"_s, u"Kg起计价，续"_s, u"Kg加价；"_s, u"重包裹分"_s};
-    const QString defaults[] = {u""_s, u""_s, u""_s, u"0.5"_s, u"0.5"_s, u"0.5"_s, u"0.5"_s, u"5"_s};
-    const QString names[] = {u"渠道序号"_s,         u"渠道名称"_s,         u"备注信息"_s,
-                             u"文件资料起计重量"_s, u"文件资料续加重量"_s, u"小包裹起计重量"_s,
-                             u"小包裹续加重量"_s,   u"重包裹计费段数"_s};
-    for (int i = Code; i <= LastBound; ++i) {
-        const bool bound = i >= FirstBound;
-        auto& box = MakeBox(bound ? OpenTop : captions[i], NoLimit);
-        box.SetText(bound ? u"0"_s : defaults[i]);
-        auto* line = static_cast<controls::LineBox*>(box.Widget());
-        line->setAccessibleName(bound ? u"重包裹第%1段起点"_s.arg(i - FirstBound + 1) : names[i]);
-        if (i < FirstNumber) continue;
+void A01::MakeBoxes() {
+    struct BoxRow {
+        QString caption, name, text;
+    };
+    const BoxRow rows[] = {
+        {u"渠道序号"_s, u"渠道序号"_s, {}},
+        {u"渠道名称"_s, u"渠道名称"_s, {}},
+        {u"备注信息"_s, u"备注信息"_s, {}},
+        {u"Kg起计价，续"_s, u"文件资料起计重量"_s, u"0.5"_s},
+        {u"Kg加价；"_s, u"文件资料续加重量"_s, u"0.5"_s},
+        {u"Kg起计价，续"_s, u"小包裹起计重量"_s, u"0.5"_s},
+        {u"Kg加价；"_s, u"小包裹续加重量"_s, u"0.5"_s},
+        {u"重包裹分"_s, u"重包裹计费段数"_s, u"5"_s},
+    };
+    for (const BoxRow& row : rows) MakeNamedBox(row.caption, row.name, row.text);
+    for (int segment = 1; segment <= MostSegments; ++segment)
+        MakeNamedBox(OpenTop, u"重包裹第%1段起点"_s.arg(segment), u"0"_s);
+    for (int box = FirstNumber; box <= LastBound; ++box) {
+        auto* line = static_cast<controls::LineBox*>(Txt[box]->Widget());
         line->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         line->setFixedWidth(NumberWidth);
-        if (i != SegmentCount) Lab[i]->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        Lab[box]->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     }
     Txt[SegmentCount]->Widget()->setToolTip(u"0-10之间的整数"_s);
+}
 
+/// The caption stands behind the box and is no name of it.
+void A01::MakeNamedBox(const QString& caption, const QString& name, const QString& text) {
+    controls::TextBox& box = MakeBox(caption, NoLimit);
+    box.SetText(text);
+    box.Widget()->setAccessibleName(name);
+}
+
+void A01::BuildCard() {
+    MakeBoxes();
     auto* card = new Card;
     auto* column = new QVBoxLayout(Frm);
     column->setContentsMargins(0, 0, 0, 0);
@@ -132,7 +147,6 @@ QWidget* A01::Sentences() {
         grid->addWidget(Txt[box + 1]->Widget(), line, 3);
         grid->addWidget(Lab[box + 1], line, 4);
     }
-    Lab[SegmentCount]->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     grid->addWidget(Lab[SegmentCount], 2, 0);
     grid->addWidget(Txt[SegmentCount]->Widget(), 2, 1);
     grid->addWidget(Lab2[2], 2, 2);

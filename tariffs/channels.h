@@ -24,6 +24,8 @@ class A01 : public RecordForm {
     void CloseCard() override;
 
   private:
+    void MakeBoxes();
+    void MakeNamedBox(const QString& caption, const QString& name, const QString& text);
     void BuildCard();
     QWidget* Sentences();
     QWidget* Segments();

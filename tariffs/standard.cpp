@@ -37,7 +37,9 @@ QString TopCaption(double top) {
 }  // namespace
 
 S01::S01(QWidget* over) : ModalForm(u"S01"_s, u"本公司报价标准设定"_s, over) {
-    MakeControls();
+    MakeBoxes();
+    MakeLabels();
+    MakeButtons();
     auto* factor = new QHBoxLayout;
     factor->setSpacing(0);
     Labd->setFixedWidth(kIndent);
@@ -66,16 +68,14 @@ S01::S01(QWidget* over) : ModalForm(u"S01"_s, u"本公司报价标准设定"_s, 
     Txt[0]->setFocus(Qt::OtherFocusReason);
 }
 
-void S01::MakeControls() {
-    const auto caption = [this](const QString& text) {
-        auto* label = new QLabel(text, this);
-        label->setTextFormat(Qt::PlainText);
-        label->setIndent(0);
-        return label;
-    };
+void S01::MakeBoxes() {
+    const QString names[kFirstSegment] = {u"文件资料起计重量"_s, u"文件资料续加重量"_s, u"小包裹起计重量"_s,
+                                          u"小包裹续加重量"_s};
     for (int i = 0; i < Boxes; ++i) {
         auto* box = new controls::LineBox(this);
         box->setObjectName(u"Txt(%1)"_s.arg(i));
+        box->setAccessibleName(i < kFirstSegment ? names[i]
+                                                 : u"重包裹第%1段起点"_s.arg(i - kFirstSegment + 1));
         box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         box->setFixedWidth(kBoxWidth);
         box->SetText(kDefaults[i].toString());
@@ -83,25 +83,26 @@ void S01::MakeControls() {
         if (i > kFirstSegment && i <= kLastSegment) box->LostFocus = [this, i] { LeaveSegment(i); };
         Txt[i] = box;
     }
+}
+
+void S01::MakeLabels() {
     const QString fixed[] = {u"文件资料："_s,   u"小包裹："_s, u"重包裹：分十五个计费段："_s,
                              u"Kg起计价，续"_s, u"Kg加价；"_s, u"Kg起计价，续"_s,
                              u"Kg加价；"_s,     u"Kg-45Kg"_s,  u"Kg-70Kg"_s,
                              u"Kg-100Kg"_s,     u"Kg-200Kg"_s};
     for (std::size_t i = 0; i < Lab.size(); ++i) {
-        Lab[i] = caption(i < std::size(fixed) ? fixed[i] : u"Kg以上"_s);
+        Lab[i] = new QLabel(i < std::size(fixed) ? fixed[i] : u"Kg以上"_s, this);
+        Lab[i]->setTextFormat(Qt::PlainText);
+        Lab[i]->setIndent(0);
         Lab[i]->setObjectName(u"Lab(%1)"_s.arg(i));
     }
     for (const int i : {0, 1, 2}) Lab[i]->setProperty("role", u"group"_s);
     Labd = controls::MakeCaption(u"默认加价系数："_s, Txt[Boxes - 1], this);
     Labd->setObjectName(u"Labd"_s);
     Labd->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
 
-    const QString names[] = {u"文件资料起计重量"_s, u"文件资料续加重量"_s, u"小包裹起计重量"_s,
-                             u"小包裹续加重量"_s};
-    for (std::size_t i = 0; i < std::size(names); ++i) Txt[i]->setAccessibleName(names[i]);
-    for (int i = kFirstSegment; i <= kLastSegment; ++i)
-        Txt[i]->setAccessibleName(u"重包裹第%1段起点"_s.arg(i - kFirstSegment + 1));
-
+void S01::MakeButtons() {
     CmdOK = new controls::Button(u"保  存"_s, this);
     CmdCancel = new controls::Button(u"退  出"_s, this);
     CmdOK->setObjectName(u"CmdOK"_s);

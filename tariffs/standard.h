@@ -26,7 +26,9 @@ class S01 : public controls::ModalForm {
     static constexpr int Boxes = 20;
     static constexpr int Labels = 22;
 
-    void MakeControls();
+    void MakeBoxes();
+    void MakeLabels();
+    void MakeButtons();
     QLayout* Sentences();
     QLayout* Segments();
     void ShowTop(int box);
