@@ -2,6 +2,7 @@
 
 #include "app/data_access.h"
 #include "platform/text/numbers.h"
+#include "waybills/plain_bracket.h"
 
 #include <cmath>
 #include <cstdint>
@@ -12,26 +13,12 @@ using namespace Qt::StringLiterals;
 namespace waybills {
 namespace {
 
-/// Which price applies. The numbers are positions: the price of bracket b is field b+2 of the quote, and from
-/// FirstHeavy on the lower bound of bracket b is field b of the standard.
-namespace bracket {
-constexpr std::int16_t DocumentFirst = 0;
-constexpr std::int16_t DocumentContinued = 1;
-constexpr std::int16_t ParcelFirst = 2;
-constexpr std::int16_t ParcelContinued = 3;
+/// The price of bracket b is field b+2 of the quote, and from here on the lower bound of bracket b is field b
+/// of the standard.
 constexpr std::int16_t FirstHeavy = 4;
 constexpr std::int16_t LastHeavy = 18;
-}  // namespace bracket
 
 constexpr double WeightIfNull = 0.5;
-
-/// What the pricing standard says about one weight.
-struct Bracket {
-    std::int16_t index;     ///< `BracketIndex`
-    std::int16_t fallback;  ///< where a heavy segment without a price falls back to
-    float firstWeight;      ///< `FirstWeight`, kg; single precision decides the count of steps
-    float stepWeight;       ///< `StepWeight`, kg, never 0
-};
 
 Computed Refuse(const QString& text, const QString& title = u"提示"_s,
                 sys::BoxIcon icon = sys::BoxIcon::Information,
@@ -56,33 +43,12 @@ std::optional<Computed> CheckCard(const ChargeInput& input, double weight) {
     return std::nullopt;
 }
 
-float SingleOr(const dao::Field& field, double ifNull) {
-    return text::ToSingle(field.IsNull() ? ifNull : field.Number());
-}
-
 Bracket ChooseBracket(const dao::Recordset& standard, double weight, bool document) {
-    Bracket chosen{};
-    // A weight exactly on the first weight stays within it.
-    if (document) {
-        const bool within = !(weight > standard.Fields(0).Number());
-        chosen.index = within ? bracket::DocumentFirst : bracket::DocumentContinued;
-        chosen.fallback = bracket::DocumentContinued;
-    } else {
-        const bool within = !(weight > standard.Fields(2).Number());
-        chosen.index = within ? bracket::ParcelFirst : bracket::ParcelContinued;
-        chosen.fallback = bracket::ParcelContinued;
-    }
-
-    // Half the index, so a parcel reads the document's step as its first weight and its own first weight as
-    // its step, unlike the comparison above. Charges have always been computed so.
-    const int k = chosen.index / 2;
-    chosen.firstWeight = SingleOr(standard.Fields(k), WeightIfNull);
-    chosen.stepWeight = SingleOr(standard.Fields(k + 1), WeightIfNull);
+    Bracket chosen = PlainBracket(standard, weight, document, WeightIfNull);
     if (chosen.stepWeight == 0) chosen.stepWeight = text::ToSingle(WeightIfNull);
-
     // The last bound that the weight reaches wins, for documents too; an empty bound is reached by every
     // weight.
-    for (std::int16_t i = bracket::FirstHeavy; i <= bracket::LastHeavy; ++i)
+    for (std::int16_t i = FirstHeavy; i <= LastHeavy; ++i)
         if (standard.Fields(i).Number() <= weight) chosen.index = i;
     return chosen;
 }
@@ -96,7 +62,7 @@ double CountSteps(const Bracket& chosen, double weight) {
 QString ApplyBracket(const dao::Recordset& quote, const Bracket& chosen, double weight) {
     const auto price = [&](int position) { return quote.Fields(position).Number(); };
     std::int16_t index = chosen.index;
-    if (index >= bracket::FirstHeavy) {
+    if (index >= FirstHeavy) {
         const QString amount = text::GeneralText(price(index + 2) * weight);
         if (text::Val(amount) != 0) return amount;
         // The customer has no price for that segment.

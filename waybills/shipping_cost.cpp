@@ -2,6 +2,7 @@
 
 #include "app/data_access.h"
 #include "platform/text/numbers.h"
+#include "waybills/plain_bracket.h"
 
 #include <cmath>
 #include <cstdint>
@@ -12,27 +13,13 @@ using namespace Qt::StringLiterals;
 namespace waybills {
 namespace {
 
-/// Which price applies. From FirstHeavy on the lower bound of bracket b is field b of the channel and its
-/// rate field b of the zone; the flag of that rate stands FlagOffset further on.
-namespace bracket {
-constexpr std::int16_t DocumentFirst = 0;
-constexpr std::int16_t DocumentContinued = 1;
-constexpr std::int16_t ParcelFirst = 2;
-constexpr std::int16_t ParcelContinued = 3;
+/// From here on the lower bound of bracket b is field b of the channel and its rate field b of the zone; the
+/// flag of that rate stands FlagOffset further on.
 constexpr std::int16_t FirstHeavy = 5;
-}  // namespace bracket
 
 constexpr int SegmentCount = 4;      // field of the channel
 constexpr int ParcelFirstPrice = 2;  // field of the zone
 constexpr int FlagOffset = 10;
-
-/// What the channel says about one weight.
-struct Bracket {
-    std::int16_t index;     ///< `BracketIndex`
-    std::int16_t fallback;  ///< where a heavy segment that costs nothing falls back to
-    float firstWeight;      ///< `FirstWeight`, kg
-    float stepWeight;       ///< `StepWeight`, kg; 0 means that no continuation can be counted
-};
 
 /// The fees and the factor as numbers.
 struct Extras {
@@ -55,27 +42,11 @@ std::optional<Computed> CheckCard(const CostInput& input, double weight) {
 }
 
 Bracket ChooseBracket(const dao::Recordset& channel, double weight, bool document) {
-    Bracket chosen{};
-    // A weight exactly on the first weight stays within it.
-    if (document) {
-        const bool within = !(weight > channel.Fields(0).Number());
-        chosen.index = within ? bracket::DocumentFirst : bracket::DocumentContinued;
-        chosen.fallback = bracket::DocumentContinued;
-    } else {
-        const bool within = !(weight > channel.Fields(2).Number());
-        chosen.index = within ? bracket::ParcelFirst : bracket::ParcelContinued;
-        chosen.fallback = bracket::ParcelContinued;
-    }
-
-    // Half the index, as for the customer's charge: a parcel reads the document's step as its first weight
-    // and its own first weight as its step. No default here: an empty field is 0.
-    const int k = chosen.index / 2;
-    chosen.firstWeight = text::ToSingle(channel.Fields(k).Number());
-    chosen.stepWeight = text::ToSingle(channel.Fields(k + 1).Number());
-
+    // No default here as the standard has one: an empty weight is 0, and a step of 0 counts no continuation.
+    Bracket chosen = PlainBracket(channel, weight, document, 0);
     // Of the channel's own segments the last one that the weight reaches wins, for documents too.
     const int segments = text::ToInteger16(channel.Fields(SegmentCount).Number());
-    for (int i = bracket::FirstHeavy; i <= segments + SegmentCount; ++i)
+    for (int i = FirstHeavy; i <= segments + SegmentCount; ++i)
         if (channel.Fields(i).Number() <= weight) chosen.index = static_cast<std::int16_t>(i);
     return chosen;
 }
@@ -118,7 +89,7 @@ Computed HeavyCost(const dao::Recordset& zone, const Bracket& chosen, double wei
 }
 
 Computed ApplyBracket(const dao::Recordset& zone, Bracket chosen, double weight, const Extras& extras) {
-    if (chosen.index >= bracket::FirstHeavy) {
+    if (chosen.index >= FirstHeavy) {
         Computed heavy = HeavyCost(zone, chosen, weight, extras);
         if (text::Val(heavy.amount) != 0) return heavy;
         chosen.index = chosen.fallback;
