@@ -18,7 +18,7 @@
 
 namespace tariffs {
 
-/// F1 to F19 and P888 of MS1, in the order in which everybody reads them.
+/// F1 to F19 and P888 of MS1, in the order in which the captions here and the customer charge read them.
 extern const QString StandardStatement;
 constexpr int StandardFields = 20;
 

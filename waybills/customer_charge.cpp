@@ -2,6 +2,7 @@
 
 #include "app/data_access.h"
 #include "platform/text/numbers.h"
+#include "tariffs/brackets.h"
 #include "waybills/plain_bracket.h"
 
 #include <cmath>
@@ -13,10 +14,9 @@ using namespace Qt::StringLiterals;
 namespace waybills {
 namespace {
 
-/// The price of bracket b is field b+2 of the quote, and from here on the lower bound of bracket b is field b
-/// of the standard.
-constexpr std::int16_t FirstHeavy = 4;
-constexpr std::int16_t LastHeavy = 18;
+/// Bracket b is field b of the standard (tariffs/brackets.h), its price is field b+2 of the quote.
+constexpr std::int16_t FirstHeavy = tariffs::FirstHeavy;
+constexpr std::int16_t LastHeavy = tariffs::Brackets - 1;
 
 constexpr double WeightIfNull = 0.5;
 
@@ -79,8 +79,7 @@ Computed ComputeCustomerCharge(dao::Database& db, const ChargeInput& input) {
     const double weight = text::Val(input.weight);
     if (auto refusal = CheckCard(input, weight)) return *refusal;
 
-    auto standard = db.OpenRecordset(
-        u"select F1,F2,F3,F4,F5,F6,F7,F8,F9,F10,F11,F12,F13,F14,F15,F16,F17,F18,F19,P888 from MS1"_s);
+    auto standard = db.OpenRecordset(tariffs::StandardStatement);
     if (standard.Eof()) return RefuseForStandard();
     const Bracket chosen = ChooseBracket(standard, weight, input.serviceType.startsWith(u'D'));
     standard.Close();
