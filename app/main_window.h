@@ -8,12 +8,12 @@
 #include "app/child_form.h"
 #include "app/registry.h"
 
-#include <QAction>
 #include <QMainWindow>
-#include <QPixmap>
 #include <QString>
 
 #include <memory>
+
+class QAction;
 
 class MForm : public QMainWindow {
     Q_OBJECT

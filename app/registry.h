@@ -3,13 +3,13 @@
 #pragma once
 
 #include <QString>
-#include <QWidget>
 
 #include <functional>
 #include <map>
 #include <memory>
 
 class ChildForm;
+class QWidget;
 
 struct Registry {
     std::map<QString, std::function<std::unique_ptr<ChildForm>()>> children;

@@ -11,7 +11,6 @@
 #include "platform/controls/flex_grid.h"
 #include "platform/controls/keys.h"
 #include "platform/controls/tab_strip.h"
-#include "platform/dao/recordset.h"
 #include "platform/system/seams.h"
 #include "records/query.h"
 
@@ -22,6 +21,10 @@
 #include <cstdint>
 #include <functional>
 #include <vector>
+
+namespace dao {
+class Recordset;
+}
 
 /// One entry of a form's menu bar.
 struct CommandRow {

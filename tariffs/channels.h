@@ -7,7 +7,6 @@
 #pragma once
 
 #include "platform/controls/card.h"
-#include "platform/dao/recordset.h"
 #include "records/record_form.h"
 
 /// 出货渠道计价标准: the channels.

@@ -6,9 +6,12 @@
 #pragma once
 
 #include "platform/controls/flex_grid.h"
-#include "platform/dao/recordset.h"
 
 #include <functional>
+
+namespace dao {
+class Recordset;
+}
 
 class QuoteGrid : public controls::FlexGrid {
     Q_OBJECT

@@ -1,17 +1,15 @@
 // The boxes of a card: text box, combo, date picker, check box. What a form sees of them is the same: a text,
 // a locked and an enabled state, and the events of the focus and the keys.
 //
-// Always holds: GotFocus and LostFocus come from the focus tracker alone (focus_tracker.h), after the focus
-// has settled and only when the control really changed; every event enters the form through the guard. What
-// is pasted or dropped goes only into a box that is not locked and keeps the focus when it gets it.
+// Always holds: what is pasted or dropped goes only into a box that is not locked and keeps the focus when it
+// gets it.
 #pragma once
 
-#include "platform/system/guard.h"
+#include "platform/controls/control_events.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -19,27 +17,6 @@
 #include <QString>
 
 namespace controls {
-
-/// Gives a control the focus, also when it has it already: then the form is told if it was not before.
-void MoveFocus(QWidget* control);
-
-/// What the focus tracker tells; every control that takes the focus has these two.
-class FocusEvents {
-  public:
-    virtual ~FocusEvents() = default;
-    sys::Event<> GotFocus;
-    sys::Event<> LostFocus;
-};
-
-/// A key before the control itself sees it. A form that sets `taken` keeps it from the control.
-struct KeyPress {
-    int key = 0;  ///< Qt::Key
-    Qt::KeyboardModifiers modifiers;
-    QString text;  ///< the character; a form may replace it (upper-casing); emptied, it is not typed
-    bool taken = false;
-
-    bool IsEnter() const { return key == Qt::Key_Return || key == Qt::Key_Enter; }
-};
 
 /// A text box of one or several rows. MaxLength counts characters; a pasted tab becomes a blank.
 class TextBox : public FocusEvents {

@@ -1,5 +1,7 @@
 #include "platform/controls/cell_cover.h"
 
+#include "platform/controls/box.h"
+
 #include <QApplication>
 
 #include <utility>

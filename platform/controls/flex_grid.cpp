@@ -1,3 +1,4 @@
+#include "platform/controls/box.h"
 #include "platform/controls/grid_state.h"
 #include "platform/controls/paint.h"
 #include "platform/errors.h"

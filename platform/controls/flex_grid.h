@@ -11,9 +11,10 @@
 // followed is the current one. After a load Row is the first data row and stands at the top.
 #pragma once
 
-#include "platform/controls/box.h"
+#include "platform/controls/control_events.h"
 
 #include <QColor>
+#include <QLineEdit>
 #include <QTableView>
 
 #include <functional>

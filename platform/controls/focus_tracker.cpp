@@ -1,6 +1,6 @@
 #include "platform/controls/focus_tracker.h"
 
-#include "platform/controls/box.h"
+#include "platform/controls/control_events.h"
 
 #include <QApplication>
 #include <QMenu>

@@ -1,7 +1,9 @@
 // What the boxes have in common when keys, texts and the focus come in. For the controls' own files.
 #pragma once
 
-#include "platform/controls/box.h"
+#include "platform/controls/control_events.h"
+
+#include <QLineEdit>
 
 #include <memory>
 

@@ -4,7 +4,7 @@
 // that can be used share a key, it walks through them and Enter takes one; a disabled command does not count.
 #pragma once
 
-#include "platform/controls/box.h"
+#include "platform/controls/control_events.h"
 
 #include <QAction>
 #include <QMenu>

@@ -5,7 +5,7 @@
 // shortened.
 #pragma once
 
-#include "platform/controls/box.h"
+#include "platform/controls/control_events.h"
 
 #include <QListWidget>
 #include <QStringList>

@@ -1,7 +1,7 @@
 // The strip of tabs over a form. Items count from 1.
 #pragma once
 
-#include "platform/controls/box.h"
+#include "platform/controls/control_events.h"
 
 #include <QTabBar>
 
