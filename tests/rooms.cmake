@@ -1,0 +1,72 @@
+# Holds the picture of the rooms against the code: cmake -D HOUSE=<the source tree> -P tests/rooms.cmake
+#
+# docs/pictures/rooms.svg is where the allowed includes are said. Its boxes are room-NAME, from the top down, its
+# arrows NAME-to-NAME; app and platform are the ground, which every room above them may include. An include
+# without an arrow, an arrow without an include and an arrow that points up fail.
+cmake_minimum_required(VERSION 3.25)
+
+set(ground app platform)
+# Inside platform/: a folder and those that it may include.
+set(platform_text "")
+set(platform_system text)
+set(platform_dao text system)
+set(platform_controls text system)
+set(platform_workbook text system)
+set(faults "")
+
+file(READ "${HOUSE}/docs/pictures/rooms.svg" picture)
+string(REGEX MATCHALL "id=\"room-[a-z]+\"" boxes "${picture}")
+list(TRANSFORM boxes REPLACE "id=\"room-([a-z]+)\"" "\\1" OUTPUT_VARIABLE rooms)
+string(REGEX MATCHALL "id=\"[a-z]+-to-[a-z]+\"" drawn "${picture}")
+list(TRANSFORM drawn REPLACE "id=\"([a-z-]+)\"" "\\1" OUTPUT_VARIABLE arrows)
+
+# The folders below `root` that files of the folder include, each once.
+function(included_by folder root result)
+    file(GLOB_RECURSE files "${HOUSE}/${folder}/*.h" "${HOUSE}/${folder}/*.cpp")
+    set(found "")
+    foreach(file IN LISTS files)
+        file(STRINGS "${file}" lines REGEX "^#include \"${root}[a-z]+/")
+        list(TRANSFORM lines REPLACE "^#include \"${root}([a-z]+)/.*" "\\1")
+        list(APPEND found ${lines})
+    endforeach()
+    list(REMOVE_DUPLICATES found)
+    set(${result} "${found}" PARENT_SCOPE)
+endfunction()
+
+set(real "")
+foreach(room IN LISTS rooms)
+    included_by(${room} "" others)
+    list(REMOVE_ITEM others ${room})
+    list(FIND rooms ${room} height)
+    foreach(other IN LISTS others)
+        list(FIND rooms ${other} otherHeight)
+        if(otherHeight LESS height)
+            list(APPEND faults "${room}/ includes ${other}/, which stands above it")
+        elseif(NOT other IN_LIST ground)
+            list(APPEND real "${room}-to-${other}")
+        endif()
+    endforeach()
+endforeach()
+foreach(arrow IN LISTS real)
+    if(NOT arrow IN_LIST arrows)
+        list(APPEND faults "${arrow}: is included and not drawn")
+    endif()
+endforeach()
+foreach(arrow IN LISTS arrows)
+    if(NOT arrow IN_LIST real)
+        list(APPEND faults "${arrow}: is drawn and not included")
+    endif()
+endforeach()
+
+foreach(folder IN ITEMS text system dao controls workbook)
+    included_by(platform/${folder} "platform/" others)
+    list(REMOVE_ITEM others ${folder} ${platform_${folder}})
+    foreach(other IN LISTS others)
+        list(APPEND faults "platform/${folder}/ includes platform/${other}/")
+    endforeach()
+endforeach()
+
+if(faults OR NOT rooms)
+    list(JOIN faults "\n  " told)
+    message(FATAL_ERROR "The rooms are not as docs/pictures/rooms.svg shows them:\n  ${told}")
+endif()
