@@ -6,6 +6,7 @@
 #include "platform/errors.h"
 #include "platform/system/guard.h"
 #include "schema/data_files.h"
+#include "schema/definition.h"
 #include "schema/names.h"
 #include "tests/support/data_file.h"
 #include "tests/support/failing_vfs.h"
@@ -133,6 +134,7 @@ TEST(StartUp, WhateverFailsIsToldThenRestoreIsOfferedThenItEnds) {
              Connection file(run.File());
              file.Run(u"create table TE1 (F1 TEXT)"_s);
              file.Run(u"insert into TE1 values ('001')"_s);
+             file.Run(u"pragma user_version = %1"_s.arg(schema::kVersion));
              run.parts.showLogin = [](QWidget* over) { Login(over).ShowModal(); };
          },
          u"restore over the frame"},

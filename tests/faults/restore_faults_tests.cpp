@@ -16,7 +16,7 @@ using tests::AltKey;
 namespace {
 
 /// A whole file of a company with one courier of its own.
-QString Backup(const QTemporaryDir& folder, int version) {
+QString Backup(const QTemporaryDir& folder) {
     const QString path = folder.filePath(u"lastweek.dat"_s);
     tests::Company company;
     for (const QString& row : tests::CommandMasters()) company.Run(row);
@@ -24,7 +24,6 @@ QString Backup(const QTemporaryDir& folder, int version) {
     QFile::copy(company.File(), path);
     const auto engine = schema::OpenEngine(path, schema::kPassword);
     schema::Run(engine.get(), "insert into M04 (F1,F2) VALUES ('上周','')");
-    schema::Run(engine.get(), "pragma user_version=" + QByteArray::number(version));
     return path;
 }
 
@@ -37,7 +36,7 @@ class Restoring : public tests::RecordedProgram {
 
 TEST(RestoreOnAFullDisk, LeavesTheOldFileWholeOrPutsTheNewOneThere) {
     const QTemporaryDir elsewhere;
-    const QString backup = Backup(elsewhere, 1);
+    const QString backup = Backup(elsewhere);
     const QStringList fresh = tests::StateOf(backup);
     const qint64 size = QFileInfo(backup).size();
     for (const qint64 room : {qint64{0}, qint64{4096}, size / 2, size - 1, size}) {
@@ -54,27 +53,24 @@ TEST(RestoreOnAFullDisk, LeavesTheOldFileWholeOrPutsTheNewOneThere) {
 }
 
 TEST(AFileOfLastWeek, IsRestoredAndWorkedWith) {
-    for (const int version : {1, 0}) {  // 0: from before files carried a version
-        SCOPED_TRACE(version);
-        const QTemporaryDir elsewhere;
-        const QString backup = Backup(elsewhere, version);
-        Restoring program(backup);
-        tests::CommandOf("S32_Restore").give(program);
-        ASSERT_EQ(program.status, 0);
+    const QTemporaryDir elsewhere;
+    const QString backup = Backup(elsewhere);
+    Restoring program(backup);
+    tests::CommandOf("S32_Restore").give(program);
+    ASSERT_EQ(program.status, 0);
 
-        sys::ForgetEnd();
-        program.status.reset();
-        program.boxes.clear();
-        const auto frame = tests::StartAndLogIn(QFileInfo(program.File()).path());
-        ASSERT_TRUE(frame);
-        EXPECT_EQ(program.Rows(u"select F1 from M04 where F1='上周'"_s).size(), 1);
-        const tests::Command& save = tests::CommandOf("B01_Add");
-        tests::Prepare(program, save);
-        save.give(program);
-        EXPECT_TRUE(program.boxes.empty());
-        EXPECT_EQ(program.Rows(u"select F1 from B01 where F1='W3'"_s).size(), 1);
-        EXPECT_EQ(program.Rows(u"select F1 from TB1 where F1 in ('YSW3','YFW3')"_s).size(), 2);
-    }
+    sys::ForgetEnd();
+    program.status.reset();
+    program.boxes.clear();
+    const auto frame = tests::StartAndLogIn(QFileInfo(program.File()).path());
+    ASSERT_TRUE(frame);
+    EXPECT_EQ(program.Rows(u"select F1 from M04 where F1='上周'"_s).size(), 1);
+    const tests::Command& save = tests::CommandOf("B01_Add");
+    tests::Prepare(program, save);
+    save.give(program);
+    EXPECT_TRUE(program.boxes.empty());
+    EXPECT_EQ(program.Rows(u"select F1 from B01 where F1='W3'"_s).size(), 1);
+    EXPECT_EQ(program.Rows(u"select F1 from TB1 where F1 in ('YSW3','YFW3')"_s).size(), 2);
 }
 
 }  // namespace

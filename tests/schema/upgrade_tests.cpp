@@ -88,5 +88,22 @@ TEST_F(Upgrading, TheProgramsOwnStepsEndWhereNewFilesBegin) {
     EXPECT_EQ(Bytes(Path()), before);
 }
 
+TEST_F(Upgrading, AFileOfTheFirstReleaseComesToTheShapeOfANewOne) {
+    const auto shape = [this] {
+        QStringList found;
+        Connection file(Path());
+        for (const QString& name : file.Rows(u"select name from sqlite_master order by name"_s))
+            found += file.Rows(u"pragma table_info(%1)"_s.arg(name)) +
+                     file.Rows(u"pragma index_info(%1)"_s.arg(name));
+        return found;
+    };
+    schema::Run(Open().get(), Bytes(QStringLiteral(FIRST_SHAPE)) + "pragma user_version = 1");
+    schema::Upgrade(Open().get());
+    const QStringList upgraded = shape();
+    QFile::remove(Path());
+    schema::MakeDatabase(Path());
+    EXPECT_EQ(upgraded, shape());
+}
+
 }  // namespace
 }  // namespace tests
