@@ -24,7 +24,8 @@ class MForm : public QMainWindow {
     /// The picture, the panels, the date; errors are ignored throughout.
     void Load();
 
-    /// A menu item by its name in the system ("Menu_A04"), top menus included.
+    /// A menu item by its name in the system ("Menu_A04"), top menus included; none if there is no such name.
+    /// The two below presume that there is (std::out_of_range).
     QAction* MenuItem(const QString& name) const;
     bool MenuVisible(const QString& name) const;
     void SetMenuVisible(const QString& name, bool visible);
@@ -38,7 +39,8 @@ class MForm : public QMainWindow {
     void ShowToolBar(bool shown);
     bool ToolBarShown() const;
 
-    /// Shows a modal form of the registry over the frame and returns when it has gone.
+    /// Shows a modal form of the registry over the frame and returns when it has gone. This one and the next
+    /// raise RuntimeError for a form that is not in the registry.
     void ShowModal(const QString& form);
     /// Shows the single instance of a child form, made and loaded if it is not there.
     ChildForm& ShowChild(const QString& form);

@@ -1,5 +1,6 @@
 // The carriers' cost zones: what a channel is paid for delivering to the places of a zone. A price means
-// nothing without its place: its weight bracket is the channel's (channels.h), by position.
+// nothing without its place: its weight bracket is the channel's (channels.h), by position. Prices are in
+// yuan, a tick lets its segment run as first weight plus continuation.
 //
 // Always holds: captions are made from the channel's row as it is now; which heavy segments are seen goes by
 // the number that the zone was saved with, until a channel is chosen. A price or tick out of sight keeps what

@@ -1,8 +1,9 @@
 // The arithmetic of customers' quotes, and their statements; no screen.
 //
 // A quote is a copy: the list prices of a zone (M02) times a coefficient, each rounded to one decimal, kept
-// as the customer's own figures (M031). Which price stands where is fixed by position alone: the n-th list
-// price of the select is column n+2 of the quote grid and field Fn+2 of M031. Prices are in yuan.
+// as the customer's own figures (M031). Which price stands where is fixed by position alone: list price n of
+// the select, from 0, is column n+2 of the quote grid and field Fn+2 of M031. Prices are in yuan. A
+// coefficient is a factor, 1.1 raises by a tenth; it may be any number. Raises RuntimeError on overflow.
 #pragma once
 
 #include "platform/dao/database.h"

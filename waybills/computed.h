@@ -10,14 +10,14 @@ namespace waybills {
 
 struct Computed {
     enum class Kind {
-        Amount,          ///< `amount` is the new text of the box
+        Amount,          ///< `amount` is the new text of the box, yuan
         Refused,         ///< `box` says why; the amount stays
         Unchanged,       ///< nothing to compute and nothing to say; the amount stays
         StandardMissing  ///< as Refused, and the pricing standard has to be set after the box
     };
 
     Kind kind = Kind::Refused;
-    QString amount;
+    QString amount;  ///< "" but for Amount
     sys::BoxRequest box;
     /// The channel's fuel factor read as 0 and was taken as 1; its box shows that.
     bool fuelFactorDefaulted = false;

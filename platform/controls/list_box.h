@@ -17,6 +17,7 @@ class ListBox : public QListWidget, public FocusEvents {
   public:
     explicit ListBox(QWidget* parent = nullptr);
     int ListCount() const { return count(); }
+    /// Lines count from 0; the index has to be one of them.
     QString List(int index) const { return item(index)->text(); }
     void SetLines(const QStringList& lines);
     /// The selected line, or -1.

@@ -11,7 +11,8 @@ namespace controls {
 /// dialogs, the input method). Once, before the first window.
 void DressApplication(QApplication& app);
 
-/// A picture of the look by its name: "app", "receive".
+/// A picture of the look by its name ("app", "receive"), the file in look/icons/; empty for one that is not
+/// there.
 QIcon LookIcon(const QString& name);
 
 }  // namespace controls

@@ -39,8 +39,12 @@ class Recordset {
     Recordset& operator=(Recordset&&) noexcept;
     ~Recordset();
 
+    /// Behind the last row; in an empty set from the beginning.
     bool Eof() const;
+    /// True for an empty set alone: there is no way back before the first row.
     bool Bof() const;
+    /// The three moves raise RuntimeError where there is no row to move from or to, and drop what was set and
+    /// not updated.
     void MoveFirst();
     void MoveNext();
     void MoveLast();
@@ -51,10 +55,14 @@ class Recordset {
     Field Fields(int ordinal) const;
     Field Fields(QStringView name) const;
 
+    /// Changing the current row of a dynaset of one table: Edit, SetValue for each field, Update, which
+    /// writes. Out of this order, and in a snapshot, they raise RuntimeError; Update raises DatabaseError
+    /// too.
     void Edit();
     void SetValue(QStringView name, double value);
     void Update();
 
+    /// Lets go of the rows; every later call raises RuntimeError.
     void Close();
 
   private:

@@ -17,7 +17,9 @@ std::optional<QDateTime> ReadDateTime(QStringView value);
 /// The same, the time of day dropped.
 std::optional<QDate> ReadDate(QStringView value);
 
+/// "2024-01-05"; "" for a date that is none.
 QString DateText(QDate date);
+/// "2024-01-05 09:05:00"; "" for a moment that is none.
 QString DateTimeText(const QDateTime& moment);
 
 }  // namespace text
