@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::array<QStringView, 3> kCaptions{u"旧密码", u"新密码", u"新密码确认"};
+constexpr std::array<QStringView, 3> Captions{u"旧密码", u"新密码", u"新密码确认"};
 
 }  // namespace
 
@@ -23,7 +23,7 @@ S2::S2(QWidget* over) : ModalForm(u"S2"_s, u"操作员修改密码"_s, over) {
         box->setObjectName(u"Txt(%1)"_s.arg(i));
         box->SetMasked(true);
         box->KeyPressed = controls::EnterMovesOn;
-        rows->Add(kCaptions[i].toString(), u"Lab(%1)"_s.arg(i), box);
+        rows->Add(Captions[i].toString(), u"Lab(%1)"_s.arg(i), box);
         Txt[i] = box;
     }
     auto* ok = new controls::Button(u"确 定"_s, this);

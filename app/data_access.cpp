@@ -86,6 +86,13 @@ double GetVal(const QString& sql) {
     return AskOrTell(u"GetVal"_s, [&] { return FirstNumber(*Db, sql); });
 }
 
+int CountRows(dao::Recordset& rows) {
+    if (rows.Eof()) return 0;
+    rows.MoveLast();
+    rows.MoveFirst();
+    return rows.RecordCount();
+}
+
 QString LangText(const QString& text) {
     return text;
 }

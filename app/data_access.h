@@ -39,6 +39,9 @@ QString CodeToName(dao::Database& db, QString& text, const QString& table);
 /// The trimmed text before its first point, or all of it: the code of a combo text.
 QString CodePart(const QString& comboText);
 
+/// The true number of rows; the set stands at its first row again, if it has one.
+int CountRows(dao::Recordset& rows);
+
 /// A value between apostrophes, as it stands.
 inline QString Quoted(const QString& value) {
     return u'\'' + value + u'\'';

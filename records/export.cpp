@@ -22,28 +22,28 @@ using workbook::Format;
 
 namespace {
 
-const QString kEntry = u"ToExcel"_s;  // in the user's settings: the version chosen last, by its place
-const QString kSheet = u"mysheet"_s;
-const QString kExportCaption = u"导出数据"_s;
-const QString kOpenCaption = u"打开文件"_s;
-const QString kExtension = u".xls"_s;
+const QString SettingsEntry = u"ToExcel"_s;  // in the user's settings: the version chosen last, by its place
+const QString SheetName = u"mysheet"_s;
+const QString ExportCaption = u"导出数据"_s;
+const QString OpenCaption = u"打开文件"_s;
+const QString Extension = u".xls"_s;
 
-constexpr int kLastColumn = 29;
-constexpr int kShownWidth = 2;   // fifteenths of a pixel; a column that is narrower counts as hidden
-constexpr int kRowPause = 50;    // ms between two rows in the caption: faster than that nobody reads
-constexpr int kFormWidth = 520;  // a path is long
+constexpr int LastColumn = 29;
+constexpr int ShownWidth = 2;   // fifteenths of a pixel; a column that is narrower counts as hidden
+constexpr int RowPause = 50;    // ms between two rows in the caption: faster than that nobody reads
+constexpr int FormWidth = 520;  // a path is long
 
 constexpr struct {
     QStringView name;
     Format format;
-} kVersions[] = {{u"EXCEL 8.0", Format::Biff8}, {u"EXCEL 7.0", Format::Biff7}, {u"EXCEL 5.0", Format::Biff5}};
-constexpr int kVersionCount = static_cast<int>(std::size(kVersions));
+} Versions[] = {{u"EXCEL 8.0", Format::Biff8}, {u"EXCEL 7.0", Format::Biff7}, {u"EXCEL 5.0", Format::Biff5}};
+constexpr int VersionCount = static_cast<int>(std::size(Versions));
 
 /// The first column always goes out, of the others those that are shown.
 std::vector<int> ExportedColumns(const controls::FlexGrid& grid) {
     std::vector<int> columns{0};
-    for (int col = 1; col < std::min(grid.Cols(), kLastColumn + 1); ++col)
-        if (grid.GridColWidth(col) >= kShownWidth) columns.push_back(col);
+    for (int col = 1; col < std::min(grid.Cols(), LastColumn + 1); ++col)
+        if (grid.GridColWidth(col) >= ShownWidth) columns.push_back(col);
     return columns;
 }
 
@@ -53,12 +53,12 @@ bool IsThere(const QString& path) {
 }
 
 QString Stored() {
-    return sys::seams().readSetting(kEntry);
+    return sys::seams().readSetting(SettingsEntry);
 }
 
 /// Names the row as the list counts it, and the column by its header.
 QString Words(const workbook::DoesNotFit& refusal, const controls::FlexGrid& grid, int version) {
-    const auto& [name, format] = kVersions[version];
+    const auto& [name, format] = Versions[version];
     const int row = refusal.row - 1;  // the field names stand above the grid's rows
     const QString other = format == Format::Biff8 ? QString() : u"\r请选择 EXCEL 8.0 再导出。"_s;
     if (refusal.reason == workbook::DoesNotFit::Reason::TooManyRows)
@@ -91,7 +91,7 @@ ToExcel::ToExcel(QWidget* over) : ModalForm(u"ToExcel"_s, u"导出数据到EXCEL
     column->setSpacing(8);
     column->addLayout(rows);
     column->addLayout(dressing::ButtonRow({Cmd[0], Cmd[1]}));
-    setFixedWidth(kFormWidth);
+    setFixedWidth(FormWidth);
     Cmb->setFocus(Qt::OtherFocusReason);
 }
 
@@ -106,7 +106,7 @@ void ToExcel::MakeControls() {
     Txt->KeyPressed = controls::EnterMovesOn;
     CmdSaveTo = new controls::Button(u"浏览"_s, this);
     CmdSaveTo->setObjectName(u"CmdSaveTo"_s);
-    Cmd = {new controls::Button(kExportCaption, this), new controls::Button(u"返回上层"_s, this)};
+    Cmd = {new controls::Button(ExportCaption, this), new controls::Button(u"返回上层"_s, this)};
     Cmd[0]->setObjectName(u"Cmd(0)"_s);
     Cmd[1]->setObjectName(u"Cmd(1)"_s);
     Cmd[0]->setDefault(true);  // its colour only
@@ -116,14 +116,14 @@ void ToExcel::MakeControls() {
 }
 
 void ToExcel::Load() {
-    for (const auto& version : kVersions) Cmb->AddItem(version.name.toString());
+    for (const auto& version : Versions) Cmb->AddItem(version.name.toString());
     const double stored = text::Val(Stored());
-    Cmb->SetListIndex(stored >= 0 && stored < kVersionCount ? static_cast<int>(stored) : 0);
+    Cmb->SetListIndex(stored >= 0 && stored < VersionCount ? static_cast<int>(stored) : 0);
 }
 
 void ToExcel::done(int result) {
     if (text::Val(Stored()) != Cmb->ListIndex())
-        sys::seams().writeSetting(kEntry, QString::number(Cmb->ListIndex()));
+        sys::seams().writeSetting(SettingsEntry, QString::number(Cmb->ListIndex()));
     ModalForm::done(result);
 }
 
@@ -133,14 +133,14 @@ void ToExcel::ChooseFile() {
                                  .proposed = {},
                                  .pattern = u"Excel文件 (*.xls)"_s});
     if (path.isEmpty()) return;
-    if (!path.endsWith(kExtension, Qt::CaseInsensitive)) path += kExtension;
+    if (!path.endsWith(Extension, Qt::CaseInsensitive)) path += Extension;
     if (IsThere(path)) return sys::Inform(u"目标文件夹存在同名文件，请更换文件名！"_s, MsgTitle);
     Txt->SetText(path);
     Cmd[0]->SetFocus();
 }
 
 void ToExcel::Press() {
-    if (Cmd[0]->Caption() == kExportCaption)
+    if (Cmd[0]->Caption() == ExportCaption)
         Export();
     else
         OpenFile();
@@ -156,7 +156,7 @@ void ToExcel::Export() {
     setWindowTitle(success);
     CmdSaveTo->setEnabled(false);
     Cmb->setEnabled(false);
-    Cmd[0]->SetCaption(kOpenCaption);
+    Cmd[0]->SetCaption(OpenCaption);
     sys::Inform(success, QString());
 }
 
@@ -174,7 +174,7 @@ bool ToExcel::WriteFile() {
 }
 
 void ToExcel::WriteRows(const QString& path) {
-    workbook::Writer book(kVersions[Cmb->ListIndex()].format, kSheet);
+    workbook::Writer book(Versions[Cmb->ListIndex()].format, SheetName);
     const std::vector<int> columns = ExportedColumns(*GD);
     book.NextRow();
     for (std::size_t field = 1; field <= columns.size(); ++field) book.Add(u'F' + QString::number(field));
@@ -190,7 +190,7 @@ void ToExcel::WriteRows(const QString& path) {
 }
 
 void ToExcel::TellRow(int row) {
-    if (told_.isValid() && !told_.hasExpired(kRowPause)) return;
+    if (told_.isValid() && !told_.hasExpired(RowPause)) return;
     told_.start();
     setWindowTitle(u"正在读取第 "_s + QString::number(row) + u" 行"_s);
     controls::ShowProgress();

@@ -12,22 +12,22 @@ struct Connective {
     QString piece;
 };
 
-const Connective kConnectives[] = {
+const Connective ConnectiveRows[] = {
     {u"并且"_s, u" And "_s},
     {u"或者"_s, u" Or "_s},
     {u"排除"_s, u" AND Not "_s},
 };
 
-const QString kHead = u" Where "_s;
-const QString kHeadPrefix = u"        "_s;
+const QString Head = u" Where "_s;
+const QString HeadPrefix = u"        "_s;
 
 /// A list may begin with this line in place of conditions; no piece stands beside it.
-const QString kEverything = u"系统中存在的所有记录"_s;
+const QString Everything = u"系统中存在的所有记录"_s;
 
 QString ConnectivePiece(const QString& offered) {
-    for (const Connective& connective : kConnectives)
+    for (const Connective& connective : ConnectiveRows)
         if (connective.offered == offered) return connective.piece;
-    return kHead;
+    return Head;
 }
 
 /// "等于(=)" gives " = ".
@@ -37,7 +37,7 @@ QString Operator(const QString& relation) {
 }
 
 QString Shown(const Condition& c) {
-    const QString prefix = c.connective.isEmpty() ? kHeadPrefix : c.connective + u"    "_s;
+    const QString prefix = c.connective.isEmpty() ? HeadPrefix : c.connective + u"    "_s;
     return prefix + c.caption + u"  "_s + c.relation.left(2) + u"  "_s + u"   "_s + c.value;
 }
 
@@ -62,7 +62,7 @@ QString Piece(const Condition& c) {
 
 QStringList Connectives() {
     QStringList offered;
-    for (const Connective& connective : kConnectives) offered += connective.offered;
+    for (const Connective& connective : ConnectiveRows) offered += connective.offered;
     return offered;
 }
 
@@ -73,7 +73,7 @@ QStringList Relations(Kind kind) {
 
 void Conditions::Add(const Condition& condition) {
     const QString piece = Piece(condition);
-    if (!shown.isEmpty() && shown.front() == kEverything) shown.removeFirst();
+    if (!shown.isEmpty() && shown.front() == Everything) shown.removeFirst();
     shown += Shown(condition);
     pieces += piece;
 }
@@ -88,7 +88,7 @@ void Conditions::Remove(int line) {
     // " takes the first character of the field along. It has always done so.
     constexpr int HeadCut = 5;
     shown.front().replace(0, 2, u"  "_s);
-    pieces.front().replace(0, HeadCut, kHead);
+    pieces.front().replace(0, HeadCut, Head);
 }
 
 }  // namespace search

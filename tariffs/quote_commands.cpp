@@ -74,12 +74,7 @@ void QuotePanel::FillDownList() {
     const QStringList headers{u"区域编码"_s, u"区域名称"_s, u"英文名称"_s};
     auto zones = Db->OpenRecordset(u"select M02.F1,M02.F2,M02.F4 from M02  WHERE M02.F1 LIKE '"_s +
                                    text::Trim(TxtHPBM->Text()) + u"*' order by M02.F1"_s);
-    int found = 0;
-    if (!zones.Eof()) {
-        zones.MoveLast();
-        found = zones.RecordCount();
-        zones.MoveFirst();
-    }
+    const int found = CountRows(zones);
     GdDownList->Clear();
     for (int col = 0; col < headers.size(); ++col) GdDownList->SetTextMatrix(0, col, headers[col]);
     GdDownList->ShareWidths();

@@ -66,12 +66,7 @@ void QuoteGrid::WriteHeaders() {
 void QuoteGrid::LoadQuotes(const QString& customer) {
     WriteHeaders();
     auto rows = Db->OpenRecordset(QuoteSelect(customer));
-    int count = 0;
-    if (!rows.Eof()) {
-        rows.MoveLast();
-        count = rows.RecordCount();
-        rows.MoveFirst();
-    }
+    const int count = CountRows(rows);
     BeginLoad(count);
     for (int row = 0; row < count; ++row, rows.MoveNext())
         for (int col = 0; col < QuoteColumns; ++col)

@@ -14,21 +14,21 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // What the boxes show while the table has no row.
-constexpr std::array<QStringView, 20> kDefaults{u"0.5", u"0.5", u"0.5", u"0.5", u"21",  u"46",  u"71",
-                                                u"101", u"201", u"201", u"201", u"201", u"201", u"201",
-                                                u"201", u"201", u"201", u"201", u"201", u"1.5"};
+constexpr std::array<QStringView, 20> Defaults{u"0.5", u"0.5", u"0.5", u"0.5", u"21",  u"46",  u"71",
+                                               u"101", u"201", u"201", u"201", u"201", u"201", u"201",
+                                               u"201", u"201", u"201", u"201", u"201", u"1.5"};
 
-constexpr int kFirstSegment = 4;    // its box
-constexpr int kLastSegment = 18;    // likewise
-constexpr int kBoxToCaption = 3;    // behind box j of a segment stands Lab(j + 3)
-constexpr int kCheckedOnSave = 9;   // boxes from Txt(0); the segments from the sixth on are not looked at
-constexpr double kCorrection = 25;  // kg above the box on the left
+constexpr int FirstSegment = 4;    // its box
+constexpr int LastSegment = 18;    // likewise
+constexpr int BoxToCaption = 3;    // behind box j of a segment stands Lab(j + 3)
+constexpr int CheckedOnSave = 9;   // boxes from Txt(0); the segments from the sixth on are not looked at
+constexpr double Correction = 25;  // kg above the box on the left
 
-constexpr int kColumns = 3;  // segments in a row
-constexpr int kBoxWidth = 72;
-constexpr int kCaptionWidth = 84;
-constexpr int kIndent = 92;  // where the first box of every line begins
-constexpr int kMargin = 16;
+constexpr int Columns = 3;  // segments in a row
+constexpr int BoxWidth = 72;
+constexpr int CaptionWidth = 84;
+constexpr int Indent = 92;  // where the first box of every line begins
+constexpr int Margin = 16;
 
 QString TopCaption(double top) {
     return u"Kg-"_s + text::GeneralText(top) + u"Kg"_s;
@@ -42,7 +42,7 @@ S01::S01(QWidget* over) : ModalForm(u"S01"_s, u"本公司报价标准设定"_s, 
     MakeButtons();
     auto* factor = new QHBoxLayout;
     factor->setSpacing(0);
-    Labd->setFixedWidth(kIndent);
+    Labd->setFixedWidth(Indent);
     factor->addWidget(Labd);
     factor->addWidget(Txt[Boxes - 1]);
     factor->addStretch(1);
@@ -51,7 +51,7 @@ S01::S01(QWidget* over) : ModalForm(u"S01"_s, u"本公司报价标准设定"_s, 
     card->setProperty("role", u"surface"_s);
     card->setAttribute(Qt::WA_StyledBackground);
     auto* column = new QVBoxLayout(card);
-    column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    column->setContentsMargins(Margin, Margin, Margin, Margin);
     column->setSpacing(8);
     column->addLayout(Sentences());
     column->addSpacing(8);
@@ -61,7 +61,7 @@ S01::S01(QWidget* over) : ModalForm(u"S01"_s, u"本公司报价标准设定"_s, 
     column->addLayout(factor);
 
     auto* foot = new QVBoxLayout;
-    foot->setContentsMargins(kMargin, 4, kMargin, 12);
+    foot->setContentsMargins(Margin, 4, Margin, 12);
     foot->addLayout(dressing::ButtonRow({CmdOK, CmdCancel}));
     dressing::Stack(*this, *card, foot);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
@@ -69,18 +69,17 @@ S01::S01(QWidget* over) : ModalForm(u"S01"_s, u"本公司报价标准设定"_s, 
 }
 
 void S01::MakeBoxes() {
-    const QString names[kFirstSegment] = {u"文件资料起计重量"_s, u"文件资料续加重量"_s, u"小包裹起计重量"_s,
-                                          u"小包裹续加重量"_s};
+    const QString names[FirstSegment] = {u"文件资料起计重量"_s, u"文件资料续加重量"_s, u"小包裹起计重量"_s,
+                                         u"小包裹续加重量"_s};
     for (int i = 0; i < Boxes; ++i) {
         auto* box = new controls::LineBox(this);
         box->setObjectName(u"Txt(%1)"_s.arg(i));
-        box->setAccessibleName(i < kFirstSegment ? names[i]
-                                                 : u"重包裹第%1段起点"_s.arg(i - kFirstSegment + 1));
+        box->setAccessibleName(i < FirstSegment ? names[i] : u"重包裹第%1段起点"_s.arg(i - FirstSegment + 1));
         box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        box->setFixedWidth(kBoxWidth);
-        box->SetText(kDefaults[i].toString());
+        box->setFixedWidth(BoxWidth);
+        box->SetText(Defaults[i].toString());
         box->KeyPressed = controls::EnterMovesOn;
-        if (i > kFirstSegment && i <= kLastSegment) box->LostFocus = [this, i] { LeaveSegment(i); };
+        if (i > FirstSegment && i <= LastSegment) box->LostFocus = [this, i] { LeaveSegment(i); };
         Txt[i] = box;
     }
 }
@@ -117,7 +116,7 @@ QLayout* S01::Sentences() {
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(6);
     grid->setVerticalSpacing(8);
-    grid->setColumnMinimumWidth(0, kIndent - grid->horizontalSpacing());
+    grid->setColumnMinimumWidth(0, Indent - grid->horizontalSpacing());
     grid->setColumnStretch(5, 1);
     for (int line = 0; line < 2; ++line) {
         const int box = 2 * line;
@@ -136,14 +135,14 @@ QLayout* S01::Segments() {
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(6);
     grid->setVerticalSpacing(8);
-    grid->setContentsMargins(kIndent, 0, 0, 0);
-    for (int box = kFirstSegment; box <= kLastSegment; ++box) {
-        const int nth = box - kFirstSegment;
-        const int column = 2 * (nth % kColumns);
-        QLabel* top = Lab[box + kBoxToCaption];
-        top->setMinimumWidth(kCaptionWidth);
-        grid->addWidget(Txt[box], nth / kColumns, column);
-        grid->addWidget(top, nth / kColumns, column + 1);
+    grid->setContentsMargins(Indent, 0, 0, 0);
+    for (int box = FirstSegment; box <= LastSegment; ++box) {
+        const int nth = box - FirstSegment;
+        const int column = 2 * (nth % Columns);
+        QLabel* top = Lab[box + BoxToCaption];
+        top->setMinimumWidth(CaptionWidth);
+        grid->addWidget(Txt[box], nth / Columns, column);
+        grid->addWidget(top, nth / Columns, column + 1);
     }
     return grid;
 }
@@ -154,7 +153,7 @@ double S01::Number(int box) const {
 
 /// The top of the segment on the left is one kilogram below this box.
 void S01::ShowTop(int box) {
-    Lab[box - 1 + kBoxToCaption]->setText(TopCaption(Number(box) - 1));
+    Lab[box - 1 + BoxToCaption]->setText(TopCaption(Number(box) - 1));
 }
 
 void S01::Load() {
@@ -163,14 +162,14 @@ void S01::Load() {
     for (int i = 0; i < Boxes; ++i) {
         auto& box = *Txt[i];
         if (const auto& value = (*standard)[i]) box.SetText(text::GeneralText(*value));
-        if (i > kFirstSegment && i <= kLastSegment) ShowTop(i);
+        if (i > FirstSegment && i <= LastSegment) ShowTop(i);
         box.SetText(text::FormatFixed(Number(i), 1));
     }
 }
 
 /// Out of order is put right without a word, and for the box that is left only: the next ones stay.
 void S01::LeaveSegment(int box) {
-    if (Number(box - 1) >= Number(box)) Txt[box]->SetText(text::GeneralText(Number(box - 1) + kCorrection));
+    if (Number(box - 1) >= Number(box)) Txt[box]->SetText(text::GeneralText(Number(box - 1) + Correction));
     ShowTop(box);
 }
 
@@ -178,7 +177,7 @@ void S01::Save() {
     if (OperatorCode != u"001")
         return sys::Inform(u"只有系统管理员才能修改此项设置，请用“001”帐号登录！"_s, u"提示"_s);
     if (!sys::Ask(u"警告！计价标准不宜经常改变！真的继续吗？"_s, u"提示"_s)) return;
-    for (int i = 0; i < kCheckedOnSave; ++i) {
+    for (int i = 0; i < CheckedOnSave; ++i) {
         Txt[i]->SetText(text::GeneralText(Number(i)));
         if (Number(i) <= 0)
             return sys::Inform(u"所有数值都不能小于或等于0！"_s, u" 提示"_s);  // with its leading blank
