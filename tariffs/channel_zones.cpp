@@ -55,6 +55,7 @@ void A011::MakeTicks() {
         auto* tick = ticks_[box - FirstHeavy] = new controls::CheckBox({}, Frm);
         tick->setObjectName(u"Chk(%1)"_s.arg(box));
         tick->setProperty("role", u"bare"_s);
+        tick->LookLocked(true);
         WireBox(*tick);
         tick->Click = [this, tick] {
             if (FormMode < Adding) tick->SetValue(1 - tick->Value());  // only looked at
@@ -62,6 +63,11 @@ void A011::MakeTicks() {
         PutBeside(box, tick);
         CaptionPrice(box, SegmentNumber(box));
     }
+}
+
+void A011::LookLocked(bool locked) {
+    ZoneForm::LookLocked(locked);
+    for (auto* tick : ticks_) tick->LookLocked(locked);
 }
 
 controls::CheckBox& A011::Chk(int box) const {

@@ -24,6 +24,7 @@ class A011 : public ZoneForm {
     QStringList SavedLine() const override;
     bool RequireChoice() override;
     void Menu_Add() override;
+    void LookLocked(bool locked) override;
 
   private:
     void MakeTicks();

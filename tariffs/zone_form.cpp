@@ -176,7 +176,7 @@ void ZoneForm::ShowForEdit(bool shown) {
     areas_->ShowEntry(shown);
 }
 
-/// The prices that are never locked look as the others do.
+/// The heavy prices from the sixth segment on.
 void ZoneForm::LookLocked(bool locked) {
     for (int box = LastHandled + 1; box <= zone_.lastPrice; ++box)
         controls::Mark(Txt[box]->Widget(), "state", locked ? u"locked"_s : QString());

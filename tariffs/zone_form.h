@@ -27,6 +27,8 @@ class ZoneForm : public RecordForm {
     /// What a save asks of the choice, between the names and the places; false after a message.
     virtual bool RequireChoice() { return true; }
     virtual void Menu_Add();
+    /// What is never locked looks as the rest of the card does.
+    virtual void LookLocked(bool locked);
 
     QStringList Headers() const override { return zone_.headers; }
     int LoadedCols() const override { return zone_.loadedCols; }
@@ -56,7 +58,6 @@ class ZoneForm : public RecordForm {
     void WireCard();
     std::vector<QWidget*> Stops() const;
     void ShowForEdit(bool shown);
-    void LookLocked(bool locked);
     void StopAtBoxes(bool stop);
 
     void EnterBox(int box);

@@ -211,6 +211,7 @@ void B01::OpenCard() {
     }
     DTP->show();
     Txt[SendDate]->Widget()->hide();
+    ChkChuHuo->LookLocked(false);
 }
 
 void B01::CloseCard() {
@@ -220,6 +221,7 @@ void B01::CloseCard() {
     for (const Box box : ComboBoxes) ShowCombo(box, false);
     DTP->hide();
     Txt[SendDate]->Widget()->show();
+    ChkChuHuo->LookLocked(true);
 }
 
 void B01::MaskFigures() {

@@ -250,6 +250,10 @@ CheckBox::CheckBox(const QString& caption, QWidget* parent) : QCheckBox(caption,
     connect(this, &QCheckBox::clicked, this, [this] { ClickAfterFocus(this, Click); });
 }
 
+void CheckBox::LookLocked(bool locked) {
+    Mark(this, "state", locked ? u"locked"_s : QString());
+}
+
 void CheckBox::keyPressEvent(QKeyEvent* event) {
     const auto left = OfferKey(this, KeyPressed, *event);
     if (!left) return event->accept();

@@ -158,6 +158,8 @@ class CheckBox : public QCheckBox, public FocusEvents {
     /// 0 or 1. Setting it by program fires nothing.
     int Value() const { return isChecked() ? 1 : 0; }
     void SetValue(int value) { setChecked(value != 0); }
+    /// As the locked boxes around it look; what a click does remains the form's to say.
+    void LookLocked(bool locked);
     void SetFocus() { MoveFocus(this); }
 
     sys::Event<> Click;  ///< the operator's own click, after the mark has changed
@@ -187,7 +189,7 @@ class Button : public QPushButton, public FocusEvents {
 /// Lets the style sheet look at the control again, whose state has changed.
 void Repolish(QWidget* control);
 /// Sets a property that the style sheet asks for, also on a control that is shown already: "state" "error",
-/// "kind" "total", "role" "danger".
+/// "kind" "total", "role" "danger", "kind" "inline" for a button in a row of boxes.
 void Mark(QWidget* control, const char* property, const QString& value);
 
 /// The caption of a box: muted, right-aligned, buddy and accessible name of it. Its text is the Lab's

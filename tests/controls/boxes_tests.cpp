@@ -145,6 +145,21 @@ TEST_F(Boxes, AKeyReachesTheFormFirst) {
     }
 }
 
+TEST_F(Boxes, ACheckBoxOfACardAtRestLooksLocked) {
+    const auto fill = [&] {
+        const QImage picture = check.grab().toImage();
+        return picture.pixelColor(3, picture.height() / 2 - 5).name();
+    };
+    form.setFocus();
+    for (const auto& [ticked, open] : {std::pair(0, u"#ffffff"_s), std::pair(1, u"#0b6b83"_s)}) {
+        check.SetValue(ticked);
+        check.LookLocked(true);
+        EXPECT_EQ(fill(), u"#f6f8fa"_s);
+        check.LookLocked(false);
+        EXPECT_EQ(fill(), open);
+    }
+}
+
 TEST_F(Boxes, LengthLimitsCountCharacters) {
     const struct {
         QString typed, kept;

@@ -39,6 +39,7 @@ class ChannelZones : public ZoneProgram {
         while (Channel().ListIndex() > index) Press(Qt::Key_Up);
     }
     controls::CheckBox& Tick(int box) { return At<controls::CheckBox>(u"Chk(%1)"_s.arg(box)); }
+    bool LooksLocked(int box) { return Tick(box).property("state") == u"locked"_s; }
     QString Ticks() {
         QString marks;
         for (int box = 13; box <= 22; ++box) marks += Tick(box).Value() == 1 ? u'1' : u'0';
@@ -153,6 +154,7 @@ TEST(A011, ANewZoneIsEnteredByKeys) {
     Type(u"9元"_s);
     Press(Qt::Key_Return);
     EXPECT_EQ(FocusName(), u"Chk(13)");
+    EXPECT_FALSE(form.LooksLocked(13));
     Press(Qt::Key_Space);
     Press(Qt::Key_Return);
     EXPECT_EQ(FocusName(), u"Txt(14)");
@@ -162,6 +164,7 @@ TEST(A011, ANewZoneIsEnteredByKeys) {
     EXPECT_EQ(form.Rows(Stored)[1],
               u"H12|区域H12|H1|Zone H12|5||0|0|0|12.5|9|0|0|0|0|0|0|0|-3|0|3|-1|-1|0|0|0|0|0|0|0|-1")
         << "the ticks of the zone before stand until they are taken away";
+    EXPECT_TRUE(form.LooksLocked(13));
     EXPECT_EQ(form.Rows(u"select F0,F1,F2,F8 from M0111"_s).back(), u"H12|区域H12|Zone H12|");
     EXPECT_EQ(form.Lines().back(), u"环洋|H12|区域H12|5||H1|Zone H12||||12.50|9元||||||||-3||3");
 }
