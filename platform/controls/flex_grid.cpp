@@ -296,7 +296,23 @@ void FlexGrid::resizeEvent(QResizeEvent* event) {
 void FlexGrid::scrollContentsBy(int dx, int dy) {
     QTableView::scrollContentsBy(dx, dy);
     if (dx != 0) viewport()->update();  // the bar at the left edge stands still
+    BeginWithWholeRow();
     state_->cover.Leave();
+}
+
+void FlexGrid::updateGeometries() {
+    QTableView::updateGeometries();
+    BeginWithWholeRow();
+}
+
+/// At its end the toolkit lays the last row on the lower edge and cuts the first; TopRow would not be what
+/// stands on top.
+void FlexGrid::BeginWithWholeRow() {
+    QHeaderView* heads = verticalHeader();
+    const int offset = verticalScrollBar()->value() * kRowHeight;
+    if (heads->offset() == offset) return;
+    heads->setOffset(offset);
+    viewport()->update();
 }
 
 void FlexGrid::paintEvent(QPaintEvent* event) {

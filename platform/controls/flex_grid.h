@@ -130,6 +130,7 @@ class FlexGrid : public QTableView, public FocusEvents {
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
+    void updateGeometries() override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
   private:
@@ -143,6 +144,7 @@ class FlexGrid : public QTableView, public FocusEvents {
     void Highlight();
     void ShowRow(int row);
     void ShowCol(int col);
+    void BeginWithWholeRow();
     void ShowWidths();
     void CopyRows() const;
 

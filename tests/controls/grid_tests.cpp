@@ -254,6 +254,7 @@ TEST_F(GridTest, ScrollsSoThatRowIsInSight) {
     grid.SetRow(100);
     window.resize(400, 200);
     EXPECT_TRUE(grid.viewport()->rect().contains(grid.CellRect(100, 0).center()));
+    EXPECT_EQ(grid.CellRect(grid.TopRow(), 0).top(), 0) << "the row on top is whole at the end too";
     Fill(50);
     EXPECT_EQ(grid.TopRow(), 1);
 }
