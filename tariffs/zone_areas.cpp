@@ -2,17 +2,32 @@
 
 #include "app/data_access.h"
 #include "app/session.h"
+#include "platform/controls/card.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 
-#include <QVBoxLayout>
+#include <QGridLayout>
+#include <QHBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int ColumnGap = 14;
 constexpr int RowGap = 8;
+
+// Columns of a card's half that a field covers.
+constexpr int TwoBoxes = 3;
+constexpr int AllBoxes = 5;
+
+/// A layout with the columns of a card's half.
+QGridLayout* HalfGrid(QWidget* panel) {
+    auto* grid = new QGridLayout(panel);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(0);
+    grid->setVerticalSpacing(RowGap);
+    controls::SetHalfColumns(*grid);
+    return grid;
+}
 
 }  // namespace
 
@@ -21,11 +36,10 @@ ZoneAreas::ZoneAreas(const std::array<Entry, Columns>& entries)
     setObjectName(u"FrmDq"_s);
     MakeList();
     BuildEntry();
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(RowGap);
-    column->addWidget(GDdq, 1);
-    column->addWidget(FrmEddq);
+    auto* grid = HalfGrid(this);
+    grid->addWidget(GDdq, 0, 1, 1, AllBoxes);
+    grid->addWidget(FrmEddq, 1, 0, 1, 1 + AllBoxes);
+    grid->setRowStretch(0, 1);
 }
 
 void ZoneAreas::MakeList() {
@@ -45,31 +59,26 @@ void ZoneAreas::BuildEntry() {
     for (std::size_t i = 0; i < Cmd.size(); ++i) {
         Cmd[i] = new controls::Button(captions[i]);
         Cmd[i]->setObjectName(u"Cmd(%1)"_s.arg(i));
+        Cmd[i]->setProperty("kind", u"inline"_s);
     }
     Cmd[0]->Click = [this] { Add(); };
     Cmd[1]->Click = [this] { Remove(); };
 
-    auto* grid = new QGridLayout(FrmEddq);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(0);
-    grid->setVerticalSpacing(RowGap);
-    const auto place = [&](Column entry, int row, int col) {
+    auto* grid = HalfGrid(FrmEddq);
+    const auto place = [&](Column entry, int row, int col, int span) {
         QWidget* box = entries_[entry].box->Widget();
         box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         grid->addWidget(entries_[entry].caption, row, col);
-        grid->addWidget(box, row, col + 1);
+        grid->addWidget(box, row, col + 1, 1, span);
     };
-    place(ChineseName, 0, 0);
-    place(EnglishName, 0, 3);
-    place(Remark, 1, 0);
-    grid->setColumnMinimumWidth(2, ColumnGap);
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(4, 1);
+    place(ChineseName, 0, 0, 1);
+    place(EnglishName, 0, 2, TwoBoxes);
+    place(Remark, 1, 0, 1);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(RowGap);
     for (controls::Button* button : Cmd) buttons->addWidget(button);
     buttons->addStretch(1);
-    grid->addLayout(buttons, 1, 3, 1, 2);
+    grid->addLayout(buttons, 1, 3, 1, TwoBoxes);
 }
 
 std::vector<QWidget*> ZoneAreas::Stops() const {

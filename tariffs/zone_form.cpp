@@ -127,7 +127,7 @@ void ZoneForm::BuildCard() {
     PlaceZone();
     const int mapRow = zone_.places.back().row + 1;
     card_->TallField(Card::Half::Left, mapRow, MapRows, 0, 3, nullptr, new WorldMap);
-    card_->TallField(Card::Half::Right, 0, mapRow + MapRows, 0, 3, nullptr, areas_);
+    card_->HalfPanel(Card::Half::Right, 0, mapRow + MapRows, areas_);
     card_->Group(zone_.priceGroup);
     card_->Panel(0, prices_->Rows(), prices_);
     card_->Finish();

@@ -30,16 +30,12 @@ constexpr int kBandMax = 33;
 constexpr int kBoxMinimum = 72;
 constexpr int kColumns = 13;
 constexpr int kRightHalf = 7;  // its first column
+constexpr int kHalfColumns = 6;
 
 void SetColumns(QGridLayout* grid) {
     grid->setContentsMargins(kMargin, kMarginV, kMargin, kMarginV);
     grid->setSpacing(0);
-    for (const int half : {0, kRightHalf})
-        for (int pair = 0; pair < 3; ++pair) {
-            const int caption = pair == 0 ? kFirstCaption : kColumnGap + kCaption;
-            grid->setColumnMinimumWidth(half + 2 * pair, caption + kCaptionGap);
-            grid->setColumnStretch(half + 2 * pair + 1, kBoxShare[pair]);
-        }
+    for (const int half : {0, kRightHalf}) SetHalfColumns(*grid, half);
     grid->setColumnMinimumWidth(kRightHalf - 1, kHalfGap);
 }
 
@@ -76,7 +72,19 @@ bool HiddenOnPurpose(const QWidget* widget) {
     return widget->isHidden() && widget->testAttribute(Qt::WA_WState_ExplicitShowHide);
 }
 
+int FirstColumn(Card::Half half) {
+    return half == Card::Half::Left ? 0 : kRightHalf;
+}
+
 }  // namespace
+
+void SetHalfColumns(QGridLayout& grid, int first) {
+    for (int pair = 0; pair < 3; ++pair) {
+        const int caption = pair == 0 ? kFirstCaption : kColumnGap + kCaption;
+        grid.setColumnMinimumWidth(first + 2 * pair, caption + kCaptionGap);
+        grid.setColumnStretch(first + 2 * pair + 1, kBoxShare[pair]);
+    }
+}
 
 struct Card::State {
     QGridLayout* grid = nullptr;
@@ -125,7 +133,7 @@ void Card::Field(Half half, int row, int pair, int span, QLabel* caption, QWidge
 
 void Card::TallField(Half half, int row, int rows, int pair, int span, QLabel* caption, QWidget* box) {
     if (state_->groupRow < 0) Group(QString());
-    const int column = (half == Half::Left ? 0 : kRightHalf) + 2 * pair;
+    const int column = FirstColumn(half) + 2 * pair;
     const int top = state_->RowOf(row);
     state_->Use(state_->RowOf(row + rows - 1));
     PutCaption(state_->grid, caption, top, column);
@@ -137,6 +145,12 @@ void Card::Panel(int row, int rows, QWidget* panel) {
     state_->Use(state_->RowOf(row + rows - 1));
     panel->setSizePolicy(QSizePolicy::Ignored, panel->sizePolicy().verticalPolicy());
     state_->grid->addWidget(panel, state_->RowOf(row), 1, 2 * rows - 1, kColumns - 1);
+}
+
+void Card::HalfPanel(Half half, int row, int rows, QWidget* panel) {
+    state_->Use(state_->RowOf(row + rows - 1));
+    panel->setSizePolicy(QSizePolicy::Ignored, panel->sizePolicy().verticalPolicy());
+    state_->grid->addWidget(panel, state_->RowOf(row), FirstColumn(half), 2 * rows - 1, kHalfColumns);
 }
 
 void Card::Over(QWidget* box, QWidget* cover) {
@@ -170,7 +184,7 @@ void Card::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     for (const QWidget* band : state_->bands) {
         const QRect place = band->geometry();
-        const int y = place.center().y();
+        const int y = place.top() + place.height() / 2;
         paint::Hairline(painter, paint::kLine, QLineF(place.left(), y, place.right(), y));
     }
 }

@@ -14,6 +14,9 @@
 
 namespace controls {
 
+/// Gives a layout the six columns of a card's half, the first of them at that column of the layout.
+void SetHalfColumns(QGridLayout& grid, int first = 0);
+
 /// Lays out a card, top to bottom; a half has three pairs of caption and box.
 class Card : public QWidget {
     Q_OBJECT
@@ -37,6 +40,9 @@ class Card : public QWidget {
     /// A panel with columns of its own over several rows, from the first box's edge to the right edge of the
     /// card.
     void Panel(int row, int rows, QWidget* panel);
+    /// A panel over several rows of a half, its first caption included; its own layout takes the half's
+    /// columns from SetHalfColumns.
+    void HalfPanel(Half half, int row, int rows, QWidget* panel);
     /// Spare height goes into the bands between the groups, then to the foot. Call after the last field.
     void Finish();
 
