@@ -9,6 +9,7 @@
 #include "tariffs/quote_rules.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace tariffs;
@@ -230,6 +231,9 @@ void QuoteGrid::FitColumns() {
         widths.push_back(NeededWidth(col, captions));
         room -= widths.back();
     }
+    // Where a shorter name saves the operator from scrolling, its tip tells the rest.
+    int& name = widths[NameColumn];
+    if (room < 0 && name + room >= NameWidth) name += std::exchange(room, 0);
     for (int col = 0; col < QuoteColumns; ++col) {
         const int share = room > 0 ? room * (col + 1) / QuoteColumns - room * col / QuoteColumns : 0;
         const int width = (widths[col] + share) * UnitsPerPixel;
