@@ -35,8 +35,8 @@ S2::S2(QWidget* over) : ModalForm(u"S2"_s, u"操作员修改密码"_s, over) {
     cancel->Click = [this] { Unload(); };
 
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 12, 16, 16);
-    column->setSpacing(12);
+    column->setContentsMargins(16, 16, 16, 16);
+    column->setSpacing(8);
     column->addLayout(rows);
     column->addLayout(dressing::ButtonRow({ok, cancel}));
     setFixedWidth(372);

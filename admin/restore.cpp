@@ -47,7 +47,6 @@ S32::S32(QWidget* over) : ModalForm(u"S32"_s, u"数据恢复"_s, over) {
         new QLabel(u"警告：数据恢复操作危险！建议在恢复前先备份数据，以防造成数据丢失后果！"_s, this);
     warning->setObjectName(u"Label1"_s);
     warning->setProperty("role", u"error"_s);
-    warning->setWordWrap(true);
     auto* restore = new controls::Button(u"恢复数据"_s, this);
     auto* cancel = new controls::Button(u"取消操作"_s, this);
     restore->setObjectName(u"Command1"_s);
@@ -63,7 +62,7 @@ S32::S32(QWidget* over) : ModalForm(u"S32"_s, u"数据恢复"_s, over) {
     column->addLayout(dressing::ButtonRow({restore, cancel}));
     setTabOrder(restore, cancel);
     cancel->setFocus();  // not on what can't be undone
-    setFixedWidth(420);
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 void S32::Restore() {

@@ -110,6 +110,7 @@ void ToExcel::MakeControls() {
     Cmd[0]->setObjectName(u"Cmd(0)"_s);
     Cmd[1]->setObjectName(u"Cmd(1)"_s);
     Cmd[0]->setDefault(true);  // its colour only
+    CmdSaveTo->setProperty("kind", u"inline"_s);
     CmdSaveTo->Click = [this] { ChooseFile(); };
     Cmd[0]->Click = [this] { Press(); };
     Cmd[1]->Click = [this] { Unload(); };

@@ -116,6 +116,7 @@ void Query::MakeButtons() {
     CmdQuery = button(u"CmdQuery"_s, u"查 找"_s);
     CmdCancel = button(u"CmdCancel"_s, u"取 消"_s);
     CmdQuery->setDefault(true);  // its colour only
+    for (auto* beside : {CmdAdd, CmdRemove}) beside->setProperty("kind", u"inline"_s);
 }
 
 /// A row of boxes that makes a condition, the conditions beneath it, and the buttons of each at its right.

@@ -93,6 +93,7 @@ void S01::MakeLabels() {
         Lab[i] = new QLabel(i < std::size(fixed) ? fixed[i] : u"Kg以上"_s, this);
         Lab[i]->setTextFormat(Qt::PlainText);
         Lab[i]->setIndent(0);
+        Lab[i]->setProperty("role", u"caption"_s);
         Lab[i]->setObjectName(u"Lab(%1)"_s.arg(i));
     }
     for (const int i : {0, 1, 2}) Lab[i]->setProperty("role", u"group"_s);

@@ -9,6 +9,7 @@
 #include <QFileDialog>
 #include <QFileSystemModel>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QIdentityProxyModel>
 #include <QInputMethod>
 #include <QLabel>
@@ -173,7 +174,10 @@ QString ShowFileDialog(const sys::FileRequest& request) {
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setProxyModel(new FileList(&dialog));
     dialog.resize(760, 460);
-    if (auto* columns = dialog.findChild<QTreeView*>(u"treeView"_s)) columns->setColumnWidth(0, 260);
+    if (auto* columns = dialog.findChild<QTreeView*>(u"treeView"_s)) {
+        columns->setColumnWidth(0, 260);
+        columns->header()->setStretchLastSection(true);
+    }
     const bool save = request.kind == sys::FileRequest::Kind::Save;
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
