@@ -121,15 +121,17 @@ void AddButtons(QMessageBox& box, const sys::BoxRequest& request) {
     box.setEscapeButton(QMessageBox::No);
 }
 
-/// The files with their dates as the program writes them everywhere; the toolkit's follow the system's
-/// locale.
+/// The files with their dates as the program writes them everywhere, where the toolkit follows the system's
+/// locale, and their sizes without the one word that it keeps in English.
 class FileList : public QIdentityProxyModel {
   public:
     using QIdentityProxyModel::QIdentityProxyModel;
     QVariant data(const QModelIndex& index, int role) const override {
         const auto* files = qobject_cast<QFileSystemModel*>(sourceModel());
-        if (!files || index.column() != 3 || role != Qt::DisplayRole)
-            return QIdentityProxyModel::data(index, role);
+        const QVariant told = QIdentityProxyModel::data(index, role);
+        if (!files || role != Qt::DisplayRole) return told;
+        if (index.column() == 1) return told.toString().replace(u"bytes"_s, u"字节"_s);
+        if (index.column() != 3) return told;
         return files->lastModified(mapToSource(index)).toString(u"yyyy-MM-dd HH:mm"_s);
     }
 };

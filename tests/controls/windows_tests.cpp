@@ -16,6 +16,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
@@ -150,6 +151,9 @@ TEST(FileDialog, GivesThePathOrNothing) {
             const auto words = shown.findChildren<QLabel*>();
             EXPECT_TRUE(
                 std::ranges::any_of(words, [](const QLabel* l) { return l->text().startsWith(u"文件"); }));
+            const auto& files = tests::Find<QTreeView>(shown, u"treeView"_s);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return files.model()->rowCount(files.rootIndex()) == 1; }));
+            EXPECT_EQ(files.model()->index(0, 1, files.rootIndex()).data().toString(), u"0 字节"_s);
             QTest::keyClick(&name, Qt::Key_Return);
         });
         EXPECT_EQ(ShowFileDialog(request), path) << "a file that is there is the form's own question";
