@@ -7,6 +7,9 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
 
 #include <gtest/gtest.h>
 
@@ -203,6 +206,22 @@ TEST(ToolBar, AsksTheRightsAndRefusesOneButtonToEveryone) {
     }
     run.PressTool(u"quit"_s);
     EXPECT_FALSE(run.Frame().isVisible());
+}
+
+TEST(ToolBar, TraditionalChineseShowsPicturesOnly) {
+    FrameRun run;
+    LangFlag = 2;
+    run.Open();
+    for (const ToolRow& row : ToolRows()) {
+        auto& button = Find<QAction>(run.Frame(), row.key.toString());
+        auto* widget =
+            qobject_cast<QToolButton*>(Find<QToolBar>(run.Frame(), u"TB"_s).widgetForAction(&button));
+        EXPECT_TRUE(button.text().isEmpty() && widget->text().isEmpty()) << row.key.toUtf8().constData();
+        EXPECT_FALSE(button.icon().isNull());
+        EXPECT_FALSE(widget->accessibleName().isEmpty()) << "a reader of the screen needs the word";
+    }
+    EXPECT_EQ(Find<QStatusBar>(run.Frame(), u"StB"_s).font().family(), u"Times New Romen");
+    EXPECT_EQ(run.Frame().Panel(2), u"操作员：");
 }
 
 TEST(Frame, APictureThatCannotBeReadLeavesTheBackgroundEmpty) {

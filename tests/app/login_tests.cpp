@@ -184,6 +184,16 @@ TEST(LoginForm, ItsExitEndsTheProgramEvenInTheMiddleOfAnEdit) {
     EXPECT_TRUE(Db) << "the data is not closed on this way out";
 }
 
+TEST(LoginForm, WithoutADatabaseItEndsWithAWord) {
+    LoginRun run;
+    run.Open();
+    Db.reset();  // as a backup that could not be written leaves it
+    run.script.BoxContaining(u"对象变量或 With 块变量未设置"_s);
+    run.script.End(1);
+    run.Frame().MenuItem(u"Relogin"_s)->trigger();
+    EXPECT_TRUE(sys::HasEnded());
+}
+
 // ------------------------------------------------------------------------------------------------ rights
 
 /// Menus in sight and flags that are set, as one text.

@@ -160,6 +160,16 @@ TEST_F(Boxes, ACheckBoxOfACardAtRestLooksLocked) {
     }
 }
 
+TEST_F(Boxes, AHandlerMayTakeTheBoxAway) {
+    auto* passing = new LineBox;
+    Add(*passing, u"passing"_s);
+    passing->KeyPressed = [&](KeyPress&) { delete passing; };
+    tests::Settle();
+    Enter(*passing);
+    tests::Type(u"a"_s);
+    SUCCEED();
+}
+
 TEST_F(Boxes, LengthLimitsCountCharacters) {
     const struct {
         QString typed, kept;

@@ -239,6 +239,18 @@ TEST_F(Focus, TheGainWaitsForALossThatShowsItsProgress) {
     EXPECT_EQ(Told(), "-a . +combo");
 }
 
+TEST_F(Focus, AControlThatGoesAwayIsForgotten) {
+    auto* passing = new LineBox;
+    Add(*static_cast<QVBoxLayout*>(form.layout()), *passing, u"passing"_s);
+    tests::Settle();
+    passing->SetFocus();
+    EXPECT_EQ(Told(), "-a +passing");
+    delete passing;
+    EXPECT_EQ(Told(), "");
+    b.SetFocus();
+    EXPECT_EQ(Told(), "+b");
+}
+
 TEST_F(Focus, ASetFocusInAHandlerWins) {
     b.GotFocus = [&] {
         told << u"+b"_s;
@@ -276,6 +288,13 @@ TEST_F(Focus, AMessageFromALossIsShownOnce) {
     EXPECT_EQ(Told(), "+a");
     EXPECT_EQ(shown, 2);
     EXPECT_EQ(tests::FocusName(), u"a"_s);
+}
+
+TEST_F(Focus, NothingIsToldOnceTheProgramHasEnded) {
+    a.LostFocus = [&] { sys::EndProgram(0); };
+    script.End(0);
+    b.SetFocus();
+    EXPECT_EQ(Told(), "");
 }
 
 }  // namespace

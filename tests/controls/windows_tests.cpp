@@ -1,6 +1,7 @@
 // The toolkit's real windows behind the seams, and the modal forms.
 #include "platform/controls/box.h"
 #include "platform/controls/modal_form.h"
+#include "platform/controls/wait.h"
 #include "platform/controls/windows.h"
 #include "tests/support/files.h"
 #include "tests/support/gui.h"
@@ -136,6 +137,18 @@ TEST(MessageBox, KeepsItsButtonsOnTheScreen) {
     }
 }
 
+TEST(MessageBox, HasTheOrdinaryPointerDuringLongWork) {
+    tests::Script script;
+    {
+        const WaitPointer wait;
+        OnNext([](QWidget&) { EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor); });
+        ShowMessageBox({.text = u"好"_s});
+        ASSERT_NE(QApplication::overrideCursor(), nullptr);
+        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    }
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
 TEST(FileDialog, GivesThePathOrNothing) {
     tests::Script script;
     const QTemporaryDir folder;
@@ -238,6 +251,22 @@ TEST_F(Modal, CommitsBeforeItWaits) {
         form.Unload();
     });
     sys::RemoveCommandEndHook(hook);
+}
+
+TEST_F(Modal, NothingRunsBehindAFormThatEndedTheProgram) {
+    QVBoxLayout layout(&form);
+    Button quit(u"退 出"_s);
+    layout.addWidget(&quit);
+    quit.Click = [] { sys::EndProgram(0); };
+    script.End(0);
+    bool behind = false;
+    sys::Guarded([&] {
+        Run([&](QWidget&) { tests::Press(Qt::Key_Return); });
+        behind = true;
+    });
+    EXPECT_FALSE(behind);
+    EXPECT_TRUE(sys::HasEnded());
+    EXPECT_FALSE(form.isVisible());
 }
 
 }  // namespace

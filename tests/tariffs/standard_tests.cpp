@@ -176,5 +176,26 @@ TEST(S01, ChecksTheFirstNineBoxesAndNoOther) {
               QStringList{u"0.5|201|0|201|-7.5|1.25"_s});
 }
 
+TEST(S01, NullsKeepWhatTheBoxesShow) {
+    Standard form({u"insert into MS1 (F1,F6,F8) VALUES (2.25,60.5,99)"_s});
+    form.Visit([&] {
+        EXPECT_EQ(form.Texts().mid(0, 9).join(u' '), u"2.3 0.5 0.5 0.5 21.0 60.5 71.0 99.0 201.0");
+        EXPECT_EQ(form.Tops().mid(0, 4).join(u' '), u"Kg-59.5Kg Kg-70Kg Kg-98Kg Kg-200Kg");
+    });
+}
+
+TEST(S01, AFailingInsertLeavesNoStandard) {
+    Standard form(WaybillMasters());
+    EXPECT_EQ(form.Row().size(), 1);
+    form.Visit([&] {
+        form.Enter(19, u""_s);
+        form.script.Question(Question, u"提示"_s, true);
+        form.EndsWith(u"1000.0,)"_s);
+        form.Push(u"CmdOK"_s);
+    });
+    EXPECT_TRUE(form.script.Done());
+    EXPECT_TRUE(form.Row().isEmpty());
+}
+
 }  // namespace
 }  // namespace tests

@@ -1,4 +1,5 @@
 // The selling zones' form, driven by keys: the card, its places, its prices, saving, deleting, refusing.
+#include "tariffs/world_map.h"
 #include "tests/tariffs/zone_program.h"
 
 #include <QClipboard>
@@ -289,6 +290,21 @@ TEST(A02, DeletesWithThePlainQuestionWhateverRefersToIt) {
     form.script.Question(u"真的要删除南美吗?"_s, Title, true);
     AltKey(u'D');
     EXPECT_EQ(form.Lines(), QStringList{QString(24, u'|')});
+}
+
+TEST(A02, PicturesSwapWhenTheyAreClicked) {
+    Zones form;
+    form.ShowCard();
+    auto& east = form.At<MapPicture>(u"ImgMap(0)"_s);
+    auto& west = form.At<MapPicture>(u"ImgMap(1)"_s);
+    EXPECT_EQ(east.size(), QSize(224, 160));
+    EXPECT_TRUE(east.isVisible() && !west.isVisible());
+    EXPECT_FALSE(east.grab().toImage().allGray());
+    Click(east);
+    EXPECT_TRUE(!east.isVisible() && west.isVisible());
+    EXPECT_EQ(west.size(), QSize(229, 182));
+    Click(west);
+    EXPECT_TRUE(east.isVisible() && !west.isVisible());
 }
 
 }  // namespace
