@@ -83,6 +83,21 @@ QWidget* RecordForm::MakeStrip() {
     return strip;
 }
 
+void RecordForm::SetUsualCommands(std::vector<CommandRow> own) {
+    using When = CommandRow::When;
+    std::vector<CommandRow> rows = {
+        {u"Menu_Add"_s, u"&A.增加"_s, When::Browsing, [this] { Menu_Add(); }},
+        {u"Menu_edit"_s, u"&E.修改"_s, When::Browsing, [this] { Menu_edit(); }},
+        {u"Menu_del"_s, u"&D.删除"_s, When::Browsing, [this] { Menu_del(); }},
+        {u"Menu_query"_s, u"&Q.查找"_s, When::Browsing, [this] { Menu_query(); }},
+        {u"Menu_save"_s, u"&S.保存"_s, When::Editing, [this] { Menu_save(); }},
+        {u"Menu_cancel"_s, u"&C.取消"_s, When::Editing, [this] { Menu_cancel(); }},
+    };
+    rows.insert(rows.end(), own.begin(), own.end());
+    rows.push_back({u"Menu_Return"_s, u"&R.返回"_s, When::Always, [this] { Menu_Return(); }});
+    SetCommands(std::move(rows));
+}
+
 void RecordForm::SetCommands(std::vector<CommandRow> rows) {
     commands_ = std::move(rows);
     for (const CommandRow& row : commands_) {

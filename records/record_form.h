@@ -68,6 +68,13 @@ class RecordForm : public ChildForm, public QueryCaller {
 
     /// The form's menu bar. Called once by the constructor of the form itself.
     void SetCommands(std::vector<CommandRow> rows);
+    /// The bar that most record forms have: from 增加 to 取消, then the form's own, and 返回 at the end.
+    void SetUsualCommands(std::vector<CommandRow> own);
+    virtual void Menu_Add() = 0;
+    virtual void Menu_edit() = 0;
+    virtual void Menu_del() = 0;
+    virtual void Menu_query() = 0;
+    virtual void Menu_save() = 0;
 
     // What a form says of itself.
     virtual QStringList Headers() const = 0;

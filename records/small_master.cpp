@@ -24,15 +24,7 @@ SmallMaster::SmallMaster(const SmallMasterSettings& settings)
                   .cardTab = settings.cardTab,
                   .tabStripDisabled = false}),
       master_(settings) {
-    SetCommands({
-        {u"Menu_Add"_s, u"&A.增加"_s, When::Browsing, [this] { Menu_Add(); }},
-        {u"Menu_edit"_s, u"&E.修改"_s, When::Browsing, [this] { Menu_edit(); }},
-        {u"Menu_del"_s, u"&D.删除"_s, When::Browsing, [this] { Menu_del(); }},
-        {u"Menu_query"_s, u"&Q.查找"_s, When::Browsing, [this] { Menu_query(); }},
-        {u"Menu_save"_s, u"&S.保存"_s, When::Editing, [this] { Menu_save(); }},
-        {u"Menu_cancel"_s, u"&C.取消"_s, When::Editing, [this] { Menu_cancel(); }},
-        {u"Menu_Return"_s, u"&R.返回"_s, When::Always, [this] { Menu_Return(); }},
-    });
+    SetUsualCommands({});
     auto* card = new controls::Card;
     auto* column = new QVBoxLayout(Frm);
     column->setContentsMargins(0, 0, 0, 0);

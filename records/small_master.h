@@ -44,11 +44,11 @@ class SmallMaster : public RecordForm {
     void CloseCard() override;
 
   private:
-    void Menu_Add();
-    void Menu_edit();
-    void Menu_del();
-    void Menu_query();
-    void Menu_save();
+    void Menu_Add() override;
+    void Menu_edit() override;
+    void Menu_del() override;
+    void Menu_query() override;
+    void Menu_save() override;
     bool IsUsed(QString& key) const;
     bool MakeRoom();
 

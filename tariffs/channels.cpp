@@ -50,15 +50,8 @@ A01::A01()
                   .listTab = u"出货渠道列表"_s,
                   .cardTab = u"出货渠道计价标准"_s,
                   .tabStripDisabled = true}) {
-    SetCommands({
-        {u"Menu_Add"_s, u"&A.增加"_s, When::Browsing, [this] { Menu_Add(); }},
-        {u"Menu_edit"_s, u"&E.修改"_s, When::Browsing, [this] { Menu_edit(); }},
-        {u"Menu_del"_s, u"&D.删除"_s, When::Browsing, [this] { Menu_del(); }},
-        {u"Menu_query"_s, u"&Q.查找"_s, When::Browsing, [this] { Menu_query(); }},
-        {u"Menu_save"_s, u"&S.保存"_s, When::Editing, [this] { Menu_save(); }},
-        {u"Menu_cancel"_s, u"&C.取消"_s, When::Editing, [this] { Menu_cancel(); }},
+    SetUsualCommands({
         {u"Menu_ToExcel"_s, u"&T.导出数据"_s, When::Browsing, [this] { ExportGrid(*GD); }},
-        {u"Menu_Return"_s, u"&R.返回"_s, When::Always, [this] { Menu_Return(); }},
     });
     BuildCard();
 }

@@ -38,11 +38,11 @@ class A01 : public RecordForm {
     void LeaveCount();
     void LeaveBound(int box);
 
-    void Menu_Add();
-    void Menu_edit();
-    void Menu_del();
-    void Menu_query();
-    void Menu_save();
+    void Menu_Add() override;
+    void Menu_edit() override;
+    void Menu_del() override;
+    void Menu_query() override;
+    void Menu_save() override;
     static bool IsUsed(QString& code);
     bool BoundsFilled() const;
     /// False, with a message, when another channel has the number; takes the old row away in an edit.

@@ -36,11 +36,11 @@ class A03 : public RecordForm {
     void EnterBox(int box);
     void LeaveEnglishName();
 
-    void Menu_Add();
-    void Menu_edit();
-    void Menu_del();
-    void Menu_query();
-    void Menu_save();
+    void Menu_Add() override;
+    void Menu_edit() override;
+    void Menu_del() override;
+    void Menu_query() override;
+    void Menu_save() override;
     bool NoCustomer() const;
     static bool IsUsed(const QString& code);
     /// False, with a message, when another customer has the code.

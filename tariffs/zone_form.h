@@ -26,7 +26,7 @@ class ZoneForm : public RecordForm {
     virtual QStringList SavedLine() const = 0;
     /// What a save asks of the choice, between the names and the places; false after a message.
     virtual bool RequireChoice() { return true; }
-    virtual void Menu_Add();
+    void Menu_Add() override;
     /// What is never locked looks as the rest of the card does.
     virtual void LookLocked(bool locked);
 
@@ -65,10 +65,10 @@ class ZoneForm : public RecordForm {
     void KeyInBox(int box, controls::KeyPress& key) const;
     void DropTrailingBlanks();
 
-    void Menu_edit();
-    void Menu_del();
-    void Menu_query();
-    void Menu_save();
+    void Menu_edit() override;
+    void Menu_del() override;
+    void Menu_query() override;
+    void Menu_save() override;
     bool TestCard();
     bool RequireAreas() const;
     bool RequirePrices() const;

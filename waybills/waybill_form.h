@@ -59,13 +59,13 @@ class B01 : public RecordForm {
     void EnterCost();
 
     // The commands.
-    void Menu_Add();
-    void Menu_edit();
-    void Menu_save();
-    void Menu_del();
+    void Menu_Add() override;
+    void Menu_edit() override;
+    void Menu_save() override;
+    void Menu_del() override;
     void Menu_Check();
     static void Menu_JSQ();
-    void Menu_query();  ///< waybill_search.cpp
+    void Menu_query() override;  ///< waybill_search.cpp
     void ProposeOrigin();
 
     // The save (waybill_save.cpp).
