@@ -287,6 +287,26 @@ RecordForm::Consent RecordForm::AskToDelete(const QString& name, bool used, cons
     return Consent::Whole;
 }
 
+bool RecordForm::MakeRoom(const Claim& claim) {
+    if (!claim.found.isEmpty() && (FormMode == Adding || claim.key != claim.old)) {
+        sys::Inform(claim.refusal, MsgTitle);
+        Txt[0]->SetFocus();
+        return false;
+    }
+    if (FormMode == Adding) {
+        RecCount += 1;
+        return true;
+    }
+    claim.forgetOld();
+    RemoveCurrentLine();
+    return true;
+}
+
+void RecordForm::FinishSave() {
+    LeaveEdit();
+    CurRow = GD->Rows() - 1;
+}
+
 void RecordForm::ForgetCurrentRecord() {
     RemoveCurrentLine();
     RecCount -= 1;

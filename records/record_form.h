@@ -114,6 +114,23 @@ class RecordForm : public ChildForm, public QueryCaller {
     /// Anybody else is refused. `name` is what the boxes call the record.
     static Consent AskToDelete(const QString& name, bool used, const QString& plainQuestion,
                                sys::BoxAnswer warningDefault);
+    /// A key that a save is about to write.
+    struct Claim {
+        QString key;
+        QString old;                      ///< of the record being edited; see OldKey
+        QString found;                    ///< what the table holds under the key already; "" for nothing
+        QString refusal;                  ///< the message when that is another record's
+        std::function<void()> forgetOld;  ///< deletes the stored rows of the record being edited
+    };
+    /// False, with the message and the focus in Txt(0), when another record has the key. Else makes room for
+    /// the save: in an edit the stored rows and their line go, an addition is counted.
+    bool MakeRoom(const Claim& claim);
+    /// The key in that column of the line being edited; "" while adding.
+    QString OldKey(int col = 0) const { return FormMode == Editing ? CurrentCell(col) : QString(); }
+    /// After a save has put its line at the end: back to browsing. The saved record is the next command's,
+    /// while the highlight stays on the line where it was.
+    void FinishSave();
+
     /// After the record's row was deleted: its line goes, the counts follow, the list comes to the front.
     void ForgetCurrentRecord();
 

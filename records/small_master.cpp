@@ -113,33 +113,25 @@ void SmallMaster::Menu_query() {
     RunQuery(*this, *GD, table, [this](const QString& sql) { LoadGrid(sql); });
 }
 
-bool SmallMaster::MakeRoom() {
+bool SmallMaster::ClaimKey() {
     const QString key = text::Trim(BoxText(Key));
-    const QString found = GetStr(master_.duplicateTest + key + u"'"_s);
-    const bool taken = !found.isEmpty() && (FormMode == Adding || key != CurrentCell(Key));
-    if (taken) {
-        const QString named = master_.duplicateNamesKey ? BoxText(Key) : QString();
-        sys::Inform(named + master_.duplicateText, MsgTitle);
-        Txt[Key]->SetFocus();
-        return false;
-    }
-    if (FormMode == Adding) {
-        RecCount += 1;
-        return true;
-    }
-    Db->Execute(u"delete from "_s + master_.table + u" where F1='"_s + CurrentCell(Key) + u"'"_s);
-    RemoveCurrentLine();
-    return true;
+    const QString old = OldKey(Key);
+    return MakeRoom(
+        {.key = key,
+         .old = old,
+         .found = GetStr(master_.duplicateTest + key + u"'"_s),
+         .refusal = (master_.duplicateNamesKey ? BoxText(Key) : QString()) + master_.duplicateText,
+         .forgetOld = [&] {
+             Db->Execute(u"delete from "_s + master_.table + u" where F1='"_s + old + u"'"_s);
+         }});
 }
 
 void SmallMaster::Menu_save() {
-    if (!RequireFilled(master_.requiredBoxes) || !MakeRoom()) return;
+    if (!RequireFilled(master_.requiredBoxes) || !ClaimKey()) return;
     const QString key = text::Trim(BoxText(Key));
     const QString note = text::Trim(BoxText(Note));
     Db->Execute(u"insert into "_s + master_.table + u" (F1,F2) VALUES ("_s + Quoted(key) + u","_s +
                 Quoted(note) + u")"_s);
     AppendLine({key, note});
-    LeaveEdit();
-    // The saved record stands last and is the next command's; the highlight stays where LeaveEdit put it.
-    CurRow = GD->Rows() - 1;
+    FinishSave();
 }

@@ -50,7 +50,7 @@ class SmallMaster : public RecordForm {
     void Menu_query() override;
     void Menu_save() override;
     bool IsUsed(QString& key) const;
-    bool MakeRoom();
+    bool ClaimKey();
 
     const SmallMasterSettings& master_;
 };

@@ -303,22 +303,16 @@ bool A01::BoundsFilled() const {
     return true;
 }
 
-bool A01::MakeRoom() {
+bool A01::ClaimCode() {
     const QString code = text::Trim(BoxText(Code));
+    const QString old = OldKey(Code);
     const QString found = GetStr(u"select F2 from M01 where F1='"_s + code + u"'"_s);
-    if (!found.isEmpty() && (FormMode == Adding || code != CurrentCell(Code))) {
-        sys::Inform(u"["_s + found + u"]已经使用了"_s + BoxText(Code) + u"这个序号，请重新设置序号!"_s,
-                    MsgTitle);
-        Txt[Code]->SetFocus();
-        return false;
-    }
-    if (FormMode == Adding) {
-        RecCount += 1;
-        return true;
-    }
-    Db->Execute(u"delete from M01 where F1='"_s + CurrentCell(Code) + u"'"_s);
-    RemoveCurrentLine();
-    return true;
+    return MakeRoom(
+        {.key = code,
+         .old = old,
+         .found = found,
+         .refusal = u"["_s + found + u"]已经使用了"_s + BoxText(Code) + u"这个序号，请重新设置序号!"_s,
+         .forgetOld = [&] { Db->Execute(u"delete from M01 where F1='"_s + old + u"'"_s); }});
 }
 
 QString A01::InsertStatement() const {
@@ -339,11 +333,10 @@ void A01::Menu_query() {
 void A01::Menu_save() {
     // By its key from within the box: more segments than there are bounds must not be stored.
     if (Txt[SegmentCount]->Widget()->hasFocus()) LeaveCount();
-    if (!RequireFilled(2) || !BoundsFilled() || !MakeRoom()) return;
+    if (!RequireFilled(2) || !BoundsFilled() || !ClaimCode()) return;
     Db->Execute(InsertStatement());
     QStringList cells;
     for (int i = Code; i <= Remark; ++i) cells += text::Trim(BoxText(i));
     AppendLine(cells);
-    LeaveEdit();
-    CurRow = GD->Rows() - 1;
+    FinishSave();
 }

@@ -45,8 +45,7 @@ class A01 : public RecordForm {
     void Menu_save() override;
     static bool IsUsed(QString& code);
     bool BoundsFilled() const;
-    /// False, with a message, when another channel has the number; takes the old row away in an edit.
-    bool MakeRoom();
+    bool ClaimCode();
     QString InsertStatement() const;
 
     double Number(int box) const;

@@ -318,24 +318,21 @@ void A03::Menu_query() {
     RunQuery(*this, *GD, table, [this](const QString& sql) { LoadGridOrTell(sql); });
 }
 
-bool A03::CodeIsFree() {
+bool A03::ClaimCode() {
     const QString code = text::Trim(BoxText(Code));
+    const QString old = OldKey(Code);
     const QString found = GetStr(u"select F2 from M03 where F1="_s + Quoted(code));
-    if (found.isEmpty() || (FormMode == Editing && code == CurrentCell(Code))) return true;
-    if (FormMode == Adding)  // the second bracket has always opened twice
-        sys::Inform(u"["_s + found + u"]已经使用了["_s + BoxText(Code) + u"[这个编码，请重新设置编码!"_s,
-                    MsgTitle);
-    else
-        sys::Inform(u"已经存在["_s + BoxText(Code) + u"]这个编号，请重新设置编号!"_s, MsgTitle);
-    Txt[Code]->SetFocus();
-    return false;
-}
-
-void A03::ForgetStoredCustomer() {
-    const QString old = Quoted(CurrentCell(Code));
-    Db->Execute(u"delete from M031 where F0="_s + old);
-    Db->Execute(u"delete from M03 where F1="_s + old);
-    RemoveCurrentLine();
+    return MakeRoom(
+        {.key = code,
+         .old = old,
+         .found = found,
+         .refusal = FormMode == Adding  // the second bracket has always opened twice
+                        ? u"["_s + found + u"]已经使用了["_s + BoxText(Code) + u"[这个编码，请重新设置编码!"_s
+                        : u"已经存在["_s + BoxText(Code) + u"]这个编号，请重新设置编号!"_s,
+         .forgetOld = [&] {
+             Db->Execute(u"delete from M031 where F0="_s + Quoted(old));
+             Db->Execute(u"delete from M03 where F1="_s + Quoted(old));
+         }});
 }
 
 QString A03::InsertStatement() const {
@@ -360,11 +357,7 @@ void A03::Menu_save() {
     FrmBtm->Fold();
     Txt[Salesperson]->SetText(CmbYWY->Text());
     constexpr int Required = 2;
-    if (!RequireFilled(Required) || !CodeIsFree()) return;
-    if (FormMode == Editing)
-        ForgetStoredCustomer();
-    else
-        RecCount += 1;
+    if (!RequireFilled(Required) || !ClaimCode()) return;
     Db->Execute(InsertStatement());
     // Before the line is shown: choosing it is an event of its own, which would commit the customer alone.
     FrmBtm->SaveQuotes(text::Trim(BoxText(Code)));

@@ -43,9 +43,7 @@ class A03 : public RecordForm {
     void Menu_save() override;
     bool NoCustomer() const;
     static bool IsUsed(const QString& code);
-    /// False, with a message, when another customer has the code.
-    bool CodeIsFree();
-    void ForgetStoredCustomer();
+    bool ClaimCode();
     QString InsertStatement() const;
     void AppendSavedLine();
 

@@ -316,34 +316,26 @@ bool ZoneForm::TestCard() {
     return RequireFilled(RequiredBoxes) && RequireChoice() && RequireAreas() && RequirePrices();
 }
 
-/// False, with a message, when another zone has the code; takes the old zone away in an edit.
-bool ZoneForm::MakeRoom() {
+bool ZoneForm::ClaimCode() {
     const QString code = TrimmedBox(Code);
-    const QString old = CurrentCell(zone_.codeCol);
+    const QString old = OldKey(zone_.codeCol);
     const QString found = GetStr(u"select F2 from "_s + zone_.table + u" where F1="_s + Quoted(code));
-    if (!found.isEmpty() && (FormMode == Adding || code != old)) {
-        sys::Inform(LangText(u"["_s) + found + LangText(u"]已经使用了"_s) + BoxText(Code) +
-                        LangText(u"这个编号，请重新设置编号!"_s),
-                    MsgTitle);
-        Txt[Code]->SetFocus();
-        return false;
-    }
-    if (FormMode == Adding) {
-        RecCount += 1;
-        return true;
-    }
-    Db->Execute(u"delete from "_s + zone_.table + u" where F1="_s + Quoted(old));
-    Db->Execute(u"delete from "_s + zone_.areaTable + u" where F0="_s + Quoted(old));
-    RemoveCurrentLine();
-    return true;
+    return MakeRoom({.key = code,
+                     .old = old,
+                     .found = found,
+                     .refusal = LangText(u"["_s) + found + LangText(u"]已经使用了"_s) + BoxText(Code) +
+                                LangText(u"这个编号，请重新设置编号!"_s),
+                     .forgetOld = [&] {
+                         Db->Execute(u"delete from "_s + zone_.table + u" where F1="_s + Quoted(old));
+                         Db->Execute(u"delete from "_s + zone_.areaTable + u" where F0="_s + Quoted(old));
+                     }});
 }
 
 void ZoneForm::Menu_save() {
     DropTrailingBlanks();  // the box may not have been left
-    if (!TestCard() || !MakeRoom()) return;
+    if (!TestCard() || !ClaimCode()) return;
     Db->Execute(InsertStatement());
     areas_->Store(zone_.areaTable, BoxText(Code));  // the code as it stands, not trimmed
     AppendLine(SavedLine());
-    LeaveEdit();
-    CurRow = GD->Rows() - 1;
+    FinishSave();
 }

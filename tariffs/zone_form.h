@@ -73,7 +73,7 @@ class ZoneForm : public RecordForm {
     bool RequireAreas() const;
     bool RequirePrices() const;
     bool IsUsed(const QString& code) const;
-    bool MakeRoom();
+    bool ClaimCode();
 
     const ZoneSettings& zone_;
     controls::Card* card_ = nullptr;

@@ -77,8 +77,7 @@ class B01 : public RecordForm {
     bool TakeCombos();
     bool TestMasters() const;
     bool TestNumberAndTotal() const;
-    /// False, with a message, when another waybill holds the number; takes the old row away in an edit.
-    bool MakeRoom();
+    bool ClaimNumber();
     QString InsertStatement() const;
     void AppendSavedLine();
     void Post();

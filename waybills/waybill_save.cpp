@@ -110,24 +110,19 @@ bool B01::TestNumberAndTotal() const {
     return false;
 }
 
-bool B01::MakeRoom() {
+bool B01::ClaimNumber() {
     const QString number = text::Trim(BoxText(Number));
+    const QString old = text::Trim(OldKey());
     const QString found = GetStr(u"select F1 from B01 where F1='"_s + number + u"'"_s);
-    const QString old = FormMode == Editing ? text::Trim(CurrentCell(0)) : QString();
-    if (!Absent(found) && (FormMode == Adding || number != old)) {
-        sys::Inform(u"["_s + found + u"]已经使用了"_s + BoxText(Number) + u"这个速递单号，请重新设置!"_s,
-                    MsgTitle);
-        Txt[Number]->SetFocus();
-        return false;
-    }
-    if (FormMode == Adding) {
-        RecCount += 1;
-        return true;
-    }
-    accounts::DeleteWaybillEntries(*Db, old);
-    Db->Execute(u"delete from B01 where F1='"_s + old + u"'"_s);
-    RemoveCurrentLine();
-    return true;
+    return MakeRoom(
+        {.key = number,
+         .old = old,
+         .found = Absent(found) ? QString() : found,
+         .refusal = u"["_s + found + u"]已经使用了"_s + BoxText(Number) + u"这个速递单号，请重新设置!"_s,
+         .forgetOld = [&] {
+             accounts::DeleteWaybillEntries(*Db, old);
+             Db->Execute(u"delete from B01 where F1='"_s + old + u"'"_s);
+         }});
 }
 
 QString B01::InsertStatement() const {
@@ -191,10 +186,9 @@ void B01::Menu_save() {
     for (const Box box : {Length, Width, Height})
         Txt[box]->SetText(text::GeneralText(text::Val(BoxText(box))));
     Txt[SendDate]->SetText(text::DateText(DTP->Value()));
-    if (!TakeCombos() || !TestMasters() || !TestNumberAndTotal() || !MakeRoom()) return;
+    if (!TakeCombos() || !TestMasters() || !TestNumberAndTotal() || !ClaimNumber()) return;
     Db->Execute(InsertStatement());
     AppendSavedLine();
     Post();
-    LeaveEdit();
-    CurRow = GD->Rows() - 1;
+    FinishSave();
 }
