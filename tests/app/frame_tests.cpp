@@ -83,6 +83,10 @@ TEST(Frame, TheSameItemTwiceKeepsOneInstance) {
     AltKey(u'r');
     run.Frame().MenuItem(u"Menu_A04"_s)->trigger();
     EXPECT_EQ(run.TakeLog(), (QStringList{u"load A04"_s, u"front A04 A04"_s})) << "closed, it loads again";
+    run.Frame().ShowChild(u"B01"_s);
+    run.TakeLog();
+    run.Frame().ShowChild(u"A04"_s);
+    EXPECT_EQ(run.TakeLog(), QStringList{u"front A04 A04"_s}) << "from behind another it comes to the front";
 }
 
 TEST(Frame, AnOpenLedgerFormTakesTheOtherSideWithoutLoading) {

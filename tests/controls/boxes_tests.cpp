@@ -258,6 +258,23 @@ TEST_F(Boxes, ABoxThatSendsTheOperatorAwayTakesNothing) {
     }
 }
 
+TEST_F(Boxes, AMaskedBoxShowsAndGivesAwayNothing) {
+    for (TextBox* box : texts) {
+        Enter(button);
+        box->SetMasked(true);
+        box->SetText(u"1086.5"_s);
+        const QImage shown = box->Widget()->grab().toImage();
+        box->SetText(u"9999.9"_s);
+        EXPECT_EQ(box->Widget()->grab().toImage(), shown) << "as many characters look the same";
+        QGuiApplication::clipboard()->setText(u"旧"_s);
+        controls::MoveFocus(box->Widget());
+        tests::Settle();
+        tests::Press(Qt::Key_A, Qt::ControlModifier);
+        tests::Press(Qt::Key_C, Qt::ControlModifier);
+        EXPECT_FALSE(QGuiApplication::clipboard()->text().contains(u"9999"_s));
+    }
+}
+
 TEST_F(Boxes, AProposedValueIsReadyToBeTypedOver) {
     line.SetText(u"旧"_s);
     Enter(line);

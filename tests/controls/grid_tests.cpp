@@ -6,6 +6,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
@@ -212,6 +213,26 @@ TEST_F(GridTest, KeysGoToTheFormFirst) {
     EXPECT_EQ(grid.Row(), 2);
 }
 
+TEST_F(GridTest, LeftAndRightWalkTheColumnsInSightAndCopyTakesThem) {
+    Fill(4, 4);
+    grid.SetGridColWidth(1, 0);
+    Open();
+    for (const auto& [key, col] : {std::pair(Qt::Key_Right, 2),
+                                   {Qt::Key_Right, 3},
+                                   {Qt::Key_Right, 3},
+                                   {Qt::Key_Left, 2},
+                                   {Qt::Key_Left, 0},
+                                   {Qt::Key_Left, 0}}) {
+        QTest::keyClick(&grid, key);
+        EXPECT_EQ(grid.Col(), col);
+    }
+    grid.SetRow(2);
+    grid.SetRowSel(3);
+    EXPECT_EQ(Highlighted(), u"2,3"_s);
+    QTest::keyClick(&grid, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"2/0\t2/2\t2/3\n3/0\t3/2\t3/3"_s);
+}
+
 TEST_F(GridTest, ClicksComeAfterRowChange) {
     Fill(5);
     Open();
@@ -276,6 +297,23 @@ TEST_F(GridTest, WidthsKeepTheirUnitAndZeroHides) {
     EXPECT_EQ(grid.columnWidth(1), 20);
     grid.horizontalHeader()->resizeSection(1, 50);  // dragged
     EXPECT_EQ(grid.GridColWidth(1), 750);
+}
+
+TEST_F(GridTest, ColoursGoWithTheirRows) {
+    Fill(4);
+    for (const int row : {2, 4}) grid.SetCellColor(row, 1, Qt::cyan);
+    const auto coloured = [&] {
+        QStringList rows;
+        for (int row = 1; row < grid.Rows(); ++row)
+            if (grid.model()->index(row - 1, 1).data(Qt::BackgroundRole).isValid())
+                rows << grid.TextMatrix(row, 0);
+        return rows.join(u' ');
+    };
+    EXPECT_EQ(coloured(), u"2/0 4/0"_s);
+    grid.AddItem(u"x"_s, 1);
+    EXPECT_EQ(coloured(), u"2/0 4/0"_s);
+    grid.RemoveItem(3);
+    EXPECT_EQ(coloured(), u"4/0"_s);
 }
 
 TEST_F(GridTest, SharedWidthsLeaveNoGap) {

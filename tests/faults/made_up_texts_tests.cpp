@@ -73,15 +73,11 @@ class Maker {
     }
 
   private:
-    template <class List>
-    QString Pick(const List& list) {
-        return QString::fromUtf8(list[UpTo(static_cast<int>(std::size(list)))]);
-    }
+    const QString& Pick(const QStringList& list) { return list[UpTo(static_cast<int>(list.size()))]; }
 
     QString Number() {
-        static constexpr const char* signs[] = {"", "", "-", "+", " ", "  -"};
-        static constexpr const char* behind[] = {"",  "",   "",  "e5",    "E-3", "e+400",
-                                                 "e", "kg", ".", "e-400", "１"};
+        static const QStringList signs = u"¦¦-¦+¦ ¦  -"_s.split(u'¦');
+        static const QStringList behind = u"¦¦¦e5¦E-3¦e+400¦e¦kg¦.¦e-400¦１"_s.split(u'¦');
         QString text = Pick(signs);
         for (int i = UpTo(20); i > 0; --i) text += QChar(u'0' + UpTo(10));
         if (UpTo(2) == 0) text += u'.';
@@ -120,60 +116,32 @@ class Maker {
         }
     }
 
-    static constexpr const char* Statements[] = {
-        "select * from M04 order by F1",
-        "select top 3 F1,F2 from TB1 where F3='华兴' and datediff('d','2024-03-10',F2)<=0 order by SN desc",
-        "select B01.F1,M01.F2 FROM (B01 LEFT JOIN M03 ON B01.F603=M03.F1)  left join M01 on M01.f1=B01.f202 "
-        "where B01.F101 like '2024-0*' ORDER BY B01.F101 ",
-        "select M02.F1 from M02  WHERE M02.F1 LIKE 'A?[0-9]#*' order by M02.F1",
-        "select sum(YF) as S,F3 from TB1 where LB=-9 and not F6='x' group by F3 having sum(YF)>0",
-        "select count(*) from B01 where F604 not in ('未审核','未出货') and F504 between 1 and 5",
-        "insert into M04 (F1,F2) VALUES ('王五','早班')",
-        "insert into TB1 (SN,LB,F1,F2,F3,YF) VALUES (131.5,-9,'YSW1','2024-3-1','某',1E+2)",
-        "insert into M011 (F1,F2,F3,A30,A31) VALUES ('H1-1','美东','H1',False,True)",
-        "update TB1 set F2='2024/3/5',QC=QC-5.5,QM=QM-(1.5*2) where F1='YSW1'",
-        "update TE1 set F67=-1 where F1=\"001\"",
-        "delete from M031 where F0 in (select F1 from M02 where F3='Z')",
-        "delete FROM TB1 WHERE F1='YF1' OR F1='YS1';",
-        "select distinct [F1] from [M04] where F2 is not null union select F1 from M05",
+    static inline const QStringList Statements = {
+        u"select * from M04 order by F1"_s,
+        u"select top 3 F1,F2 from TB1 where F3='华兴' and datediff('d','2024-03-10',F2)<=0 order by SN desc"_s,
+        u"select B01.F1,M01.F2 FROM (B01 LEFT JOIN M03 ON B01.F603=M03.F1)  left join M01 on M01.f1=B01.f202 "
+        "where B01.F101 like '2024-0*' ORDER BY B01.F101 "_s,
+        u"select M02.F1 from M02  WHERE M02.F1 LIKE 'A?[0-9]#*' order by M02.F1"_s,
+        u"select sum(YF) as S,F3 from TB1 where LB=-9 and not F6='x' group by F3 having sum(YF)>0"_s,
+        u"select count(*) from B01 where F604 not in ('未审核','未出货') and F504 between 1 and 5"_s,
+        u"insert into M04 (F1,F2) VALUES ('王五','早班')"_s,
+        u"insert into TB1 (SN,LB,F1,F2,F3,YF) VALUES (131.5,-9,'YSW1','2024-3-1','某',1E+2)"_s,
+        u"insert into M011 (F1,F2,F3,A30,A31) VALUES ('H1-1','美东','H1',False,True)"_s,
+        u"update TB1 set F2='2024/3/5',QC=QC-5.5,QM=QM-(1.5*2) where F1='YSW1'"_s,
+        u"update TE1 set F67=-1 where F1=\"001\""_s,
+        u"delete from M031 where F0 in (select F1 from M02 where F3='Z')"_s,
+        u"delete FROM TB1 WHERE F1='YF1' OR F1='YS1';"_s,
+        u"select distinct [F1] from [M04] where F2 is not null union select F1 from M05"_s,
     };
-    static constexpr const char* Pieces[] = {"select",   "from",      "where",
-                                             "order by", "top",       "insert into",
-                                             "values",   "update",    "set",
-                                             "delete",   "like",      "datediff",
-                                             "and",      "or",        "not",
-                                             "in",       "is null",   "True",
-                                             "False",    "as",        "group by",
-                                             "desc",     "left join", "on",
-                                             "case",     "when",      "B01",
-                                             "TB1",      "M04",       "F1",
-                                             "F2",       "SN",        "F101",
-                                             "[F1]",     "[D/S]",     "[",
-                                             "]",        "*",         "?",
-                                             "#",        "[!a-z]",    "%",
-                                             "_",        "'",         "''",
-                                             "\"",       "'d'",       "'2024-03-10'",
-                                             "'长'",     "(",         ")",
-                                             ",",        ".",         ";",
-                                             "--",       "/*",        "*/",
-                                             "`",        "||",        "==",
-                                             "<>",       "<=",        ">=",
-                                             "=",        "<",         ">",
-                                             "+",        "-",         "*",
-                                             "/",        "0",         "1",
-                                             "-1",       "12.5",      "1e5",
-                                             "1E+400",   "0x1F",      ".5",
-                                             "5.",       "F1.F2",     "pragma key",
-                                             "attach",   "\r\n",      "\t",
-                                             "　",       "甲",        "𝄞",
-                                             "é",        "\\",        "@",
-                                             ":a",       "?1",        "$",
-                                             "~",        "&",         "|",
-                                             "^",        "!",         "rowid",
-                                             "limit 1",  "exists",    "null",
-                                             "count(*)", "sum",       "99999999999999999999",
-                                             "collate",  "cast",      "into",
-                                             "'x' in"};
+    /// Words and signs of statements, each between two broken bars.
+    static inline const QStringList Pieces =
+        (u"select¦from¦where¦order by¦top¦insert into¦values¦update¦set¦delete¦like¦datediff¦and¦or¦not¦"
+         "in¦is null¦True¦False¦as¦group by¦desc¦left join¦on¦case¦when¦exists¦null¦count(*)¦sum¦"
+         "collate¦cast¦into¦rowid¦limit 1¦pragma key¦attach¦B01¦TB1¦M04¦F1¦F2¦SN¦F101¦[F1]¦[D/S]¦F1.F2¦"
+         "'x' in¦[¦]¦*¦?¦#¦[!a-z]¦%¦_¦'¦''¦\"¦'d'¦'2024-03-10'¦'长'¦(¦)¦,¦.¦;¦--¦/*¦*/¦`¦||¦==¦<>¦<=¦"
+         ">=¦=¦<¦>¦+¦-¦*¦/¦\\¦@¦:a¦?1¦$¦~¦&¦|¦^¦!¦0¦1¦-1¦12.5¦1e5¦1E+400¦0x1F¦.5¦5.¦"
+         "99999999999999999999¦\r\n¦\t¦　¦甲¦𝄞¦é"_s)
+            .split(u'¦');
 
     std::mt19937 random_;
 };

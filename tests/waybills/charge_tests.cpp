@@ -138,6 +138,8 @@ TEST_F(Charge, AmountsAreNotRounded) {
     EXPECT_EQ(Amount(u"S"_s, u"0.5"_s), "0") << "a null price is 0";
     EXPECT_EQ(Amount(u"S"_s, u"1"_s), "15");
     EXPECT_EQ(Amount(u"S"_s, u"21.1"_s), "7.0263");
+    SetQuote(u"30,10,40,15,-2"_s);
+    EXPECT_EQ(Amount(u"S"_s, u"21"_s), "-42") << "a negative price is a price";
 }
 
 TEST_F(Charge, RefusesInOrder) {
