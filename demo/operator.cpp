@@ -2,10 +2,10 @@
 
 #include "app/main_window.h"
 #include "app/session.h"
+#include "demo/keyboard.h"
 #include "demo/rows.h"
 #include "platform/controls/box.h"
 #include "platform/errors.h"
-#include "tests/support/keyboard.h"
 
 #include <QApplication>
 #include <QCheckBox>

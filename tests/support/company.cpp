@@ -1,6 +1,7 @@
 #include "tests/support/company.h"
 
 #include "app/session.h"
+#include "demo/rows.h"
 #include "schema/data_files.h"
 #include "schema/names.h"
 
@@ -62,20 +63,7 @@ void Company::Run(std::initializer_list<QString> statements) {
 }
 
 QStringList Company::Rows(const QString& select) {
-    return RowsOf(Db(), select);
-}
-
-QStringList RowsOf(dao::Database& db, const QString& select) {
-    QStringList rows;
-    auto set = db.OpenRecordset(select);
-    for (; !set.Eof(); set.MoveNext()) {
-        QStringList fields;
-        for (int i = 0; i < set.FieldCount(); ++i)
-            fields << (set.Fields(i).IsNull() ? QStringLiteral("<null>") : set.Fields(i).Text());
-        rows << fields.join(u'|');
-    }
-    set.Close();
-    return rows;
+    return demo::Rows(Db(), select);
 }
 
 }  // namespace tests

@@ -20,9 +20,6 @@ struct OpenWith {
     std::function<void(sqlite3*)> prepare = {};
 };
 
-/// The rows of a SELECT, each as its fields joined by "|", a null as "<null>".
-QStringList RowsOf(dao::Database& db, const QString& select);
-
 class Company {
   public:
     explicit Company(const OpenWith& with = {});

@@ -1,9 +1,9 @@
 #include "tests/support/gui.h"
 
+#include "demo/keyboard.h"
 #include "platform/controls/focus_tracker.h"
 #include "platform/controls/modal_form.h"
 #include "platform/system/guard.h"
-#include "tests/support/keyboard.h"
 
 #include <QApplication>
 #include <QPointer>

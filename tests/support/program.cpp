@@ -2,6 +2,7 @@
 
 #include "app/rights.h"
 #include "app/start_up.h"
+#include "demo/rows.h"
 #include "platform/system/guard.h"
 #include "program/wiring.h"
 
@@ -145,7 +146,7 @@ bool Desk::Enabled(const QString& command) {
 }
 
 QStringList Desk::Rows(const QString& sql) {
-    return RowsOf(*::Db, sql);
+    return demo::Rows(*::Db, sql);
 }
 
 void Desk::Execute(const QString& sql) {

@@ -1,4 +1,4 @@
-// The operator's keyboard: keys to whatever has the focus, as the tests and the demonstration press them.
+// The operator's keyboard: keys to whatever has the focus, as the demonstration and the tests press them.
 // Nothing here waits; what a key has posted happens when the caller gets back to the event loop.
 #pragma once
 

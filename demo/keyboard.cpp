@@ -1,4 +1,4 @@
-#include "tests/support/keyboard.h"
+#include "demo/keyboard.h"
 
 #include "platform/controls/box.h"
 
