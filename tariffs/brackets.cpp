@@ -8,6 +8,7 @@ namespace tariffs {
 
 const QString StandardStatement =
     u"select F1,F2,F3,F4,F5,F6,F7,F8,F9,F10,F11,F12,F13,F14,F15,F16,F17,F18,F19,P888 from MS1"_s;
+const QString ChannelBracketColumns = u"D0,D1,S0,S1,JFD,J0,J1,J2,J3,J4,J5,J6,J7,J8,J9"_s;
 
 namespace {
 

@@ -1,6 +1,6 @@
 // The weight brackets of the company's own price list: what a price column is called. A price says nothing
 // about weight by itself, its weight is found in the pricing standard (table MS1) by position, and every
-// selling price in the system is lined up with these positions.
+// selling price in the system is lined up with these positions. What a channel gets goes by its own brackets.
 //
 // Always holds: captions are made from the standard as it is now and never stored, so that a changed standard
 // shows at the next opening of a form. Weights are in kg; they pass through single precision and are printed
@@ -28,6 +28,10 @@ constexpr int Brackets = 19;
 constexpr int FirstHeavy = 4;
 
 using Standard = std::array<std::optional<double>, StandardFields>;
+
+/// A channel's brackets of its own: the columns of M01 that hold first weight and step of documents and of
+/// small parcels, the number of heavy segments, and their ten lower bounds.
+extern const QString ChannelBracketColumns;
 
 /// Nothing when the standard has no row.
 std::optional<Standard> ReadStandard(dao::Database& db);

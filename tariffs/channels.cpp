@@ -5,6 +5,7 @@
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 #include "records/export.h"
+#include "tariffs/brackets.h"
 
 #include <QGridLayout>
 #include <QVBoxLayout>
@@ -22,7 +23,7 @@ enum Box { Code, Name, Remark, DocumentFirst, DocumentStep, ParcelFirst, ParcelS
 constexpr int FirstBound = 8;
 constexpr int LastBound = 17;
 constexpr int MostSegments = LastBound - FirstBound + 1;
-constexpr int FirstNumber = DocumentFirst;  // from here on the boxes hold the fields of the bracket statement
+constexpr int FirstNumber = DocumentFirst;  // from here on the boxes hold the bracket columns
 
 constexpr int NoLimit = 32767;
 constexpr double Correction = 2;  // kg above the bound before
@@ -31,7 +32,6 @@ constexpr int NumberWidth = 84;
 constexpr int TopWidth = 110;
 constexpr int BoundColumns = 2;
 
-const QString Brackets = u"D0,D1,S0,S1,JFD,J0,J1,J2,J3,J4,J5,J6,J7,J8,J9"_s;
 const QString OpenTop = u"Kg以上"_s;
 
 QGridLayout* SentenceGrid(QWidget* holder) {
@@ -191,7 +191,8 @@ void A01::RowToCard() {
     for (int i = Code; i <= Remark; ++i) Txt[i]->SetText(CurrentCell(i));
     const QString code = text::Trim(BoxText(Code));
     if (code.isEmpty()) return;
-    auto row = Db->OpenRecordset(u"select "_s + Brackets + u" FROM M01 WHERE F1='"_s + code + u"'"_s);
+    auto row = Db->OpenRecordset(u"select "_s + tariffs::ChannelBracketColumns + u" FROM M01 WHERE F1='"_s +
+                                 code + u"'"_s);
     if (!(row.Eof() && row.Bof())) FillBounds(row);
     row.Close();
 }
@@ -297,7 +298,7 @@ void A01::Menu_del() {
 bool A01::BoundsFilled() const {
     for (int box = FirstBound; box <= LastBound; ++box) {
         if (Txt[box]->Widget()->isHidden() || Number(box) != 0) continue;
-        sys::Inform(u"请输入第"_s + QString::number(box - 7) + u"个计费段数值!"_s, MsgTitle);
+        sys::Inform(u"请输入第"_s + QString::number(box - FirstBound + 1) + u"个计费段数值!"_s, MsgTitle);
         return false;
     }
     return true;
@@ -321,7 +322,8 @@ QString A01::InsertStatement() const {
         const QString typed = BoxText(i);
         values += i < FirstNumber ? Quoted(text::Trim(typed)) : text::GeneralText(text::Val(typed));
     }
-    return u"insert into M01 (F1,F2,F3,"_s + Brackets + u") VALUES ("_s + values.join(u',') + u')';
+    return u"insert into M01 (F1,F2,F3,"_s + tariffs::ChannelBracketColumns + u") VALUES ("_s +
+           values.join(u',') + u')';
 }
 
 void A01::Menu_query() {

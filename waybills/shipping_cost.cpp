@@ -2,6 +2,7 @@
 
 #include "app/data_access.h"
 #include "platform/text/numbers.h"
+#include "tariffs/brackets.h"
 #include "waybills/plain_bracket.h"
 
 #include <cmath>
@@ -107,9 +108,8 @@ Computed ComputeShippingCost(dao::Database& db, const CostInput& input) {
     const double weight = text::Val(input.weight);
     if (auto refusal = CheckCard(input, weight)) return *refusal;
 
-    auto channel =
-        db.OpenRecordset(u"select D0,D1,S0,S1,JFD,J0,J1,J2,J3,J4,J5,J6,J7,J8,J9 FROM M01 WHERE F1="_s +
-                         Quoted(CodePart(typed)));
+    auto channel = db.OpenRecordset(u"select "_s + tariffs::ChannelBracketColumns + u" FROM M01 WHERE F1="_s +
+                                    Quoted(CodePart(typed)));
     // The text has always begun with the standard's caption.
     if (channel.Eof()) return Refuse(u"本公司报价标准设定您填写的出货渠道编码无效,请从下拉列表中选择！"_s);
     const Bracket chosen = ChooseBracket(channel, weight, input.serviceType.startsWith(u'D'));

@@ -23,7 +23,14 @@ const QString ListStatement =
     u"select B01.F1,B01.F101,B01.F2031,B01.F301,B01.F401,B01.F501,M01.F2,M03.F2,B01.F602,B01.F604,B01.F103 "_s +
     u"FROM (B01 LEFT JOIN M03 ON B01.F603=M03.F1)  left join M01 on M01.f1=B01.f202    ORDER BY B01.F101 "_s;
 
-enum Column { NumberColumn = 0, PiecesColumn = 4, ChannelColumn = 6, ReleaseColumn = 9 };
+enum Column {
+    NumberColumn = 0,
+    ServiceTypeColumn = 3,
+    PiecesColumn = 4,
+    PaymentModeColumn = 5,
+    ChannelColumn = 6,
+    ReleaseColumn = 9
+};
 
 }  // namespace
 
@@ -50,8 +57,7 @@ B01::B01()
     GD->Click = [this] { RowChanged(); };
     GD->SetCols(static_cast<int>(Headers().size()));
     GD->SetColAlignment(PiecesColumn, Qt::AlignRight | Qt::AlignVCenter);
-    GD->SetColAlignment(3, Qt::AlignCenter);
-    GD->SetColAlignment(5, Qt::AlignCenter);
+    for (const Column col : {ServiceTypeColumn, PaymentModeColumn}) GD->SetColAlignment(col, Qt::AlignCenter);
     GD->SetWordColor(ReleaseColumn, NotChecked, controls::paint::kWarning);
     GD->SetWordColor(ReleaseColumn, NotShipped, controls::paint::kDanger);
 }
