@@ -36,11 +36,6 @@ std::optional<Moment> ReadFullForm(std::string_view text) {
     return moment;
 }
 
-/// Division that rounds down, so that a border before the fixed day counts like any other.
-std::int64_t Floor(std::int64_t value, std::int64_t by) {
-    return value >= 0 ? value / by : -((by - 1 - value) / by);
-}
-
 struct Character {
     char32_t code;
     size_t length;
@@ -141,9 +136,8 @@ std::optional<std::string> DayText(std::int64_t dayNumber) {
 std::optional<std::int64_t> Datediff(std::string_view unit, const Moment& first, const Moment& second) {
     const auto months = [](const Moment& m) { return std::int64_t{m.year} * 12 + m.month - 1; };
     const auto seconds = [](const Moment& m) { return m.DayNumber() * 86400 + m.second; };
-    const auto between = [&](auto count, std::int64_t by) {
-        return Floor(count(second), by) - Floor(count(first), by);
-    };
+    // Borders that lie between the two. Years begin with 1, so no count is below 0.
+    const auto between = [&](auto count, std::int64_t by) { return count(second) / by - count(first) / by; };
     const std::int64_t days = second.DayNumber() - first.DayNumber();
     if (SameText(unit, "d") || SameText(unit, "y")) return days;
     if (SameText(unit, "m")) return between(months, 1);
@@ -151,7 +145,7 @@ std::optional<std::int64_t> Datediff(std::string_view unit, const Moment& first,
     if (SameText(unit, "yyyy")) return between(months, 12);
     if (SameText(unit, "w")) return days / 7;
     // Weeks begin on Sunday; day number 0 was a Monday.
-    if (SameText(unit, "ww")) return Floor(second.DayNumber() + 1, 7) - Floor(first.DayNumber() + 1, 7);
+    if (SameText(unit, "ww")) return between([](const Moment& m) { return m.DayNumber() + 1; }, 7);
     if (SameText(unit, "h")) return between(seconds, 3600);
     if (SameText(unit, "n")) return between(seconds, 60);
     if (SameText(unit, "s")) return between(seconds, 1);
