@@ -97,6 +97,7 @@ TEST_F(Dialect, FindsTheRowsThatTheStatementMeans) {
          "and SN<25"_s,
          u"A2 A3"_s},
         {u"select datediff('d',null,F2) from TB1 where F1='A1'"_s, u"-"_s},
+        {u"select datediff('h','1899-12-29 23:30:00','1899-12-30 00:30:00') from M01"_s, u"1"_s},
         // An empty sending date is on no day and before none.
         {u"select F1 from B01 where datediff('d','2024-03-10',B01.F101)<=0"_s, u"W1 W3"_s},
         {u"select F1 from B01 where datediff('d','2024-03-10',F101)<>0"_s, u"W3"_s},
@@ -147,6 +148,9 @@ TEST_F(Dialect, WritesDatesInFullAndRefusesWhatIsNoDate) {
     db_->Execute(u"update TB1 set F1='2024/5/1',F2='2024-5-1',H8=NULL,SN=62 Where F1='N2'"_s);
     EXPECT_EQ(Found(*db_, u"select F1,F2,F3,H8 from TB1 where SN>=60"_s),
               u"N1|2024-04-01|-|2024-04-01 09:05:00 2024/5/1|2024-05-01|2024/4/2|-"_s);
+    db_->Execute(u"update TB1 set H8='2024/5/1 0:00' where SN=62"_s);
+    db_->CloseGroup();
+    EXPECT_EQ(file_.Rows(u"select H8 from TB1 where SN=62"_s), QStringList(u"2024-05-01 00:00:00"_s));
     db_->Execute(u"update sysinfo set Setval=setval+1,setStr='2024/4/1' Where ID=100"_s);
     EXPECT_EQ(Found(*db_, u"select SetVal,SETSTR from SysInfo where ID=100"_s), u"6|2024/4/1"_s);
 
@@ -162,6 +166,7 @@ TEST_F(Dialect, WritesDatesInFullAndRefusesWhatIsNoDate) {
              u"select F1 from TB1 where datediff('d','',F2)=0"_s,
              u"select F1 from TB1 where datediff('m',F2,'2024-13-01')=0"_s,
              u"select F1 from TB1 where datediff('d',F2,F3)=0"_s,
+             u"select M03.F1 from TB1,M03 where datediff('d','2024-03-10',M03.F2)=0"_s,
          })
         EXPECT_EQ(Refused(*db_, statement), mismatch) << statement.toStdString();
 }
