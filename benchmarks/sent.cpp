@@ -1,7 +1,9 @@
 #include "benchmarks/sent.h"
 
 #include <benchmark/benchmark.h>
-#include <cstdlib>
+
+#include <charconv>
+#include <string_view>
 
 namespace benchmarks {
 namespace {
@@ -12,16 +14,15 @@ struct Catch {
 };
 
 /// The numbers that stand where the text has its question marks. Our writers bind nothing else.
-std::vector<double> ValuesIn(const char* expanded, const char* text) {
+std::vector<double> ValuesIn(std::string_view expanded, std::string_view text) {
     std::vector<double> values;
-    for (; *text != '\0'; ++text) {
-        if (*text != '?') {
-            ++expanded;
-            continue;
-        }
-        char* end = nullptr;
-        values.push_back(std::strtod(expanded, &end));
-        expanded = end;
+    const char* at = expanded.data();
+    const char* const end = at + expanded.size();
+    for (const char character : text) {
+        if (character == '?')
+            at = std::from_chars(at, end, values.emplace_back()).ptr;
+        else
+            ++at;
     }
     return values;
 }

@@ -9,7 +9,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
 #include <limits>
 #include <optional>
 
@@ -35,9 +34,11 @@ struct Decimal {
 
 Decimal ToDecimal(double value, int precision) {
     if (!std::isfinite(value)) Overflow();
-    char buffer[40];
-    std::snprintf(buffer, sizeof buffer, "%.*e", precision - 1, value);
-    const QByteArray shown(buffer);
+    // Not printf, whose point the workstation's locale decides.
+    std::array<char, 40> room;
+    const auto written = std::to_chars(room.data(), room.data() + room.size(), value,
+                                       std::chars_format::scientific, precision - 1);
+    const QByteArray shown(room.data(), written.ptr - room.data());
     const qsizetype e = shown.indexOf('e');
     Decimal decimal;
     decimal.negative = shown.startsWith('-');
