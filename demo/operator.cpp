@@ -234,7 +234,11 @@ void Operator::Play() {
 void Operator::Fail(const QString& why) {
     std::fprintf(stderr, "演示在第 %d 步停下（%s）：%s\n", played_, qUtf8Printable(current_),
                  qUtf8Printable(why));
-    screen_.Keep(u"failed"_s, current_);
+    try {
+        screen_.Keep(u"failed"_s, current_);
+    } catch (const PlatformError& error) {
+        std::fprintf(stderr, "没有留下图片：%s\n", qUtf8Printable(error.Text()));
+    }
     std::fflush(nullptr);
     std::_Exit(1);
 }

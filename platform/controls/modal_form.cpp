@@ -34,7 +34,7 @@ void ModalForm::ShowModal() {
             this,
             [this] {
                 const QPointer<ModalForm> alive(this);
-                StandIn()(*this);
+                sys::Guarded([this] { StandIn()(*this); });
                 if (alive && !gone_) Unload();
             },
             Qt::QueuedConnection);

@@ -26,8 +26,8 @@ class ModalForm : public QDialog {
     void SetClosedByEsc(bool closed) { closedByEsc_ = closed; }
     void SetCloseBox(bool shown);
 
-    /// For tests: called, from inside the waiting loop, with each modal form that is shown; the operator's
-    /// stand-in. After it returns the form must have gone or the loop is left with a failure flag.
+    /// The operator's stand-in, where the program runs without one: called, from inside the waiting loop, with
+    /// each modal form that is shown. A form that it leaves open is closed after it.
     static std::function<void(ModalForm&)>& StandIn();
 
   protected:
