@@ -37,10 +37,9 @@ void EndOnBoxes() {
 
 }  // namespace
 
-void OpenForm::LoadAll() {
-    LoadGrid(
-        u"select B01.F1,B01.F101,B01.F2031,B01.F301,B01.F401,B01.F501,M01.F2,M03.F2,B01.F602,B01.F604,B01.F103 "_s +
-        u"FROM (B01 LEFT JOIN M03 ON B01.F603=M03.F1)  left join M01 on M01.f1=B01.f202    ORDER BY B01.F101 "_s);
+void OpenForm::LoadFirst(int waybills) {
+    const QString select = u"select "_s;
+    LoadGrid(select + u"top %1 "_s.arg(waybills) + ListStatement().mid(select.size()));
 }
 
 controls::ComboBox& OpenForm::Combo(waybills::Box box) {

@@ -15,7 +15,9 @@ class OpenForm : public B01 {
   public:
     using RecordForm::LoadGrid;
     /// All waybills, as the form loads them when it opens.
-    void LoadAll();
+    void LoadAll() { LoadGrid(ListStatement()); }
+    /// The first so many of them.
+    void LoadFirst(int waybills);
     const controls::FlexGrid& Grid() const { return *GD; }
     controls::TextBox& Box(waybills::Box box) { return *Txt[box]; }
     controls::ComboBox& Combo(waybills::Box box);

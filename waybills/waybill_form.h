@@ -33,6 +33,11 @@ class B01 : public RecordForm {
     void OpenCard() override;
     void CloseCard() override;
 
+    /// What the list and a search show of a waybill, in the order of the headers: a SELECT's columns.
+    static QString ListColumns();
+    /// All waybills by the text of their date.
+    static QString ListStatement();
+
   private:
     void BuildCard();
     void PlaceFields(controls::Card& card);

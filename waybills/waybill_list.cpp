@@ -1,4 +1,5 @@
 // The list of waybills and its commands: adding and editing begin here, releasing and deleting happen here.
+#include "accounts/journal.h"
 #include "app/data_access.h"
 #include "app/main_window.h"
 #include "app/session.h"
@@ -18,10 +19,6 @@ using namespace waybills;
 using When = CommandRow::When;
 
 namespace {
-
-const QString ListStatement =
-    u"select B01.F1,B01.F101,B01.F2031,B01.F301,B01.F401,B01.F501,M01.F2,M03.F2,B01.F602,B01.F604,B01.F103 "_s +
-    u"FROM (B01 LEFT JOIN M03 ON B01.F603=M03.F1)  left join M01 on M01.f1=B01.f202    ORDER BY B01.F101 "_s;
 
 enum Column {
     NumberColumn = 0,
@@ -68,7 +65,7 @@ void B01::Load() {
     FormMode = Browsing;
     if (!CanSeeFigures) MaskFigures();
     FillCombos();
-    LoadGrid(ListStatement);
+    LoadGrid(ListStatement());
     EmptyBoxes(Number, DeliveryTime);
 }
 
@@ -79,6 +76,15 @@ void B01::Activated() {
 QStringList B01::Headers() const {
     return {u"速递单号"_s, u"寄件日期"_s, u"目的地"_s, u"服务类型"_s, u"货品件数"_s, u"付款方式"_s,
             u"出货渠道"_s, u"发件客户"_s, u"外务员"_s, u"出货审核"_s, u"备注"_s};
+}
+
+QString B01::ListColumns() {
+    return u"select B01.F1,B01.F101,B01.F2031,B01.F301,B01.F401,B01.F501,M01.F2,M03.F2,B01.F602,B01.F604,B01.F103 "_s;
+}
+
+QString B01::ListStatement() {
+    return ListColumns() +
+           u"FROM (B01 LEFT JOIN M03 ON B01.F603=M03.F1)  left join M01 on M01.f1=B01.f202    ORDER BY B01.F101 "_s;
 }
 
 QString B01::StatusText() const {
@@ -149,8 +155,7 @@ void B01::Menu_del() {
         return;
     Db->Execute(u"delete from B01 WHERE F1="_s + Quoted(number));
     // The chains of customer and channel are left as they are: the rows behind keep their balances.
-    Db->Execute(u"DELETE FROM TB1 WHERE F1="_s + Quoted(u"YF"_s + number) + u" OR F1="_s +
-                Quoted(u"YS"_s + number));
+    accounts::DeleteWaybillEntries(*Db, number);
     // Released waybills left the list and not the count.
     RecCount = std::min(RecCount, GD->Rows() - 1);
     ForgetCurrentRecord();

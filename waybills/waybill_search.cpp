@@ -4,17 +4,12 @@
 using namespace Qt::StringLiterals;
 using search::Kind;
 
-namespace {
-
-/// The list's statement without its order: what a search finds stands in the order of entry.
-const QString SearchStatement =
-    u"select B01.F1,B01.F101,B01.F2031,B01.F301,B01.F401,B01.F501,M01.F2,M03.F2,B01.F602,B01.F604,B01.F103 "_s +
-    u"FROM (B01 LEFT JOIN M03 ON B01.F603=M03.F1)  left join M01 on M01.F1=B01.F202 "_s;
-
-const SearchTable& Fields() {
+void B01::Menu_query() {
     constexpr int Own = SearchField::OwnCaption;
+    // The list's columns without its order: what a search finds stands in the order of entry.
     static const SearchTable table = {
-        .base = SearchStatement,
+        .base = ListColumns() +
+                u"FROM (B01 LEFT JOIN M03 ON B01.F603=M03.F1)  left join M01 on M01.F1=B01.F202 "_s,
         .fields = {{0, u"B01.F1"_s},
                    {1, u"B01.F101"_s, Kind::Date},
                    {2, u"B01.F2031"_s},
@@ -30,12 +25,6 @@ const SearchTable& Fields() {
                    {Own, u"B01.F601"_s, Kind::Text, u"制单人"_s},
                    {Own, u"B01.F604"_s, Kind::Text, u"审核人"_s}},
     };
-    return table;
-}
-
-}  // namespace
-
-void B01::Menu_query() {
-    RunQuery(*this, *GD, Fields(), [this](const QString& sql) { LoadGrid(sql); });
+    RunQuery(*this, *GD, table, [this](const QString& sql) { LoadGrid(sql); });
     if (TabS->SelectedItem() == CardTab) TabS->SelectItem(ListTab);
 }
