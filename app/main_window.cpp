@@ -13,6 +13,7 @@
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
+#include "schema/names.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -205,7 +206,7 @@ void MForm::Load() {
             button->setIconText(QString());
         }
     }
-    state_->wall->LoadPicture(AppFolder + u"syspic.dat"_s);
+    state_->wall->LoadPicture(AppFolder + schema::kPictureFile.toString());
     SetPanel(NoticePanel, product::kNotice);
     SetPanel(OperatorCaptionPanel, LangText(u"操作员："_s));
     SetPanel(PositionPanel, TodayText());

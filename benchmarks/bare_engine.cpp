@@ -1,5 +1,6 @@
 #include "benchmarks/bare_engine.h"
 
+#include "platform/dao/cipher.h"
 #include "schema/names.h"
 
 #include <cstdio>
@@ -90,8 +91,8 @@ BareEngine::BareEngine(const QString& path) {
          "open");
     const QByteArray key = schema::kPassword.toUtf8();
     Must(engine_, sqlite3_key(engine_, key.constData(), static_cast<int>(key.size())), "key");
-    const QByteArray settings[] = {"PRAGMA cipher_page_size=" + QByteArray::number(schema::kPageSize),
-                                   "PRAGMA kdf_iter=" + QByteArray::number(schema::kKeyIterations),
+    const QByteArray settings[] = {"PRAGMA cipher_page_size=" + QByteArray::number(dao::kCipherPageSize),
+                                   "PRAGMA kdf_iter=" + QByteArray::number(dao::kKeyIterations),
                                    "PRAGMA temp_store=MEMORY",
                                    "PRAGMA cache_size=-65536",
                                    "PRAGMA journal_mode=WAL",

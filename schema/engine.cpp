@@ -1,7 +1,7 @@
 #include "schema/engine.h"
 
+#include "platform/dao/cipher.h"
 #include "platform/errors.h"
-#include "schema/names.h"
 
 #include <optional>
 #include <sqlite3.h>
@@ -61,8 +61,8 @@ Engine OpenEngine(const QString& path, QStringView password) {
     if (!password.isEmpty()) {
         const QByteArray key = password.toUtf8();
         Check(raw, sqlite3_key(raw, key.constData(), static_cast<int>(key.size())));
-        Run(raw, "pragma cipher_page_size = " + QByteArray::number(kPageSize));
-        Run(raw, "pragma kdf_iter = " + QByteArray::number(kKeyIterations));
+        Run(raw, "pragma cipher_page_size = " + QByteArray::number(dao::kCipherPageSize));
+        Run(raw, "pragma kdf_iter = " + QByteArray::number(dao::kKeyIterations));
     }
     Run(raw, "pragma temp_store = memory");
     return engine;

@@ -1,5 +1,6 @@
 #include "platform/dao/connection.h"
 
+#include "platform/dao/cipher.h"
 #include "platform/dao/engine_functions.h"
 #include "platform/text/numbers.h"
 
@@ -145,8 +146,8 @@ void Connection::Unlock(const QString& path, const QString& connect) {
     if (password.isEmpty()) return;
     const int code = sqlite3_key(engine_, password.constData(), static_cast<int>(password.size()));
     if (code != SQLITE_OK) Fail(code, path);
-    Run("pragma cipher_page_size=4096", path);
-    Run("pragma kdf_iter=64000", path);
+    Run("pragma cipher_page_size=" + QByteArray::number(kCipherPageSize), path);
+    Run("pragma kdf_iter=" + QByteArray::number(kKeyIterations), path);
 }
 
 /// Refuses what cannot be worked with. A wrong password shows only at the first read.
