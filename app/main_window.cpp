@@ -380,7 +380,7 @@ void MForm::State::RemoveChild(ChildForm& form) {
 void MForm::closeEvent(QCloseEvent* event) {
     event->ignore();
     sys::Guarded([&] {
-        if (EditInProgress) return sys::Warn(u"操作员正在编辑数据,请先[保存]数据或[取消]编辑!"_s, u"提示"_s);
+        if (WarnOfEdit()) return;
         if (Db) Db->Close();
         Db.reset();
         while (!state_->open.empty()) state_->TakeAway(*state_->open.back());
@@ -389,6 +389,11 @@ void MForm::closeEvent(QCloseEvent* event) {
 }
 
 // ------------------------------------------------------------------------------------------ the one of a run
+
+bool WarnOfEdit() {
+    if (EditInProgress) sys::Warn(u"操作员正在编辑数据,请先[保存]数据或[取消]编辑!"_s, u"提示"_s);
+    return EditInProgress;
+}
 
 MForm& TheFrame() {
     if (!theFrame) throw RuntimeError(u"对象变量或 With 块变量未设置"_s);

@@ -57,6 +57,9 @@ class MForm : public QMainWindow {
     std::unique_ptr<State> state_;
 };
 
+/// While a record is being edited: warns the operator who wants to leave, and says so.
+bool WarnOfEdit();
+
 /// The main window of this run. Raises RuntimeError when there is none.
 MForm& TheFrame();
 /// For start-up and for tests that set a frame up without one.

@@ -55,7 +55,7 @@ void ApplyRow() {
 void ApplyRights() {
     ShowCompany();
     CanEditLedger = true;
-    if (OperatorCode != u"001") return ApplyRow();
+    if (!IsAdministrator()) return ApplyRow();
     for (const Right& right : kRights)
         if (right.administrators) Apply(right, true);
 }

@@ -29,9 +29,14 @@ extern QString MsgTitle;       ///< title of message boxes
 extern QString AppFolder;      ///< the program's folder, always ending in a separator
 extern QString DbFile;         ///< AppFolder + "tessik.dat"
 extern SessionDatabase Db;     ///< the one open database; empty after a backup or restore
-extern QString OperatorCode;   ///< "001" is the administrator, by its code alone
+extern QString OperatorCode;
 extern QString OperatorName;
 extern bool EditInProgress;   ///< some record form is in add or edit state
 extern bool CanEditReleased;  ///< may edit a waybill that is already released
 extern bool CanSeeFigures;    ///< sees weights, cost and prices on the waybill
 extern bool CanEditLedger;    ///< may edit and delete ledger entries
+
+/// The administrator is told by his code alone.
+inline bool IsAdministrator() {
+    return OperatorCode == u"001";
+}

@@ -40,8 +40,6 @@ RecordForm::RecordForm(const RecordFormSettings& settings)
       Frm(new QWidget),
       settings_(settings),
       badge_(StripLabel({}, u"badge"_s)) {
-    setProperty("role", u"surface"_s);
-    setAttribute(Qt::WA_StyledBackground);
     TabS->setObjectName(u"TabS"_s);
     TabS->setAccessibleName(settings.caption);
     GD->setObjectName(u"GD"_s);
@@ -118,9 +116,7 @@ void RecordForm::HangItems(const CommandRow& row) {
 }
 
 bool RecordForm::QueryUnload() {
-    if (!EditInProgress) return true;
-    sys::Warn(u"操作员正在编辑数据,请先[保存]数据或[取消]编辑!"_s, u"提示"_s);
-    return false;
+    return !WarnOfEdit();
 }
 
 QString RecordForm::StatusText() const {
@@ -140,18 +136,12 @@ void RecordForm::DressGrid() {
 void RecordForm::LoadGrid(const QString& sql) {
     DressGrid();
     auto rows = Db->OpenRecordset(sql);
-    if (rows.Eof() && rows.Bof()) {
-        // Nothing found: the status keeps its old text.
-        RecCount = 0;
-        rows.Close();
-        return;
+    RecCount = CountRows(rows);
+    if (RecCount > 0) {  // else the status keeps its old text
+        FillGrid(rows);
+        CurRow = 1;
+        ShowRow();
     }
-    rows.MoveLast();
-    RecCount = rows.RecordCount();
-    rows.MoveFirst();
-    FillGrid(rows);
-    CurRow = 1;
-    ShowRow();
     rows.Close();
 }
 
@@ -276,7 +266,7 @@ bool RecordForm::RequireFilled(int count) const {
 RecordForm::Consent RecordForm::AskToDelete(const QString& name, bool used, const QString& plainQuestion,
                                             sys::BoxAnswer warningDefault) {
     if (!used) return sys::AskToDestroy(plainQuestion, MsgTitle) ? Consent::Plain : Consent::No;
-    if (OperatorCode != u"001") {
+    if (!IsAdministrator()) {
         sys::Inform(u"["_s + name + u"]已经在系统中应用，不能删除!"_s, MsgTitle);
         return Consent::No;
     }

@@ -61,6 +61,7 @@ class RecordForm : public ChildForm, public QueryCaller {
     static constexpr std::int16_t Browsing = 0;
     static constexpr std::int16_t Adding = 1;
     static constexpr std::int16_t Editing = 2;
+    static constexpr int NoLimit = 32767;  ///< characters; what the toolkit's own boxes hold
     static constexpr int ListTab = 1;
     static constexpr int CardTab = 2;
 

@@ -25,7 +25,6 @@ constexpr int LastBound = 17;
 constexpr int MostSegments = LastBound - FirstBound + 1;
 constexpr int FirstNumber = DocumentFirst;  // from here on the boxes hold the bracket columns
 
-constexpr int NoLimit = 32767;
 constexpr double Correction = 2;  // kg above the bound before
 constexpr int WordsWidth = 92;    // before the first box of a sentence
 constexpr int NumberWidth = 84;

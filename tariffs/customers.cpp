@@ -34,7 +34,6 @@ enum Box {
 };
 
 constexpr int CodeLimit = 12;
-constexpr int NoLimit = 32767;
 constexpr int Memos = 4;
 
 struct BoxRow {

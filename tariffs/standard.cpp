@@ -175,7 +175,7 @@ void S01::LeaveSegment(int box) {
 }
 
 void S01::Save() {
-    if (OperatorCode != u"001")
+    if (!IsAdministrator())
         return sys::Inform(u"只有系统管理员才能修改此项设置，请用“001”帐号登录！"_s, u"提示"_s);
     if (!sys::Ask(u"警告！计价标准不宜经常改变！真的继续吗？"_s, u"提示"_s)) return;
     for (int i = 0; i < CheckedOnSave; ++i) {

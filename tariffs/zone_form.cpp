@@ -24,7 +24,6 @@ constexpr int RequiredBoxes = 2;
 constexpr int LastChecked = 17;  // a save does not look at the heavy prices behind
 
 constexpr int CodeLimit = 8;
-constexpr int NoLimit = 32767;
 
 /// Boxes up to here are locked, unlocked and emptied. Those behind are not: a new zone begins with the heavy
 /// prices of the zone seen before from the sixth segment on. In browsing nobody gets into them.

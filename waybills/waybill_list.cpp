@@ -61,7 +61,7 @@ B01::B01()
 
 void B01::Load() {
     // Only the administrator reads the shipping cost, whatever the rights say.
-    if (OperatorCode != u"001") Txt[ShippingCost]->SetMasked(true);
+    if (!IsAdministrator()) Txt[ShippingCost]->SetMasked(true);
     FormMode = Browsing;
     if (!CanSeeFigures) MaskFigures();
     FillCombos();
@@ -145,7 +145,7 @@ void B01::Menu_edit() {
 void B01::Menu_del() {
     if (RecCount == 0) return;
     RowToCard();
-    if (ChkChuHuo->Value() == 1 && OperatorCode != u"001") {
+    if (ChkChuHuo->Value() == 1 && !IsAdministrator()) {
         sys::Inform(u"该速递单已经审核出货,非系统管理员,无权删除!"_s, MsgTitle);
         return;
     }
