@@ -12,7 +12,6 @@ const QString ChannelBracketColumns = u"D0,D1,S0,S1,JFD,J0,J1,J2,J3,J4,J5,J6,J7,
 
 namespace {
 
-constexpr double WeightIfNull = 0.5;
 constexpr int DesignedTail = 5;  // "0.5Kg"
 
 float Weight(const Standard& standard, int field, double ifNull) {

@@ -4,8 +4,8 @@
 //
 // Always holds: captions are made from the standard as it is now and never stored, so that a changed standard
 // shows at the next opening of a form. Weights are in kg; they pass through single precision and are printed
-// in general form where no format is named. A first or continuation weight that is null counts as 0.5, a
-// lower bound that is null as 0. Raises RuntimeError for a weight too large for a single.
+// in general form where no format is named. A lower bound that is null counts as 0. Raises RuntimeError for a
+// weight too large for a single.
 #pragma once
 
 #include "platform/dao/database.h"
@@ -26,6 +26,8 @@ constexpr int StandardFields = 20;
 /// the fifteen heavy segments. Bracket b is field b of the standard.
 constexpr int Brackets = 19;
 constexpr int FirstHeavy = 4;
+/// Kilograms: what a first or continuation weight that is null counts as.
+constexpr double WeightIfNull = 0.5;
 
 using Standard = std::array<std::optional<double>, StandardFields>;
 

@@ -18,8 +18,6 @@ namespace {
 constexpr std::int16_t FirstHeavy = tariffs::FirstHeavy;
 constexpr std::int16_t LastHeavy = tariffs::Brackets - 1;
 
-constexpr double WeightIfNull = 0.5;
-
 Computed Refuse(const QString& text, const QString& title = u"提示"_s,
                 sys::BoxIcon icon = sys::BoxIcon::Information,
                 Computed::Kind kind = Computed::Kind::Refused) {
@@ -44,8 +42,8 @@ std::optional<Computed> CheckCard(const ChargeInput& input, double weight) {
 }
 
 Bracket ChooseBracket(const dao::Recordset& standard, double weight, bool document) {
-    Bracket chosen = PlainBracket(standard, weight, document, WeightIfNull);
-    if (chosen.stepWeight == 0) chosen.stepWeight = text::ToSingle(WeightIfNull);
+    Bracket chosen = PlainBracket(standard, weight, document, tariffs::WeightIfNull);
+    if (chosen.stepWeight == 0) chosen.stepWeight = text::ToSingle(tariffs::WeightIfNull);
     // The last bound that the weight reaches wins, for documents too; an empty bound is reached by every
     // weight.
     for (std::int16_t i = FirstHeavy; i <= LastHeavy; ++i)

@@ -2,6 +2,8 @@
 
 #include "platform/text/numbers.h"
 
+#include <algorithm>
+
 namespace waybills {
 
 const std::array<BoxRow, BoxCount>& Boxes() {
@@ -58,6 +60,10 @@ const std::array<BoxRow, BoxCount>& Boxes() {
         {Height, u"F4053"_s, Kind::Number, u"高"_s},
     }};
     return rows;
+}
+
+bool IsCodeOf(std::span<const CodedWord> words, QStringView code) {
+    return std::ranges::any_of(words, [&](const CodedWord& word) { return word.code == code; });
 }
 
 bool IsReleased(const QString& releaseMark) {

@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <array>
+#include <span>
 
 namespace waybills {
 
@@ -94,6 +95,7 @@ struct CodedWord {
     QString code;
     QString shown;
 };
+bool IsCodeOf(std::span<const CodedWord> words, QStringView code);
 inline const std::array<CodedWord, 2> ServiceTypes = {
     {{u"D"_s, u"D.文件(File)"_s}, {u"S"_s, u"S.物品(Parcel)"_s}}};
 inline const std::array<CodedWord, 3> PaymentModes = {

@@ -86,13 +86,11 @@ bool B01::TestMasters() const {
         Wrong(box);
         return false;
     }
-    const QString service = BoxText(ServiceType);
-    if (service != u"S" && service != u"D") {
+    if (!IsCodeOf(ServiceTypes, BoxText(ServiceType))) {
         Wrong(ServiceType);
         return false;
     }
-    const QString mode = text::Trim(BoxText(PaymentMode));
-    if (mode != u"到付" && mode != u"现金" && mode != u"月结") {
+    if (!IsCodeOf(PaymentModes, text::Trim(BoxText(PaymentMode)))) {
         Wrong(PaymentMode);
         return false;
     }
