@@ -13,6 +13,7 @@ using namespace tariffs;
 
 namespace {
 
+// The button's caption is its job.
 const QString BatchCaption = u"批量增加"_s;
 const QString DeleteCaption = u"删除报价"_s;
 
@@ -85,12 +86,16 @@ void QuotePanel::FillDownList() {
     GdDownList->EndLoad();
     FitDownList(found);
     zones.Close();
-    if (found > 0) CmdDel->SetCaption(BatchCaption);
+    if (found > 0) SetBatchJob(true);
 }
 
 void QuotePanel::PickFromDownList() {
     TxtHPBM->SetText(text::Trim(GdDownList->TextMatrix(GdDownList->Row(), ZoneColumn)));
     TxtSL->SetFocus();
+}
+
+void QuotePanel::SetBatchJob(bool batch) {
+    CmdDel->SetCaption(batch ? BatchCaption : DeleteCaption);
 }
 
 bool QuotePanel::BatchJob() const {
@@ -123,7 +128,7 @@ void QuotePanel::AddQuotes() {
     zones.Close();
     if (found) {
         GdMx->DropBlankRow();
-        CmdDel->SetCaption(DeleteCaption);
+        SetBatchJob(false);
     }
     ShowChange();
     GdMx->ShowQuote(found ? GdMx->Rows() - 1 : GdMx->Row());

@@ -21,8 +21,6 @@ constexpr int CodeWidth = 76;
 constexpr int CoefficientWidth = 56;
 constexpr int DownListWidth = 576;
 constexpr int DownListRows = 10;  // before it scrolls
-constexpr int RowHeight = 24;
-constexpr int HeaderHeight = 28;
 
 QLabel* BarLabel(const QString& text, const QString& role) {
     auto* label = new QLabel(text);
@@ -91,7 +89,8 @@ void QuotePanel::BuildEntry() {
     TxtSL->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     TxtSL->SetText(u"1"_s);
     CmdEnter = Named(new Button(u"增加报价"_s), u"CmdEnter"_s);
-    CmdDel = Named(new Button(u"删除报价"_s), u"CmdDel"_s);
+    CmdDel = Named(new Button({}), u"CmdDel"_s);
+    SetBatchJob(false);
     auto* row = new QHBoxLayout(PicLRQ);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(6);
@@ -170,7 +169,7 @@ void QuotePanel::Unfold() {
 void QuotePanel::CloseDownList() {
     if (!DownListOpen()) return;
     GdDownList->hide();
-    CmdDel->SetCaption(u"删除报价"_s);
+    SetBatchJob(false);
 }
 
 void QuotePanel::FinishCell() {
@@ -215,8 +214,7 @@ void QuotePanel::resizeEvent(QResizeEvent* event) {
 
 /// As high as its rows; an empty one keeps the blank row of an empty grid.
 void QuotePanel::FitDownList(int rows) {
-    const int frame = 2 * GdDownList->frameWidth();
-    GdDownList->resize(DownListWidth, HeaderHeight + std::clamp(rows, 1, DownListRows) * RowHeight + frame);
+    GdDownList->resize(DownListWidth, GdDownList->HeightOf(std::clamp(rows, 1, DownListRows)));
 }
 
 /// Under its box, or above it where the panel is folded at the foot of the form.

@@ -73,6 +73,8 @@ class QuotePanel : public QWidget {
     void DeleteQuote();
     void RemoveQuoteRow(int row);
     void ReNewPrice();
+    /// What CmdDel does: it adds the zones of the open drop-down, or it deletes.
+    void SetBatchJob(bool batch);
     bool BatchJob() const;
 
     Host host_;

@@ -227,6 +227,10 @@ void FlexGrid::selectionChanged(const QItemSelection& selected, const QItemSelec
 
 // ---------------------------------------------------------------- what is in sight
 
+int FlexGrid::HeightOf(int dataRows) const {
+    return horizontalHeader()->sizeHint().height() + dataRows * kRowHeight + 2 * frameWidth();
+}
+
 int FlexGrid::RowsInSight() const {
     return std::max(1, viewport()->height() / kRowHeight);
 }

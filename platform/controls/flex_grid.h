@@ -68,6 +68,8 @@ class FlexGrid : public QTableView, public FocusEvents {
     /// Fifteenths of a logical pixel; 0 hides the column. Any other width ends an equal sharing.
     int GridColWidth(int col) const;
     void SetGridColWidth(int col, int width);
+    /// Pixels, frame included, that show the headers and so many rows of data.
+    int HeightOf(int dataRows) const;
     /// Every column that is not hidden gets an equal share of the grid's width, without a gap at the right,
     /// and keeps it when the grid is resized or a column is hidden.
     void ShareWidths();
