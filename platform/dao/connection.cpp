@@ -90,21 +90,14 @@ const dialect::Table* TableCache::Find(std::string_view name) const {
     const auto known = known_.find(key);
     if (known != known_.end()) return &known->second;
 
-    dialect::Table table;
-    const std::string sql = "pragma table_info(" + dialect::Quoted(key) + ")";
-    sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(engine_, sql.c_str(), -1, &statement, nullptr) != SQLITE_OK) return nullptr;
-    const auto text = [&](int i) {
-        const auto* value = reinterpret_cast<const char*>(sqlite3_column_text(statement, i));
-        return std::string(value ? value : "");
-    };
-    while (sqlite3_step(statement) == SQLITE_ROW) {
-        std::string column = text(1);
-        const dialect::ColumnKind kind = KindOf(key, column, text(2));
-        table.columns.push_back({std::move(column), kind});
-    }
+    const std::string question = "pragma table_info(" + dialect::Quoted(key) + ")";
+    const auto columns = Answers(engine_, question, 1);
+    const auto declared = Answers(engine_, question, 2);
     // A table that could not be read is asked for again; the statement itself will say what is wrong.
-    if (sqlite3_finalize(statement) != SQLITE_OK || table.columns.empty()) return nullptr;
+    if (!columns || !declared || columns->empty() || columns->size() != declared->size()) return nullptr;
+    dialect::Table table;
+    for (std::size_t i = 0; i < columns->size(); ++i)
+        table.columns.push_back({(*columns)[i], KindOf(key, (*columns)[i], (*declared)[i])});
     return &known_.emplace(std::move(key), std::move(table)).first->second;
 }
 

@@ -17,10 +17,6 @@ void NormaliseLiteral(Statement& statement, size_t token) {
     statement.Replace(token, Quoted(*date), TokenKind::Text);
 }
 
-bool IsOneOf(const Token& token, std::initializer_list<std::string_view> words) {
-    return std::any_of(words.begin(), words.end(), [&](std::string_view w) { return IsWord(token, w); });
-}
-
 /// Does an expression begin behind this token and not go on from before it?
 bool BeginsBehind(const Token& token) {
     return token.kind == TokenKind::Removed || IsSign(token, "(") || IsSign(token, ",") ||

@@ -2,16 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <initializer_list>
 
 using namespace Qt::StringLiterals;
 
 namespace dao::dialect {
 namespace {
-
-bool IsOneOf(const Token& token, std::initializer_list<std::string_view> words) {
-    return std::any_of(words.begin(), words.end(), [&](std::string_view w) { return IsWord(token, w); });
-}
 
 bool IsName(const Token& token) {
     return token.kind == TokenKind::Word || token.kind == TokenKind::Bracketed;

@@ -176,6 +176,10 @@ bool IsWord(const Token& token, std::string_view word) {
     return token.kind == TokenKind::Word && SameText(token.text, word);
 }
 
+bool IsOneOf(const Token& token, std::initializer_list<std::string_view> words) {
+    return std::any_of(words.begin(), words.end(), [&](std::string_view w) { return IsWord(token, w); });
+}
+
 bool IsSign(const Token& token, std::string_view sign) {
     return token.kind == TokenKind::Sign && token.text == sign;
 }

@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,6 +41,7 @@ std::vector<Token> Tokenize(std::string_view statement);
 bool SameText(std::string_view a, std::string_view b);
 /// True for a word of the language in any case: IsWord(token, "where").
 bool IsWord(const Token& token, std::string_view word);
+bool IsOneOf(const Token& token, std::initializer_list<std::string_view> words);
 bool IsSign(const Token& token, std::string_view sign);
 
 /// The name in a Word or Bracketed token.
