@@ -98,7 +98,7 @@ ToExcel::ToExcel(QWidget* over) : ModalForm(u"ToExcel"_s, u"导出数据到EXCEL
 void ToExcel::MakeControls() {
     Cmb = new controls::ComboBox(this);
     Cmb->setObjectName(u"Cmb"_s);
-    Cmb->lineEdit()->setReadOnly(true);  // one of the items and nothing else
+    Cmb->SetItemsOnly();
     Cmb->KeyPressed = controls::EnterMovesOn;
     Txt = new controls::LineBox(this);
     Txt->setObjectName(u"Txt"_s);
