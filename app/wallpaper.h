@@ -10,7 +10,6 @@ class Wallpaper : public QWidget {
     explicit Wallpaper(QWidget* parent = nullptr);
     /// A picture of any format. What cannot be read leaves the page empty.
     void LoadPicture(const QString& path);
-    bool HasPicture() const { return !picture_.isNull(); }
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -1,7 +1,6 @@
 #include "benchmarks/sent.h"
 
 #include <benchmark/benchmark.h>
-
 #include <charconv>
 #include <string_view>
 

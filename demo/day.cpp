@@ -44,7 +44,8 @@ void TellLogin(Operator& op) {
     op.ExpectWindow(u"MForm"_s);
     op.Expect(u"标题栏有公司名称"_s,
               [] { return TheFrame().windowTitle().endsWith(u"  "_s + sample::kCompany); });
-    op.Expect(u"操作员"_s, [] { return TheFrame().Panel(3) == u"管理员" && OperatorCode == u"001"; });
+    op.Expect(u"操作员"_s,
+              [] { return TheFrame().Panel(MForm::OperatorPanel) == u"管理员" && OperatorCode == u"001"; });
     op.ExpectStatus(text::DateText(kToday));
     op.Picture(u"main-window"_s, u"主窗口"_s);
     op.Command(u"A"_s);
@@ -375,7 +376,8 @@ void TellRestricted(Operator& op) {
     LogIn(op, u"005.蒋录单"_s, u"5"_s);
     op.Picture(u"relogin"_s, u"更换登录用户"_s);
     Confirm(op);
-    op.Expect(u"操作员"_s, [] { return TheFrame().Panel(3) == u"蒋录单" && !CanSeeFigures; });
+    op.Expect(u"操作员"_s,
+              [] { return TheFrame().Panel(MForm::OperatorPanel) == u"蒋录单" && !CanSeeFigures; });
     op.Picture(u"main-window-restricted"_s, u"主窗口，只有开单权限的操作员"_s);
     op.Command(u"B"_s);
     GoUpFromTheEnd(op, 0);

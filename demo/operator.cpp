@@ -142,7 +142,7 @@ void Operator::ExpectText(const QString& control, const QString& text) {
 }
 
 void Operator::ExpectStatus(const QString& text) {
-    Add(u"状态栏"_s, [this, text] { Compare(TheFrame().Panel(4), text); });
+    Add(u"状态栏"_s, [this, text] { Compare(TheFrame().Panel(MForm::PositionPanel), text); });
 }
 
 void Operator::ExpectRows(const QString& select, const QStringList& rows) {

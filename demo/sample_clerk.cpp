@@ -140,7 +140,7 @@ void Clerk::LogIn(const QString& code) {
     if (OperatorCode == code) return;
     OperatorCode = code;
     OperatorName = demo::Rows(*Db, u"select F2 from TE1 where F1='"_s + code + u"'"_s).value(0);
-    frame_->SetPanel(3, OperatorName);
+    frame_->SetPanel(MForm::OperatorPanel, OperatorName);
     ApplyRights();
 }
 

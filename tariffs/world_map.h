@@ -12,7 +12,7 @@
 class MapPicture : public QLabel {
     Q_OBJECT
   public:
-    /// The name of the picture ("map-east") and its size in logical pixels.
+    /// The name of the picture ("east") and its size in logical pixels.
     MapPicture(const QString& picture, QSize size, QWidget* parent);
 
     sys::Event<> Click;

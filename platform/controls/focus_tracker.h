@@ -20,8 +20,8 @@ class FocusTracker : public QObject {
     /// The application's one tracker; installs itself at first use.
     static FocusTracker& Get();
 
-    /// The control that has the focus for the forms, in the active window: the last one that GotFocus was
-    /// told to.
+    /// The control of the active window that was told of the focus last; none while it was told of its loss
+    /// and nobody else has been told yet.
     QWidget* Current() const;
     /// Tells what is outstanding at once. Tests call it; the program waits for the event loop.
     void Settle();
@@ -43,7 +43,7 @@ class FocusTracker : public QObject {
     void FocusMoved(QWidget* old, QWidget* now);
     void Schedule();
     Window& Of(QWidget* window);
-    bool TellNext(QWidget* window);
+    bool TellNext(QWidget* now);
 
     std::vector<Window> windows_;
     bool scheduled_ = false;

@@ -26,8 +26,8 @@ class ModalForm : public QDialog {
     void SetClosedByEsc(bool closed) { closedByEsc_ = closed; }
     void SetCloseBox(bool shown);
 
-    /// The operator's stand-in, where the program runs without one: called, from inside the waiting loop, with
-    /// each modal form that is shown. A form that it leaves open is closed after it.
+    /// The operator's stand-in, where the program runs without one: called, from inside the waiting loop,
+    /// with each modal form that is shown. A form that it leaves open is closed after it.
     static std::function<void(ModalForm&)>& StandIn();
 
   protected:
