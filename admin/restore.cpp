@@ -5,14 +5,13 @@
 #include "platform/controls/box.h"
 #include "platform/controls/wait.h"
 #include "platform/errors.h"
+#include "platform/system/files.h"
 #include "platform/system/seams.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
 #include <QVBoxLayout>
-
-#include <filesystem>
 
 using namespace Qt::StringLiterals;
 
@@ -33,11 +32,8 @@ void ReplaceData(const QString& backup) {
     if (QFileInfo(backup).canonicalFilePath() == QFileInfo(DbFile).canonicalFilePath()) return;
     const QString fresh = DbFile + u".restoring"_s;
     if (!sys::seams().copyFile(backup, fresh)) return;
-    for (const QString& side : {u"-wal"_s, u"-shm"_s, u"-journal"_s}) QFile::remove(DbFile + side);
-    std::error_code error;
-    std::filesystem::rename(QFile::encodeName(fresh).constData(), QFile::encodeName(DbFile).constData(),
-                            error);
-    if (error) QFile::remove(fresh);
+    sys::RemoveEngineFiles(DbFile);
+    if (!sys::TakePlace(fresh, DbFile).isEmpty()) QFile::remove(fresh);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "platform/controls/keys.h"
 #include "platform/controls/wait.h"
 #include "platform/errors.h"
+#include "platform/system/files.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 #include "platform/workbook/workbook.h"
@@ -45,11 +46,6 @@ std::vector<int> ExportedColumns(const controls::FlexGrid& grid) {
     for (int col = 1; col < std::min(grid.Cols(), LastColumn + 1); ++col)
         if (grid.GridColWidth(col) >= ShownWidth) columns.push_back(col);
     return columns;
-}
-
-bool IsThere(const QString& path) {
-    const QFileInfo info(path);
-    return info.exists() || info.isSymLink();
 }
 
 QString Stored() {
@@ -135,7 +131,7 @@ void ToExcel::ChooseFile() {
                                  .pattern = u"Excel文件 (*.xls)"_s});
     if (path.isEmpty()) return;
     if (!path.endsWith(Extension, Qt::CaseInsensitive)) path += Extension;
-    if (IsThere(path)) return sys::Inform(u"目标文件夹存在同名文件，请更换文件名！"_s, MsgTitle);
+    if (sys::IsThere(path)) return sys::Inform(u"目标文件夹存在同名文件，请更换文件名！"_s, MsgTitle);
     Txt->SetText(path);
     Cmd[0]->SetFocus();
 }

@@ -1,6 +1,7 @@
 #include "schema/data_files.h"
 
 #include "platform/errors.h"
+#include "platform/system/files.h"
 #include "schema/definition.h"
 #include "schema/engine.h"
 #include "schema/names.h"
@@ -16,8 +17,6 @@
 #include <QSaveFile>
 #include <QSvgRenderer>
 
-#include <filesystem>
-
 using namespace Qt::StringLiterals;
 
 namespace schema {
@@ -25,23 +24,15 @@ namespace {
 
 constexpr QSize kPictureSize(1920, 1080);  // pixels
 
-bool IsThere(const QString& path) {
-    const QFileInfo info(path);
-    return info.exists() || info.isSymLink();
-}
-
 /// What a run that was killed may have left, too.
 void RemoveBegun(const QString& temporary) {
-    for (const QString& side : {u""_s, u"-journal"_s, u"-wal"_s, u"-shm"_s}) QFile::remove(temporary + side);
+    QFile::remove(temporary);
+    sys::RemoveEngineFiles(temporary);
 }
 
 void Rename(const QString& from, const QString& to) {
-    std::error_code error;
-    std::filesystem::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData(), error);
-    if (error) {
-        throw RuntimeError(
-            u"无法把临时文件改名为“%1”：%2"_s.arg(to, QString::fromStdString(error.message())));
-    }
+    const QString failure = sys::TakePlace(from, to);
+    if (!failure.isEmpty()) throw RuntimeError(u"无法把临时文件改名为“%1”：%2"_s.arg(to, failure));
 }
 
 void WriteDatabase(const QString& path, const QString& company) {
@@ -91,7 +82,7 @@ void MakeWhole(const QString& path, const std::function<void(const QString& temp
                                ? u"另一个程序正在生成“%1”，请稍后再试！"_s.arg(path)
                                : u"无法在文件夹“%1”中写入！"_s.arg(QFileInfo(path).path()));
     }
-    if (IsThere(path)) throw RuntimeError(u"文件“%1”已经存在，不能覆盖！"_s.arg(path));
+    if (sys::IsThere(path)) throw RuntimeError(u"文件“%1”已经存在，不能覆盖！"_s.arg(path));
     const QString temporary = path + u".making"_s;
     RemoveBegun(temporary);
     try {
@@ -128,7 +119,7 @@ QStringList MakeDataFiles(const QString& folder, const QString& company) {
     QStringList made;
     for (const auto& file : files) {
         const QString path = QDir(folder).filePath(file.name.toString());
-        if (IsThere(path)) continue;
+        if (sys::IsThere(path)) continue;
         file.make(path);
         made += file.name.toString();
     }
