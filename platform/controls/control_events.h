@@ -12,7 +12,8 @@
 
 namespace controls {
 
-/// Gives a control the focus, also when it has it already: then the form is told if it was not before.
+/// Gives a control the focus, also when it has it already: then the form is told if it was not before
+/// (focus_tracker.cpp).
 void MoveFocus(QWidget* control);
 
 /// What the focus tracker tells; every control that takes the focus has these two.

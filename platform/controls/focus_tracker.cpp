@@ -29,6 +29,11 @@ bool Usable(const QWidget* widget) {
 
 }  // namespace
 
+void MoveFocus(QWidget* control) {
+    FocusTracker::Get().Asked(control);
+    control->setFocus(Qt::OtherFocusReason);
+}
+
 FocusTracker& FocusTracker::Get() {
     static QPointer<FocusTracker> only;
     if (!only) only = new FocusTracker(qApp);

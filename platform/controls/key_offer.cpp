@@ -1,0 +1,65 @@
+#include "platform/controls/key_offer.h"
+
+#include "platform/controls/focus_tracker.h"
+
+#include <QPointer>
+
+using namespace Qt::StringLiterals;
+
+namespace controls {
+
+std::unique_ptr<QKeyEvent> OfferKey(QObject* control, const sys::Event<KeyPress&>& event,
+                                    const QKeyEvent& key) {
+    KeyPress press{key.key(), key.modifiers(), key.text()};
+    const QPointer<QObject> alive(control);
+    event(press);
+    if (!alive || press.taken || sys::HasEnded()) return nullptr;
+    if (press.text.isEmpty() && !key.text().isEmpty()) return nullptr;
+    return std::make_unique<QKeyEvent>(QEvent::KeyPress, press.key, press.modifiers, press.text,
+                                       key.isAutoRepeat(), static_cast<quint16>(key.count()));
+}
+
+bool SelectsAll(Qt::FocusReason reason) {
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+           reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason;
+}
+
+bool KeepsFocus(QWidget* control) {
+    const QPointer<QWidget> alive(control);
+    if (!control->hasFocus()) control->setFocus(Qt::OtherFocusReason);
+    FocusTracker::Get().Settle();
+    return alive && control->hasFocus();
+}
+
+QString WholeCharacters(QString text) {
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (!text[i].isSurrogate()) continue;
+        const bool pair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        if (pair)
+            ++i;
+        else
+            text[i] = QChar::ReplacementCharacter;
+    }
+    return text;
+}
+
+QString OneRow(const QString& text) {
+    QString row = WholeCharacters(text);
+    row.replace(u"\r\n"_s, u" "_s);
+    for (QChar& c : row)
+        if (c < u' ' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator) c = u' ';
+    return row;
+}
+
+void TidyLine(QLineEdit* line) {
+    QString row = line->text();
+    // The length limit may have cut between the two halves of a rare character.
+    if (!row.isEmpty() && row.back().isHighSurrogate()) row.chop(1);
+    row = OneRow(row);
+    if (row == line->text()) return;
+    const int fromEnd = static_cast<int>(line->text().size()) - line->cursorPosition();
+    line->setText(row);
+    line->setCursorPosition(qMax(0, static_cast<int>(row.size()) - fromEnd));
+}
+
+}  // namespace controls
