@@ -3,6 +3,7 @@
 #include "platform/controls/modal_form.h"
 #include "platform/controls/wait.h"
 #include "platform/controls/windows.h"
+#include "platform/errors.h"
 #include "tests/support/files.h"
 #include "tests/support/gui.h"
 #include "tests/support/script.h"
@@ -265,6 +266,15 @@ TEST_F(Modal, NothingRunsBehindAFormThatEndedTheProgram) {
         behind = true;
     });
     EXPECT_FALSE(behind);
+    EXPECT_TRUE(sys::HasEnded());
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(Modal, WhatTheStandInCannotDoIsReportedAndTheFormCloses) {
+    ModalForm::StandIn() = [](ModalForm&) { throw RuntimeError(u"没有控件"_s); };
+    script.BoxContaining(u"没有控件"_s);
+    script.End(1);
+    sys::Guarded([&] { form.ShowModal(); });
     EXPECT_TRUE(sys::HasEnded());
     EXPECT_FALSE(form.isVisible());
 }
