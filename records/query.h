@@ -89,8 +89,9 @@ class Query : public controls::ModalForm {
     controls::ComboBox *CmbLG, *CmbF, *CmbGX;  ///< connective, field, relation
     controls::LineBox* Txt;                    ///< value of a text or a number
     controls::DTPicker* DTP;                   ///< value of a date
-    controls::ListBox *Lst, *LstSql;           ///< the conditions; their pieces, out of sight
-    controls::FlexGrid* GD;                    ///< caption, field, type code; out of sight
+    controls::ListBox* Lst;                    ///< the conditions
+    controls::ListBox* LstSql;                 ///< out of sight, line by line beside Lst: their pieces
+    controls::FlexGrid* GD;  ///< out of sight, line by line beside CmbF: caption, field, kind
     std::array<QLabel*, 3> CPT{};
     controls::Button *CmdAdd, *CmdRemove, *CmdQuery, *CmdCancel;
     search::Conditions conditions_;

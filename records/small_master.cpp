@@ -79,19 +79,17 @@ void SmallMaster::Menu_Add() {
 void SmallMaster::Menu_edit() {
     FormMode = Editing;
     EnterEdit();
-    QString key = CurrentCell(Key);
-    Txt[Key]->SetLocked(IsUsed(key));
+    Txt[Key]->SetLocked(IsUsed(text::Trim(CurrentCell(Key))));
     Txt[Key]->SetFocus();
 }
 
-bool SmallMaster::IsUsed(QString& key) const {
-    key = text::Trim(key);
+bool SmallMaster::IsUsed(const QString& key) const {
     return !GetStr(master_.usedIn + key + u"'"_s).isEmpty();
 }
 
 void SmallMaster::Menu_del() {
     if (text::Trim(GD->TextMatrix(1, Key)).isEmpty()) return;
-    QString key = CurrentCell(Key);
+    const QString key = text::Trim(CurrentCell(Key));
     const bool used = IsUsed(key);
     // The boxes name the note and not the key; so it has always read.
     const QString name = CurrentCell(Note);

@@ -49,7 +49,7 @@ class SmallMaster : public RecordForm {
     void Menu_del() override;
     void Menu_query() override;
     void Menu_save() override;
-    bool IsUsed(QString& key) const;
+    bool IsUsed(const QString& key) const;
     bool ClaimKey();
 
     const SmallMasterSettings& master_;

@@ -263,21 +263,19 @@ void A01::Menu_Add() {
 void A01::Menu_edit() {
     FormMode = Editing;
     EnterEdit();
-    QString code = CurrentCell(Code);
-    Txt[Code]->SetLocked(IsUsed(code));
+    Txt[Code]->SetLocked(IsUsed(text::Trim(CurrentCell(Code))));
     Txt[Code]->SetFocus();
 }
 
 /// The first question goes by a field that now holds a range of zones, so in practice the waybills decide.
-bool A01::IsUsed(QString& code) {
-    code = text::Trim(code);
+bool A01::IsUsed(const QString& code) {
     if (!GetStr(u"select F3 FROM M02 WHERE F3='"_s + code + u"'"_s).isEmpty()) return true;
     return !GetStr(u"select F202 FROM B01 WHERE F202='"_s + code + u"'"_s).isEmpty();
 }
 
 void A01::Menu_del() {
     if (text::Trim(GD->TextMatrix(1, Code)).isEmpty()) return;
-    QString code = CurrentCell(Code);
+    const QString code = text::Trim(CurrentCell(Code));
     const bool used = IsUsed(code);
     const QString name = CurrentCell(Name);
     const Consent consent = AskToDelete(name, used, u"真的要删除"_s + name + u"吗?"_s, sys::BoxAnswer::No);

@@ -43,7 +43,7 @@ class A01 : public RecordForm {
     void Menu_del() override;
     void Menu_query() override;
     void Menu_save() override;
-    static bool IsUsed(QString& code);
+    static bool IsUsed(const QString& code);
     bool BoundsFilled() const;
     bool ClaimCode();
     QString InsertStatement() const;
