@@ -89,15 +89,21 @@ Computed HeavyCost(const dao::Recordset& zone, const Bracket& chosen, double wei
     return Amount(extras.other + extras.fuel * (extras.additional + weightCost));
 }
 
-Computed ApplyBracket(const dao::Recordset& zone, Bracket chosen, double weight, const Extras& extras) {
-    if (chosen.index >= FirstHeavy) {
-        Computed heavy = HeavyCost(zone, chosen, weight, extras);
-        if (text::Val(heavy.amount) != 0) return heavy;
-        chosen.index = chosen.fallback;
-    }
+Computed PlainCost(const dao::Recordset& zone, const Bracket& chosen, double weight, const Extras& extras) {
     if (chosen.index == bracket::DocumentFirst || chosen.index == bracket::ParcelFirst)
         return FirstWeightCost(zone, chosen, extras);
     return ContinuedCost(zone, chosen, weight, extras);
+}
+
+/// A heavy segment that costs nothing gives way to the plain bracket; where that has no amount of its own,
+/// the nothing stands.
+Computed ApplyBracket(const dao::Recordset& zone, Bracket chosen, double weight, const Extras& extras) {
+    if (chosen.index < FirstHeavy) return PlainCost(zone, chosen, weight, extras);
+    const Computed heavy = HeavyCost(zone, chosen, weight, extras);
+    if (text::Val(heavy.amount) != 0) return heavy;
+    chosen.index = chosen.fallback;
+    const Computed plain = PlainCost(zone, chosen, weight, extras);
+    return plain.kind == Computed::Kind::Unchanged ? heavy : plain;
 }
 
 }  // namespace

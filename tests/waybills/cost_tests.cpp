@@ -106,6 +106,8 @@ TEST_F(ShippingCost, FeesKeepAHeavySegmentWithoutARate) {
     EXPECT_EQ(Cost(card).amount, u"3.00"_s) << "the fees make it a cost, so nothing falls back";
     card.additionalFees.clear();
     EXPECT_EQ(Cost(card).amount, u"330.00"_s);
+    company_.Run(u"update M01 set S0=0"_s);
+    EXPECT_EQ(Cost(card).amount, u"0.00"_s) << "no step to fall back on: the segment's nothing stays";
 }
 
 TEST_F(ShippingCost, WhatLeavesTheBoxAsItWas) {
