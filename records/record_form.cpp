@@ -297,10 +297,10 @@ void RecordForm::FinishSave() {
     CurRow = GD->Rows() - 1;
 }
 
-void RecordForm::ForgetCurrentRecord() {
+void RecordForm::ForgetCurrentRecord(LastRow last) {
     RemoveCurrentLine();
     RecCount -= 1;
-    if (CurRow > RecCount) CurRow = RecCount;
+    CurRow = std::min(CurRow, last == LastRow::OfRecords ? RecCount : GD->Rows() - 1);
     GD->SetRow(CurRow);
     if (TabS->SelectedItem() == CardTab) TabS->SelectItem(ListTab);
     RowChanged();
@@ -324,6 +324,14 @@ void RecordForm::SetTabOrder(const std::vector<QWidget*>& stops) {
         QWidget::setTabOrder(before, stop);
         before = stop;
     }
+}
+
+controls::Card* RecordForm::MakeCard() {
+    auto* card = new controls::Card;
+    auto* column = new QVBoxLayout(Frm);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(card);
+    return card;
 }
 
 controls::TextBox& RecordForm::MakeBox(const QString& caption, int maxLength, int rows) {

@@ -3,7 +3,8 @@
 //
 // Always holds: the grid is a copy and not bound to the database; every save and delete runs its own
 // statement and repeats the change on the grid by hand. CurRow counts from 1 (row 0 is the header) and is 0
-// only after the last record was deleted. EditInProgress is true from EnterEdit to LeaveEdit.
+// only after the last record was deleted, and that not in every form. EditInProgress is true from EnterEdit
+// to LeaveEdit.
 #pragma once
 
 #include "app/child_form.h"
@@ -24,6 +25,10 @@
 
 namespace dao {
 class Recordset;
+}
+
+namespace controls {
+class Card;
 }
 
 /// One entry of a form's menu bar.
@@ -132,10 +137,15 @@ class RecordForm : public ChildForm, public QueryCaller {
     /// while the highlight stays on the line where it was.
     void FinishSave();
 
+    /// What CurRow stays within when a record goes. They differ for the last one: its list keeps a blank
+    /// line, and CurRow is 0 or stands on that.
+    enum class LastRow { OfRecords, OfGrid };
     /// After the record's row was deleted: its line goes, the counts follow, the list comes to the front.
-    void ForgetCurrentRecord();
+    void ForgetCurrentRecord(LastRow last);
 
     QString BoxText(int box) const { return Txt[box]->Text(); }
+    /// Txt(i), where it has but one row.
+    controls::LineBox& Line(int box) const { return static_cast<controls::LineBox&>(*Txt[box]); }
     /// The grid's text at the current row.
     QString CurrentCell(int col) const { return GD->TextMatrix(CurRow, col); }
     /// Removes the current line, or dresses the grid anew when it is the only one.
@@ -143,6 +153,8 @@ class RecordForm : public ChildForm, public QueryCaller {
     /// Adds a line at the end; the blank line of an empty grid goes.
     void AppendLine(const QStringList& cells);
 
+    /// The card that fills Frm, empty.
+    controls::Card* MakeCard();
     /// Makes Txt(i) with its Lab(i): names, accessible name, and what the focus and Enter do in every box.
     controls::TextBox& MakeBox(const QString& caption, int maxLength, int rows = 1);
     /// In browsing state the boxes cannot be entered; Enter moves on. Returns the control for chaining.

@@ -6,8 +6,6 @@
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 
-#include <QVBoxLayout>
-
 using namespace Qt::StringLiterals;
 using When = CommandRow::When;
 
@@ -25,10 +23,7 @@ SmallMaster::SmallMaster(const SmallMasterSettings& settings)
                   .tabStripDisabled = false}),
       master_(settings) {
     SetUsualCommands({});
-    auto* card = new controls::Card;
-    auto* column = new QVBoxLayout(Frm);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(card);
+    controls::Card* card = MakeCard();
     card->Group(settings.group);
     MakeBox(settings.keyCaption, settings.keyLimit);
     MakeBox(settings.noteCaption, settings.noteLimit, settings.noteRows);
@@ -98,7 +93,7 @@ void SmallMaster::Menu_del() {
     // The waybills that use the record go with it; nothing is posted back to the ledger.
     if (consent == Consent::Whole) Db->Execute(master_.cascade + key + u"'"_s);
     Db->Execute(u"delete from "_s + master_.table + u" WHERE F1='"_s + key + u"'"_s);
-    ForgetCurrentRecord();
+    ForgetCurrentRecord(LastRow::OfRecords);
 }
 
 /// The note is the field that is chosen at first.

@@ -121,7 +121,7 @@ void A011::ProposeCode() {
 
 void A011::BuildChannelCaptions(const QString& code) {
     auto row = Db->OpenRecordset(ChannelQuestion(u"*"_s, code));
-    if (row.Eof() && row.Bof()) return row.Close();
+    if (row.Eof()) return row.Close();
     for (int box = FirstPrice; box <= LastPlainPrice; ++box) {
         const double weight = row.Fields(box - FirstPrice + FirstWeightField).Number();
         ShowPrice(box, weight > 0);
@@ -144,7 +144,7 @@ void A011::BuildChannelCaptions(const QString& code) {
 void A011::ReadTicks() {
     auto row =
         Db->OpenRecordset(u"select "_s + TickFields + u" FROM M011 WHERE F1="_s + Quoted(TrimmedBox(Code)));
-    if (!(row.Eof() && row.Bof()))
+    if (!row.Eof())
         for (int box = FirstHeavy; box <= LastPrice; ++box)
             Chk(box).SetValue(row.Fields(box - FirstHeavy).Number() != 0 ? 1 : 0);
     row.Close();

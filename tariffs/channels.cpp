@@ -2,13 +2,13 @@
 
 #include "app/data_access.h"
 #include "app/session.h"
+#include "platform/controls/focus_tracker.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 #include "records/export.h"
 #include "tariffs/brackets.h"
 
 #include <QGridLayout>
-#include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -84,7 +84,7 @@ void A01::MakeBoxes() {
     for (int segment = 1; segment <= MostSegments; ++segment)
         MakeNamedBox(OpenTop, u"重包裹第%1段起点"_s.arg(segment), u"0"_s);
     for (int box = FirstNumber; box <= LastBound; ++box) {
-        auto* line = static_cast<controls::LineBox*>(Txt[box]->Widget());
+        controls::LineBox* line = &Line(box);
         line->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         line->setFixedWidth(NumberWidth);
         Lab[box]->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -101,10 +101,7 @@ void A01::MakeNamedBox(const QString& caption, const QString& name, const QStrin
 
 void A01::BuildCard() {
     MakeBoxes();
-    auto* card = new Card;
-    auto* column = new QVBoxLayout(Frm);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(card);
+    Card* card = MakeCard();
     card->Group(u"渠道"_s);
     card->Field(Card::Half::Left, 0, 0, 1, Lab[Code], Txt[Code]->Widget());
     card->Field(Card::Half::Left, 0, 1, 2, Lab[Name], Txt[Name]->Widget());
@@ -167,6 +164,13 @@ QWidget* A01::Segments() {
 }
 
 void A01::WireCard() {
+    for (int box = Code; box <= LastBound; ++box)
+        Txt[box]->GotFocus = [this, box] {
+            if (FormMode < Adding)
+                TabS->SetFocus();
+            else
+                Line(box).selectAll();
+        };
     Txt[SegmentCount]->LostFocus = [this] { LeaveCount(); };
     for (int box = FirstBound + 1; box <= LastBound; ++box)
         Txt[box]->LostFocus = [this, box] { LeaveBound(box); };
@@ -192,7 +196,7 @@ void A01::RowToCard() {
     if (code.isEmpty()) return;
     auto row = Db->OpenRecordset(u"select "_s + tariffs::ChannelBracketColumns + u" FROM M01 WHERE F1='"_s +
                                  code + u"'"_s);
-    if (!(row.Eof() && row.Bof())) FillBounds(row);
+    if (!row.Eof()) FillBounds(row);
     row.Close();
 }
 
@@ -289,7 +293,7 @@ void A01::Menu_del() {
         Db->Execute(u"delete from B01 where F202='"_s + code + u"'"_s);
     }
     Db->Execute(u"delete from M01 WHERE F1='"_s + code + u"'"_s);
-    ForgetCurrentRecord();
+    ForgetCurrentRecord(LastRow::OfGrid);
 }
 
 bool A01::BoundsFilled() const {
@@ -330,8 +334,9 @@ void A01::Menu_query() {
 }
 
 void A01::Menu_save() {
-    // By its key from within the box: more segments than there are bounds must not be stored.
-    if (Txt[SegmentCount]->Widget()->hasFocus()) LeaveCount();
+    // From within the box, by the command's key or through the menu: more segments than there are bounds must
+    // not be stored.
+    if (controls::FocusTracker::Get().Current() == Txt[SegmentCount]->Widget()) LeaveCount();
     if (!RequireFilled(2) || !BoundsFilled() || !ClaimCode()) return;
     Db->Execute(InsertStatement());
     QStringList cells;

@@ -104,8 +104,7 @@ void A03::BuildCard() {
     // The captions' numbers leave the remark out until the end: the coefficient's is Lab(10).
     Lab[Coefficient]->setObjectName(u"Lab(10)"_s);
     Lab[Remark]->setObjectName(u"Lab(11)"_s);
-    static_cast<controls::LineBox*>(Txt[Coefficient]->Widget())
-        ->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    Line(Coefficient).setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     for (const Box hidden : {Paid, Owed}) {
         Txt[hidden]->Widget()->hide();
         Lab[hidden]->hide();
@@ -225,6 +224,7 @@ void A03::EnterBox(int box) {
     }
     if (box == ChineseName && text::Trim(BoxText(ChineseName)).isEmpty())
         Txt[ChineseName]->SetText(BoxText(ShortName));
+    Line(box).selectAll();
     if (!SwitchesInput(box)) return;
     sys::seams().switchInputMethod();
     if (box == EnglishName) inputSwitched_ = true;
@@ -304,9 +304,7 @@ void A03::Menu_del() {
     if (consent == Consent::Whole) Db->Execute(u"delete from B01 where F603="_s + Quoted(code));
     Db->Execute(u"delete from M03 WHERE F1="_s + Quoted(code));
     Db->Execute(u"delete from M031 WHERE F0="_s + Quoted(code));
-    ForgetCurrentRecord();
-    // In this form the blank line of an empty list is a current one.
-    if (CurRow == 0) GD->SetRow(1);
+    ForgetCurrentRecord(LastRow::OfGrid);
 }
 
 void A03::Menu_query() {

@@ -118,8 +118,10 @@ void QuotePanel::AddQuotes() {
     const QString code = text::Trim(TxtHPBM->Text());
     const int existing = BatchJob() ? 0 : GdMx->FindQuote(code);
     if (existing > 0) return FloatAgain(existing, coefficient);
-    auto zones = Db->OpenRecordset(ListPriceSelect() + (BatchJob() ? u" where F1 like '"_s + code + u"*'"_s
-                                                                   : u" where F1="_s + Quoted(code)));
+    // Many are looked for by the text with its blanks, one without them.
+    auto zones =
+        Db->OpenRecordset(ListPriceSelect() + (BatchJob() ? u" where F1 like '"_s + TxtHPBM->Text() + u"*'"_s
+                                                          : u" where F1="_s + Quoted(code)));
     const bool found = !zones.Eof();
     if (!found) sys::Inform(u"无效的"_s + GdMx->TextMatrix(0, ZoneColumn) + u"编码!"_s, MsgTitle);
     for (; !zones.Eof(); zones.MoveNext())

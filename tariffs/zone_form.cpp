@@ -8,8 +8,6 @@
 #include "records/export.h"
 #include "tariffs/world_map.h"
 
-#include <QVBoxLayout>
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -79,8 +77,7 @@ void ZoneForm::MakeBoxes() {
     }
     for (int box = 0; box <= zone_.lastPrice; ++box)
         if (box == zone_.days || box >= zone_.firstPrice)
-            static_cast<controls::LineBox*>(Txt[box]->Widget())
-                ->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            Line(box).setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
 void ZoneForm::MakeChoice() {
@@ -109,12 +106,9 @@ ZonePrices* ZoneForm::MakePrices() const {
 }
 
 void ZoneForm::BuildCard() {
-    card_ = new Card;
+    card_ = MakeCard();
     areas_ = MakeAreas();
     prices_ = MakePrices();
-    auto* column = new QVBoxLayout(Frm);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(card_);
     card_->Group(u"区域"_s, u"包含地区"_s);
     PlaceZone();
     const int mapRow = zone_.places.back().row + 1;
@@ -158,7 +152,7 @@ void ZoneForm::WireCard() {
         text.KeyPressed = [this, box](controls::KeyPress& key) { KeyInBox(box, key); };
     }
     Txt[Code]->LostFocus = [this] { DropTrailingBlanks(); };
-    auto* code = static_cast<controls::LineBox*>(Txt[Code]->Widget());
+    auto* code = &Line(Code);
     connect(code, &QLineEdit::textEdited, this, [code] { sys::Guarded([code] { Raise(*code); }); });
 }
 
@@ -206,7 +200,7 @@ void ZoneForm::EnterBox(int box) {
         return;
     }
     ProposeFor(box);
-    static_cast<controls::LineBox*>(Txt[box]->Widget())->selectAll();
+    Line(box).selectAll();
 }
 
 void ZoneForm::ProposeFor(int box) {
@@ -286,7 +280,7 @@ void ZoneForm::Menu_del() {
         for (const QString& cascade : zone_.cascades) Db->Execute(cascade + code + u"'"_s);
     Db->Execute(u"delete from "_s + zone_.table + u" WHERE F1="_s + Quoted(code));
     Db->Execute(u"delete from "_s + zone_.areaTable + u" WHERE F0="_s + Quoted(code));
-    ForgetCurrentRecord();
+    ForgetCurrentRecord(LastRow::OfGrid);
 }
 
 void ZoneForm::Menu_query() {

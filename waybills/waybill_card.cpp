@@ -9,8 +9,6 @@
 #include "waybills/shipping_cost.h"
 #include "waybills/waybill_form.h"
 
-#include <QVBoxLayout>
-
 using namespace Qt::StringLiterals;
 using namespace waybills;
 using controls::Card;
@@ -113,14 +111,11 @@ QString Shown(const Words& words, const QString& code) {
 }  // namespace
 
 void B01::BuildCard() {
-    auto* card = new Card;
-    auto* column = new QVBoxLayout(Frm);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(card);
+    Card* card = MakeCard();
     for (const BoxRow& row : Boxes()) {
         const bool number = row.box == Number || row.box == Forwarding;
         MakeBox(row.caption, number ? NumberLimit : BoxLimit);
-        auto* line = static_cast<controls::LineBox*>(Txt[row.box]->Widget());
+        controls::LineBox* line = &Line(row.box);
         if (row.kind == Kind::Number) line->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         if (row.box == TotalCharge) line->setProperty("kind", u"total"_s);
     }
@@ -263,7 +258,7 @@ void B01::CombosTakeBoxes() {
 void B01::RowToCard() {
     if (CurRow == 0) CurRow = 1;
     auto row = Db->OpenRecordset(u"select * from B01 where F1='"_s + text::Trim(CurrentCell(0)) + u"'"_s);
-    if (row.Eof() && row.Bof()) {
+    if (row.Eof()) {
         // The other fees keep what they held; so the card has always done.
         EmptyBoxes(Number, DeliveryTime);
         EmptyBoxes(Length, Height);
@@ -325,7 +320,7 @@ void B01::LeaveCustomer() {
     if (FormMode < Adding || customer.isEmpty() || customer == customerAtEntry_) return;
     auto row = Db->OpenRecordset(u"select F301,F302,F401,F402,F1,F2 FROM M03 WHERE F1='"_s +
                                  CodePart(customer) + u"'"_s);
-    if (!(row.Eof() && row.Bof())) {
+    if (!row.Eof()) {
         for (int i = 0; i < 4; ++i) Txt[ShipperCompany + i]->SetText(text::Trim(row.Fields(i).Text()));
         Combo(CustomerCode).SetText(row.Fields(4).Text() + u'.' + row.Fields(5).Text());
     }

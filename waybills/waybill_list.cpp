@@ -114,8 +114,6 @@ void B01::Menu_Add() {
     Combo(CustomerCode).SetFocus();
     Txt[ReleaseMark]->SetText(NotChecked);
     ProposeOrigin();
-    EmptyBoxes(Number, Number);
-    EmptyBoxes(Forwarding, Forwarding);
     for (const Box box : {PaymentMode, Courier})
         if (Combo(box).ListCount() > 0) Combo(box).SetListIndex(0);
 }
@@ -158,7 +156,7 @@ void B01::Menu_del() {
     accounts::DeleteWaybillEntries(*Db, number);
     // Released waybills left the list and not the count.
     RecCount = std::min(RecCount, GD->Rows() - 1);
-    ForgetCurrentRecord();
+    ForgetCurrentRecord(LastRow::OfRecords);
 }
 
 void B01::Menu_Check() {

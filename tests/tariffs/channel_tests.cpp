@@ -109,9 +109,17 @@ TEST(A01, ANewChannelIsEnteredByKeys) {
 TEST(A01, HiddenBoundsAreStoredAsTheyStand) {
     Channels form;
     AltKey(u'E');
+    auto& name = form.At<QLineEdit>(u"Txt(1)"_s);
+    ClickAt(name, QPoint(4, 4));
+    EXPECT_EQ(name.selectedText(), u"环洋"_s) << "a box is ready to be typed over however it is entered";
     form.SetBox(SegmentCount, u"45"_s);
     form.RefusesToSave(u"请输入第4个计费段数值!"_s);
     EXPECT_EQ(form.Box(SegmentCount), u"10"_s) << "saved from within, the box is corrected all the same";
+    // The menu bar takes the keyboard from the box, which is not left by that.
+    form.SetBox(SegmentCount, u"99"_s);
+    form.Frame().Front()->MenuBar()->setFocus(Qt::MenuBarFocusReason);
+    form.RefusesToSave(u"请输入第4个计费段数值!"_s);
+    EXPECT_EQ(form.Box(SegmentCount), u"10"_s);
     form.EnterBox(SegmentCount, u"1"_s);
     EXPECT_EQ(form.Bounds().size(), 1);
     AltKey(u'S');

@@ -290,6 +290,7 @@ TEST(A02, DeletesWithThePlainQuestionWhateverRefersToIt) {
     form.script.Question(u"真的要删除南美吗?"_s, Title, true);
     AltKey(u'D');
     EXPECT_EQ(form.Lines(), QStringList{QString(24, u'|')});
+    EXPECT_EQ(form.Status(), u"共 0 条记录 当前为第 1 条") << "the blank line is a row of the grid";
 }
 
 TEST(A02, PicturesSwapWhenTheyAreClicked) {
