@@ -18,7 +18,6 @@ using tests::Press;
 
 namespace {
 
-const QString Title = u"提示"_s;
 constexpr int NoLimit = 1 << 20;
 
 struct Sample {

@@ -31,7 +31,7 @@ std::function<void(Desk&)> Typed(const QString& key, const std::vector<std::pair
 
 void AddPlace(Desk& desk, const QString& name, int box, const QString& button) {
     desk.SetBox(box, name);
-    Push(desk, button);
+    desk.Push(button);
 }
 
 void NewChannel(Desk& desk) {
@@ -64,14 +64,14 @@ void EditOfCostZone(Desk& desk) {
 
 void NewCustomer(Desk& desk) {
     Typed({}, {{0, u"C8"_s}, {1, u"新客"_s}})(desk);
-    Push(desk, u"CmdUpDown"_s);
+    desk.Push(u"CmdUpDown"_s);
     AddQuote(desk, u"Z1"_s, u"1.1"_s);
     AddQuote(desk, u"甲"_s, u"2"_s);
 }
 
 void EditOfCustomer(Desk& desk) {
     Typed(u"乙"_s, {{0, u"C7"_s}})(desk);
-    Push(desk, u"CmdUpDown"_s);
+    desk.Push(u"CmdUpDown"_s);
     AddQuote(desk, u"乙"_s, u"3"_s);
 }
 
@@ -174,11 +174,6 @@ std::vector<Command> Made() {
     return commands;
 }
 
-void Enter(Desk& desk, const QString& control) {
-    controls::MoveFocus(&desk.At<QWidget>(control));
-    Settle();
-}
-
 }  // namespace
 
 const std::vector<Command>& WritingCommands() {
@@ -251,16 +246,11 @@ void Select(Desk& desk, const QString& text, int column) {
 }
 
 void AddQuote(Desk& desk, const QString& zone, const QString& coefficient) {
-    Enter(desk, u"TxtHPBM"_s);
+    desk.Enter(u"TxtHPBM"_s);
     for (const QString& text : {zone, coefficient}) {
         TypeOver(text);
         Press(Qt::Key_Return);
     }
-}
-
-void Push(Desk& desk, const QString& button) {
-    Enter(desk, button);
-    Press(Qt::Key_Return);
 }
 
 }  // namespace tests

@@ -2,7 +2,8 @@
 // them has something to do.
 //
 // In every master table 甲 is used by a waybill and 乙 by none. W1 is released and W2 is not; both are in the
-// journal.
+// journal. What stands before the key that writes may be set by the program: lines are chosen, a waybill's
+// boxes are filled (waybill_entry.h), and nothing is computed by that.
 #pragma once
 
 #include "tests/support/program.h"
@@ -31,7 +32,5 @@ void Prepare(Desk& desk, const Command& command);
 void Select(Desk& desk, const QString& text, int column = 0);
 /// In the customers' card, being edited: quotes a zone at a coefficient.
 void AddQuote(Desk& desk, const QString& zone, const QString& coefficient);
-/// Moves to a control and presses Enter there.
-void Push(Desk& desk, const QString& button);
 
 }  // namespace tests

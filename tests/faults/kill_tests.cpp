@@ -8,6 +8,7 @@
 #include "schema/names.h"
 #include "tests/faults/company_state.h"
 #include "tests/faults/waybill_entry.h"
+#include "tests/support/environment.h"
 
 #include <QDir>
 #include <QFile>
@@ -25,10 +26,6 @@ namespace {
 
 constexpr int kPatience = 60'000;  // milliseconds until the program must have done anything at all
 const QStringList kSteady = {u"华兴"_s, u"环洋"_s};
-
-int FromEnvironment(const char* name, int otherwise) {
-    return qEnvironmentVariableIsSet(name) ? qEnvironmentVariableIntValue(name) : otherwise;
-}
 
 /// The program at its work, told by the lines that it writes.
 class Day {
@@ -181,8 +178,8 @@ void LiveThroughADay(unsigned seed, int wanted, Tally& tally) {
 
 TEST(Kill, LeavesAllOfACommandOrNothing) {
     const auto seed = static_cast<unsigned>(
-        FromEnvironment("KILL_SEED", static_cast<int>(std::random_device()() & 0xffffff)));
-    const int wanted = FromEnvironment("KILLS", 25);
+        tests::FromEnvironment("KILL_SEED", static_cast<int>(std::random_device()() & 0xffffff)));
+    const int wanted = tests::FromEnvironment("KILLS", 25);
     std::printf("KILL_SEED=%u\n", seed);
     SCOPED_TRACE(testing::Message() << "KILL_SEED=" << seed);
     Tally tally;

@@ -10,6 +10,7 @@
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
 #include "tests/support/company.h"
+#include "tests/support/environment.h"
 
 #include <QRegularExpression>
 
@@ -23,10 +24,6 @@ using namespace Qt::StringLiterals;
 using namespace dao;
 
 namespace {
-
-int FromEnvironment(const char* name, int otherwise) {
-    return qEnvironmentVariableIsSet(name) ? qEnvironmentVariableIntValue(name) : otherwise;
-}
 
 /// Makes texts out of what the system's own statements, numbers and dates are made of, and of what they are
 /// not.
@@ -342,8 +339,8 @@ void CheckLike(const QString& text, const QString& pattern, Maker& make) {
 }
 
 TEST(MadeUpTexts, ArePassedOrRefusedAndReadTheSameEveryWay) {
-    const int texts = FromEnvironment("MADE_UP_TEXTS", 20'000);
-    const auto seed = static_cast<unsigned>(FromEnvironment("MADE_UP_SEED", 7305));
+    const int texts = tests::FromEnvironment("MADE_UP_TEXTS", 20'000);
+    const auto seed = static_cast<unsigned>(tests::FromEnvironment("MADE_UP_SEED", 7305));
     Maker make(seed);
     Engine engine;
     Tally tally;

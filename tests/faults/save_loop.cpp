@@ -72,7 +72,7 @@ class Step {
                 Open(u"A5"_s, u"A03"_s);
                 tests::Select(desk_, u"C2"_s);
                 AltKey(u'E');
-                tests::Push(desk_, u"CmdUpDown"_s);
+                desk_.Push(u"CmdUpDown"_s);
                 tests::AddQuote(desk_, u"Z1"_s, UpTo(2) == 0 ? u"1.2"_s : u"0.9"_s);
                 return u'S';
             default:
