@@ -14,7 +14,7 @@ template <class Value>
 Value First(dao::Database& db, const QString& sql, Value (dao::Field::*read)() const) {
     auto rows = db.OpenRecordset(sql);
     Value first{};
-    if (!(rows.Eof() && rows.Bof())) first = (rows.Fields(0).*read)();
+    if (!rows.Eof()) first = (rows.Fields(0).*read)();
     rows.Close();
     return first;
 }

@@ -23,7 +23,8 @@ class FocusTracker : public QObject {
     /// The control of the active window that was told of the focus last; none while it was told of its loss
     /// and nobody else has been told yet.
     QWidget* Current() const;
-    /// Tells what is outstanding at once. Tests call it; the program waits for the event loop.
+    /// Tells what is outstanding at once. A click calls it, so that the loss of the box that was left comes
+    /// first; else the program waits for the event loop.
     void Settle();
     /// The program itself gives this control the focus: tells it even where the toolkit had moved there
     /// first.

@@ -1,5 +1,6 @@
 // The operator's side of a grid: keys, mouse, and what he types over a cell.
 #include "platform/controls/grid_state.h"
+#include "platform/controls/key_offer.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -12,11 +13,8 @@ namespace controls {
 // ---------------------------------------------------------------- keys and mouse
 
 void FlexGrid::keyPressEvent(QKeyEvent* event) {
-    KeyPress press{event->key(), event->modifiers(), event->text(), false};
-    const QPointer<FlexGrid> self(this);
-    KeyPressed(press);
     event->accept();
-    if (!self || press.taken || sys::HasEnded()) return;
+    if (!OfferKey(this, KeyPressed, *event)) return;
     if (event->matches(QKeySequence::Copy)) {
         CopyRows();
         return;

@@ -18,7 +18,8 @@ inline bool IsEnter(const QKeyEvent& key) {
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }
 
-/// A box that the keyboard or the program enters is ready to be typed over; one that is clicked is not.
+/// A box that the keyboard or the program enters is ready to be typed over; one that is clicked
+/// only where its form says so.
 bool SelectsAll(Qt::FocusReason reason);
 
 /// Whether text from outside may go into this control now: it keeps the focus when it gets it, so the form

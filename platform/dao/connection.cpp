@@ -41,9 +41,8 @@ dialect::ColumnKind KindOf(std::string_view table, std::string_view column, cons
     // The sending date is kept as the text of its picker.
     if (dialect::SameText(table, "B01") && dialect::SameText(column, "F101")) return ColumnKind::DateText;
     if (Contains(declared, "DATE")) return ColumnKind::Date;
-    if (Contains(declared, "BOOL")) return ColumnKind::Boolean;
     if (Contains(declared, "TEXT") || Contains(declared, "CHAR")) return ColumnKind::Text;
-    return ColumnKind::Number;
+    return ColumnKind::Other;
 }
 
 std::string Lower(std::string_view name) {

@@ -20,10 +20,11 @@ namespace dao {
 class Database {
   public:
     /// Opens an existing file; connect is ";PWD=..." or "". Raises DatabaseError with the engine's words for
-    /// a file that is missing, empty, damaged, read-only, locked, without the operator table, or of another
-    /// password. vfs names the engine's storage layer, for tests ("" is the engine's own).
-    /// prepare gets the engine's handle once the file has passed all this, before the first statement: for
-    /// the upgrade of an older file. What it raises, Open raises, and the file is closed.
+    /// a file that is missing, empty, damaged, read-only, locked, without the operator table (asked where
+    /// there is a password), or of another password. vfs names the engine's storage layer, for tests ("" is
+    /// the engine's own). prepare gets the engine's handle once the file has passed all this, before the
+    /// first statement: for the upgrade of an older file. What it raises, Open raises, and the file is
+    /// closed.
     static std::unique_ptr<Database> Open(const QString& path, const QString& connect,
                                           const QString& vfs = {},
                                           const std::function<void(sqlite3*)>& prepare = {});

@@ -84,10 +84,6 @@ bool Recordset::Eof() const {
     return data.row >= data.rows;
 }
 
-bool Recordset::Bof() const {
-    return Require(data_).rows == 0;
-}
-
 void Recordset::MoveFirst() {
     RecordsetData& data = Require(data_);
     data.row = 0;

@@ -41,8 +41,6 @@ class Recordset {
 
     /// Behind the last row; in an empty set from the beginning.
     bool Eof() const;
-    /// True for an empty set alone: there is no way back before the first row.
-    bool Bof() const;
     /// The three moves raise RuntimeError where there is no row to move from or to, and drop what was set and
     /// not updated.
     void MoveFirst();

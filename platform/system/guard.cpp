@@ -24,8 +24,7 @@ class HookList {
     }
     void Remove(int handle) { hooks_.erase(handle); }
     void Run() const {
-        const auto copy = hooks_;  // a hook may remove itself
-        for (const auto& [handle, hook] : copy) hook();
+        for (const auto& [handle, hook] : hooks_) hook();
     }
 
   private:

@@ -63,7 +63,8 @@ class Statement {
     const Scope& ScopeOf(size_t token) const;
     /// The closing parenthesis of an opening one; kNone if it has none.
     size_t PartnerOf(size_t open) const { return partners_[open]; }
-    /// The pieces between the commas inside a pair of parentheses, as pairs of first and one-behind-last.
+    /// The pieces between the commas of a stretch, those in parentheses uncut, as pairs of
+    /// first and one-behind-last.
     std::vector<std::pair<size_t, size_t>> Pieces(size_t begin, size_t end) const;
 
     /// The column that begins at a token and fills the tokens up to end; an empty name if it is none.

@@ -1,4 +1,4 @@
-// What the translations know of the tables: which columns hold dates, booleans, numbers or texts.
+// What the translations know of the tables: which columns hold dates and which texts.
 #pragma once
 
 #include <algorithm>
@@ -10,8 +10,7 @@ namespace dao::dialect {
 
 enum class ColumnKind {
     Text,
-    Number,
-    Boolean,
+    Other,     ///< numbers and booleans, as the engine holds them
     Date,      ///< declared DATE: written as yyyy-MM-dd[ HH:mm:ss] or null
     DateText,  ///< a text column that holds dates written by a picker, or ''
 };

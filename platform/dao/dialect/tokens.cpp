@@ -17,7 +17,7 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// Every byte of a character outside ASCII counts as a letter here; IsNameCharacter looks closer.
+/// Every byte of a character outside ASCII counts as a letter here; CheckName looks closer.
 bool IsLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
            static_cast<unsigned char>(c) >= 0x80;
