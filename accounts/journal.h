@@ -4,7 +4,9 @@
 // calendar day.
 //
 // Always holds: a chain is all rows of one counterparty's name, receivable and payable alike; a row with `SN`
-// 0 is out of every chain. Nothing here mends a failure: DatabaseError goes up, what was executed stays.
+// 0 is out of every chain. Nothing here mends a failure: DatabaseError goes up, what was executed stays. Only
+// the counter, the newest date and an edited row's `SN` are asked as forms ask (app/data_access.h): a
+// question that fails has no answer.
 #pragma once
 
 #include "platform/dao/database.h"
@@ -21,9 +23,9 @@ enum class LedgerKind { Receivable = -9, Payable = 9, Payment = 10, Receipt = -1
 struct LedgerKindInfo {
     LedgerKind kind;
     QString businessType;  ///< `S2`
-    QString keyPrefix;     ///< of `F1`; a proposal only where a key is typed by hand
-    QString amountField;   ///< `YF` raises the balance, `FK` lowers it
-    QString release;       ///< takes a row that is being edited out of every chain; its `SN` follows
+    QString keyPrefix;  ///< of `F1`, before a waybill's number; a proposal only where a key is typed by hand
+    QString amountField;  ///< `YF` raises the balance, `FK` lowers it
+    QString release;      ///< takes a row that is being edited out of every chain; its `SN` follows
 };
 const LedgerKindInfo& InfoFor(LedgerKind kind);
 
@@ -52,7 +54,8 @@ EntryDate ClassifyEntryDate(dao::Database& db, QDate date);
 
 /// The `SN` at which a row of that date belongs. The searches skip the row whose `F1` is `key`; `present` is
 /// the row's `SN`, 0 for a new one. May set the counter (`SysInfo` row 100), lower too; may show the warning
-/// that the gap between two days has run out, after which the row gets the same `SN` as the one below it.
+/// that the gap between two days has run out, after which the row gets the same `SN` as the one below it. A
+/// statement holds 15 digits of an `SN`, so two that were stored may be equal before the warning comes.
 double SlotSequenceForDate(dao::Database& db, QDate date, const QString& key, double present);
 
 /// Rewrites `QC` and `QM` of the counterparty's rows from that `SN` on; 0 rebuilds the whole chain. Raises
@@ -71,10 +74,12 @@ double AllocateSequence(dao::Database& db, QDate date, const QString& key,
 /// Adding, second half: inserts the row and rolls its chain from there.
 void PostEntry(dao::Database& db, const LedgerEntry& entry);
 
-/// Editing, first half: takes the row with that key out of its chain, closes the hole and gives the `SN` for
-/// its new date. `present` and `counterparty` are those before the edit. Where the row was the first of its
-/// chain, its own old `QM` opens the hole's successor; the second half mends that only if the row stays in
-/// the chain and before it.
+// Editing is the entry forms' way; a waybill that is edited takes its rows away and posts them anew.
+
+/// Editing, first half: takes the row with that key, and whatever else has its `SN`, out of its chain, closes
+/// the hole and gives the `SN` for its new date. `present` and `counterparty` are those before the edit.
+/// Where the row was the first of its chain, its own old `QM` opens the hole's successor; the second half
+/// mends that only if the row stays in the chain and before it.
 double MoveSequence(dao::Database& db, LedgerKind kind, const QString& key, double present,
                     const QString& counterparty, QDate date);
 

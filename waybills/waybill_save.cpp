@@ -163,7 +163,7 @@ void B01::Post() {
     entry.kind = accounts::LedgerKind::Receivable;
     entry.sequence =
         accounts::AllocateSequence(*Db, DTP->Value(), number, accounts::CounterReads::AfterFirstStepToo);
-    entry.key = u"YS"_s + number;
+    entry.key = accounts::InfoFor(entry.kind).keyPrefix + number;
     entry.date = text::DateText(DTP->Value());
     entry.counterparty = nameOf(CustomerCode, u"M03"_s);
     entry.amount = text::Val(BoxText(TotalCharge));
@@ -171,10 +171,11 @@ void B01::Post() {
     entry.maker = OperatorName;
     accounts::PostEntry(*Db, entry);
     if (ChkChuHuo->Value() == 0) return;
-    // The counter does not move for the payable: the number after the receivable's is always free.
+    // The counter does not move for the payable: the number after the receivable's is free on the newest day.
+    // On an older one it may lie behind rows of the next.
     entry.kind = accounts::LedgerKind::Payable;
     entry.sequence += 1;
-    entry.key = u"YF"_s + number;
+    entry.key = accounts::InfoFor(entry.kind).keyPrefix + number;
     entry.counterparty = nameOf(ChannelCode, u"M01"_s);
     entry.amount = text::Val(BoxText(ShippingCost));
     accounts::PostEntry(*Db, entry);
