@@ -109,16 +109,24 @@ QString CleanText(QString& text) {
     return text;
 }
 
+QString NameOf(dao::Database& db, const QString& table, const QString& code) {
+    return GetStr(db, u"select F2 from "_s + table + u" where F1="_s + Quoted(code));
+}
+
 QString CodeToName(dao::Database& db, QString& text, const QString& table) {
     CleanText(text);
     if (text.isEmpty()) return {};
     const qsizetype point = text.indexOf(u'.');
     if (point >= 0) text.truncate(point);
-    return GetStr(db, u"select F2 from "_s + table + u" where F1='"_s + text + u"'"_s);
+    return NameOf(db, table, text);
 }
 
 QString CodeToName(QString& text, const QString& table) {
     return CodeToName(*Db, text, table);
+}
+
+QString NameOf(const QString& table, const QString& code) {
+    return NameOf(*Db, table, code);
 }
 
 QString CodePart(const QString& comboText) {

@@ -36,6 +36,10 @@ QString CleanText(QString& text);
 QString CodeToName(QString& text, const QString& table);
 QString CodeToName(dao::Database& db, QString& text, const QString& table);
 
+/// The F2 of the row with that code in that table, mostly its name; "" if there is none. Asks as GetStr does.
+QString NameOf(const QString& table, const QString& code);
+QString NameOf(dao::Database& db, const QString& table, const QString& code);
+
 /// The trimmed text before its first point, or all of it: the code of a combo text.
 QString CodePart(const QString& comboText);
 

@@ -318,7 +318,7 @@ void A03::Menu_query() {
 bool A03::ClaimCode() {
     const QString code = text::Trim(BoxText(Code));
     const QString old = OldKey(Code);
-    const QString found = GetStr(u"select F2 from M03 where F1="_s + Quoted(code));
+    const QString found = NameOf(u"M03"_s, code);
     return MakeRoom(
         {.key = code,
          .old = old,

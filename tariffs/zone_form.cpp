@@ -312,7 +312,7 @@ bool ZoneForm::TestCard() {
 bool ZoneForm::ClaimCode() {
     const QString code = TrimmedBox(Code);
     const QString old = OldKey(zone_.codeCol);
-    const QString found = GetStr(u"select F2 from "_s + zone_.table + u" where F1="_s + Quoted(code));
+    const QString found = NameOf(zone_.table, code);
     return MakeRoom({.key = code,
                      .old = old,
                      .found = found,

@@ -283,8 +283,7 @@ void B01::DressBoxes() {
     for (const auto& [box, master] : coded) {
         // A code whose row is gone shows as code and point; an empty one as the point alone.
         const QString code = BoxText(box);
-        Txt[box]->SetText(code + u'.' +
-                          GetStr(u"select F2 from "_s + master + u" where F1='"_s + code + u"'"_s));
+        Txt[box]->SetText(code + u'.' + NameOf(master, code));
     }
     const QString service = Shown(ServiceTypes, BoxText(ServiceType));
     Txt[ServiceType]->SetText(service.isEmpty() ? ServiceTypes[1].shown : service);

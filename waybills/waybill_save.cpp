@@ -139,12 +139,9 @@ QString B01::InsertStatement() const {
 }
 
 void B01::AppendSavedLine() {
-    const auto name = [](const QString& master, const QString& code) {
-        return GetStr(u"select F2 from "_s + master + u" where F1='"_s + code + u"'"_s);
-    };
-    const QString channel = name(u"M01"_s, BoxText(ChannelCode));
+    const QString channel = NameOf(u"M01"_s, BoxText(ChannelCode));
     Txt[ChannelCode]->SetText(BoxText(ChannelCode) + u'.' + channel);
-    Txt[CustomerCode]->SetText(BoxText(CustomerCode) + u'.' + name(u"M03"_s, BoxText(CustomerCode)));
+    Txt[CustomerCode]->SetText(BoxText(CustomerCode) + u'.' + NameOf(u"M03"_s, BoxText(CustomerCode)));
     // Until the list is loaded again the new line shows the customer as code and name.
     AppendLine({BoxText(Number), BoxText(SendDate), BoxText(Destination), BoxText(ServiceType),
                 BoxText(Pieces), BoxText(PaymentMode), channel, BoxText(CustomerCode), BoxText(Courier),
