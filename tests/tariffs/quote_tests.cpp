@@ -207,6 +207,13 @@ TEST(Quotes, TwentyZonesWithoutTheMouse) {
     Press(Qt::Key_Tab);
     Press(Qt::Key_Return);
     EXPECT_EQ(form.Quotes().Rows(), 2 + 21);
+    // The drop-down looks for the text without its blanks, what is added goes by the text as it stands.
+    TypeOver(u" N0"_s);
+    Press(Qt::Key_Down);
+    Press(Qt::Key_Tab);
+    form.script.Box(u"无效的区域编码!"_s, Title);
+    Press(Qt::Key_Return);
+    EXPECT_TRUE(form.script.Done());
     form.Save();
     EXPECT_EQ(form.Rows(u"select count(*),sum(F2) from M031 where F0='C2' and F1 like 'N*'"_s),
               QStringList{u"20|244.3"_s});
