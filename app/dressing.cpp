@@ -2,6 +2,7 @@
 
 #include "app/product.h"
 #include "platform/controls/box.h"
+#include "platform/controls/card.h"
 #include "platform/controls/look.h"
 #include "platform/controls/paint.h"
 
@@ -19,8 +20,6 @@ namespace paint = controls::paint;
 constexpr QSize kMark(40, 40);
 
 constexpr int kCaption = 54;  // the least; its gap to the box is the sheet's padding
-constexpr int kBoxHeight = 24;
-constexpr int kRowGap = 8;
 constexpr int kBesideGap = 8;
 enum Column { Caption, Box, Gap, Beside };
 
@@ -60,7 +59,7 @@ QWidget* ProductHead(QLabel* subtitle) {
 
 CaptionRows::CaptionRows() {
     setHorizontalSpacing(0);
-    setVerticalSpacing(kRowGap);
+    setVerticalSpacing(controls::kRowGap);
     setColumnMinimumWidth(Caption, kCaption);
     setColumnStretch(Box, 1);
 }
@@ -69,7 +68,7 @@ void CaptionRows::Add(const QString& caption, const QString& name, QWidget* box,
     const int row = count() == 0 ? 0 : rowCount();
     auto* label = controls::MakeCaption(caption, box, box->parentWidget());
     label->setObjectName(name);
-    setRowMinimumHeight(row, kBoxHeight);
+    setRowMinimumHeight(row, controls::kBoxHeight);
     addWidget(label, row, Caption);
     addWidget(box, row, Box);
     if (!beside) return;

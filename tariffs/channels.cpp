@@ -155,7 +155,7 @@ QWidget* A01::Segments() {
         const int nth = box - FirstBound;
         const int row = nth / BoundColumns;
         const int column = 2 * (nth % BoundColumns);
-        grid->setRowMinimumHeight(row, 24);  // hidden bounds keep their place
+        grid->setRowMinimumHeight(row, controls::kBoxHeight);  // hidden bounds keep their place
         grid->addWidget(Txt[box]->Widget(), row, column);
         grid->addWidget(Lab[box], row, column + 1);
     }
@@ -308,7 +308,7 @@ bool A01::BoundsFilled() const {
 bool A01::ClaimCode() {
     const QString code = text::Trim(BoxText(Code));
     const QString old = OldKey(Code);
-    const QString found = GetStr(u"select F2 from M01 where F1='"_s + code + u"'"_s);
+    const QString found = NameOf(u"M01"_s, code);
     return MakeRoom(
         {.key = code,
          .old = old,

@@ -13,8 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int RowGap = 8;
-
 // Columns of a card's half that a field covers.
 constexpr int TwoBoxes = 3;
 constexpr int AllBoxes = 5;
@@ -24,7 +22,7 @@ QGridLayout* HalfGrid(QWidget* panel) {
     auto* grid = new QGridLayout(panel);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(0);
-    grid->setVerticalSpacing(RowGap);
+    grid->setVerticalSpacing(controls::kRowGap);
     controls::SetHalfColumns(*grid);
     return grid;
 }
@@ -75,7 +73,7 @@ void ZoneAreas::BuildEntry() {
     place(EnglishName, 0, 2, TwoBoxes);
     place(Remark, 1, 0, 1);
     auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(RowGap);
+    buttons->setSpacing(controls::kRowGap);
     for (controls::Button* button : Cmd) buttons->addWidget(button);
     buttons->addStretch(1);
     grid->addLayout(buttons, 1, 3, 1, TwoBoxes);

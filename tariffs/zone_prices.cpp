@@ -1,5 +1,7 @@
 #include "tariffs/zone_prices.h"
 
+#include "platform/controls/card.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -13,8 +15,6 @@ constexpr int CaptionWidth = 104;  // with the gap to its box
 constexpr int ColumnGap = 14;
 constexpr int BoxWidth = 56;
 constexpr int BesideWidth = 26;
-constexpr int BoxHeight = 24;
-constexpr int RowGap = 8;
 
 }  // namespace
 
@@ -22,7 +22,7 @@ ZonePrices::ZonePrices(const std::vector<Price>& prices, const QString& note) : 
     setObjectName(u"FrmPrice"_s);
     grid_->setContentsMargins(0, 0, 0, 0);
     grid_->setHorizontalSpacing(0);
-    grid_->setVerticalSpacing(RowGap);
+    grid_->setVerticalSpacing(controls::kRowGap);
     int nth = 0;
     for (const Price& price : prices) Place(price, nth++);
     for (int pair = 0; pair < InARow; ++pair) {
@@ -37,11 +37,11 @@ void ZonePrices::Place(const Price& price, int nth) {
     const int row = heavy < 0 ? 0 : 1 + heavy / InARow;
     const int col = Parts * (heavy < 0 ? nth : heavy % InARow);
     rows_ = std::max(rows_, row + 1);
-    grid_->setRowMinimumHeight(row, BoxHeight);
+    grid_->setRowMinimumHeight(row, controls::kBoxHeight);
     QWidget* box = price.box->Widget();
     box->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     box->setMinimumWidth(BoxWidth);
-    price.caption->setFixedHeight(BoxHeight);
+    price.caption->setFixedHeight(controls::kBoxHeight);
     grid_->addWidget(price.caption, row, col);
     grid_->addWidget(box, row, col + 1);
 }

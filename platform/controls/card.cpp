@@ -15,8 +15,6 @@ namespace controls {
 namespace {
 
 // The layout grammar, in device-independent pixels.
-constexpr int kBoxHeight = 24;
-constexpr int kRowGap = 8;          // between two rows of boxes
 constexpr int kMargin = 16;         // left and right
 constexpr int kMarginV = 12;        // top and bottom
 constexpr int kFirstCaption = 122;  // first caption of a half; the group's title stands in it too

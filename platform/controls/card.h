@@ -14,6 +14,10 @@
 
 namespace controls {
 
+// Device-independent pixels.
+inline constexpr int kBoxHeight = 24;  ///< of a box of one row, and of the caption beside it
+inline constexpr int kRowGap = 8;      ///< between two rows of boxes
+
 /// Gives a layout the six columns of a card's half, the first of them at that column of the layout.
 void SetHalfColumns(QGridLayout& grid, int first = 0);
 
