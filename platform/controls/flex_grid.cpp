@@ -228,7 +228,7 @@ void FlexGrid::selectionChanged(const QItemSelection& selected, const QItemSelec
 // ---------------------------------------------------------------- what is in sight
 
 int FlexGrid::HeightOf(int dataRows) const {
-    return horizontalHeader()->sizeHint().height() + dataRows * kRowHeight + 2 * frameWidth();
+    return horizontalHeader()->minimumHeight() + dataRows * kRowHeight + 2 * frameWidth();
 }
 
 int FlexGrid::RowsInSight() const {

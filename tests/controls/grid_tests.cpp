@@ -282,6 +282,19 @@ TEST_F(GridTest, ScrollsSoThatRowIsInSight) {
 
 // ---------------------------------------------------------------- columns and looks
 
+TEST_F(GridTest, IsHighEnoughForTheRowsThatItIsAskedFor) {
+    for (const int headers : {1, 2}) {
+        Fill(4);
+        grid.SetFixedRows(headers);
+        const int rows = grid.Rows() - headers;
+        grid.setFixedHeight(grid.HeightOf(rows));
+        Open();
+        EXPECT_FALSE(grid.verticalScrollBar()->maximum()) << headers;
+        const QRect last = grid.CellRect(grid.Rows() - 1, 0);
+        EXPECT_EQ(last.bottom(), grid.viewport()->rect().bottom()) << headers;
+    }
+}
+
 TEST_F(GridTest, WidthsKeepTheirUnitAndZeroHides) {
     Fill(2);
     grid.SetGridColWidth(0, 1000);
