@@ -146,7 +146,8 @@ void MForm::State::BuildTools() {
         button->setToolTip(text::Trim(caption));
         button->setEnabled(row.item.isEmpty() || items.at(row.item.toString())->isEnabled());
         tools->widgetForAction(button)->setAccessibleName(text::Trim(caption));
-        connect(button, &QAction::triggered, &frame, [this, &row] { sys::Guarded([&] { Press(row); }); });
+        connect(button, &QAction::triggered, &frame,
+                [this, &row] { controls::RunCommand([&] { Press(row); }); });
     }
     frame.addToolBar(tools);
 }

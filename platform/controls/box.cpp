@@ -1,6 +1,7 @@
 #include "platform/controls/box.h"
 
 #include "platform/controls/focus_tracker.h"
+#include "platform/controls/input_order.h"
 #include "platform/controls/key_offer.h"
 #include "platform/controls/look.h"
 
@@ -32,6 +33,7 @@ QString CutTo(const QString& text, int length) {
 /// A press and a release that come in one go would bring the click before the loss of the box that was left.
 void ClickAfterFocus(QWidget* control, const sys::Event<>& click) {
     const QPointer<QWidget> alive(control);
+    InputOrder::Get().CommitComposition();
     FocusTracker::Get().Settle();
     if (alive) click();
 }
@@ -206,7 +208,9 @@ Button::Button(const QString& caption, QWidget* parent) : QPushButton(parent) {
     FocusTracker::Get();
     setAutoDefault(false);
     SetCaption(caption);
-    connect(this, &QPushButton::clicked, this, [this] { ClickAfterFocus(this, Click); });
+    connect(this, &QPushButton::clicked, this, [this] {
+        if (!InputOrder::Get().KeyRepeats()) ClickAfterFocus(this, Click);
+    });
 }
 
 void Button::SetCaption(const QString& caption) {

@@ -1,6 +1,7 @@
 #include "platform/controls/focus_tracker.h"
 
 #include "platform/controls/control_events.h"
+#include "platform/controls/input_order.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -81,13 +82,10 @@ void FocusTracker::FocusMoved(QWidget* old, QWidget* now) {
 void FocusTracker::Schedule() {
     if (scheduled_) return;
     scheduled_ = true;
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            scheduled_ = false;
-            Settle();
-        },
-        Qt::QueuedConnection);
+    InputOrder::Get().Post([this] {
+        scheduled_ = false;
+        Settle();
+    });
 }
 
 void FocusTracker::Settle() {

@@ -1,5 +1,6 @@
 #include "platform/controls/keys.h"
 
+#include "platform/controls/input_order.h"
 #include "platform/system/guard.h"
 
 #include <QApplication>
@@ -13,20 +14,23 @@ namespace controls {
 
 void SendKeys(const QString& keys) {
     if (keys != u"{TAB}") return;
-    const QPointer<QWidget> window = QApplication::activeWindow();
-    QMetaObject::invokeMethod(
-        qApp,
-        [window] {
-            // A box that has come up since then is not meant.
-            QWidget* target = window ? window->focusWidget() : nullptr;
-            if (!target || sys::HasEnded()) return;
-            const QPointer<QWidget> alive(target);
-            QKeyEvent press(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, u"\t"_s);
-            QCoreApplication::sendEvent(target, &press);
-            QKeyEvent release(QEvent::KeyRelease, Qt::Key_Tab, Qt::NoModifier, u"\t"_s);
-            if (alive) QCoreApplication::sendEvent(target, &release);
-        },
-        Qt::QueuedConnection);
+    InputOrder::Get().Post([window = QPointer<QWidget>(QApplication::activeWindow())] {
+        // A message box that has come up since then is not meant.
+        QWidget* target = window ? window->focusWidget() : nullptr;
+        if (!target || sys::HasEnded()) return;
+        const QPointer<QWidget> alive(target);
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, u"\t"_s);
+        QCoreApplication::sendEvent(target, &press);
+        QKeyEvent release(QEvent::KeyRelease, Qt::Key_Tab, Qt::NoModifier, u"\t"_s);
+        if (alive) QCoreApplication::sendEvent(target, &release);
+    });
+}
+
+void RunCommand(const std::function<void()>& handler) {
+    InputOrder& input = InputOrder::Get();
+    if (!handler || input.KeyRepeats()) return;
+    input.CommitComposition();
+    sys::Guarded(handler);
 }
 
 void EnterMovesOn(KeyPress& key) {
@@ -51,6 +55,8 @@ class HotKeys : public QObject {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
+        const bool key = event->type() == QEvent::Shortcut || event->type() == QEvent::KeyPress;
+        if (key && InputOrder::Get().KeyRepeats() && !Walks(*event)) return true;
         if (auto* bar = qobject_cast<QMenuBar*>(watched)) {
             if (event->type() == QEvent::Shortcut) return OnBar(*bar, *static_cast<QShortcutEvent*>(event));
             if (event->type() == QEvent::KeyPress) return InBar(*bar, *static_cast<QKeyEvent*>(event));
@@ -62,6 +68,13 @@ class HotKeys : public QObject {
 
   private:
     using QObject::QObject;
+
+    /// Arrows and their like go on while they are held; letters and Enter run something.
+    static bool Walks(const QEvent& event) {
+        if (event.type() != QEvent::KeyPress) return false;
+        const int key = static_cast<const QKeyEvent&>(event).key();
+        return key >= Qt::Key_Home && key <= Qt::Key_PageDown;
+    }
 
     /// The commands of that key; `live` leaves out what does not react.
     static QList<QAction*> Of(const QWidget& commands, const QKeySequence& key, bool live) {
@@ -158,11 +171,8 @@ class Curtain : public QObject {
 
 void Hang(QAction* action, const QString& name, std::function<void()> handler) {
     action->setObjectName(name);
-    QObject::connect(action, &QAction::triggered, action, [handler = std::move(handler)] {
-        sys::Guarded([&] {
-            if (handler) handler();
-        });
-    });
+    QObject::connect(action, &QAction::triggered, action,
+                     [handler = std::move(handler)] { RunCommand(handler); });
 }
 
 }  // namespace

@@ -20,11 +20,15 @@ namespace controls {
 /// Sends "{TAB}" to whatever has the focus, after the handler that asked for it. Other keys are not sent.
 void SendKeys(const QString& keys);
 
+/// Runs a command of the operator through the guard. A key that is held down runs it once; text that an input
+/// method is still composing is put into its text box first.
+void RunCommand(const std::function<void()>& handler);
+
 /// What Enter does in nearly every box: it acts as Tab.
 void EnterMovesOn(KeyPress& key);
 
-/// A command: objectName is its name in the system, the caption with its "&" key; the handler is entered
-/// through the guard.
+/// A command: objectName is its name in the system, the caption with its "&" key; the handler is run by
+/// RunCommand.
 QAction* AddCommand(QMenuBar* bar, const QString& name, const QString& caption,
                     std::function<void()> handler);
 QAction* AddCommand(QMenu* menu, const QString& name, const QString& caption, std::function<void()> handler);

@@ -1,5 +1,6 @@
 #include "platform/controls/modal_form.h"
 
+#include "platform/controls/input_order.h"
 #include "platform/controls/wait.h"
 
 #include <QApplication>
@@ -27,6 +28,7 @@ void ModalForm::ShowModal() {
     sys::ThrowIfEnded();
     if (gone_) return;
     const OrdinaryPointer pointer;
+    const InputOrder::OwnLoop loop(false);
     const QPointer<QWidget> beneath =
         QApplication::activeWindow() ? QApplication::activeWindow() : parentWidget();
     if (StandIn())

@@ -1,6 +1,7 @@
 #include "platform/controls/windows.h"
 
 #include "platform/controls/box.h"
+#include "platform/controls/input_order.h"
 #include "platform/controls/wait.h"
 
 #include <QApplication>
@@ -34,8 +35,9 @@ constexpr int kMostText = 560;
 
 /// Runs a dialog; the window beneath is active again afterwards, which a display without a window manager
 /// does not do by itself.
-int RunOver(QDialog& dialog) {
+int RunOver(QDialog& dialog, bool waitsForQuiet) {
     const OrdinaryPointer pointer;
+    const InputOrder::OwnLoop loop(waitsForQuiet);
     const QPointer<QWidget> beneath = QApplication::activeWindow();
     const int result = dialog.exec();
     if (beneath && beneath->isVisible()) beneath->activateWindow();
@@ -163,7 +165,7 @@ sys::BoxAnswer ShowMessageBox(const sys::BoxRequest& request) {
     WidenText(box);
     ScrollLongText(box);
     if (!request.detail.isEmpty()) AddDetail(box, request.detail);
-    const int pressed = RunOver(box);
+    const int pressed = RunOver(box, true);
     if (request.buttons == sys::BoxButtons::Ok) return sys::BoxAnswer::Ok;
     return pressed == QMessageBox::Yes ? sys::BoxAnswer::Yes : sys::BoxAnswer::No;
 }
@@ -185,7 +187,7 @@ QString ShowFileDialog(const sys::FileRequest& request) {
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     if (!request.pattern.isEmpty()) dialog.setNameFilter(request.pattern);
     if (!request.proposed.isEmpty()) dialog.selectFile(request.proposed);
-    if (RunOver(dialog) != QDialog::Accepted) return QString();
+    if (RunOver(dialog, false) != QDialog::Accepted) return QString();
     return dialog.selectedFiles().value(0);
 }
 

@@ -1,0 +1,188 @@
+#include "platform/controls/input_order.h"
+
+#include "platform/system/guard.h"
+
+#include <QApplication>
+#include <QInputMethod>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScopedValueRollback>
+#include <QToolButton>
+#include <QWindow>
+
+#include <chrono>
+#include <memory>
+#include <utility>
+
+using namespace std::chrono_literals;
+
+namespace controls {
+namespace {
+
+/// 0.3 s, counted in turns of the event loop: a machine that stalls lets no time pass unseen.
+constexpr auto kTick = 50ms;
+constexpr int kQuietTicks = 6;
+
+/// Keys that the test library or the program sends have no scan code.
+bool IsReal(const QKeyEvent& key) {
+    return key.nativeScanCode() != 0;
+}
+
+/// The second press of a double click must not run the command of the first once more.
+bool RunsCommands(const QObject* control) {
+    return qobject_cast<const QMenuBar*>(control) || qobject_cast<const QMenu*>(control) ||
+           qobject_cast<const QToolButton*>(control);
+}
+
+}  // namespace
+
+InputOrder& InputOrder::Get() {
+    static QPointer<InputOrder> only;
+    if (!only) only = new InputOrder(qApp);
+    return *only;
+}
+
+InputOrder::InputOrder(QObject* parent) : QObject(parent) {
+    quiet_.setInterval(kTick);
+    connect(&quiet_, &QTimer::timeout, this, [this] {
+        if (quietTicks_ > 0) --quietTicks_;
+        if (quietTicks_ == 0) quiet_.stop();
+    });
+    qApp->installEventFilter(this);
+}
+
+// ------------------------------------------------------------------------------------------ calls that are
+// due
+
+void InputOrder::Post(std::function<void()> call) {
+    posted_.push_back(std::move(call));
+    QMetaObject::invokeMethod(this, &InputOrder::RunNext, Qt::QueuedConnection);
+}
+
+void InputOrder::RunNext() {
+    if (posted_.empty()) return;
+    const auto call = std::move(posted_.front());
+    posted_.pop_front();
+    call();
+}
+
+void InputOrder::Flush() {
+    if (flushing_) return;
+    const QScopedValueRollback flushing(flushing_, true);
+    while (!posted_.empty() && !sys::HasEnded()) RunNext();
+}
+
+/// True when a message box or a modal form came up meanwhile: the input that follows was not meant for what
+/// has the focus now.
+bool InputOrder::FlushOpensWindow() {
+    const int before = opened_;
+    Flush();
+    return opened_ != before;
+}
+
+InputOrder::OwnLoop::OwnLoop(bool waitsForQuiet)
+    : flushing_(std::exchange(Get().flushing_, false)),
+      quietTicks_(std::exchange(Get().quietTicks_, waitsForQuiet ? kQuietTicks : 0)) {
+    InputOrder& order = Get();
+    ++order.opened_;
+    if (waitsForQuiet) order.quiet_.start();
+}
+
+InputOrder::OwnLoop::~OwnLoop() {
+    InputOrder& order = Get();
+    order.flushing_ = flushing_;
+    order.quietTicks_ = quietTicks_;
+    if (quietTicks_ > 0) order.quiet_.start();
+}
+
+// ---------------------------------------------------------------------------------------------------- real
+// input
+
+bool InputOrder::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::ShortcutOverride:
+            return watched->isWindowType() && OnShortcutOverride(*static_cast<QKeyEvent*>(event));
+        case QEvent::KeyPress:
+            return watched->isWindowType() && OnKeyPress(*static_cast<QKeyEvent*>(event));
+        case QEvent::KeyRelease:
+            if (watched->isWindowType() && !static_cast<QKeyEvent*>(event)->isAutoRepeat())
+                keyRepeats_ = false;
+            return false;
+        case QEvent::MouseButtonDblClick:
+            if (RunsCommands(watched)) return true;
+            [[fallthrough]];
+        case QEvent::MouseButtonPress:
+            if (!watched->isWindowType()) return false;
+            keyRepeats_ = false;
+            return FlushOpensWindow();
+        case QEvent::Close:
+            return watched->isWindowType() && FlushOpensWindow();
+        case QEvent::InputMethod:
+            return OnComposedText(watched, *static_cast<QInputMethodEvent*>(event));
+        default:
+            return false;
+    }
+}
+
+/// Comes before the shortcuts and before the press itself, so both can still be dropped: a ShortcutOverride
+/// that is accepted is no shortcut.
+bool InputOrder::OnShortcutOverride(QKeyEvent& key) {
+    swallowPress_ = false;
+    keyRepeats_ = key.isAutoRepeat();
+    if (!(IsReal(key) && DropsKey()) && !FlushOpensWindow()) return false;
+    swallowPress_ = true;
+    key.accept();
+    return true;
+}
+
+bool InputOrder::OnKeyPress(const QKeyEvent& key) {
+    if (std::exchange(swallowPress_, false)) return true;
+    keyRepeats_ = key.isAutoRepeat();
+    return (IsReal(key) && DropsKey()) || FlushOpensWindow();
+}
+
+bool InputOrder::DropsKey() {
+    if (quietTicks_ == 0) return false;
+    quietTicks_ = kQuietTicks;
+    quiet_.start();
+    return true;
+}
+
+// ------------------------------------------------------------------------------------------------- composed
+// text
+
+/// An input method chooses the control before it sends, so text that follows a due Tab would go to the box
+/// that was just left.
+bool InputOrder::OnComposedText(QObject* watched, const QInputMethodEvent& text) {
+    if (!redirecting_ && watched == QGuiApplication::focusObject()) {
+        if (FlushOpensWindow()) return true;
+        QObject* now = QGuiApplication::focusObject();
+        if (now && now != watched) {
+            const QScopedValueRollback redirecting(redirecting_, true);
+            const std::unique_ptr<QInputMethodEvent> copy(text.clone());
+            QCoreApplication::sendEvent(now, copy.get());
+            return true;
+        }
+    }
+    preedit_ = text.preeditString();
+    composing_ = preedit_.isEmpty() ? nullptr : watched;
+    return false;
+}
+
+void InputOrder::CommitComposition() {
+    if (!composing_) return;
+    QInputMethod& method = *QGuiApplication::inputMethod();
+    method.commit();
+    if (!composing_) return;
+    // This input method commits nothing by itself; it forgets the composition instead, and perhaps commits
+    // then.
+    const QPointer<QObject> box = composing_;
+    QInputMethodEvent committed;
+    committed.setCommitString(preedit_);
+    method.reset();
+    if (box && composing_ == box) QCoreApplication::sendEvent(box, &committed);
+}
+
+}  // namespace controls
