@@ -157,7 +157,9 @@ bool InputOrder::DropsKey() {
 /// that was just left.
 bool InputOrder::OnComposedText(QObject* watched, const QInputMethodEvent& text) {
     if (!redirecting_ && watched == QGuiApplication::focusObject()) {
+        const int switches = switches_;
         if (FlushOpensWindow()) return true;
+        if (switches_ != switches) keepsDropped_ = true;
         QObject* now = QGuiApplication::focusObject();
         if (now && now != watched) {
             const QScopedValueRollback redirecting(redirecting_, true);
@@ -166,9 +168,21 @@ bool InputOrder::OnComposedText(QObject* watched, const QInputMethodEvent& text)
             return true;
         }
     }
+    const bool drops = text.preeditString().isEmpty() && text.commitString().isEmpty();
+    if (drops && composing_ && std::exchange(keepsDropped_, false)) {
+        CommitPreedit();
+        return true;
+    }
     preedit_ = text.preeditString();
     composing_ = preedit_.isEmpty() ? nullptr : watched;
+    if (preedit_.isEmpty()) keepsDropped_ = false;
     return false;
+}
+
+void InputOrder::CommitPreedit() {
+    QInputMethodEvent committed;
+    committed.setCommitString(preedit_);
+    QCoreApplication::sendEvent(composing_, &committed);
 }
 
 void InputOrder::CommitComposition() {
@@ -178,11 +192,9 @@ void InputOrder::CommitComposition() {
     if (!composing_) return;
     // This input method commits nothing by itself; it forgets the composition instead, and perhaps commits
     // then.
-    const QPointer<QObject> box = composing_;
-    QInputMethodEvent committed;
-    committed.setCommitString(preedit_);
+    const QString text = preedit_;
     method.reset();
-    if (box && composing_ == box) QCoreApplication::sendEvent(box, &committed);
+    if (composing_ && preedit_ == text) CommitPreedit();
 }
 
 }  // namespace controls

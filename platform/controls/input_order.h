@@ -38,6 +38,9 @@ class InputOrder : public QObject {
     /// Puts the text that an input method is composing into its text box, as if the operator had confirmed
     /// it.
     void CommitComposition();
+    /// The program has switched the input method by itself. Text that was typed ahead is being composed under
+    /// the former setting and is kept.
+    void InputMethodSwitched() { ++switches_; }
 
     /// RAII guard round the event loop of a message box, file dialog or modal form: input in it is ordered
     /// anew, and the key that caused it goes nowhere else.
@@ -66,6 +69,7 @@ class InputOrder : public QObject {
     bool OnKeyPress(const QKeyEvent& key);
     bool OnComposedText(QObject* watched, const QInputMethodEvent& text);
     bool DropsKey();
+    void CommitPreedit();
 
     std::deque<std::function<void()>> posted_;
     bool flushing_ = false;
@@ -75,6 +79,8 @@ class InputOrder : public QObject {
     int opened_ = 0;             ///< message boxes, dialogs and modal forms so far
     int quietTicks_ = 0;         ///< ticks of quiet_ that a message box still waits; 0: it takes keys
     QTimer quiet_;
+    int switches_ = 0;             ///< of the input method by the program so far
+    bool keepsDropped_ = false;    ///< what the input method drops next was typed ahead of a switch
     QPointer<QObject> composing_;  ///< where a composition is open
     QString preedit_;              ///< its text
 };

@@ -1,6 +1,7 @@
 #include "platform/controls/windows.h"
 
 #include "platform/controls/box.h"
+#include "platform/controls/input_method.h"
 #include "platform/controls/input_order.h"
 #include "platform/controls/wait.h"
 
@@ -12,7 +13,6 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QIdentityProxyModel>
-#include <QInputMethod>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPlainTextEdit>
@@ -142,11 +142,6 @@ class FileList : public QIdentityProxyModel {
 QUrl Url(const QString& address) {
     const QString file = u"file://"_s;
     return address.startsWith(file) ? QUrl::fromLocalFile(address.sliced(file.size())) : QUrl(address);
-}
-
-void SwitchInputMethod() {
-    QInputMethod* method = QGuiApplication::inputMethod();
-    method->isVisible() ? method->hide() : method->show();
 }
 
 }  // namespace
