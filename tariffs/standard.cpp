@@ -9,6 +9,8 @@
 
 #include <QVBoxLayout>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -162,7 +164,9 @@ void S01::Load() {
     if (!standard) return;
     for (int i = 0; i < Boxes; ++i) {
         auto& box = *Txt[i];
-        if (const auto& value = (*standard)[i]) box.SetText(text::GeneralText(*value));
+        // A value that is no number reads like an empty one: this is where it can be put right.
+        const auto& value = (*standard)[i];
+        if (value && std::isfinite(*value)) box.SetText(text::GeneralText(*value));
         if (i > FirstSegment && i <= LastSegment) ShowTop(i);
         box.SetText(text::FormatFixed(Number(i), 1));
     }

@@ -3,6 +3,7 @@
 #include "platform/dao/dialect/functions.h"
 #include "platform/text/numbers.h"
 
+#include <cmath>
 #include <string>
 #include <string_view>
 
@@ -59,15 +60,28 @@ void EngineLike(sqlite3_context* context, int count, sqlite3_value** values) {
     });
 }
 
+/// Hands a value on, unless it is a number beyond all that can be held.
+void EngineFinite(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
+    if (sqlite3_value_type(values[0]) == SQLITE_FLOAT && !std::isfinite(sqlite3_value_double(values[0])))
+        return sqlite3_result_error(context, "溢出", -1);
+    sqlite3_result_value(context, values[0]);
+}
+
 }  // namespace
 
 int RegisterFunctions(sqlite3* engine) {
     constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
-    const int code = sqlite3_create_function_v2(engine, "datediff", 3, kFlags, nullptr, EngineDatediff,
-                                                nullptr, nullptr, nullptr);
-    if (code != SQLITE_OK) return code;
-    return sqlite3_create_function_v2(engine, "like", 2, kFlags, nullptr, EngineLike, nullptr, nullptr,
-                                      nullptr);
+    const struct {
+        const char* name;
+        int arguments;
+        void (*body)(sqlite3_context*, int, sqlite3_value**);
+    } functions[] = {{"datediff", 3, EngineDatediff}, {"like", 2, EngineLike}, {"finite", 1, EngineFinite}};
+    for (const auto& each : functions) {
+        const int code = sqlite3_create_function_v2(engine, each.name, each.arguments, kFlags, nullptr,
+                                                    each.body, nullptr, nullptr, nullptr);
+        if (code != SQLITE_OK) return code;
+    }
+    return SQLITE_OK;
 }
 
 }  // namespace dao

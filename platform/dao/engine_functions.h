@@ -1,4 +1,5 @@
-// Registers the dialect's own functions, datediff and like, with an open engine.
+// Registers the dialect's own functions, datediff and like, and finite, which guards what is reckoned in a
+// write, with an open engine.
 #pragma once
 
 #include <sqlite3.h>

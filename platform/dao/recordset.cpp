@@ -4,6 +4,7 @@
 #include "platform/text/numbers.h"
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -137,6 +138,7 @@ void Recordset::Edit() {
 void Recordset::SetValue(QStringView name, double value) {
     RecordsetData& data = Require(data_);
     if (!data.editing) throw RuntimeError(u"没有 AddNew 或 Edit 的 Update 或 CancelUpdate。"_s);
+    if (!std::isfinite(value)) throw RuntimeError(u"溢出"_s);
     const int column = data.ColumnOf(name);
     for (RowWriter::Value& each : data.pending) {
         if (each.column != column) continue;

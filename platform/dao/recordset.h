@@ -54,8 +54,8 @@ class Recordset {
     Field Fields(QStringView name) const;
 
     /// Changing the current row of a dynaset of one table: Edit, SetValue for each field, Update, which
-    /// writes. Out of this order, and in a snapshot, they raise RuntimeError; Update raises DatabaseError
-    /// too.
+    /// writes. Out of this order, in a snapshot, and for a value that is infinite or no number they raise
+    /// RuntimeError; Update raises DatabaseError too.
     void Edit();
     void SetValue(QStringView name, double value);
     void Update();

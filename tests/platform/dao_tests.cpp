@@ -9,6 +9,7 @@
 
 #include <QFile>
 
+#include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
 #include <map>
@@ -319,6 +320,10 @@ TEST(Dynaset, WritesRowsBackInTheOrderOfTheJournal) {
         EXPECT_EQ(rows.Fields(u"QM").Number(), running);
     }
     EXPECT_EQ(running, 3.5);
+    rows.MoveFirst();
+    rows.Edit();
+    EXPECT_THROW(rows.SetValue(u"QC", HUGE_VAL), RuntimeError) << "the engine would store it";
+    EXPECT_THROW(rows.SetValue(u"QC", std::nan("")), RuntimeError) << "and would take this for null";
     // An edit that is not finished leaves nothing, and a row that is gone says so.
     rows.MoveFirst();
     rows.Edit();

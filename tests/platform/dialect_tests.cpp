@@ -225,6 +225,26 @@ class FixedTables : public dao::dialect::Tables {
     }
 };
 
+TEST_F(Dialect, WritesNoNumberThatCannotBeHeld) {
+    const QString endless = u"1"_s + u"0"_s.repeated(400);
+    for (const QString& statement : {
+             u"update sysinfo set Setval=1e999 Where ID=100"_s,
+             u"update sysinfo set setStr='a',Setval=-.5E+400 Where ID=100"_s,
+             u"update sysinfo set Setval=setval+1e308*10"_s,
+             u"update sysinfo set Setval=9e307*ID Where ID=100"_s,
+             u"insert into SysInfo (ID,Setval) VALUES (7,1e309)"_s,
+             u"insert into SysInfo (ID,Setval,setStr) VALUES (7,1e308*100,'x')"_s,
+             u"insert into SysInfo (ID,Setval) VALUES (7,"_s + endless + u')',
+             u"select ID from SysInfo where Setval<"_s + endless + u".0"_s,
+         })
+        EXPECT_TRUE(Refused(*db_, statement).contains(u"溢出"_s)) << statement.toStdString();
+    EXPECT_EQ(Found(*db_, u"select ID,SetVal from SysInfo where ID=100 or ID=7"_s), u"100|5"_s);
+    db_->Execute(u"insert into SysInfo (ID,Setval,setStr) VALUES (7,1e-999,'1e999')"_s);
+    db_->Execute(u"insert into SysInfo (ID,Setval) VALUES (8,-1.5e3-2*(1+3))"_s);
+    db_->Execute(u"update SysInfo set Setval=setval/0,setStr='x'+1 where ID=7"_s);
+    EXPECT_EQ(Found(*db_, u"select SetVal,setStr from SysInfo where ID=7 or ID=8"_s), u"-|1 -1508|-"_s);
+}
+
 TEST_F(Dialect, LeavesConditionsThatAnIndexServes) {
     db_->Close();
     const Case cases[] = {

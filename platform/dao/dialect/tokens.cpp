@@ -1,5 +1,8 @@
 #include "platform/dao/dialect/tokens.h"
 
+#include "platform/errors.h"
+#include "platform/text/numbers.h"
+
 #include <QList>
 
 #include <algorithm>
@@ -106,7 +109,20 @@ class Cutter {
             }
         }
         if (IsLetter(At(end))) RefuseCharacter(CharacterAt(end));
+        RefuseOverflow(text_.substr(at_, end - at_));
         Push(TokenKind::Number, end);
+    }
+
+    /// The engine would take a number that is too large for infinity, and store that.
+    static void RefuseOverflow(std::string_view number) {
+        constexpr size_t kAlwaysFits = 300;  // digits without an exponent
+        if (number.size() <= kAlwaysFits && number.find_first_of("eE") == std::string_view::npos) return;
+        const auto written = QString::fromLatin1(number.data(), static_cast<qsizetype>(number.size()));
+        try {
+            text::Val(written);
+        } catch (const RuntimeError&) {
+            throw Refusal{u"溢出：“"_s + written + u"”。"_s};
+        }
     }
 
     void Word() {

@@ -23,7 +23,7 @@ enum class TokenKind {
     Word,       ///< a name or a word of the language, in any case
     Bracketed,  ///< [D/S]
     Text,       ///< 'abc' or "abc"
-    Number,     ///< 12, 0.5, 1E+15
+    Number,     ///< 12, 0.5, 1E+15; one too large to be held is refused
     Sign,       ///< an operator, a parenthesis, a comma, a point
     Removed     ///< taken out by a translation
 };

@@ -12,6 +12,7 @@ Translation Translate(std::string_view text, const Tables& tables, bool forDynas
     DatediffToRange(statement, tables);
     LikeToRange(statement, tables);
     DatesInWrites(statement, tables);
+    FiniteWrites(statement);
     OrderByRow(statement);
     TopToLimit(statement);
     std::string table;

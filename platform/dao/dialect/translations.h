@@ -27,6 +27,10 @@ void LikeToRange(Statement& statement, const Tables& tables);
 /// Dates that are written to a DATE column take the form yyyy-MM-dd[ HH:mm:ss].
 void DatesInWrites(Statement& statement, const Tables& tables);
 
+/// What is reckoned in a value that is written (1e308*10) must come out as a number that can be held; the
+/// engine would store infinity.
+void FiniteWrites(Statement& statement);
+
 /// The literals in the values of an insert leave the statement and go beside it.
 std::vector<Value> TakeValues(Statement& statement);
 
