@@ -2,6 +2,7 @@
 
 #include "app/data_access.h"
 #include "app/dressing.h"
+#include "app/operator_statement.h"
 #include "app/session.h"
 #include "platform/controls/keys.h"
 #include "platform/system/seams.h"
@@ -50,7 +51,11 @@ void S2::Change() {
     }
     if (GetStr(u"select F3 from TE1 WHERE F1="_s + Quoted(OperatorCode)) != Txt[Old]->Text())
         return sys::Inform(u"旧密码错误，你无权修改该用户密码!"_s, MsgTitle);
-    Db->Execute(u"update TE1 set F3="_s + Quoted(Txt[New]->Text()) + u" WHERE F1="_s + Quoted(OperatorCode));
+    OperatorStatement(u"update TE1 set F3="_s)
+        .Secret(Txt[New]->Text())
+        .Words(u" WHERE F1="_s)
+        .Text(OperatorCode)
+        .Execute(*Db);
     sys::Inform(u"密码修改成功!"_s, MsgTitle);
     Unload();
 }

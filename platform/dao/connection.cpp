@@ -159,14 +159,15 @@ sqlite3* Connection::Engine(const QString& statement) const {
     return engine_;
 }
 
-dialect::Translation Connection::Translate(const QString& statement, Wording wording) const {
+dialect::Translation Connection::Translate(const QString& statement, Wording wording,
+                                           const QString& told) const {
     const QByteArray text = statement.toUtf8();
     const std::string_view words(text.constData(), static_cast<size_t>(text.size()));
     if (wording == Wording::Engine) return {dialect::Verb::Update, std::string(words), {}};
     try {
         return dialect::Translate(words, tables_, wording == Wording::SystemDynaset);
     } catch (const dialect::Refusal& refusal) {
-        throw DatabaseError(refusal.text, statement);
+        throw DatabaseError(refusal.text, told);
     }
 }
 

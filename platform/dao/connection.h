@@ -42,7 +42,8 @@ class Connection {
     /// Raises when the file is closed. When this command has lost its group, raises once more what lost it.
     sqlite3* Engine(const QString& statement) const;
 
-    dialect::Translation Translate(const QString& statement, Wording wording) const;
+    /// told is the text for an error report.
+    dialect::Translation Translate(const QString& statement, Wording wording, const QString& told) const;
     KeptStatements& Kept() { return kept_; }
 
     bool InGroup() const { return inGroup_; }

@@ -48,15 +48,15 @@ Database::~Database() {
     }
 }
 
-void Database::Execute(const QString& statement) {
+void Database::Execute(const QString& statement, const QString& told) {
     Connection& connection = *impl_->connection;
-    Prepared prepared(connection, statement, Wording::System, statement);
+    Prepared prepared(connection, statement, Wording::System, told);
     if (prepared.Translation().verb == dialect::Verb::Select)
-        throw DatabaseError(u"无法执行选择查询。"_s, statement);
+        throw DatabaseError(u"无法执行选择查询。"_s, told);
     prepared.Prepare();
-    connection.BeginGroup(statement);
+    connection.BeginGroup(told);
     const int code = sqlite3_step(prepared);
-    if (code != SQLITE_DONE) connection.Fail(code, statement);
+    if (code != SQLITE_DONE) connection.Fail(code, told);
     prepared.Done();
 }
 

@@ -42,7 +42,7 @@ Prepared::Prepared(Connection& connection, const QString& text, Wording wording,
     connection_.Engine(told_);
     const std::size_t hash = qHash(text);
     if (TakeKept(text, wording, hash)) return;
-    dialect::Translation translation = connection_.Translate(text, wording);
+    dialect::Translation translation = connection_.Translate(text, wording, told_);
     if (translation.values.empty()) {
         comesAgain_ = connection_.Kept().ComesAgain(hash);
         statement_ = {text, wording, hash, std::move(translation), nullptr};

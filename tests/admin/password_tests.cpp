@@ -1,6 +1,8 @@
 // Changing one's own password: what is refused, what is stored.
 #include "admin/password.h"
 #include "platform/controls/box.h"
+#include "schema/engine.h"
+#include "schema/names.h"
 #include "tests/app/frame_run.h"
 
 #include <gtest/gtest.h>
@@ -83,6 +85,30 @@ TEST(OwnPassword, IsStoredAsTyped) {
         EXPECT_EQ(run.Stored(), row.fresh);
         EXPECT_EQ(run.company.Answer(u"select F3 from TE1 where F1='001'"_s), u"") << "only his own";
     }
+}
+
+TEST(OwnPassword, AnApostropheFailsWholeAndIsNotShown) {
+    for (const QString& fresh : {u"x',F65=1,F3='x"_s, u"a''b"_s, u"o'k"_s, u"'"_s}) {
+        PasswordRun run(u"'old'"_s);
+        run.script.BoxContaining(u"单引号"_s);
+        run.script.End(1);
+        run.Show([&](QWidget& form) { PasswordRun::Fill(form, {u"old"_s, fresh, fresh}); });
+        EXPECT_TRUE(run.script.Done()) << fresh.toStdString();
+        EXPECT_EQ(run.script.LastBox().detail, u"update TE1 set F3='******' WHERE F1='002'");
+        EXPECT_EQ(run.company.Answer(u"select F3,F65 from TE1 where F1='002'"_s), u"old|<null>");
+    }
+}
+
+TEST(OwnPassword, IsNotShownWhenTheFileFails) {
+    PasswordRun run(u"'old'"_s);
+    Db->CloseGroup();
+    schema::Run(schema::OpenEngine(DbFile, schema::kPassword).get(),
+                "create trigger refusing before update on TE1 begin select raise(abort, 'no'); end");
+    run.script.BoxContaining(u"no"_s);
+    run.script.End(1);
+    run.Show([&](QWidget& form) { PasswordRun::Fill(form, {u"old"_s, u"secret"_s, u"secret"_s}); });
+    EXPECT_EQ(run.script.LastBox().detail, u"update TE1 set F3='******' WHERE F1='002'");
+    EXPECT_EQ(run.Stored(), u"old");
 }
 
 }  // namespace
