@@ -3,6 +3,7 @@
 #include "app/data_access.h"
 #include "app/main_window.h"
 #include "app/session.h"
+#include "platform/errors.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 #include "tariffs/brackets.h"
@@ -46,9 +47,13 @@ QuoteGrid::QuoteGrid() {
 
 // ---------------------------------------------------------------- from the table and back
 
-void QuoteGrid::Empty() {
+void QuoteGrid::DropQuotes() {
     BeginLoad(0);
     EndLoad();
+}
+
+void QuoteGrid::Empty() {
+    DropQuotes();
     WriteHeaders();
 }
 
@@ -56,12 +61,18 @@ void QuoteGrid::WriteHeaders() {
     const QStringList fixed{u"区域"_s, u"区域名称"_s};
     QStringList upper = fixed + QStringList{u"文件资料"_s, u"文件资料"_s, u"小包裹"_s, u"小包裹"_s};
     while (upper.size() < QuoteColumns) upper += u"重包裹优惠价"_s;
-    const auto standard = ReadStandard(*Db);
-    const QStringList lower = fixed + (standard ? QuoteCaptions(*standard) : QStringList());
-    for (int col = 0; col < QuoteColumns; ++col) {
-        SetTextMatrix(0, col, upper[col]);
-        SetTextMatrix(1, col, lower.value(col));
+    const auto write = [this](int row, const QStringList& texts) {
+        for (int col = 0; col < QuoteColumns; ++col) SetTextMatrix(row, col, texts.value(col));
+    };
+    write(0, upper);
+    QStringList lower = fixed;
+    try {
+        if (const auto standard = ReadStandard(*Db)) lower += QuoteCaptions(*standard);
+    } catch (const PlatformError&) {
+        write(1, fixed);  // the captions of an older standard must not remain
+        throw;
     }
+    write(1, lower);
 }
 
 void QuoteGrid::LoadQuotes(const QString& customer) {
@@ -111,7 +122,10 @@ void QuoteGrid::DropBlankRow() {
 }
 
 void QuoteGrid::RemoveQuote(int row) {
-    if (Rows() > FirstQuoteRow + 1) return RemoveItem(row);
+    if (Rows() > FirstQuoteRow + 1) {
+        if (row >= FirstQuoteRow) RemoveItem(row);  // the code 区域 finds a header, which stays
+        return;
+    }
     // The last quote leaves a blank row with the prices further right still in it; without a name they are
     // never stored.
     constexpr int LastBlanked = 6;
@@ -145,9 +159,10 @@ void QuoteGrid::Clicked() {
     EditPrice(Row(), Col());
 }
 
-/// Lays the editor over a price of a quote, in add and edit state only.
+/// Lays the editor over a price of a quote, in add and edit state only. The current row may be a header row:
+/// after a quote was deleted it follows the customer list.
 void QuoteGrid::EditPrice(int row, int col) {
-    const bool quote = !text::Trim(TextMatrix(row, NameColumn)).isEmpty();
+    const bool quote = row >= FirstQuoteRow && !text::Trim(TextMatrix(row, NameColumn)).isEmpty();
     if (!open_ || col < FirstPrice || !quote) return;
     CommitEditor();
     ShowQuote(row);

@@ -20,7 +20,9 @@ class QuoteGrid : public controls::FlexGrid {
 
     /// Drops the quotes and makes the captions anew from the pricing standard.
     void Empty();
-    /// Reads a customer's quotes. What fails is thrown, and Empty has to follow.
+    /// Drops the quotes and leaves the captions as they are. Never raises.
+    void DropQuotes();
+    /// Reads a customer's quotes. What fails is thrown, and DropQuotes has to follow.
     void LoadQuotes(const QString& customer);
     /// Writes what the grid shows, if the first row is a quote; the customer's old ones are gone by then.
     void SaveQuotes(const QString& customer) const;
@@ -34,6 +36,7 @@ class QuoteGrid : public controls::FlexGrid {
     void AddQuote(const dao::Recordset& zone, double coefficient);
     /// What an empty grid showed, once quotes stand behind it.
     void DropBlankRow();
+    /// A header row stays.
     void RemoveQuote(int row);
     void FloatQuote(int row, double coefficient);
     /// Makes it the current one; a row out of range raises RuntimeError.

@@ -191,12 +191,14 @@ void QuotePanel::BuildQuoteGrid() {
 
 void QuotePanel::LoadQuotes(const QString& customer) {
     const QString code = text::Trim(customer);
-    if (code.isEmpty()) return BuildQuoteGrid();
     try {
+        if (code.isEmpty()) return BuildQuoteGrid();
         GdMx->LoadQuotes(code);
         ShowChange();
     } catch (const PlatformError& error) {
-        BuildQuoteGrid();
+        // Nothing is read here: what failed may be the standard, and would fail once more.
+        GdMx->DropQuotes();
+        ShowChange();
         sys::Inform(error.Text(), MsgTitle);
     }
 }

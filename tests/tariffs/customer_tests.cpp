@@ -240,5 +240,30 @@ TEST(A03, ALoadThatFailsIsTold) {
     EXPECT_EQ(form.Lines().size(), 1) << "the form opens with an empty list";
 }
 
+TEST(A03, AStandardThatCannotBeReadIsTold) {
+    CustomerForm form;
+    form.ShowCard();
+    form.Tabs().SelectItem(1);
+    const struct {
+        std::function<void()> damage;
+        QString told;
+    } cases[] = {
+        {[&] { form.Execute(u"update MS1 set F6=1e300"_s); }, u"溢出"_s},  // for a single
+        {[] { CustomerForm::LoseTable("MS1"); }, u"MS1"_s},
+    };
+    for (const auto& c : cases) {
+        c.damage();
+        form.script.BoxContaining(c.told);
+        form.Tabs().SelectItem(2);
+        EXPECT_TRUE(form.script.Done());
+        EXPECT_FALSE(sys::HasEnded());
+        EXPECT_EQ(form.Box(ShortName), u"华兴"_s);
+        EXPECT_EQ(form.Zones(), u""_s);
+        EXPECT_EQ(form.Quotes().TextMatrix(0, 2), u"文件资料"_s);
+        EXPECT_EQ(form.Quotes().TextMatrix(1, 6), u""_s) << "no caption of an older standard";
+        form.Tabs().SelectItem(1);
+    }
+}
+
 }  // namespace
 }  // namespace tests

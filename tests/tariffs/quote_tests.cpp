@@ -17,7 +17,7 @@ class QuoteForm : public CustomerForm {
   public:
     explicit QuoteForm(bool cleared = true, const QStringList& more = {})
         : CustomerForm(CustomerMasters() + more) {
-        GoToRow(2);
+        GoToRow(Grid().TextMatrix(1, 0) == u"C2" ? 1 : 2);
         AltKey(u'E');
         Push(u"CmdUpDown"_s);
         if (cleared) Push(u"CmdGdMxclear"_s);
@@ -348,6 +348,36 @@ TEST(Quotes, DeletingTheLastRowUnderALongCustomerListFails) {
             << "the table is untouched until the save";
         if (!c.fails) AltKey(u'C');
     }
+}
+
+TEST(Quotes, AHeaderRowIsNoQuote) {
+    // One customer in the list: after a delete the current row of the quotes is a header row.
+    QuoteForm form(true, {u"delete from M03 where F1='C1'"_s});
+    for (const auto& zone : {u"A01"_s, u"A02"_s, u"B01"_s}) form.AddQuote(zone, u"1"_s);
+    form.Enter(u"TxtHPBM"_s);
+    TypeOver(u"A02"_s);
+    form.script.Question(u"真的要删除[南亚]的报价吗?"_s, Title, true);
+    form.Push(u"CmdDel"_s);
+    EXPECT_EQ(form.Quotes().Row(), 1);
+    form.Enter(u"GdMx"_s);
+    for (const auto key : {Qt::Key_Return, Qt::Key_F2, Qt::Key_7}) {
+        Press(key);
+        EXPECT_FALSE(form.Quotes().Editing());
+    }
+    EXPECT_FALSE(sys::HasEnded());
+    EXPECT_EQ(form.Quotes().TextMatrix(1, 2), u"首0.5Kg"_s);
+    Press(Qt::Key_Down);
+    Type(u"7"_s);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(form.Quote(2, 2, 2), u"7"_s) << "from there the keys lead back to the quotes";
+    // The header's own text as a code finds the header, which cannot be removed.
+    form.Enter(u"TxtHPBM"_s);
+    TypeOver(u"区域"_s);
+    form.script.Question(u"真的要删除[区域名称]的报价吗?"_s, Title, true);
+    form.Push(u"CmdDel"_s);
+    EXPECT_FALSE(sys::HasEnded());
+    EXPECT_EQ(form.Zones(), u"A01 B01"_s);
+    AltKey(u'C');
 }
 
 TEST(Quotes, UpdatingRaisesAllAndCompounds) {
