@@ -227,7 +227,9 @@ void Query::AddCondition() {
                      .kind = kind,
                      .relation = CmbGX->Text(),
                      .value = kind == Kind::Date ? text::DateText(DTP->Value()) : Txt->Text()});
+    const int chosen = Lst->ListIndex();
     ShowConditions();
+    Lst->SetListIndex(chosen);  // the line that was chosen for a removal stays chosen
     Lst->scrollToBottom();
     CmbLG->setEnabled(true);
     CmbLG->SetListIndex(0);

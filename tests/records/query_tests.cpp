@@ -179,6 +179,24 @@ TEST(Query, TakesConditionsAway) {
     EXPECT_EQ(form.Column(0), QStringList{u"李四"_s});
 }
 
+TEST(Query, ALineThatIsChosenStaysChosenWhileConditionsAreAdded) {
+    Searching form(u"A6"_s, u"A04"_s);
+    form.Search([](Dialog& dialog) {
+        for (const auto& name : {u"王五"_s, u"赵六"_s, u"张三"_s}) dialog.Add(u""_s, u"姓名"_s, u""_s, name);
+        dialog.GoTo(u"Lst"_s);
+        for (int line = 0; line < 2; ++line) Press(Qt::Key_Down);
+        EXPECT_EQ(dialog.At<controls::ListBox>(u"Lst"_s).ListIndex(), 1);
+        dialog.Add(u""_s, u"备注"_s, u""_s, u"张师傅"_s);
+        EXPECT_EQ(dialog.At<controls::ListBox>(u"Lst"_s).ListIndex(), 1);
+        dialog.GoTo(u"CmdRemove"_s);
+        Press(Qt::Key_Return);
+        EXPECT_EQ(dialog.Texts(u"LstSql"_s),
+                  (QStringList{u" Where M04.F1 = '王五'  "_s, u" And M04.F1 = '张三'  "_s,
+                               u" And M04.F2 = '张师傅'  "_s}));
+        Press(Qt::Key_Escape);
+    });
+}
+
 TEST(Query, ZonesShowOneHitAndTheEnginesMessage) {
     Searching form(u"A3"_s, u"A02"_s,
                    {u"insert into M02 (F1,F2,F6,P305,P306) VALUES ('Z2','东亚',3,9.5,8)"_s,
