@@ -135,6 +135,7 @@ void RecordForm::DressGrid() {
 
 void RecordForm::LoadGrid(const QString& sql) {
     DressGrid();
+    RecCount = 0;  // also where the statement fails: the list is empty then
     auto rows = Db->OpenRecordset(sql);
     RecCount = CountRows(rows);
     if (RecCount > 0) {  // else the status keeps its old text
@@ -289,6 +290,7 @@ bool RecordForm::MakeRoom(const Claim& claim) {
     }
     claim.forgetOld();
     RemoveCurrentLine();
+    RecCount = std::max(RecCount, 1);  // an edit of an empty list's blank line stores its first record
     return true;
 }
 

@@ -72,6 +72,22 @@ TEST_P(SmallMasters, AsksForWhatIsRequiredAndCutsWhatIsTooLong) {
     EXPECT_EQ(program->Lines(), Table()) << "the blank line has gone";
 }
 
+TEST_P(SmallMasters, AnEditOfTheBlankLineStoresTheFirstRecord) {
+    Start(u"001"_s, false);
+    AltKey(u'E');
+    program->SetBox(0, u"甲"_s);
+    program->SetBox(1, u"一"_s);
+    AltKey(u'S');
+    EXPECT_EQ(Table(), QStringList{u"甲|一"_s});
+    program->Tabs().SelectItem(1);
+    EXPECT_EQ(program->Status(), u"共 1 条记录 当前为第 1 条"_s);
+    program->script.Question(u"真的要删除一吗?"_s, Title, true);
+    AltKey(u'D');
+    EXPECT_FALSE(sys::HasEnded());
+    EXPECT_TRUE(Table().isEmpty());
+    EXPECT_EQ(program->Lines(), QStringList{u"|"_s});
+}
+
 TEST_P(SmallMasters, RefusesAKeyThatIsThere) {
     Start();
     AltKey(u'A');
