@@ -125,6 +125,7 @@ TEST_F(Charge, TheLastSatisfiedBoundWins) {
         EXPECT_EQ(Amount(u"S"_s, row.weight), row.amount) << row.why;
     }
     // Two and a half steps below the first weight count as two steps: the sign is dropped after rounding up.
+    // The cost takes them off instead.
     SetStandard(u"3,1,0.5,0.5,0"_s + u",1000"_s.repeated(14));
     SetQuote(u"30,10"_s);
     EXPECT_EQ(Amount(u"D"_s, u"0.5"_s), "50");

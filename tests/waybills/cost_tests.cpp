@@ -100,6 +100,18 @@ TEST_F(ShippingCost, SegmentsCountByTheChannelsOwnNumber) {
     EXPECT_THROW(Cost(Card(u"S"_s, u"50"_s)), RuntimeError) << "there is no eleventh bound";
 }
 
+TEST_F(ShippingCost, StepsBelowTheFirstWeightAreTakenOff) {
+    // A parcel is above its own first weight and still below the document's step, from which it counts: two
+    // and a half steps below are two steps less. The charge adds them.
+    company_.Run(u"update M01 set D1=3,S0=1"_s);
+    CostInput card = Card(u"S"_s, u"1.5"_s);
+    card.additionalFees.clear();
+    EXPECT_EQ(Cost(card).amount, u"18.00"_s) << "30 less one step of 12";
+    company_.Run(u"update M01 set D1=3,S0=0.2"_s);
+    card.weight = u"0.5"_s;
+    EXPECT_EQ(Cost(card).amount, u"-114.00"_s) << "30 less twelve steps of 12";
+}
+
 TEST_F(ShippingCost, FeesKeepAHeavySegmentWithoutARate) {
     company_.Run(u"update M011 set P300=0"_s);
     CostInput card = Card(u"S"_s, u"25"_s);
