@@ -302,7 +302,8 @@ void RecordForm::FinishSave() {
 void RecordForm::ForgetCurrentRecord(LastRow last) {
     RemoveCurrentLine();
     RecCount -= 1;
-    CurRow = std::min(CurRow, last == LastRow::OfRecords ? RecCount : GD->Rows() - 1);
+    CurRow = std::min(CurRow, GD->Rows() - 1);  // a record with an empty key leaves the list uncounted
+    if (last == LastRow::OfRecords) CurRow = std::min(CurRow, RecCount);
     GD->SetRow(CurRow);
     if (TabS->SelectedItem() == CardTab) TabS->SelectItem(ListTab);
     RowChanged();

@@ -88,6 +88,22 @@ TEST_P(SmallMasters, AnEditOfTheBlankLineStoresTheFirstRecord) {
     EXPECT_EQ(program->Lines(), QStringList{u"|"_s});
 }
 
+TEST_P(SmallMasters, ARecordWithAnEmptyKeyLeadsNoDeleteOutOfTheList) {
+    // From another tool. Its line goes like the blank one of an empty list as soon as a record is added.
+    program = std::make_unique<Program>(
+        QStringList{u"insert into %1 (F1,F2) VALUES ('','零')"_s.arg(member.table),
+                    u"insert into %1 (F1,F2) VALUES ('甲','一')"_s.arg(member.table)});
+    program->Open(member.keys, member.form);
+    AltKey(u'A');
+    program->SetBox(0, u"丙"_s);
+    program->SetBox(1, u"三"_s);
+    AltKey(u'S');
+    program->script.Question(u"真的要删除三吗?"_s, Title, true);
+    AltKey(u'D');
+    EXPECT_FALSE(sys::HasEnded());
+    EXPECT_EQ(program->Lines(), QStringList{u"甲|一"_s});
+}
+
 TEST_P(SmallMasters, RefusesAKeyThatIsThere) {
     Start();
     AltKey(u'A');
