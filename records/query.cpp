@@ -160,7 +160,7 @@ void Query::WireControls() {
     const auto onEnter = [](controls::KeyPress& key, const auto& act) {
         if (!key.IsEnter()) return;
         key.taken = true;
-        act();
+        if (!key.repeats) act();
     };
     Txt->KeyPressed = [this, onEnter](controls::KeyPress& key) { onEnter(key, [this] { AddCondition(); }); };
     Txt->GotFocus = [this] { Txt->selectAll(); };

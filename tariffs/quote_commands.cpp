@@ -38,6 +38,7 @@ void QuotePanel::WireEntry() {
     TxtSL->KeyPressed = [this](controls::KeyPress& key) {
         if (!key.IsEnter()) return;
         key.taken = true;
+        if (key.repeats) return;
         text::Trim(TxtHPBM->Text()).isEmpty() ? TxtHPBM->SetFocus() : PressEnter();
     };
     CmdDownList->Click = [this] { OpenDownList(); };
@@ -45,7 +46,7 @@ void QuotePanel::WireEntry() {
     GdDownList->KeyPressed = [this](controls::KeyPress& key) {
         key.taken = key.key == Qt::Key_Escape || key.IsEnter();
         if (key.key == Qt::Key_Escape) TxtHPBM->SetFocus();
-        if (key.IsEnter()) PickFromDownList();
+        if (key.IsFirstEnter()) PickFromDownList();
     };
     CmdEnter->Click = [this] { PressEnter(); };
     CmdDel->Click = [this] { PressDelete(); };

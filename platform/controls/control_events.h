@@ -29,9 +29,12 @@ struct KeyPress {
     int key = 0;  ///< Qt::Key
     Qt::KeyboardModifiers modifiers;
     QString text;  ///< the character; a form may replace it (upper-casing); emptied, it is not typed
+    bool repeats = false;  ///< comes from a key that is held down
     bool taken = false;
 
     bool IsEnter() const { return key == Qt::Key_Return || key == Qt::Key_Enter; }
+    /// For Enter that runs something: once for a key that is held down.
+    bool IsFirstEnter() const { return IsEnter() && !repeats; }
 };
 
 }  // namespace controls

@@ -10,7 +10,7 @@ namespace controls {
 
 std::unique_ptr<QKeyEvent> OfferKey(QObject* control, const sys::Event<KeyPress&>& event,
                                     const QKeyEvent& key) {
-    KeyPress press{key.key(), key.modifiers(), key.text()};
+    KeyPress press{key.key(), key.modifiers(), key.text(), key.isAutoRepeat()};
     const QPointer<QObject> alive(control);
     event(press);
     if (!alive || press.taken || sys::HasEnded()) return nullptr;
