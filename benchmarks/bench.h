@@ -17,6 +17,12 @@ struct Measure {
     std::function<void()> makeBareReady = {};
 };
 
+/// Keeps the compiler from leaving out what computes the value.
+template <class Value>
+void Keep(const Value& value) {
+    asm volatile("" : : "r"(&value) : "memory");
+}
+
 /// The shortest of that many runs, in seconds; what makes ready for a run stands outside of its time.
 double BestOf(int runs, const std::function<void()>& makeReady, const std::function<void()>& body);
 

@@ -2,7 +2,6 @@
 #include "benchmarks/subjects.h"
 #include "waybills/customer_charge.h"
 
-#include <benchmark/benchmark.h>
 #include <vector>
 
 namespace benchmarks {
@@ -35,7 +34,7 @@ std::vector<Priced> MakeCards() {
 void Ours(dao::Database& db, const std::vector<Priced>& cards) {
     for (const Priced& priced : cards) {
         const auto charge = waybills::ComputeCustomerCharge(db, priced.card);
-        benchmark::DoNotOptimize(charge.amount.constData());
+        Keep(charge.amount.constData());
     }
 }
 
@@ -49,7 +48,7 @@ void Bare(BareEngine& engine, const std::vector<Priced>& cards) {
             engine.SumOfRow("select * FROM M031 WHERE F0='" + priced.customer + "' and F1='" + priced.zone +
                                 "' order by M031.rowid",
                             2, 21);
-        benchmark::DoNotOptimize(read);
+        Keep(read);
     }
 }
 

@@ -2,7 +2,6 @@
 #include "benchmarks/subjects.h"
 #include "waybills/shipping_cost.h"
 
-#include <benchmark/benchmark.h>
 #include <vector>
 
 namespace benchmarks {
@@ -40,7 +39,7 @@ std::vector<Priced> MakeCards() {
 void Ours(dao::Database& db, const std::vector<Priced>& cards) {
     for (const Priced& priced : cards) {
         const auto cost = waybills::ComputeShippingCost(db, priced.card);
-        benchmark::DoNotOptimize(cost.amount.constData());
+        Keep(cost.amount.constData());
     }
 }
 
@@ -55,7 +54,7 @@ void Bare(BareEngine& engine, const std::vector<Priced>& cards) {
                 "A33,A34,A35,A36,A37,A38,A39 FROM M011 WHERE F1='" +
                     priced.zone + "' order by M011.rowid",
                 0, ZoneFields);
-        benchmark::DoNotOptimize(read);
+        Keep(read);
     }
 }
 

@@ -10,7 +10,6 @@
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <benchmark/benchmark.h>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -117,7 +116,7 @@ void ReadTexts(BareEngine& engine, const std::vector<Sent>& questions) {
         while (rows.Step())
             for (int i = 0; i < rows.Columns(); ++i) texts.push_back(rows.Text(i));
     }
-    benchmark::DoNotOptimize(texts.data());
+    Keep(texts.data());
 }
 
 void MeasureOpening(Bench& bench, Office& office, CustomerForm& form) {

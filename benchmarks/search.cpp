@@ -3,7 +3,6 @@
 #include "benchmarks/subjects.h"
 #include "platform/controls/modal_form.h"
 
-#include <benchmark/benchmark.h>
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
@@ -27,7 +26,7 @@ void Bare(BareEngine& engine, const QByteArray& where) {
     std::vector<QString> texts;
     while (rows.Step())
         for (int i = 0; i < Columns; ++i) texts.push_back(rows.Text(i));
-    benchmark::DoNotOptimize(texts.data());
+    Keep(texts.data());
 }
 
 /// One condition, built in the dialog: an item of CmbF, an item of CmbGX, a text or a date.

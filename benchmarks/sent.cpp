@@ -1,6 +1,5 @@
 #include "benchmarks/sent.h"
 
-#include <benchmark/benchmark.h>
 #include <charconv>
 #include <string_view>
 
@@ -53,9 +52,9 @@ void ReadRows(BareStatement& statement) {
     while (statement.Step()) {
         for (int i = 0; i < statement.Columns(); ++i) {
             if (statement.IsText(i))
-                benchmark::DoNotOptimize(statement.Text(i).constData());
+                Keep(statement.Text(i).constData());
             else
-                benchmark::DoNotOptimize(statement.Number(i));
+                Keep(statement.Number(i));
         }
     }
 }

@@ -2,7 +2,6 @@
 #include "benchmarks/subjects.h"
 #include "platform/dao/dialect/translate.h"
 
-#include <benchmark/benchmark.h>
 #include <chrono>
 
 namespace benchmarks {
@@ -34,7 +33,7 @@ void MeasureTranslation(Bench& bench) {
     const std::string insert = InsertOfWaybill().toStdString();
     const NoTables tables;
     const auto begin = std::chrono::steady_clock::now();
-    for (int i = 0; i < Times; ++i) benchmark::DoNotOptimize(dao::dialect::Translate(insert, tables));
+    for (int i = 0; i < Times; ++i) Keep(dao::dialect::Translate(insert, tables));
     const std::chrono::duration<double, std::micro> took = std::chrono::steady_clock::now() - begin;
     bench.State(name, took.count() / Times, "us");
 }

@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# Fails for words in code and documents that a new engineer would have to learn first. Beside each stands what is
+# said instead.
+source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+
+found=0
+forbid() { # extended regular expression, case as written; what to say instead
+    local lines
+    lines=$(git grep -nE "$1" -- '*.cpp' '*.h' '*.md' '*.cmake' '*.txt' '*.sh' '*.sql' ':!scripts/words.sh' || true)
+    [ -z "$lines" ] && return
+    found=1
+    printf '%s\n    say instead: %s\n' "$lines" "$2"
+}
+
+forbid '\b([Rr]ooms?|[Hh]ouses?|[Ff]loors?)\b' "module, layer; space"
+forbid '\b[Aa]rrows?\b' "dependency; arrow-key names (Up, Down), up, down"
+forbid '\b([Rr]oads?|[Ww]alk(s|ed|ing)?)\b' "data flow, call path; moves, visits"
+forbid '\b[Dd]oors?\b' "entry point, interface, seam"
+forbid '\b([Tt]ake|[Tt]akes|[Tt]aken|[Tt]ook) back\b|\bwhat ran\b' "commit group, transaction, roll back"
+forbid '\b([Ll]anded|[Ss]tands?|[Ss]tood)\b' "implemented; is, remains"
+forbid '\bstops\b' "tab order; ends"
+forbid '\b([Tt]ells?|[Tt]old|[Tt]elling|Tell[A-Z][A-Za-z]*)\b' "emits, reports, says, as required"
+forbid '[Hh]as always been so|[Aa]s it always was' "kept on purpose, and what the operator sees"
+forbid '(//|///) .*\b[Aa] box\b' "a text box, a message box, a combo"
+
+[ $found -eq 0 ] && say "Words: nothing to reword."
+exit $found

@@ -1,0 +1,71 @@
+# Checks the includes against the diagram of the modules: cmake -D SOURCE=<the source tree> -P <this file>
+#
+# The diagram in docs/architecture.md says which module may include which: its lines "name[...]" are the modules
+# from the top down, its lines "one --> other" the dependencies. app and platform may be included by every module
+# above them. An include that is not drawn, a dependency that no include needs and one that points up fail.
+cmake_minimum_required(VERSION 3.25)
+
+set(common app platform)
+# Inside platform/: a folder and those that it may include.
+set(platform_text "")
+set(platform_system text)
+set(platform_dao text system)
+set(platform_controls text system)
+set(platform_workbook text system)
+set(faults "")
+
+file(STRINGS "${SOURCE}/docs/architecture.md" modules REGEX "^    [a-z]+\\[")
+list(TRANSFORM modules REPLACE "^ +([a-z]+)\\[.*" "\\1")
+file(STRINGS "${SOURCE}/docs/architecture.md" drawn REGEX "^    [a-z]+ --> [a-z]+$")
+list(TRANSFORM drawn STRIP)
+
+# The folders below `root` that files of the folder include, each once.
+function(included_by folder root result)
+    file(GLOB_RECURSE files "${SOURCE}/${folder}/*.h" "${SOURCE}/${folder}/*.cpp")
+    set(found "")
+    foreach(file IN LISTS files)
+        file(STRINGS "${file}" lines REGEX "^#include \"${root}[a-z]+/")
+        list(TRANSFORM lines REPLACE "^#include \"${root}([a-z]+)/.*" "\\1")
+        list(APPEND found ${lines})
+    endforeach()
+    list(REMOVE_DUPLICATES found)
+    set(${result} "${found}" PARENT_SCOPE)
+endfunction()
+
+set(real "")
+foreach(module IN LISTS modules)
+    included_by(${module} "" others)
+    list(REMOVE_ITEM others ${module})
+    list(FIND modules ${module} level)
+    foreach(other IN LISTS others)
+        list(FIND modules ${other} otherLevel)
+        if(otherLevel LESS level)
+            list(APPEND faults "${module}/ includes ${other}/, which is above it")
+        elseif(NOT other IN_LIST common)
+            list(APPEND real "${module} --> ${other}")
+        endif()
+    endforeach()
+endforeach()
+foreach(dependency IN LISTS real)
+    if(NOT dependency IN_LIST drawn)
+        list(APPEND faults "${dependency}: is included and not drawn")
+    endif()
+endforeach()
+foreach(dependency IN LISTS drawn)
+    if(NOT dependency IN_LIST real)
+        list(APPEND faults "${dependency}: is drawn and not included")
+    endif()
+endforeach()
+
+foreach(folder IN ITEMS text system dao controls workbook)
+    included_by(platform/${folder} "platform/" others)
+    list(REMOVE_ITEM others ${folder} ${platform_${folder}})
+    foreach(other IN LISTS others)
+        list(APPEND faults "platform/${folder}/ includes platform/${other}/")
+    endforeach()
+endforeach()
+
+if(faults OR NOT modules)
+    list(JOIN faults "\n  " told)
+    message(FATAL_ERROR "The includes are not as the diagram in docs/architecture.md:\n  ${told}")
+endif()
