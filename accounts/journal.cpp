@@ -51,16 +51,17 @@ Neighbour ReadNeighbour(dao::Database& db, const QString& statement, QDate date)
 /// The row with the highest `SN` among those that lie before the date ("<") or not after it ("<=").
 Neighbour HighestBefore(dao::Database& db, const QString& comparison, QDate date, const QString& key) {
     return ReadNeighbour(db,
-                         u"select top 1 F2,SN from TB1 where  datediff('d','"_s + text::DateText(date) +
-                             u"',F2 ) "_s + comparison + u" 0 and F1<>'"_s + key + u"' order by sn desc "_s,
+                         u"select top 1 F2,SN from TB1 where  datediff('d',"_s +
+                             Quoted(text::DateText(date)) + u",F2 ) "_s + comparison + u" 0 and F1<>"_s +
+                             Quoted(key) + u" order by sn desc "_s,
                          date);
 }
 
 Neighbour LowestAfter(dao::Database& db, double below, QDate date, const QString& key) {
     return ReadNeighbour(db,
-                         u"select top 1 F2,SN from TB1 where  datediff('d','"_s + text::DateText(date) +
-                             u"',F2 ) > 0 and SN>"_s + Bare(below) + u"  and F1<>'"_s + key +
-                             u"'  order by sn  "_s,
+                         u"select top 1 F2,SN from TB1 where  datediff('d',"_s +
+                             Quoted(text::DateText(date)) + u",F2 ) > 0 and SN>"_s + Bare(below) +
+                             u"  and F1<>"_s + Quoted(key) + u"  order by sn  "_s,
                          date);
 }
 
@@ -204,7 +205,8 @@ void DeleteEntry(dao::Database& db, const QString& key) {
 }
 
 void DeleteWaybillEntries(dao::Database& db, const QString& waybill) {
-    db.Execute(u"DELETE FROM TB1 WHERE F1='YF"_s + waybill + u"' OR F1='YS"_s + waybill + u"'"_s);
+    db.Execute(u"DELETE FROM TB1 WHERE F1="_s + Quoted(u"YF"_s + waybill) + u" OR F1="_s +
+               Quoted(u"YS"_s + waybill));
 }
 
 }  // namespace accounts

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "platform/dao/database.h"
+#include "platform/text/quoted.h"
 
 #include <QString>
 
@@ -45,8 +46,3 @@ QString CodePart(const QString& comboText);
 
 /// The true number of rows; the set stands at its first row again, if it has one.
 int CountRows(dao::Recordset& rows);
-
-/// A value between apostrophes, as it stands.
-inline QString Quoted(const QString& value) {
-    return u'\'' + value + u'\'';
-}

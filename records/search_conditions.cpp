@@ -1,6 +1,7 @@
 #include "records/search_conditions.h"
 
 #include "platform/text/numbers.h"
+#include "platform/text/quoted.h"
 
 using namespace Qt::StringLiterals;
 
@@ -49,13 +50,13 @@ QString Piece(const Condition& c) {
             return connective + c.field + compared + text::GeneralText(text::Val(c.value));
         case Kind::Date:
             // Days are counted, so a day is met whatever time of day the field holds.
-            return connective + u"datediff('d','"_s + c.value + u"',"_s + c.field + u" )"_s + compared +
+            return connective + u"datediff('d',"_s + Quoted(c.value) + u',' + c.field + u" )"_s + compared +
                    u"0 "_s;
         case Kind::Text:
             break;
     }
     const QString mark = compared.contains(u"like"_s) ? u"*"_s : QString();
-    return connective + c.field + compared + u'\'' + mark + c.value + mark + u"'  "_s;
+    return connective + c.field + compared + Quoted(mark + c.value + mark) + u"  "_s;
 }
 
 }  // namespace

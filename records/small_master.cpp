@@ -79,7 +79,7 @@ void SmallMaster::Menu_edit() {
 }
 
 bool SmallMaster::IsUsed(const QString& key) const {
-    return !GetStr(master_.usedIn + key + u"'"_s).isEmpty();
+    return !GetStr(master_.usedIn + Quoted(key)).isEmpty();
 }
 
 void SmallMaster::Menu_del() {
@@ -91,8 +91,8 @@ void SmallMaster::Menu_del() {
     const Consent consent = AskToDelete(name, used, u"真的要删除"_s + name + u"吗?"_s, sys::BoxAnswer::Yes);
     if (consent == Consent::No) return;
     // The waybills that use the record go with it; nothing is posted back to the ledger.
-    if (consent == Consent::Whole) Db->Execute(master_.cascade + key + u"'"_s);
-    Db->Execute(u"delete from "_s + master_.table + u" WHERE F1='"_s + key + u"'"_s);
+    if (consent == Consent::Whole) Db->Execute(master_.cascade + Quoted(key));
+    Db->Execute(u"delete from "_s + master_.table + u" WHERE F1="_s + Quoted(key));
     ForgetCurrentRecord(LastRow::OfRecords);
 }
 
@@ -112,10 +112,10 @@ bool SmallMaster::ClaimKey() {
     return MakeRoom(
         {.key = key,
          .old = old,
-         .found = GetStr(master_.duplicateTest + key + u"'"_s),
+         .found = GetStr(master_.duplicateTest + Quoted(key)),
          .refusal = (master_.duplicateNamesKey ? BoxText(Key) : QString()) + master_.duplicateText,
          .forgetOld = [&] {
-             Db->Execute(u"delete from "_s + master_.table + u" where F1='"_s + old + u"'"_s);
+             Db->Execute(u"delete from "_s + master_.table + u" where F1="_s + Quoted(old));
          }});
 }
 

@@ -19,9 +19,9 @@ struct SmallMasterSettings {
     int keySpan;              ///< pairs of the card's half that the key's box takes
     int noteRows;             ///< rows of the note's box
     int requiredBoxes;        ///< Txt(0) up to here must not be empty
-    QString usedIn;           ///< in-use test, up to the apostrophe before the key
-    QString cascade;          ///< what goes with a used record, up to the apostrophe before the key
-    QString duplicateTest;    ///< up to the apostrophe before the key
+    QString usedIn;           ///< in-use test, up to the key
+    QString cascade;          ///< what goes with a used record, up to the key
+    QString duplicateTest;    ///< up to the key
     bool duplicateNamesKey;   ///< the message begins with the text of Txt(0)
     QString duplicateText;    ///< the message
 };

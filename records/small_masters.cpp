@@ -22,9 +22,9 @@ const SmallMasterSettings CourierSettings = {
     .keySpan = 1,
     .noteRows = 3,
     .requiredBoxes = 1,
-    .usedIn = u"select F602 FROM B01 WHERE F602='"_s,
-    .cascade = u"delete from B01 where F602='"_s,
-    .duplicateTest = u"select F1 from M04 where F1='"_s,
+    .usedIn = u"select F602 FROM B01 WHERE F602="_s,
+    .cascade = u"delete from B01 where F602="_s,
+    .duplicateTest = u"select F1 from M04 where F1="_s,
     .duplicateNamesKey = false,
     .duplicateText = u"系统中已经有其它外务员使用了这个姓名，请重新设置!"_s,
 };
@@ -44,9 +44,9 @@ const SmallMasterSettings SalespersonSettings = {
     .keySpan = 2,
     .noteRows = 3,
     .requiredBoxes = 1,
-    .usedIn = u"select F602 FROM B01 WHERE F602='"_s,  // the couriers' column
-    .cascade = u"delete from B01 where F602='"_s,      // likewise
-    .duplicateTest = u"select F1 from M030 where F1='"_s,
+    .usedIn = u"select F602 FROM B01 WHERE F602="_s,  // the couriers' column
+    .cascade = u"delete from B01 where F602="_s,      // likewise
+    .duplicateTest = u"select F1 from M030 where F1="_s,
     .duplicateNamesKey = false,
     .duplicateText = u"系统中已经有其它外务员使用了这个姓名，请重新设置!"_s,  // of a courier
 };
@@ -66,9 +66,9 @@ const SmallMasterSettings OriginSettings = {
     .keySpan = 1,
     .noteRows = 1,
     .requiredBoxes = 2,
-    .usedIn = u"select F201 FROM B01 WHERE F201='"_s,
-    .cascade = u"delete from B01 where F201='"_s,
-    .duplicateTest = u"select F2 from M05 where F1='"_s,
+    .usedIn = u"select F201 FROM B01 WHERE F201="_s,
+    .cascade = u"delete from B01 where F201="_s,
+    .duplicateTest = u"select F2 from M05 where F1="_s,
     .duplicateNamesKey = true,
     .duplicateText = u"已经存在!"_s,
 };
@@ -88,9 +88,9 @@ const SmallMasterSettings IncidentSettings = {
     .keySpan = 3,
     .noteRows = 1,
     .requiredBoxes = 2,
-    .usedIn = u"select F201 FROM B01 WHERE F201='"_s,  // the origins' column
-    .cascade = u"delete from B01 where F201='"_s,      // likewise
-    .duplicateTest = u"select F2 from M06 where F1='"_s,
+    .usedIn = u"select F201 FROM B01 WHERE F201="_s,  // the origins' column
+    .cascade = u"delete from B01 where F201="_s,      // likewise
+    .duplicateTest = u"select F2 from M06 where F1="_s,
     .duplicateNamesKey = true,
     .duplicateText = u"已经存在!"_s,
 };

@@ -194,8 +194,8 @@ void A01::RowToCard() {
     for (int i = Code; i <= Remark; ++i) Txt[i]->SetText(CurrentCell(i));
     const QString code = text::Trim(BoxText(Code));
     if (code.isEmpty()) return;
-    auto row = Db->OpenRecordset(u"select "_s + tariffs::ChannelBracketColumns + u" FROM M01 WHERE F1='"_s +
-                                 code + u"'"_s);
+    auto row = Db->OpenRecordset(u"select "_s + tariffs::ChannelBracketColumns + u" FROM M01 WHERE F1="_s +
+                                 Quoted(code));
     if (!row.Eof()) FillBounds(row);
     row.Close();
 }
@@ -273,8 +273,8 @@ void A01::Menu_edit() {
 
 /// The first question goes by a field that now holds a range of zones, so in practice the waybills decide.
 bool A01::IsUsed(const QString& code) {
-    if (!GetStr(u"select F3 FROM M02 WHERE F3='"_s + code + u"'"_s).isEmpty()) return true;
-    return !GetStr(u"select F202 FROM B01 WHERE F202='"_s + code + u"'"_s).isEmpty();
+    if (!GetStr(u"select F3 FROM M02 WHERE F3="_s + Quoted(code)).isEmpty()) return true;
+    return !GetStr(u"select F202 FROM B01 WHERE F202="_s + Quoted(code)).isEmpty();
 }
 
 void A01::Menu_del() {
@@ -287,12 +287,12 @@ void A01::Menu_del() {
     if (consent == Consent::Whole) {
         // From a time when a zone belonged to a channel. They match nothing unless a channel's number is the
         // very name of a range, and then they take all its zones with their quotes. The cost zones stay.
-        Db->Execute(u"delete from M031 where F1 in (select F1 from M02 where F3='"_s + code + u"')"_s);
-        Db->Execute(u"delete from M021 where F0 in (select F1 from M02 where F3='"_s + code + u"')"_s);
-        Db->Execute(u"delete from M02 where F3='"_s + code + u"'"_s);
-        Db->Execute(u"delete from B01 where F202='"_s + code + u"'"_s);
+        Db->Execute(u"delete from M031 where F1 in (select F1 from M02 where F3="_s + Quoted(code) + u")"_s);
+        Db->Execute(u"delete from M021 where F0 in (select F1 from M02 where F3="_s + Quoted(code) + u")"_s);
+        Db->Execute(u"delete from M02 where F3="_s + Quoted(code));
+        Db->Execute(u"delete from B01 where F202="_s + Quoted(code));
     }
-    Db->Execute(u"delete from M01 WHERE F1='"_s + code + u"'"_s);
+    Db->Execute(u"delete from M01 WHERE F1="_s + Quoted(code));
     ForgetCurrentRecord(LastRow::OfGrid);
 }
 
@@ -314,7 +314,7 @@ bool A01::ClaimCode() {
          .old = old,
          .found = found,
          .refusal = u"["_s + found + u"]已经使用了"_s + BoxText(Code) + u"这个序号，请重新设置序号!"_s,
-         .forgetOld = [&] { Db->Execute(u"delete from M01 where F1='"_s + old + u"'"_s); }});
+         .forgetOld = [&] { Db->Execute(u"delete from M01 where F1="_s + Quoted(old)); }});
 }
 
 QString A01::InsertStatement() const {

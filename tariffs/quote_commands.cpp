@@ -74,8 +74,8 @@ void QuotePanel::OpenDownList() {
 
 void QuotePanel::FillDownList() {
     const QStringList headers{u"区域编码"_s, u"区域名称"_s, u"英文名称"_s};
-    auto zones = Db->OpenRecordset(u"select M02.F1,M02.F2,M02.F4 from M02  WHERE M02.F1 LIKE '"_s +
-                                   text::Trim(TxtHPBM->Text()) + u"*' order by M02.F1"_s);
+    auto zones = Db->OpenRecordset(u"select M02.F1,M02.F2,M02.F4 from M02  WHERE M02.F1 LIKE "_s +
+                                   Quoted(text::Trim(TxtHPBM->Text()) + u'*') + u" order by M02.F1"_s);
     const int found = CountRows(zones);
     GdDownList->Clear();
     for (int col = 0; col < headers.size(); ++col) GdDownList->SetTextMatrix(0, col, headers[col]);
@@ -120,9 +120,9 @@ void QuotePanel::AddQuotes() {
     const int existing = BatchJob() ? 0 : GdMx->FindQuote(code);
     if (existing > 0) return FloatAgain(existing, coefficient);
     // Many are looked for by the text with its blanks, one without them.
-    auto zones =
-        Db->OpenRecordset(ListPriceSelect() + (BatchJob() ? u" where F1 like '"_s + TxtHPBM->Text() + u"*'"_s
-                                                          : u" where F1="_s + Quoted(code)));
+    auto zones = Db->OpenRecordset(ListPriceSelect() +
+                                   (BatchJob() ? u" where F1 like "_s + Quoted(TxtHPBM->Text() + u'*')
+                                               : u" where F1="_s + Quoted(code)));
     const bool found = !zones.Eof();
     if (!found) sys::Inform(u"无效的"_s + GdMx->TextMatrix(0, ZoneColumn) + u"编码!"_s, MsgTitle);
     for (; !zones.Eof(); zones.MoveNext())

@@ -114,10 +114,9 @@ void ZoneAreas::Load(const QString& table, const QString& zone) {
 
 void ZoneAreas::Store(const QString& table, const QString& zone) const {
     for (int row = 1; row <= GDdq->Rows() - 2; ++row) {
-        QStringList values{zone};
-        for (int col = 0; col < Columns; ++col) values += GDdq->TextMatrix(row, col);
-        Db->Execute(u"insert into "_s + table + u" (F0,F1,F2,F8) VALUES ('"_s + values.join(u"','"_s) +
-                    u"')"_s);
+        QStringList values{Quoted(zone)};
+        for (int col = 0; col < Columns; ++col) values += Quoted(GDdq->TextMatrix(row, col));
+        Db->Execute(u"insert into "_s + table + u" (F0,F1,F2,F8) VALUES ("_s + values.join(u',') + u')');
     }
 }
 

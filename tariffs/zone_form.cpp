@@ -277,7 +277,7 @@ void ZoneForm::Menu_del() {
     if (consent == Consent::No) return;
     // Not reached while no zone counts as used.
     if (consent == Consent::Whole)
-        for (const QString& cascade : zone_.cascades) Db->Execute(cascade + code + u"'"_s);
+        for (const QString& cascade : zone_.cascades) Db->Execute(cascade + Quoted(code));
     Db->Execute(u"delete from "_s + zone_.table + u" WHERE F1="_s + Quoted(code));
     Db->Execute(u"delete from "_s + zone_.areaTable + u" WHERE F0="_s + Quoted(code));
     ForgetCurrentRecord(LastRow::OfGrid);

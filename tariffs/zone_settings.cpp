@@ -77,7 +77,7 @@ const ZoneSettings& SellingZoneSettings() {
         .choiceLabel = u"Labfw"_s,
         .choiceCaption = u"范围"_s,
         .inputSwitches = {},
-        .cascades = {u"delete from M031 where F1='"_s, u"delete from B01 where F203='"_s},
+        .cascades = {u"delete from M031 where F1="_s, u"delete from B01 where F203="_s},
         .search = {.base = SellingSearch,
                    .fields = {{0, u"M02.F1"_s},
                               {1, u"M02.F2"_s},
@@ -125,7 +125,7 @@ const ZoneSettings& CostZoneSettings() {
         .choiceLabel = {},
         .choiceCaption = {},
         .inputSwitches = {EnglishName, AreaEnglish},
-        .cascades = {u"delete from M031 where F1='"_s, u"delete from B01 where F203='"_s},
+        .cascades = {u"delete from M031 where F1="_s, u"delete from B01 where F203="_s},
         // Fields in the order of the selling zones, headers in that of this list: from the fourth on a header
         // offers another field than it names. It has always been so.
         .search = {.base = CostSearch,

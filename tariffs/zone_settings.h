@@ -41,7 +41,7 @@ struct ZoneSettings {
     int choiceBox;
     QString choiceLabel, choiceCaption;  ///< that label's name and text
     std::vector<int> inputSwitches;      ///< boxes that Enter leaves with Ctrl+Space
-    QStringList cascades;                ///< would take along what uses a zone, up to the apostrophe
+    QStringList cascades;                ///< would take along what uses a zone, up to the code
     /// Its statement has fewer columns than a load fills: of several hits the first is shown, and the
     /// engine's message follows. So these searches have always been.
     SearchTable search;

@@ -257,7 +257,7 @@ void B01::CombosTakeBoxes() {
 
 void B01::RowToCard() {
     if (CurRow == 0) CurRow = 1;
-    auto row = Db->OpenRecordset(u"select * from B01 where F1='"_s + text::Trim(CurrentCell(0)) + u"'"_s);
+    auto row = Db->OpenRecordset(u"select * from B01 where F1="_s + Quoted(text::Trim(CurrentCell(0))));
     if (row.Eof()) {
         // The other fees keep what they held; so the card has always done.
         EmptyBoxes(Number, DeliveryTime);
@@ -295,10 +295,10 @@ void B01::LeaveChannel() {
     if (FormMode < Adding || Combo(ChannelCode).Text().isEmpty()) return;
     auto& zones = Combo(ChannelZoneCode);
     zones.Clear();
-    FillCombo(
-        ChannelZoneCode,
-        u"select F1,F2 FROM M011 WHERE F3='"_s + CodePart(Combo(ChannelCode).Text()) + u"' order by F1"_s,
-        true);
+    FillCombo(ChannelZoneCode,
+              u"select F1,F2 FROM M011 WHERE F3="_s + Quoted(CodePart(Combo(ChannelCode).Text())) +
+                  u" order by F1"_s,
+              true);
     if (zones.ListCount() > 0) zones.SetListIndex(0);
 }
 
@@ -308,8 +308,7 @@ void B01::LeaveServiceZone() {
     const QString typed = places.Text();
     places.Clear();
     FillCombo(Destination,
-              u"select F1,F2 FROM M021 WHERE F0='"_s + CodePart(Combo(ServiceZoneCode).Text()) + u"'"_s,
-              false);
+              u"select F1,F2 FROM M021 WHERE F0="_s + Quoted(CodePart(Combo(ServiceZoneCode).Text())), false);
     places.SetText(typed);
 }
 
@@ -317,8 +316,8 @@ void B01::LeaveCustomer() {
     const QString customer = text::Trim(Combo(CustomerCode).Text());
     // A customer left as he was keeps the operator's corrections of the shipper's boxes.
     if (FormMode < Adding || customer.isEmpty() || customer == customerAtEntry_) return;
-    auto row = Db->OpenRecordset(u"select F301,F302,F401,F402,F1,F2 FROM M03 WHERE F1='"_s +
-                                 CodePart(customer) + u"'"_s);
+    auto row = Db->OpenRecordset(u"select F301,F302,F401,F402,F1,F2 FROM M03 WHERE F1="_s +
+                                 Quoted(CodePart(customer)));
     if (!row.Eof()) {
         for (int i = 0; i < 4; ++i) Txt[ShipperCompany + i]->SetText(text::Trim(row.Fields(i).Text()));
         Combo(CustomerCode).SetText(row.Fields(4).Text() + u'.' + row.Fields(5).Text());

@@ -119,7 +119,7 @@ void B01::Menu_Add() {
 }
 
 void B01::ProposeOrigin() {
-    const auto last = text::ToInteger32(GetVal(u"select F67 from TE1 where F1='"_s + OperatorCode + u"'"_s));
+    const auto last = text::ToInteger32(GetVal(u"select F67 from TE1 where F1="_s + Quoted(OperatorCode)));
     // -1 is what a typed origin left behind: nothing is chosen.
     if (last >= -1 && Combo(OriginName).ListCount() > last) Combo(OriginName).SetListIndex(last);
 }

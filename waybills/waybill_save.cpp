@@ -60,8 +60,8 @@ bool B01::TakeCombos() {
     for (const Box box : {CustomerCode, Courier, ServiceType, PaymentMode, ServiceZoneCode, OriginName})
         if (!RequireCode(box)) return false;
     // Remembered before any other test, and kept even if the save then fails.
-    Db->Execute(u"update TE1 set F67="_s + QString::number(Combo(OriginName).ListIndex()) + u" where F1='"_s +
-                OperatorCode + u"'"_s);
+    Db->Execute(u"update TE1 set F67="_s + QString::number(Combo(OriginName).ListIndex()) + u" where F1="_s +
+                Quoted(OperatorCode));
     if (!RequireCode(Destination)) return false;
     TakeCode(ChannelCode);
     TakeCode(ChannelZoneCode);
@@ -74,15 +74,15 @@ bool B01::TestMasters() const {
         Box box;
         QString test;
     } masters[] = {
-        {CustomerCode, u"select F2 from M03 where F1='"_s},
-        {ChannelCode, u"select F2 from M01 where F1='"_s},
-        {OriginName, u"select F1 from M05 where F1='"_s},
-        {ServiceZoneCode, u"select F2 from M02 where F1='"_s},
-        {Courier, u"select F1 from M04 where F1='"_s},
+        {CustomerCode, u"select F2 from M03 where F1="_s},
+        {ChannelCode, u"select F2 from M01 where F1="_s},
+        {OriginName, u"select F1 from M05 where F1="_s},
+        {ServiceZoneCode, u"select F2 from M02 where F1="_s},
+        {Courier, u"select F1 from M04 where F1="_s},
     };
     for (const auto& [box, test] : masters) {
         if (box == ChannelCode && BoxText(box).isEmpty()) continue;  // a waybill may wait for its channel
-        if (!Absent(GetStr(test + text::Trim(BoxText(box)) + u"'"_s))) continue;
+        if (!Absent(GetStr(test + Quoted(text::Trim(BoxText(box)))))) continue;
         Wrong(box);
         return false;
     }
@@ -111,7 +111,7 @@ bool B01::TestNumberAndTotal() const {
 bool B01::ClaimNumber() {
     const QString number = text::Trim(BoxText(Number));
     const QString old = text::Trim(OldKey());
-    const QString found = GetStr(u"select F1 from B01 where F1='"_s + number + u"'"_s);
+    const QString found = GetStr(u"select F1 from B01 where F1="_s + Quoted(number));
     return MakeRoom(
         {.key = number,
          .old = old,
@@ -119,7 +119,7 @@ bool B01::ClaimNumber() {
          .refusal = u"["_s + found + u"]已经使用了"_s + BoxText(Number) + u"这个速递单号，请重新设置!"_s,
          .forgetOld = [&] {
              accounts::DeleteWaybillEntries(*Db, old);
-             Db->Execute(u"delete from B01 where F1='"_s + old + u"'"_s);
+             Db->Execute(u"delete from B01 where F1="_s + Quoted(old));
          }});
 }
 
