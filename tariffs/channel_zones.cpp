@@ -8,7 +8,11 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
-using namespace cost_zone;
+using cost_zone::Box;
+using cost_zone::Column;
+using enum cost_zone::Box;
+using enum cost_zone::Column;
+using cost_zone::SegmentsCol;
 
 namespace {
 

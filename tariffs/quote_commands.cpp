@@ -9,7 +9,10 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
-using namespace tariffs;
+using enum tariffs::QuoteColumn;
+using tariffs::FirstQuoteRow;
+using tariffs::ListPriceSelect;
+using tariffs::PercentOf;
 
 namespace {
 

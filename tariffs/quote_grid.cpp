@@ -13,7 +13,15 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
-using namespace tariffs;
+using enum tariffs::QuoteColumn;
+using tariffs::DressedPrice;
+using tariffs::FirstQuoteRow;
+using tariffs::FloatedPrice;
+using tariffs::QuoteCaptions;
+using tariffs::QuoteInsert;
+using tariffs::QuoteLine;
+using tariffs::QuoteSelect;
+using tariffs::ReadStandard;
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include "tariffs/brackets.h"
 
 using namespace Qt::StringLiterals;
-using namespace selling_zone;
+using enum selling_zone::Box;
 
 namespace {
 

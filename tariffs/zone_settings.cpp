@@ -17,7 +17,7 @@ const QString CostSearch =
 /// The captions of the first four prices are cut when the standard is read: their tail has to be "0.5Kg". The
 /// heavy ones stand only while there is no standard.
 std::vector<QString> SellingCaptions() {
-    using namespace selling_zone;
+    using enum selling_zone::Box;
     std::vector<QString> captions{u"区域编号"_s,     u"区域概称(中文)"_s, u"区域概称(英文)"_s,
                                   u"送达工作日"_s,   u"备注信息"_s,       u""_s,
                                   u"中文名称"_s,     u"英文名称"_s,       u"备注信息"_s,
@@ -30,7 +30,7 @@ std::vector<QString> SellingCaptions() {
 
 /// The head of the first four prices stays when a channel is read: two of them have a blank in it.
 std::vector<QString> CostCaptions() {
-    using namespace cost_zone;
+    using enum cost_zone::Box;
     std::vector<QString> captions{
         u"区域编号"_s,     u"区域概称(中文)"_s, u"所属出货渠道"_s, u"区域概称(英文)"_s, u"送达工作日"_s,
         u"备注信息"_s,     u"中文名称"_s,       u"英文名称"_s,     u"备注信息"_s,       u"文件首 0.5Kg"_s,
@@ -42,7 +42,7 @@ std::vector<QString> CostCaptions() {
 }  // namespace
 
 const ZoneSettings& SellingZoneSettings() {
-    using namespace selling_zone;
+    using enum selling_zone::Box;
     static const ZoneSettings settings = {
         .form = u"A02"_s,
         .caption = u"本公司速递区域资料与报价"_s,
@@ -90,7 +90,9 @@ const ZoneSettings& SellingZoneSettings() {
 }
 
 const ZoneSettings& CostZoneSettings() {
-    using namespace cost_zone;
+    using enum cost_zone::Box;
+    using enum cost_zone::Column;
+    using cost_zone::Columns;
     static const ZoneSettings settings = {
         .form = u"A011"_s,
         .caption = u"出货渠道区域成本"_s,

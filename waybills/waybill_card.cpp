@@ -10,8 +10,22 @@
 #include "waybills/waybill_form.h"
 
 using namespace Qt::StringLiterals;
-using namespace waybills;
+using enum waybills::Box;
 using controls::Card;
+using waybills::Box;
+using waybills::Boxes;
+using waybills::BoxesByPosition;
+using waybills::BoxRow;
+using waybills::ChargeTotal;
+using waybills::CodedWord;
+using waybills::ComputeCustomerCharge;
+using waybills::Computed;
+using waybills::ComputeShippingCost;
+using waybills::IsReleased;
+using waybills::Kind;
+using waybills::NotShipped;
+using waybills::PaymentModes;
+using waybills::ServiceTypes;
 
 namespace {
 

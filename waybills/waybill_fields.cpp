@@ -3,12 +3,26 @@
 #include "platform/text/numbers.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace waybills {
+namespace {
+
+using BoxTable = std::array<BoxRow, BoxCount>;
+
+/// A row in another place would store one text box in the column of another.
+BoxTable InOrder(BoxTable rows) {
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        if (rows[i].box != static_cast<Box>(i))
+            throw std::logic_error("waybill_fields.cpp: a row out of order");
+    return rows;
+}
+
+}  // namespace
 
 const std::array<BoxRow, BoxCount>& Boxes() {
     constexpr bool Figure = true;
-    static const std::array<BoxRow, BoxCount> rows = {{
+    static const BoxTable rows = InOrder({{
         {Number, u"F1"_s, Kind::Text, u"速递单号"_s},
         {SendDate, u"F101"_s, Kind::Text, u"寄件日期"_s},
         {Forwarding, u"F102"_s, Kind::Text, u"转单号"_s},
@@ -58,7 +72,7 @@ const std::array<BoxRow, BoxCount>& Boxes() {
         {Length, u"F4051"_s, Kind::Number, u"长"_s},
         {Width, u"F4052"_s, Kind::Number, u"宽"_s},
         {Height, u"F4053"_s, Kind::Number, u"高"_s},
-    }};
+    }});
     return rows;
 }
 

@@ -15,7 +15,10 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
-using namespace waybills;
+using enum waybills::Box;
+using waybills::Box;
+using waybills::NotChecked;
+using waybills::NotShipped;
 using When = CommandRow::When;
 
 namespace {

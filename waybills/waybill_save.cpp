@@ -12,7 +12,14 @@
 #include "waybills/waybill_form.h"
 
 using namespace Qt::StringLiterals;
-using namespace waybills;
+using enum waybills::Box;
+using waybills::Box;
+using waybills::Boxes;
+using waybills::BoxRow;
+using waybills::IsCodeOf;
+using waybills::Kind;
+using waybills::PaymentModes;
+using waybills::ServiceTypes;
 
 namespace {
 
