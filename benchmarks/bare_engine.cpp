@@ -91,13 +91,10 @@ BareEngine::BareEngine(const QString& path) {
          "open");
     const QByteArray key = schema::kPassword.toUtf8();
     Must(engine_, sqlite3_key(engine_, key.constData(), static_cast<int>(key.size())), "key");
-    const QByteArray settings[] = {"PRAGMA cipher_page_size=" + QByteArray::number(dao::kCipherPageSize),
-                                   "PRAGMA kdf_iter=" + QByteArray::number(dao::kKeyIterations),
-                                   "PRAGMA temp_store=MEMORY",
-                                   "PRAGMA cache_size=-65536",
-                                   "PRAGMA journal_mode=WAL",
-                                   "PRAGMA synchronous=FULL"};
-    for (const QByteArray& setting : settings) BareStatement(engine_, setting).Step();
+    for (const char* setting : dao::kCipherSettings) BareStatement(engine_, setting).Step();
+    for (const char* setting : {"PRAGMA temp_store=MEMORY", "PRAGMA cache_size=-65536",
+                                "PRAGMA journal_mode=WAL", "PRAGMA synchronous=FULL"})
+        BareStatement(engine_, setting).Step();
 }
 
 BareEngine::~BareEngine() {

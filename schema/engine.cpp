@@ -61,8 +61,7 @@ Engine OpenEngine(const QString& path, QStringView password) {
     if (!password.isEmpty()) {
         const QByteArray key = password.toUtf8();
         Check(raw, sqlite3_key(raw, key.constData(), static_cast<int>(key.size())));
-        Run(raw, "pragma cipher_page_size = " + QByteArray::number(dao::kCipherPageSize));
-        Run(raw, "pragma kdf_iter = " + QByteArray::number(dao::kKeyIterations));
+        for (const char* setting : dao::kCipherSettings) Run(raw, setting);
     }
     Run(raw, "pragma temp_store = memory");
     return engine;

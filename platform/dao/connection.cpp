@@ -138,8 +138,7 @@ void Connection::Unlock(const QString& path, const QString& connect) {
     if (password.isEmpty()) return;
     const int code = sqlite3_key(engine_, password.constData(), static_cast<int>(password.size()));
     if (code != SQLITE_OK) Fail(code, path);
-    Run("pragma cipher_page_size=" + QByteArray::number(kCipherPageSize), path);
-    Run("pragma kdf_iter=" + QByteArray::number(kKeyIterations), path);
+    for (const char* setting : kCipherSettings) Run(setting, path);
 }
 
 /// Refuses what cannot be worked with. A wrong password shows only at the first read.
