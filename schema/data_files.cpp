@@ -86,6 +86,7 @@ void MakeWhole(const QString& path, const std::function<void(const QString& temp
     const QString temporary = path + u".making"_s;
     RemoveBegun(temporary);
     try {
+        if (!sys::CreateForOwner(temporary)) throw RuntimeError(u"无法写入“%1”！"_s.arg(temporary));
         write(temporary);
         Rename(temporary, path);
     } catch (...) {

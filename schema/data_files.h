@@ -1,6 +1,7 @@
 // Making the files that stand beside the program: the database, the export's helper, the wallpaper.
 //
-// Always holds: a file that is there is never touched; a file bears its name only when it is whole.
+// Always holds: a file that is there is never touched; a file bears its name only when it is whole, and its
+// owner alone can read it.
 #pragma once
 
 #include <QString>
@@ -25,6 +26,7 @@ void MakePicture(const QString& path);
 QStringList MakeDataFiles(const QString& folder, const QString& company = {});
 
 /// Lets write fill a file of another name beside path and gives it that name when all of it is on the disk.
+/// That file is there already, empty, and can be read by its owner alone, which has to stay so.
 /// What was begun is removed when write raises. Raises RuntimeError if path is there already.
 void MakeWhole(const QString& path, const std::function<void(const QString& temporary)>& write);
 

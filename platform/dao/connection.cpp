@@ -2,6 +2,7 @@
 
 #include "platform/dao/cipher.h"
 #include "platform/dao/engine_functions.h"
+#include "platform/system/files.h"
 #include "platform/text/numbers.h"
 
 #include <QFileInfo>
@@ -114,6 +115,8 @@ Connection::~Connection() {
 }
 
 void Connection::Open(const QString& path, const QString& connect, const QString& vfs) {
+    // Before the engine makes files beside it, which get the rights that it has itself.
+    sys::KeepDatabaseToOwner(path);
     const QByteArray vfsName = vfs.toUtf8();
     // The program has one thread, so the engine need not lock itself at every call.
     const int code = sqlite3_open_v2(path.toUtf8().constData(), &engine_,

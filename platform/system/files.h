@@ -10,6 +10,16 @@ bool IsThere(const QString& path);
 /// Puts a file in the place of another in one step. Gives the system's words where that fails, and then
 /// nothing has changed; "" else.
 QString TakePlace(const QString& from, const QString& to);
+/// Takes all rights to a file from everybody but its owner. A file of somebody else stays as it is.
+void KeepToOwner(const QString& path);
+/// The same for a database and for what the engine keeps beside it.
+void KeepDatabaseToOwner(const QString& database);
+/// Makes an empty file that its owner alone may read and write. False if the name is taken or the folder
+/// refuses.
+bool CreateForOwner(const QString& path);
+/// Copies a whole file; an existing target is replaced in one step, and only when the copy is on the disk.
+/// The copy can be read by its owner alone. False if anything fails; nothing has changed then.
+bool CopyWhole(const QString& from, const QString& to);
 /// Removes what the database engine keeps beside a file that it has open. Nobody may have it open.
 void RemoveEngineFiles(const QString& database);
 

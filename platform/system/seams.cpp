@@ -1,13 +1,12 @@
 #include "platform/system/seams.h"
 
 #include "platform/errors.h"
+#include "platform/system/files.h"
 #include "platform/system/guard.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QLocale>
 #include <QProcess>
-#include <QSaveFile>
 #include <QSettings>
 
 #include <cstdio>
@@ -21,19 +20,6 @@ namespace {
 /// The per-user settings store: application "Mirelsoft", section "Express".
 QSettings UserSettings() {
     return QSettings(QSettings::IniFormat, QSettings::UserScope, u"Mirelsoft"_s, u"Express"_s);
-}
-
-/// Whole-file copy that never leaves half a target: the bytes go to a file beside it, which then takes its
-/// place.
-bool CopyWhole(const QString& from, const QString& to) {
-    QFile source(from);
-    QSaveFile target(to);
-    if (!source.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly)) return false;
-    while (!source.atEnd()) {
-        const QByteArray block = source.read(1 << 20);
-        if (block.isEmpty() || target.write(block) != block.size()) return false;
-    }
-    return source.error() == QFileDevice::NoError && target.commit();
 }
 
 bool StartDetached(const QString& path) {

@@ -43,7 +43,7 @@ struct Seams {
     std::function<void()> switchInputMethod;  ///< Ctrl+Space of the address lines
     std::function<QString(const QString& entry)> readSetting;
     std::function<void(const QString& entry, const QString& value)> writeSetting;
-    std::function<bool(const QString& from, const QString& to)> copyFile;  ///< overwrites; false: failed
+    std::function<bool(const QString& from, const QString& to)> copyFile;  ///< CopyWhole
     std::function<void(int status)> leave;  ///< leaves the process without unwinding; never returns normally
 };
 

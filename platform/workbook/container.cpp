@@ -58,7 +58,7 @@ class Begun {
           target_(QFile::encodeName(path)),
           temporary_(QFile::encodeName(QFileInfo(path).path() + u"/.workbook-%1.tmp"_s.arg(::getpid()))) {
         ::unlink(temporary_.constData());  // of a process of that number that was killed
-        file_ = ::open(temporary_.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        file_ = ::open(temporary_.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
         if (file_ < 0) Fail();
     }
     ~Begun() {

@@ -14,7 +14,8 @@ namespace workbook {
 using ClassId = std::array<uchar, 16>;
 
 /// Writes a compound file with one stream made of these parts. The bytes go into a file beside it that takes
-/// the name when all of it is on the disk. Raises RuntimeError, also for a file that is there already.
+/// the name when all of it is on the disk; its owner alone can read it. Raises RuntimeError, also for a file
+/// that is there already.
 void WriteContainer(const QString& path, const char* stream, const ClassId& opener,
                     std::initializer_list<ByteSpan> parts);
 

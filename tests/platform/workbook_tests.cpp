@@ -2,6 +2,7 @@
 // leaves.
 #include "platform/workbook/workbook.h"
 #include "tests/support/full_disk.h"
+#include "tests/support/rights.h"
 #include "tests/support/script.h"
 #include "tests/support/workbooks.h"
 
@@ -65,6 +66,7 @@ TEST(Workbook, EveryCellComesBackInEachFormat) {
         EXPECT_EQ(book.sheets, QStringList{u"mysheet"_s});
         EXPECT_EQ(book.rows, rows) << f.biff;
         EXPECT_TRUE(book.readByBoth);
+        EXPECT_EQ(tests::RightsOf(path), 0600);
         EXPECT_LE(book.longestRecord, f.longestRecord);
         // Characters that are not for every format.
         Write(f.format, {{outside, QString(QChar(0xD83D)) + u"半"_s, u"电"_s + QChar(0xDE00)}}, path + u'b');

@@ -6,6 +6,7 @@
 #include "tests/support/data_file.h"
 #include "tests/support/files.h"
 #include "tests/support/full_disk.h"
+#include "tests/support/rights.h"
 
 #include <QDir>
 #include <QLockFile>
@@ -97,6 +98,7 @@ TEST_F(DataFiles, TheExportFileHoldsAnEmptySheetForEveryone) {
 TEST_F(DataFiles, ASecondRunMakesWhatIsMissingAndNothingElse) {
     EXPECT_EQ(schema::MakeDataFiles(folder(), u"甲"_s), kNames);
     EXPECT_EQ(Listing(), QStringList({u"excel.dat"_s, u"syspic.dat"_s, u"tessik.dat"_s}));
+    for (const QString& name : kNames) EXPECT_EQ(RightsOf(Path(name)), 0600) << name.toStdString();
     const QByteArray database = Bytes(Path());
     Write(Path(u"syspic.dat"_s), "a picture of the user's");
     ASSERT_TRUE(QFile::remove(Path(u"excel.dat"_s)));
