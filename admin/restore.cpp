@@ -1,5 +1,6 @@
 #include "admin/restore.h"
 
+#include "app/data_file.h"
 #include "app/dressing.h"
 #include "app/session.h"
 #include "platform/controls/box.h"
@@ -32,8 +33,20 @@ void ReplaceData(const QString& backup) {
     if (QFileInfo(backup).canonicalFilePath() == QFileInfo(DbFile).canonicalFilePath()) return;
     const QString fresh = DbFile + u".restoring"_s;
     if (!sys::seams().copyFile(backup, fresh)) return;
+    KeepDataFile();  // where that fails, the backup is wanted all the same
     sys::RemoveEngineFiles(DbFile);
     if (!sys::TakePlace(fresh, DbFile).isEmpty()) QFile::remove(fresh);
+}
+
+/// Whoever has the file open would go on with the old one and lose what he writes. Without a database of its
+/// own the program cannot find out, and restores unasked.
+bool OthersAreAtWork() {
+    const controls::WaitPointer waiting;
+    try {
+        return Db && !Db->IsAlone();
+    } catch (const PlatformError&) {
+        return false;  // a file that is broken is restored all the more
+    }
 }
 
 }  // namespace
@@ -67,6 +80,8 @@ void S32::Restore() {
                                          .proposed = {},
                                          .pattern = u"*.dat"_s});
     if (backup.isEmpty()) return;
+    if (OthersAreAtWork())
+        return sys::Inform(u"另一个程序正在使用数据文件，现在不能恢复数据！请先退出该程序再试。"_s, MsgTitle);
     {
         const controls::WaitPointer waiting;
         CloseData();

@@ -1,7 +1,8 @@
 // Putting a backup in the place of the database, from the menu or when start-up found no database that opens.
 //
-// Always holds: the file chosen is not looked at, whatever fails is passed over, and the program ends. A file
-// that could not be copied leaves the old database as it was.
+// Always holds: while another program has the open database open too, nothing is done. Else the file chosen
+// is not looked at, whatever fails is passed over, and the program ends. A file that could not be copied
+// leaves the old database as it was; one that takes its place leaves a dated copy of it.
 #pragma once
 
 #include "platform/controls/modal_form.h"

@@ -1,6 +1,7 @@
 #include "app/start_up.h"
 
 #include "app/data_access.h"
+#include "app/data_file.h"
 #include "app/product.h"
 #include "app/session.h"
 #include "platform/errors.h"
@@ -28,13 +29,24 @@ void FindLanguage() {
         if (locale == language.locale) LangFlag = language.flag;
 }
 
+std::unique_ptr<dao::Database> Opened(const StartUpParts& parts,
+                                      const std::function<void(sqlite3*)>& prepare) {
+    return dao::Database::Open(DbFile, schema::kConnect.toString(), parts.vfs, prepare);
+}
+
 void OpenData(const StartUpParts& parts) {
     AppFolder = parts.folder;
     if (!AppFolder.endsWith(u'/')) AppFolder += u'/';
     DbFile = AppFolder + schema::kDatabaseFile.toString();
-    // Opened once for both: deriving the key is the longest single piece of the start.
-    Db = dao::Database::Open(DbFile, schema::kConnect.toString(), parts.vfs,
-                             [](sqlite3* engine) { schema::Upgrade(engine); });
+    // Opened once for the question and the work: deriving the key is the longest single piece of the start.
+    bool older = false;
+    Db = Opened(parts, [&](sqlite3* engine) { older = schema::UpgradeIsDue(engine); });
+    if (!older) return;
+    Db->Close();
+    Db.reset();
+    if (!KeepDataFile())
+        throw RuntimeError(u"数据文件需要升级，但升级前无法在“%1”中保留它的副本！"_s.arg(AppFolder));
+    Db = Opened(parts, [](sqlite3* engine) { schema::Upgrade(engine); });
 }
 
 void Run(const StartUpParts& parts, std::unique_ptr<MForm>& frame) {
@@ -42,6 +54,7 @@ void Run(const StartUpParts& parts, std::unique_ptr<MForm>& frame) {
     EditInProgress = false;
     FindLanguage();
     MsgTitle = LangText(u"提示"_s);
+    AskWhenBusy();
     OpenData(parts);
     CanSeeFigures = true;
     frame = std::make_unique<MForm>(parts.registry);

@@ -14,14 +14,14 @@ QByteArray FirstRowsSql() {
 }
 
 void CreateTables(sqlite3* db) {
-    InTransaction(db, [&] {
+    InTransaction(db, "begin immediate", [&] {
         Run(db, TablesSql());
         Run(db, "pragma user_version = " + QByteArray::number(kVersion));
     });
 }
 
 void InsertFirstRows(sqlite3* db) {
-    InTransaction(db, [&] { Run(db, FirstRowsSql()); });
+    InTransaction(db, "begin immediate", [&] { Run(db, FirstRowsSql()); });
 }
 
 }  // namespace schema

@@ -87,8 +87,8 @@ void RunWithText(sqlite3* db, const QByteArray& statement, const QString& text) 
     Step(db, prepared.get());
 }
 
-void InTransaction(sqlite3* db, const std::function<void()>& work) {
-    Run(db, "begin immediate");
+void InTransaction(sqlite3* db, const QByteArray& begin, const std::function<void()>& work) {
+    Run(db, begin);
     try {
         work();
         Run(db, "commit");

@@ -27,7 +27,7 @@ int Number(sqlite3* db, const QByteArray& statement);
 /// Runs one statement with its only parameter filled in.
 void RunWithText(sqlite3* db, const QByteArray& statement, const QString& text);
 
-/// Runs work as one transaction: all of it or, when it raises, nothing.
-void InTransaction(sqlite3* db, const std::function<void()>& work);
+/// Runs work as one transaction, which begins with this statement: all of it or, when it raises, nothing.
+void InTransaction(sqlite3* db, const QByteArray& begin, const std::function<void()>& work);
 
 }  // namespace schema

@@ -10,6 +10,10 @@ inline constexpr QStringView kDatabaseFile = u"tessik.dat";  ///< all data of th
 inline constexpr QStringView kExportFile = u"excel.dat";     ///< helper of the export, no password
 inline constexpr QStringView kPictureFile = u"syspic.dat";   ///< the wallpaper: a picture of any format
 
+/// In the names of the copies that are kept of the first before it is replaced or upgraded, and how many.
+inline constexpr QStringView kKeptLabel = u"更改前";
+inline constexpr int kMostKept = 10;
+
 inline constexpr QStringView kConnect = u";PWD=QXR7305";  ///< opens the locked one
 inline constexpr QStringView kPassword = kConnect.sliced(QStringView(u";PWD=").size());
 

@@ -3,6 +3,8 @@
 #include "platform/errors.h"
 #include "schema/engine.h"
 
+#include <sqlite3.h>
+
 using namespace Qt::StringLiterals;
 
 namespace schema {
@@ -16,6 +18,12 @@ void Take(sqlite3* db, const UpgradeStep& step) {
     }
 }
 
+/// The engine gives up its log only where nobody else has the file open.
+void RequireAlone(sqlite3* db) {
+    if ((sqlite3_exec(db, "pragma journal_mode = delete", nullptr, nullptr, nullptr) & 0xff) == SQLITE_BUSY)
+        throw RuntimeError(u"数据文件需要升级，但另一个程序正在使用它！请先退出该程序，再重新启动。"_s);
+}
+
 }  // namespace
 
 const std::vector<UpgradeStep>& UpgradeSteps() {
@@ -25,18 +33,26 @@ const std::vector<UpgradeStep>& UpgradeSteps() {
     return steps;
 }
 
-void Upgrade(sqlite3* db, const std::vector<UpgradeStep>& steps, int newest) {
+bool UpgradeIsDue(sqlite3* db, int newest) {
     const int version = Number(db, "pragma user_version");
-    if (version == newest) return;
+    if (version == newest) return false;
     if (version > newest) {
         throw RuntimeError(
             u"数据文件的版本（%1）比本程序的版本（%2）新，请使用新版程序打开！"_s.arg(version).arg(newest));
     }
-    InTransaction(db, [&] {
+    RequireAlone(db);
+    return true;
+}
+
+void Upgrade(sqlite3* db, const std::vector<UpgradeStep>& steps, int newest) {
+    if (!UpgradeIsDue(db, newest)) return;
+    // Nobody can open the file meanwhile. Whoever was quicker to do so has upgraded it.
+    InTransaction(db, "begin exclusive", [&] {
+        const int version = Number(db, "pragma user_version");
         for (const UpgradeStep& step : steps) {
             if (step.version > version) Take(db, step);
         }
-        Run(db, "pragma user_version = " + QByteArray::number(newest));
+        if (version < newest) Run(db, "pragma user_version = " + QByteArray::number(newest));
     });
 }
 

@@ -1,11 +1,14 @@
 #include "platform/dao/connection.h"
 
+#include "platform/dao/busy.h"
 #include "platform/dao/cipher.h"
 #include "platform/dao/engine_functions.h"
 #include "platform/system/files.h"
 #include "platform/text/numbers.h"
 
+#include <QDeadlineTimer>
 #include <QFileInfo>
+#include <QThread>
 
 #include <algorithm>
 #include <cctype>
@@ -16,7 +19,12 @@ using namespace Qt::StringLiterals;
 namespace dao {
 namespace {
 
-constexpr int kBusyMilliseconds = 2000;
+constexpr int kBusyMilliseconds = 2000;  // for what is soon over: a file being opened or closed elsewhere
+constexpr int kBusyPause = 50;           // milliseconds between two tries to write
+
+bool IsBusy(int code) {
+    return (code & 0xff) == SQLITE_BUSY;
+}
 
 QString EngineText(const char* words) {
     return QString::fromUtf8(words);
@@ -68,6 +76,11 @@ std::optional<std::vector<std::string>> Answers(sqlite3* engine, const std::stri
 
 }  // namespace
 
+WhenBusy& whenBusy() {
+    static WhenBusy inUse;
+    return inUse;
+}
+
 bool TableCache::LeadsIndex(std::string_view table, std::string_view column) const {
     std::string key = Lower(table);
     auto known = leading_.find(key);
@@ -101,9 +114,10 @@ const dialect::Table* TableCache::Find(std::string_view name) const {
     return &known_.emplace(std::move(key), std::move(table)).first->second;
 }
 
-Connection::Connection(const QString& path, const QString& connect, const QString& vfs) {
+Connection::Connection(const QString& path, const QString& connect, const QString& vfs,
+                       const std::function<void(sqlite3*)>& prepare) {
     try {
-        Open(path, connect, vfs);
+        Open(path, connect, vfs, prepare);
     } catch (...) {
         LetGo();
         throw;
@@ -114,7 +128,8 @@ Connection::~Connection() {
     LetGo();
 }
 
-void Connection::Open(const QString& path, const QString& connect, const QString& vfs) {
+void Connection::Open(const QString& path, const QString& connect, const QString& vfs,
+                      const std::function<void(sqlite3*)>& prepare) {
     // Before the engine makes files beside it, which get the rights that it has itself.
     sys::KeepDatabaseToOwner(path);
     const QByteArray vfsName = vfs.toUtf8();
@@ -130,8 +145,11 @@ void Connection::Open(const QString& path, const QString& connect, const QString
     Run("pragma temp_store=memory", path);
     Run("pragma cache_size=-65536", path);
     Run("pragma foreign_keys=off", path);
+    if (prepare) prepare(engine_);
     Run("pragma journal_mode=wal", path);
     Run("pragma synchronous=full", path);
+    // From its first read through the log on, other programs see that this one has the file open.
+    Run("select 1 from sqlite_master limit 1", path);
     if (const int registered = RegisterFunctions(engine_); registered != SQLITE_OK) Fail(registered, path);
     tables_.SetEngine(engine_);
 }
@@ -151,8 +169,21 @@ void Connection::Inspect(const QString& path, bool withPassword) {
     Run("select count(*) from sqlite_master", path);
     if (QFileInfo(path).size() == 0) throw DatabaseError(EngineText(sqlite3_errstr(SQLITE_NOTADB)), path);
     if (withPassword) Run("select 1 from TE1 limit 1", path);
-    Run("begin immediate", path);
+    RequireWritable(path);
+}
+
+void Connection::RequireWritable(const QString& path) {
+    const int code = TryToBegin();
+    // Another program at its work does not keep this one out: what is to be written waits for its turn.
+    if (IsBusy(code) && KeepsLog()) return;
+    if (code != SQLITE_OK) Fail(code, path);
     Run("rollback", path);
+}
+
+/// Whether the file is written to through the log, so that it can be read meanwhile.
+bool Connection::KeepsLog() {
+    const auto mode = Answers(engine_, "pragma journal_mode", 0);
+    return mode && !mode->empty() && mode->front() == "wal";
 }
 
 sqlite3* Connection::Engine(const QString& statement) const {
@@ -175,8 +206,35 @@ dialect::Translation Connection::Translate(const QString& statement, Wording wor
 
 void Connection::BeginGroup(const QString& statement) {
     if (inGroup_) return;
-    Run("begin immediate", statement);
+    int code = TryToBegin();
+    if (IsBusy(code)) code = WaitAndBegin();
+    if (code != SQLITE_OK) Fail(code, statement);
     inGroup_ = true;
+}
+
+/// Does not wait by itself: nobody would see why.
+int Connection::TryToBegin() {
+    sqlite3_busy_timeout(engine_, 0);
+    const int code = sqlite3_exec(engine_, "begin immediate", nullptr, nullptr, nullptr);
+    sqlite3_busy_timeout(engine_, kBusyMilliseconds);
+    return code;
+}
+
+int Connection::WaitAndBegin() {
+    int code = SQLITE_BUSY;
+    const auto wait = [&] {
+        const QDeadlineTimer end(whenBusy().patience);
+        do {
+            QThread::msleep(kBusyPause);
+            code = TryToBegin();
+        } while (IsBusy(code) && !end.hasExpired());
+        return !IsBusy(code);
+    };
+    if (whenBusy().handle)
+        whenBusy().handle(wait);
+    else
+        wait();
+    return code;
 }
 
 void Connection::CloseGroup() {
@@ -194,7 +252,9 @@ void Connection::CloseGroup() {
 }
 
 void Connection::Fail(int code, const QString& statement) {
-    const QString words = EngineText(engine_ ? sqlite3_errmsg(engine_) : sqlite3_errstr(code));
+    // Others may have had the engine while a busy file was waited for.
+    const bool last = engine_ && !IsBusy(code);
+    const QString words = EngineText(last ? sqlite3_errmsg(engine_) : sqlite3_errstr(code));
     if (inGroup_) {
         const int kind = code & 0xff;
         // Some errors take the engine's transaction with them; a full disk and an I/O error always take ours,
@@ -218,7 +278,15 @@ void Connection::Checkpoint() {
     if (!engine_) return;
     const int code =
         sqlite3_wal_checkpoint_v2(engine_, nullptr, SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
-    if (code != SQLITE_OK) Fail(code, QString());
+    // Whoever else has the file open brings the rest into it when he goes.
+    if (code != SQLITE_OK && !IsBusy(code)) Fail(code, QString());
+}
+
+bool Connection::IsAlone() {
+    if (!engine_) return true;
+    CloseGroup();
+    // The engine gives up its log only when nobody else has the file open.
+    return !IsBusy(sqlite3_exec(engine_, "pragma journal_mode=delete", nullptr, nullptr, nullptr));
 }
 
 void Connection::Close() {

@@ -9,6 +9,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <optional>
 #include <sqlite3.h>
 #include <string>
@@ -33,7 +34,9 @@ class TableCache : public dialect::Tables {
 
 class Connection {
   public:
-    Connection(const QString& path, const QString& connect, const QString& vfs);
+    /// prepare as in Database::Open.
+    Connection(const QString& path, const QString& connect, const QString& vfs,
+               const std::function<void(sqlite3*)>& prepare);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -47,19 +50,27 @@ class Connection {
     KeptStatements& Kept() { return kept_; }
 
     bool InGroup() const { return inGroup_; }
+    /// Waits for another program that is writing (busy.h). Raises what stands there.
     void BeginGroup(const QString& statement);
     void CloseGroup();
     /// Raises what the engine says of its last call, and gives the group up where the engine did or must.
     [[noreturn]] void Fail(int code, const QString& statement);
 
-    /// Brings everything into the one file.
+    /// Brings everything into the one file, as far as other programs that have it open let it.
     void Checkpoint();
+    /// As Database::IsAlone.
+    bool IsAlone();
     void Close();
 
   private:
-    void Open(const QString& path, const QString& connect, const QString& vfs);
+    void Open(const QString& path, const QString& connect, const QString& vfs,
+              const std::function<void(sqlite3*)>& prepare);
     void Unlock(const QString& path, const QString& connect);
     void Inspect(const QString& path, bool withPassword);
+    void RequireWritable(const QString& path);
+    bool KeepsLog();
+    int TryToBegin();
+    int WaitAndBegin();
     void Run(const char* sql, const QString& statement);
     void LetGo();
 

@@ -31,8 +31,7 @@ struct Database::Impl {
 std::unique_ptr<Database> Database::Open(const QString& path, const QString& connect, const QString& vfs,
                                          const std::function<void(sqlite3*)>& prepare) {
     auto impl = std::make_unique<Impl>();
-    impl->connection = std::make_shared<Connection>(path, connect, vfs);
-    if (prepare) prepare(impl->connection->Engine(path));
+    impl->connection = std::make_shared<Connection>(path, connect, vfs, prepare);
     impl->Attach();
     return std::unique_ptr<Database>(new Database(std::move(impl)));
 }
@@ -76,6 +75,10 @@ void Database::CloseGroup() {
 
 bool Database::InGroup() const {
     return impl_->connection->InGroup();
+}
+
+bool Database::IsAlone() {
+    return impl_->connection->IsAlone();
 }
 
 void Database::Close() {

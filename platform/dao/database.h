@@ -3,7 +3,8 @@
 //
 // Always holds: the first write opens a commit group; the end of the command closes it (sys::CloseCommand). A
 // group is never rolled back because a statement failed: what ran, stays. A full disk, an I/O error or a
-// failed commit loses the group, and the DatabaseError says so (GroupLost).
+// failed commit loses the group, and the DatabaseError says so (GroupLost). A group waits for its turn while
+// another program is writing to the file (busy.h).
 #pragma once
 
 #include "platform/dao/recordset.h"
@@ -21,10 +22,11 @@ class Database {
   public:
     /// Opens an existing file; connect is ";PWD=..." or "". Raises DatabaseError with the engine's words for
     /// a file that is missing, empty, damaged, read-only, locked, without the operator table (asked where
-    /// there is a password), or of another password. vfs names the engine's storage layer, for tests ("" is
-    /// the engine's own). prepare gets the engine's handle once the file has passed all this, before the
-    /// first statement: for the upgrade of an older file. What it raises, Open raises, and the file is
-    /// closed.
+    /// there is a password), or of another password. One that another program is working with opens. From
+    /// here on the file can be read by its owner alone. vfs names the engine's storage layer, for tests (""
+    /// is the engine's own). prepare gets the engine's handle once the file has passed all this, before the
+    /// file gets its log and the first statement comes: for the upgrade of an older file. What it raises,
+    /// Open raises, and the file is closed.
     static std::unique_ptr<Database> Open(const QString& path, const QString& connect,
                                           const QString& vfs = {},
                                           const std::function<void(sqlite3*)>& prepare = {});
@@ -43,7 +45,10 @@ class Database {
     void CloseGroup();
     bool InGroup() const;
 
-    /// Commits, checkpoints into one single file and lets go of it. Every later call raises.
+    /// Whether no other program has the file open. Commits first. Where it is so, the next call is Close.
+    bool IsAlone();
+    /// Commits, checkpoints into one single file, unless other programs have it open, and lets go of it.
+    /// Every later call raises.
     void Close();
 
     struct Impl;

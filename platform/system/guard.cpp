@@ -32,7 +32,7 @@ class HookList {
     int last_ = 0;
 };
 
-// The two are never destroyed: a database that lives until the process ends takes its hooks out of them.
+// They are never destroyed: a database that lives until the process ends takes its hooks out of them.
 HookList& CommandEnd() {
     static auto& list = *new HookList;
     return list;
@@ -82,14 +82,22 @@ void ReportCurrent() {
     }
 }
 
+void RunCommand(const std::function<void()>& body) {
+    try {
+        body();
+    } catch (const CommandGivenUp&) {
+        // Nothing was written, and whoever gave it up knows.
+    }
+    CloseCommand();
+}
+
 }  // namespace
 
 void Guarded(const std::function<void()>& body) {
     if (ended) return;
     try {
         try {
-            body();
-            CloseCommand();
+            RunCommand(body);
         } catch (const ProgramEnded&) {
             throw;
         } catch (...) {

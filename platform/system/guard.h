@@ -15,6 +15,10 @@ struct ProgramEnded {
     int status;
 };
 
+/// Thrown where the operator gives a command up before its first write. Everything it says is said; the guard
+/// ends the event without a report, and the program goes on with what stands in the windows.
+struct CommandGivenUp {};
+
 /// Runs one event. Does nothing any more once the program has ended (which only a test outlives).
 void Guarded(const std::function<void()>& body);
 

@@ -9,6 +9,7 @@
 #include "schema/names.h"
 #include "tests/app/frame_run.h"
 #include "tests/support/files.h"
+#include "tests/support/rights.h"
 
 #include <QDir>
 #include <QFile>
@@ -101,8 +102,61 @@ TEST(Restore, NothingOfTheOldDatabaseIsPlayedIntoTheNewOne) {
     for (const QString& side : {u"-wal"_s, u"-shm"_s, u"-journal"_s})
         Write(run.company.File() + side, "left over");
     run.Restore(run.Backup());
-    EXPECT_EQ(QDir(run.company.Folder()).entryList(QDir::Files), QStringList{u"tessik.dat"_s});
+    EXPECT_EQ(QDir(run.company.Folder()).entryList({u"tessik.dat*"_s}, QDir::Files),
+              QStringList{u"tessik.dat"_s});
     EXPECT_EQ(run.Couriers(), 1);
+}
+
+TEST(Restore, CopiesNothingWhileAnotherProgramHasTheFileOpen) {
+    RestoreRun run;
+    const auto other = dao::Database::Open(run.company.File(), schema::kConnect.toString());
+    const QString backup = run.Backup();
+    run.Show([&](QWidget& form) {
+        run.script.File(kDialog, backup);
+        run.script.Box(u"另一个程序正在使用数据文件，现在不能恢复数据！请先退出该程序再试。"_s, u"提示"_s);
+        PressRestore();
+        EXPECT_TRUE(form.isVisible());
+        Find<controls::Button>(form, u"Command2"_s).click();
+    });
+    EXPECT_FALSE(sys::HasEnded());
+    run.company.Run(u"insert into M04 (F1,F2) VALUES ('甲','')"_s);
+    Db->CloseGroup();
+    EXPECT_EQ(other->OpenRecordset(u"select F1 from M04"_s).Fields(0).Text(), u"甲"_s)
+        << "both go on with the one file";
+    other->Close();
+    run.Restore(backup);
+    EXPECT_EQ(run.Couriers(), 1);
+}
+
+QStringList Kept(const RestoreRun& run) {
+    return QDir(run.company.Folder()).entryList({u"tessik.更改前.*.dat"_s}, QDir::Files);
+}
+
+TEST(Restore, KeepsADatedCopyOfWhatItReplacesIfItCan) {
+    RestoreRun run;
+    run.company.Run(u"insert into M04 (F1,F2) VALUES ('甲','')"_s);
+    run.company.Run(u"insert into M04 (F1,F2) VALUES ('乙','')"_s);
+    const QString backup = run.Backup();
+    OpenToAll(backup);
+    run.Restore(backup);
+    EXPECT_EQ(run.Couriers(), 1);
+    EXPECT_EQ(RightsOf(run.company.File()), 0600);
+    ASSERT_EQ(Kept(run), QStringList{u"tessik.更改前.2024-03-15_10-00-00.dat"_s});
+    const QString kept = run.company.Folder() + Kept(run).front();
+    EXPECT_EQ(RightsOf(kept), 0600);
+    EXPECT_EQ(schema::Number(schema::OpenEngine(kept, schema::kPassword).get(), "select count(*) from M04"),
+              2);
+}
+
+TEST(Restore, GoesOnWithoutADatedCopyWhereItFails) {
+    RestoreRun run;
+    const auto real = sys::seams().copyFile;
+    sys::seams().copyFile = [&](const QString& from, const QString& to) {
+        return from != run.company.File() && real(from, to);
+    };
+    run.Restore(run.Backup());
+    EXPECT_EQ(run.Couriers(), 1);
+    EXPECT_EQ(Kept(run), QStringList());
 }
 
 TEST(Restore, ACopyThatFailsReportsSuccessAllTheSameAndTheOldFileStays) {

@@ -122,7 +122,7 @@ TEST(StartUp, WhateverFailsIsToldThenRestoreIsOfferedThenItEnds) {
          [&](StartRun& run) {
              schema::MakeDatabase(run.File());
              holder = std::make_unique<Connection>(run.File());
-             holder->Run(u"begin exclusive"_s);
+             holder->Run(u"begin exclusive"_s);  // as a tool that checks or packs the file
          }},
         {"of a newer release",
          [](StartRun& run) {
@@ -158,6 +158,62 @@ TEST(StartUp, WhateverFailsIsToldThenRestoreIsOfferedThenItEnds) {
         storage.Heal();
         holder.reset();
     }
+}
+
+/// Starts on a file of an earlier release. Gives the names of the copies that are kept of it.
+class OlderFile : public testing::Test {
+  protected:
+    OlderFile() {
+        schema::MakeDatabase(run_.File());
+        Connection(run_.File()).Run(u"pragma user_version = 0"_s);
+    }
+    QStringList Kept() const { return QDir(run_.folder.path()).entryList({u"tessik.更改前.*.dat"_s}); }
+    int Version(const QString& file) const {
+        return Connection(file).Rows(u"pragma user_version"_s).value(0).toInt();
+    }
+    void StartsInVainBecause(const QString& reason) {
+        run_.script.BoxContaining(reason);
+        run_.script.End(1);
+        run_.Start();
+        EXPECT_TRUE(run_.script.Done());
+        EXPECT_EQ(Version(run_.File()), 0);
+        EXPECT_EQ(Kept(), QStringList());
+    }
+
+    StartRun run_;
+};
+
+TEST_F(OlderFile, IsUpgradedAndACopyOfItIsKept) {
+    run_.Start();
+    EXPECT_EQ(run_.events, QStringList{u"login"_s});
+    ASSERT_TRUE(Db);
+    Db->Close();
+    EXPECT_EQ(Version(run_.File()), schema::kVersion);
+    ASSERT_EQ(Kept(), QStringList{u"tessik.更改前.2024-03-15_10-00-00.dat"_s});
+    EXPECT_EQ(Version(run_.folder.filePath(Kept().front())), 0);
+
+    run_.Start();
+    EXPECT_EQ(Kept().size(), 1) << "an upgrade comes once";
+}
+
+TEST_F(OlderFile, IsLeftAloneWhereItCannotBeCopied) {
+    sys::seams().copyFile = [](const QString&, const QString&) { return false; };
+    StartsInVainBecause(u"升级前无法在“%1/”中保留它的副本"_s.arg(run_.folder.path()));
+}
+
+TEST_F(OlderFile, IsLeftAloneWhileAnotherProgramHasItOpen) {
+    const auto other = dao::Database::Open(run_.File(), schema::kConnect.toString());
+    StartsInVainBecause(u"另一个程序正在使用"_s);
+}
+
+TEST(StartUp, ASecondProgramOpensTheSameFileEvenWhileTheFirstWrites) {
+    StartRun run;
+    schema::MakeDatabase(run.File());
+    const auto other = dao::Database::Open(run.File(), schema::kConnect.toString());
+    other->Execute(u"delete from M04"_s);
+    run.Start();
+    EXPECT_EQ(run.events, QStringList{u"login"_s});
+    other->CloseGroup();
 }
 
 }  // namespace

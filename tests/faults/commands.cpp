@@ -163,7 +163,7 @@ std::vector<Command> Made() {
          {},
          InDialog(
              u"S01"_s, u"S1"_s, [](QWidget& dialog) { PressIn(dialog, u"CmdOK"_s); }, u"CmdCancel"_s)},
-        {"S2_Change", "", "", {}, InDialog(u"S2"_s, u"H2"_s, TypeNewPassword)},
+        {"S2_Change", "", "", {}, InDialog(u"S2"_s, u"H2"_s, TypeNewPassword, u"Cmd(1)"_s)},
         {"S32_Restore",
          "",
          "",

@@ -1,10 +1,12 @@
 // The data file: what opens and what doesn't, what a command leaves behind, how rows are read and written.
+#include "platform/dao/busy.h"
 #include "platform/dao/database.h"
 #include "platform/errors.h"
 #include "platform/system/guard.h"
 #include "tests/support/data_file.h"
 #include "tests/support/failing_vfs.h"
 #include "tests/support/files.h"
+#include "tests/support/rights.h"
 #include "tests/support/script.h"
 
 #include <QFile>
@@ -78,11 +80,110 @@ TEST(Opening, RefusesAReadOnlyAndALockedFile) {
         storage.Heal();
         EXPECT_EQ(OpeningSays(file.Path(), file.Connect(), u"failing"_s), QString());
     }
-    const auto holder = Open(file);
-    holder->Execute(u"delete from M04"_s);
+    tests::Connection holder(file.Path());
+    holder.Run(u"pragma journal_mode=delete"_s);
+    holder.Run(u"begin immediate"_s);
     EXPECT_EQ(OpeningSays(file.Path(), file.Connect(), u"failing"_s), u"database is locked"_s);
-    holder->CloseGroup();
+    holder.Run(u"rollback"_s);
     EXPECT_EQ(OpeningSays(file.Path(), file.Connect()), QString());
+}
+
+TEST(Opening, NarrowsTheRightsToTheFileAndToAllBesideIt) {
+    const tests::DataFile file(kTables);
+    const QString link = file.Folder() + u"/link.dat"_s;
+    ASSERT_TRUE(QFile::link(file.Path(), link));
+    tests::Write(file.Path() + u"-wal"_s, {});
+    for (const QString& side : {u""_s, u"-wal"_s}) tests::OpenToAll(file.Path() + side);
+    const auto db = dao::Database::Open(link, file.Connect());
+    db->Execute(u"insert into M04 (F1) values ('a')"_s);
+    db->CloseGroup();
+    for (const QString& side : {u""_s, u"-wal"_s, u"-shm"_s})
+        EXPECT_EQ(tests::RightsOf(file.Path() + side), 0600) << side.toStdString();
+}
+
+/// Runs a command that another program keeps from writing; handle is what the program does about it.
+class TwoPrograms : public testing::Test {
+  protected:
+    TwoPrograms() : db_(Open(file_)), other_(file_.Path()) {
+        dao::whenBusy().patience = 0;
+        other_.Run(u"begin immediate"_s);
+    }
+    ~TwoPrograms() override { dao::whenBusy() = {}; }
+    void Add(const QString& code) { db_->Execute(u"insert into M04 (F1) values ('"_s + code + u"')"_s); }
+    QStringList Codes() const { return file_.Rows(u"select F1 from M04 order by F1"_s); }
+
+    const tests::DataFile file_{kTables};
+    std::unique_ptr<dao::Database> db_;
+    tests::Connection other_;
+};
+
+TEST_F(TwoPrograms, OpenReadAndCloseTheFileWhileOneOfThemWrites) {
+    db_->Close();
+    const auto second = Open(file_);
+    EXPECT_TRUE(second->OpenRecordset(u"select F1 from M04"_s).Eof());
+    EXPECT_NO_THROW(second->Close());
+    other_.Run(u"insert into M04 (F1) values ('other')"_s);
+    other_.Run(u"commit"_s);
+    EXPECT_EQ(Codes(), QStringList{u"other"_s});
+}
+
+TEST_F(TwoPrograms, WaitForEachOtherAtACommandsFirstWrite) {
+    int waits = 0;
+    dao::whenBusy().handle = [&](const std::function<bool()>& wait) {
+        EXPECT_FALSE(wait());
+        ++waits;
+        other_.Run(u"insert into M04 (F1) values ('other')"_s);
+        other_.Run(u"commit"_s);
+        EXPECT_TRUE(wait());
+    };
+    sys::Guarded([&] {
+        Add(u"a"_s);
+        Add(u"b"_s);
+        EXPECT_FALSE(other_.Takes(u"begin immediate"_s));
+    });
+    EXPECT_EQ(waits, 1);
+    EXPECT_EQ(Codes(), (QStringList{u"a"_s, u"b"_s, u"other"_s}));
+}
+
+TEST_F(TwoPrograms, OneThatIsNeverFreeFailsTheStatementOrTheCommandIsGivenUp) {
+    for (const bool handled : {false, true}) {
+        if (handled) dao::whenBusy().handle = [](const std::function<bool()>& wait) { wait(); };
+        try {
+            Add(u"a"_s);
+            ADD_FAILURE();
+        } catch (const DatabaseError& error) {
+            EXPECT_EQ(error.Text(), u"database is locked"_s);
+            EXPECT_FALSE(error.GroupLost());
+        }
+    }
+    dao::whenBusy().handle = [](const std::function<bool()>&) { throw sys::CommandGivenUp{}; };
+    bool wentOn = false;
+    sys::Guarded([&] {
+        Add(u"a"_s);
+        wentOn = true;
+    });
+    EXPECT_FALSE(wentOn);
+    EXPECT_FALSE(sys::HasEnded());
+    EXPECT_FALSE(db_->InGroup());
+    other_.Run(u"rollback"_s);
+    sys::Guarded([&] { Add(u"b"_s); });
+    EXPECT_EQ(Codes(), QStringList{u"b"_s});
+}
+
+TEST_F(TwoPrograms, OneKnowsWhetherItIsAlone) {
+    other_.Run(u"rollback"_s);
+    EXPECT_FALSE(db_->IsAlone());
+    Add(u"a"_s);  // it goes on as before
+    db_->CloseGroup();
+    const auto second = Open(file_);
+    second->Close();
+    EXPECT_FALSE(db_->IsAlone());
+
+    other_.Close();
+    Add(u"b"_s);
+    EXPECT_TRUE(db_->IsAlone());
+    EXPECT_EQ(file_.Files(), QStringList{u"test.dat"_s}) << "all of it is in the one file";
+    EXPECT_EQ(Codes(), (QStringList{u"a"_s, u"b"_s}));
 }
 
 TEST(File, CannotBeReadWithoutThePassword) {

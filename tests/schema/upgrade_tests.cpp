@@ -74,6 +74,28 @@ TEST_F(Upgrading, AFailingStepTakesTheOthersBack) {
     EXPECT_EQ(Found(u"select * from T"_s), u"old"_s);
 }
 
+TEST_F(Upgrading, WaitsForNobodyAndChangesNothingWhileAnotherProgramHasTheFileOpen) {
+    MakeFile(1);
+    Connection other(Path());
+    other.Run(u"pragma journal_mode = wal"_s);
+    other.Rows(u"select * from T"_s);
+    const auto file = Open();
+    for (const bool asked : {true, false}) {
+        try {
+            asked ? static_cast<void>(schema::UpgradeIsDue(file.get(), 4))
+                  : schema::Upgrade(file.get(), kSteps, 4);
+            ADD_FAILURE() << "taken";
+        } catch (const RuntimeError& error) {
+            EXPECT_TRUE(error.Text().contains(u"另一个程序正在使用"_s)) << error.Text().toStdString();
+        }
+    }
+    EXPECT_FALSE(schema::UpgradeIsDue(file.get(), 1)) << "what is up to date may be shared";
+    EXPECT_EQ(other.Rows(u"pragma user_version"_s), QStringList{u"1"_s});
+    other.Close();
+    schema::Upgrade(file.get(), kSteps, 4);
+    EXPECT_EQ(Found(u"pragma user_version"_s), u"4"_s);
+}
+
 TEST_F(Upgrading, TheProgramsOwnStepsEndWhereNewFilesBegin) {
     int last = 1;
     for (const auto& step : schema::UpgradeSteps()) {

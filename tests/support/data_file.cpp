@@ -19,7 +19,12 @@ Connection::Connection(const QString& path, const QString& password) {
 }
 
 Connection::~Connection() {
+    Close();
+}
+
+void Connection::Close() {
     sqlite3_close(engine_);
+    engine_ = nullptr;
 }
 
 bool Connection::Takes(const QString& statement) {

@@ -19,6 +19,8 @@ class Connection {
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
+    /// Lets go of the file.
+    void Close();
     /// Whether the engine takes the statement.
     bool Takes(const QString& statement);
     /// Runs a statement; one that fails fails the test.
