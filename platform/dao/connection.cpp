@@ -4,6 +4,7 @@
 #include "platform/dao/cipher.h"
 #include "platform/dao/engine_functions.h"
 #include "platform/system/files.h"
+#include "platform/system/stop_signals.h"
 #include "platform/text/numbers.h"
 
 #include <QDeadlineTimer>
@@ -205,6 +206,7 @@ dialect::Translation Connection::Translate(const QString& statement, Wording wor
 }
 
 void Connection::BeginGroup(const QString& statement) {
+    sys::EndIfStopped();
     if (inGroup_) return;
     int code = TryToBegin();
     if (IsBusy(code)) code = WaitAndBegin();
@@ -226,6 +228,7 @@ int Connection::WaitAndBegin() {
         const QDeadlineTimer end(whenBusy().patience);
         do {
             QThread::msleep(kBusyPause);
+            sys::EndIfStopped();
             code = TryToBegin();
         } while (IsBusy(code) && !end.hasExpired());
         return !IsBusy(code);
@@ -287,6 +290,15 @@ bool Connection::IsAlone() {
     CloseGroup();
     // The engine gives up its log only when nobody else has the file open.
     return !IsBusy(sqlite3_exec(engine_, "pragma journal_mode=delete", nullptr, nullptr, nullptr));
+}
+
+void Connection::Abandon() {
+    if (!engine_) return;
+    if (inGroup_) sqlite3_exec(engine_, "rollback", nullptr, nullptr, nullptr);
+    inGroup_ = false;
+    lost_.reset();
+    sqlite3_busy_timeout(engine_, 0);  // whoever is told to go does not wait for others
+    Close();
 }
 
 void Connection::Close() {

@@ -61,6 +61,8 @@ class Connection {
     /// As Database::IsAlone.
     bool IsAlone();
     void Close();
+    /// Rolls back what is not committed and closes.
+    void Abandon();
 
   private:
     void Open(const QString& path, const QString& connect, const QString& vfs,

@@ -14,16 +14,19 @@ struct Database::Impl {
     std::shared_ptr<Connection> connection;
     int commandEnd = 0;
     int programEnd = 0;
+    int abandon = 0;
 
     void Attach() {
         Connection* const c = connection.get();
         commandEnd = sys::AddCommandEndHook([c] { c->CloseGroup(); });
         programEnd = sys::AddProgramEndHook([c] { c->Checkpoint(); });
+        abandon = sys::AddAbandonHook([c] { c->Abandon(); });
     }
 
     void Close() {
         sys::RemoveCommandEndHook(commandEnd);
         sys::RemoveProgramEndHook(programEnd);
+        sys::RemoveAbandonHook(abandon);
         connection->Close();
     }
 };

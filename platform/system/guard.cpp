@@ -2,6 +2,7 @@
 
 #include "platform/errors.h"
 #include "platform/system/seams.h"
+#include "platform/system/stop_signals.h"
 
 #include <QCoreApplication>
 
@@ -39,6 +40,11 @@ HookList& CommandEnd() {
 }
 
 HookList& ProgramEnd() {
+    static auto& list = *new HookList;
+    return list;
+}
+
+HookList& Abandon() {
     static auto& list = *new HookList;
     return list;
 }
@@ -129,6 +135,7 @@ void RemoveCommandEndHook(int handle) {
 }
 
 void CloseCommand() {
+    EndIfStopped();
     CommandEnd().Run();
 }
 
@@ -142,6 +149,18 @@ void RemoveProgramEndHook(int handle) {
 
 void RunProgramEndHooks() {
     ProgramEnd().Run();
+}
+
+int AddAbandonHook(std::function<void()> hook) {
+    return Abandon().Add(std::move(hook));
+}
+
+void RemoveAbandonHook(int handle) {
+    Abandon().Remove(handle);
+}
+
+void RunAbandonHooks() {
+    Abandon().Run();
 }
 
 }  // namespace sys

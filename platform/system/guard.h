@@ -34,13 +34,19 @@ void ForgetEnd();
 /// removal.
 int AddCommandEndHook(std::function<void()> hook);
 void RemoveCommandEndHook(int handle);
-/// Runs the hooks: commits what the command has written so far.
+/// Runs the hooks: commits what the command has written so far. Ends the program instead when a signal has
+/// asked for that (stop_signals.h).
 void CloseCommand();
 
 /// Called by EndProgram after CloseCommand, to leave one whole file behind.
 int AddProgramEndHook(std::function<void()> hook);
 void RemoveProgramEndHook(int handle);
 void RunProgramEndHooks();
+
+/// Called by AbandonProgram: rolls back what is not committed and closes the files.
+int AddAbandonHook(std::function<void()> hook);
+void RemoveAbandonHook(int handle);
+void RunAbandonHooks();
 
 /// An event of a control: a form assigns a function, the control fires it through the guard.
 template <class... Args>

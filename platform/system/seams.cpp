@@ -31,6 +31,19 @@ bool StartDetached(const QString& path) {
     ::_exit(status);
 }
 
+/// Ends the process after these steps, of which each may fail.
+[[noreturn]] void Leave(int status, std::initializer_list<void (*)()> steps) {
+    for (const auto step : steps) {
+        try {
+            step();
+        } catch (const PlatformError& error) {
+            std::fprintf(stderr, "%s\n", error.what());
+        }
+    }
+    seams().leave(status);
+    ::_exit(status);  // a seam that returned would break the promise
+}
+
 Seams Real() {
     Seams real;
     real.now = [] { return QDateTime::currentDateTime(); };
@@ -110,15 +123,11 @@ QDate Today() {
 
 void EndProgram(int status) {
     // A command that cannot be kept is no reason to leave the file in pieces.
-    for (const auto step : {CloseCommand, RunProgramEndHooks}) {
-        try {
-            step();
-        } catch (const PlatformError& error) {
-            std::fprintf(stderr, "%s\n", error.what());
-        }
-    }
-    seams().leave(status);
-    ::_exit(status);  // a seam that returned would break the promise
+    Leave(status, {CloseCommand, RunProgramEndHooks});
+}
+
+void AbandonProgram(int status) {
+    Leave(status, {RunAbandonHooks});
 }
 
 }  // namespace sys

@@ -69,5 +69,7 @@ QDate Today();
 
 /// Commits what is open, closes nothing else and leaves the process at once. Nothing after it runs.
 [[noreturn]] void EndProgram(int status);
+/// The same for a program that is told to go: what is not committed is rolled back, the files are closed.
+[[noreturn]] void AbandonProgram(int status);
 
 }  // namespace sys
