@@ -93,7 +93,8 @@ class RowsBox : public QPlainTextEdit, public TextBox {
 };
 
 /// A combo that can be typed into: no completion, no insertion of typed text, no wheel. Filling selects
-/// nothing.
+/// nothing. Behind a typed piece an arrow key goes to the first item that begins with it, in any case of the
+/// letters. The list is as wide as its longest item.
 class ComboBox : public QComboBox, public FocusEvents {
     Q_OBJECT
   public:
@@ -127,14 +128,19 @@ class ComboBox : public QComboBox, public FocusEvents {
   private:
     void Choose(int index);
     int Standing() const;
+    int FirstToWalkTo() const;
+    void WidenList();
 };
 
-/// A date box with a calendar, yyyy-MM-dd; one stop for Tab.
+/// A date box with a calendar, yyyy-MM-dd; one stop for Tab. Typed digits fill year, month and day one after
+/// the other; "-", "." and "/" end the section that is typed. A pasted or dropped date ("2024-1-5",
+/// "2024/01/05", "2024.1.5") replaces the whole date, any other text is ignored.
 class DTPicker : public QDateEdit, public FocusEvents {
     Q_OBJECT
   public:
     explicit DTPicker(QWidget* parent = nullptr);
-    QDate Value() const { return date(); }
+    /// A section that is typed half is finished first, so that a command reads what the operator sees.
+    QDate Value();
     /// Fires nothing; an invalid date leaves the value as it is.
     void SetValue(QDate value);
     void SetFocus() { MoveFocus(this); }
@@ -149,6 +155,14 @@ class DTPicker : public QDateEdit, public FocusEvents {
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void TypeSeparator();
+    void TakeText(const QString& text);
+
+    bool advanced_ = false;  ///< the last digit filled its section, and the next one is selected already
 };
 
 class CheckBox : public QCheckBox, public FocusEvents {

@@ -3,14 +3,23 @@
 #include "platform/controls/key_offer.h"
 #include "platform/errors.h"
 
+#include <QFontMetrics>
 #include <QListView>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace controls {
+namespace {
+
+constexpr int kListPadding = 22;  // of the list and of its items, with the frame
+
+}  // namespace
 
 ComboBox::ComboBox(QWidget* parent) : QComboBox(parent) {
     FocusTracker::Get();
@@ -62,6 +71,12 @@ int ComboBox::Standing() const {
     return currentIndex() >= 0 && itemText(currentIndex()) == currentText() ? currentIndex() : ListIndex();
 }
 
+/// Where an arrow key goes from a text that is no item.
+int ComboBox::FirstToWalkTo() const {
+    const QString typed = currentText();
+    return typed.isEmpty() ? 0 : std::max(0, findText(typed, Qt::MatchStartsWith));
+}
+
 void ComboBox::Choose(int index) {
     setCurrentIndex(index);
     if (index < 0)
@@ -98,7 +113,22 @@ void ComboBox::showPopup() {
         setCurrentIndex(standing);
         SetText(text);
     }
+    WidenList();
     QComboBox::showPopup();
+    // The toolkit places the list by the combo's own width.
+    QWidget* list = view()->window();
+    const int right = screen()->availableGeometry().right();
+    if (list->frameGeometry().right() > right)
+        list->move(std::max(screen()->availableGeometry().left(), right - list->width() + 1), list->y());
+}
+
+void ComboBox::WidenList() {
+    const QFontMetrics metrics(view()->font());
+    int longest = 0;
+    for (int i = 0; i < count(); ++i) longest = std::max(longest, metrics.horizontalAdvance(itemText(i)));
+    const int bar = count() > maxVisibleItems() ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
+    const int wanted = longest + bar + kListPadding;
+    view()->setMinimumWidth(std::min(wanted, screen()->availableGeometry().width()));
 }
 
 void ComboBox::keyPressEvent(QKeyEvent* event) {
@@ -112,7 +142,7 @@ void ComboBox::keyPressEvent(QKeyEvent* event) {
     }
     event->accept();
     const int from = Standing();
-    const int to = from < 0 ? 0 : from + (left->key() == Qt::Key_Down ? 1 : -1);
+    const int to = from < 0 ? FirstToWalkTo() : from + (left->key() == Qt::Key_Down ? 1 : -1);
     if (to < 0 || to >= count()) return;
     Choose(to);
     lineEdit()->selectAll();

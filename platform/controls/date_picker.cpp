@@ -1,15 +1,27 @@
 #include "platform/controls/box.h"
 #include "platform/controls/focus_tracker.h"
 #include "platform/controls/key_offer.h"
+#include "platform/text/dates.h"
 
+#include <QAction>
 #include <QCalendarWidget>
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QCoreApplication>
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QLineEdit>
 #include <QLocale>
+#include <QMenu>
+#include <QMimeData>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QSignalBlocker>
 #include <QStyle>
 #include <QStyleOptionComboBox>
 #include <QTextCharFormat>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -30,6 +42,11 @@ void DressCalendar(QCalendarWidget* calendar) {
     calendar->setMinimumSize(kCalendar);
 }
 
+bool IsSeparator(const QKeyEvent& key) {
+    const bool chord = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    return !chord && (key.text() == u"-" || key.text() == u"." || key.text() == u"/");
+}
+
 }  // namespace
 
 DTPicker::DTPicker(QWidget* parent) : QDateEdit(parent) {
@@ -39,12 +56,18 @@ DTPicker::DTPicker(QWidget* parent) : QDateEdit(parent) {
     setCalendarPopup(true);
     calendarWidget()->setLocale(locale());
     DressCalendar(calendarWidget());
+    lineEdit()->installEventFilter(this);
     connect(this, &QDateEdit::dateChanged, this, [this] { Change(); });
 }
 
 void DTPicker::SetValue(QDate value) {
     const QSignalBlocker quiet(this);
     setDate(value);
+}
+
+QDate DTPicker::Value() {
+    interpretText();
+    return date();
 }
 
 void DTPicker::OpenCalendar() {
@@ -72,6 +95,21 @@ void DTPicker::focusInEvent(QFocusEvent* event) {
     if (event->reason() != Qt::MouseFocusReason && event->reason() != Qt::PopupFocusReason &&
         event->reason() != Qt::ActiveWindowFocusReason)
         setSelectedSection(QDateTimeEdit::YearSection);
+    advanced_ = false;
+}
+
+/// Behind a digit that has filled its section the operator is where the separator leads.
+void DTPicker::TypeSeparator() {
+    const Section typed = currentSection();
+    if (std::exchange(advanced_, false)) return;
+    interpretText();
+    setSelectedSection(typed == YearSection ? MonthSection : DaySection);
+}
+
+void DTPicker::TakeText(const QString& text) {
+    QString date = text.simplified();  // a cell of a spreadsheet brings its line break
+    if (const auto read = text::ReadDate(date.replace(u'.', u'-'))) setDate(*read);
+    advanced_ = false;
 }
 
 void DTPicker::keyPressEvent(QKeyEvent* event) {
@@ -84,12 +122,52 @@ void DTPicker::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return OpenCalendar();
     }
+    if (left->matches(QKeySequence::Paste)) {
+        event->accept();
+        return TakeText(QGuiApplication::clipboard()->text());
+    }
+    if (IsSeparator(*left)) {
+        event->accept();
+        return TypeSeparator();
+    }
+    const Section before = currentSection();
     QDateEdit::keyPressEvent(left.get());
+    advanced_ = left->text().size() == 1 && left->text()[0].isDigit() && currentSection() != before;
     event->setAccepted(left->isAccepted());
 }
 
 void DTPicker::wheelEvent(QWheelEvent* event) {
     event->ignore();
+}
+
+/// The line's own menu, its paste being ours.
+void DTPicker::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    if (!KeepsFocus(this)) return;
+    const QPointer<QMenu> menu = lineEdit()->createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (auto* paste = menu->findChild<QAction*>(u"edit-paste"_s)) {
+        paste->disconnect(lineEdit());
+        connect(paste, &QAction::triggered, this, [this] { TakeText(QGuiApplication::clipboard()->text()); });
+    }
+    menu->popup(event->globalPos());
+}
+
+/// What the mouse brings into the line: the middle button's selection, or a text that is dropped.
+bool DTPicker::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != lineEdit()) return QDateEdit::eventFilter(watched, event);
+    if (event->type() == QEvent::MouseButtonRelease &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::MiddleButton) {
+        const QClipboard* board = QGuiApplication::clipboard();
+        if (KeepsFocus(this) && board->supportsSelection()) TakeText(board->text(QClipboard::Selection));
+        return true;
+    }
+    if (event->type() == QEvent::Drop) {
+        if (KeepsFocus(this)) TakeText(static_cast<QDropEvent*>(event)->mimeData()->text());
+        return true;
+    }
+    if (event->type() == QEvent::MouseButtonPress) advanced_ = false;
+    return QDateEdit::eventFilter(watched, event);
 }
 
 }  // namespace controls

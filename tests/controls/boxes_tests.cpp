@@ -334,6 +334,12 @@ TEST_F(Boxes, ComboItemsAreChosenByKeys) {
     for (int i = 0; i < 5; ++i) tests::Press(Qt::Key_Down);  // the fifth is at the end already
     tests::Press(Qt::Key_Up);
     EXPECT_EQ(Told(), "chosen:一 chosen:二 chosen:二 chosen:三 chosen:二");
+    combo.AddItem(u"HY01.环洋"_s);
+    combo.AddItem(u"HY02.海源"_s);
+    combo.SetText(u"hy"_s);
+    tests::Press(Qt::Key_Down);
+    tests::Press(Qt::Key_Down);
+    EXPECT_EQ(Told(), "chosen:HY01.环洋 chosen:HY02.海源") << "from a typed piece to what begins with it";
     combo.SetText(u"三"_s);
     EachOpeningKey([&] {
         EXPECT_EQ(Told(), "") << "opening chooses nothing";
@@ -345,6 +351,16 @@ TEST_F(Boxes, ComboItemsAreChosenByKeys) {
     tests::Press(Qt::Key_Escape);
     EXPECT_EQ(combo.Text(), u"无此项"_s);
     EXPECT_EQ(Told(), "");
+}
+
+TEST_F(Boxes, AComboShowsItsItemsWhole) {
+    const QString longest = u"SH001.上海样例国际货物运输代理有限公司浦东分公司"_s;
+    for (const auto& item : {u"A"_s, longest, u"B"_s}) combo.AddItem(item);
+    form.resize(160, form.height());
+    tests::Show(form);
+    combo.showPopup();
+    EXPECT_GE(combo.view()->viewport()->width(), combo.view()->sizeHintForColumn(0));
+    tests::Press(Qt::Key_Escape);
 }
 
 TEST_F(Boxes, DatesAreTypedDigitByDigit) {
@@ -364,6 +380,56 @@ TEST_F(Boxes, DatesAreTypedDigitByDigit) {
         EXPECT_EQ(date.calendarWidget()->selectedDate(), QDate(2025, 3, 8));
         tests::Press(Qt::Key_Escape);
     });
+}
+
+TEST_F(Boxes, ADateIsTypedWithItsSeparators) {
+    const struct {
+        QDate before;
+        QString typed;
+        QDate after;
+    } cases[] = {
+        {{2024, 11, 24}, u"2025-10-03"_s, {2025, 10, 3}}, {{2024, 11, 24}, u"2025.10.03"_s, {2025, 10, 3}},
+        {{2024, 11, 24}, u"2025/10/3"_s, {2025, 10, 3}},  {{2024, 11, 24}, u"2025-1-3"_s, {2025, 1, 3}},
+        {{2024, 11, 24}, u"2025-1-31"_s, {2025, 1, 31}},  {{2024, 2, 29}, u"2025-10-31"_s, {2025, 10, 31}},
+        {{2024, 1, 31}, u"2025-02-28"_s, {2025, 2, 28}},  {{2025, 2, 28}, u"2024-2-29"_s, {2024, 2, 29}},
+        {{2025, 12, 31}, u"2026-1-1"_s, {2026, 1, 1}},    {{2024, 11, 24}, u"-10-03"_s, {2024, 10, 3}}};
+    for (const auto& c : cases) {
+        date.SetValue(c.before);
+        Enter(button);
+        Enter(date);
+        tests::Type(c.typed);
+        EXPECT_EQ(tests::FocusName(), u"date"_s) << c.typed.toStdString();
+        EXPECT_EQ(date.Value().toString(Qt::ISODate).toStdString(),
+                  c.after.toString(Qt::ISODate).toStdString())
+            << c.typed.toStdString();
+    }
+}
+
+TEST_F(Boxes, APastedDateReplacesTheWholeDate) {
+    const QDateTimeEdit::Section sections[] = {QDateTimeEdit::YearSection, QDateTimeEdit::MonthSection,
+                                               QDateTimeEdit::DaySection};
+    Enter(date);
+    for (const auto section : sections) {
+        for (const auto& pasted : {u"2025-01-05"_s, u" 2025-1-5\n"_s, u"2025/01/05"_s, u"2025.1.5"_s}) {
+            date.SetValue(QDate(2024, 11, 28));
+            date.setSelectedSection(section);
+            Paste(pasted);
+            EXPECT_EQ(Told(), "2025-01-05") << pasted.toStdString();
+            EXPECT_EQ(tests::FocusName(), u"date"_s);
+        }
+        for (const auto& none : {u"2025-13-01"_s, u"5"_s, u"明天"_s}) Paste(none);
+        EXPECT_EQ(Told(), "") << "what is no date changes nothing";
+        EXPECT_EQ(date.text(), u"2025-01-05"_s);
+    }
+}
+
+TEST_F(Boxes, AHalfTypedDateIsWhatACommandReads) {
+    date.SetValue(QDate(2024, 11, 24));
+    Enter(date);
+    date.setSelectedSection(QDateTimeEdit::DaySection);
+    tests::Type(u"1"_s);
+    EXPECT_EQ(date.Value(), QDate(2024, 11, 1));
+    EXPECT_EQ(Told(), "2024-11-01");
 }
 
 TEST_F(Boxes, AHalfTypedDateIsFinishedBeforeTheFormReadsIt) {
