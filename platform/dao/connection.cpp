@@ -3,6 +3,7 @@
 #include "platform/dao/busy.h"
 #include "platform/dao/cipher.h"
 #include "platform/dao/engine_functions.h"
+#include "platform/dao/engine_words.h"
 #include "platform/system/files.h"
 #include "platform/system/stop_signals.h"
 #include "platform/text/numbers.h"
@@ -25,10 +26,6 @@ constexpr int kBusyPause = 50;           // milliseconds between two tries to wr
 
 bool IsBusy(int code) {
     return (code & 0xff) == SQLITE_BUSY;
-}
-
-QString EngineText(const char* words) {
-    return QString::fromUtf8(words);
 }
 
 /// The password in ";PWD=..."; "" if there is none.
@@ -133,6 +130,7 @@ void Connection::Open(const QString& path, const QString& connect, const QString
                       const std::function<void(sqlite3*)>& prepare) {
     // Before the engine makes files beside it, which get the rights that it has itself.
     sys::KeepDatabaseToOwner(path);
+    path_ = path;
     const QByteArray vfsName = vfs.toUtf8();
     // The program has one thread, so the engine need not lock itself at every call.
     const int code = sqlite3_open_v2(path.toUtf8().constData(), &engine_,
@@ -166,10 +164,11 @@ void Connection::Unlock(const QString& path, const QString& connect) {
 /// Refuses what cannot be worked with. A wrong password shows only at the first read.
 void Connection::Inspect(const QString& path, bool withPassword) {
     if (sqlite3_db_readonly(engine_, "main") != 0)
-        throw DatabaseError(EngineText(sqlite3_errstr(SQLITE_READONLY)), path);
+        throw DatabaseError(EngineText(SQLITE_READONLY, "", path), path);
     Run("select count(*) from sqlite_master", path);
-    if (QFileInfo(path).size() == 0) throw DatabaseError(EngineText(sqlite3_errstr(SQLITE_NOTADB)), path);
-    if (withPassword) Run("select 1 from TE1 limit 1", path);
+    if (QFileInfo(path).size() == 0) throw DatabaseError(EngineText(SQLITE_NOTADB, "", path), path);
+    if (withPassword && !Answers(engine_, "select 1 from TE1 limit 1", 0))
+        throw DatabaseError(EngineText(SQLITE_NOTADB, "", path), path);
     RequireWritable(path);
 }
 
@@ -249,7 +248,7 @@ void Connection::CloseGroup() {
     const int code = sqlite3_exec(engine_, "commit", nullptr, nullptr, nullptr);
     inGroup_ = false;
     if (code == SQLITE_OK) return;
-    const QString words = EngineText(sqlite3_errmsg(engine_));
+    const QString words = EngineText(code, sqlite3_errmsg(engine_), path_);
     if (sqlite3_get_autocommit(engine_) == 0) sqlite3_exec(engine_, "rollback", nullptr, nullptr, nullptr);
     throw DatabaseError(words, u"commit"_s, true);
 }
@@ -257,7 +256,7 @@ void Connection::CloseGroup() {
 void Connection::Fail(int code, const QString& statement) {
     // Others may have had the engine while a busy file was waited for.
     const bool last = engine_ && !IsBusy(code);
-    const QString words = EngineText(last ? sqlite3_errmsg(engine_) : sqlite3_errstr(code));
+    const QString words = EngineText(code, last ? sqlite3_errmsg(engine_) : sqlite3_errstr(code), path_);
     if (inGroup_) {
         const int kind = code & 0xff;
         // Some errors take the engine's transaction with them; a full disk and an I/O error always take ours,

@@ -76,6 +76,7 @@ class Connection {
     void Run(const char* sql, const QString& statement);
     void LetGo();
 
+    QString path_;
     sqlite3* engine_ = nullptr;
     TableCache tables_;
     KeptStatements kept_;

@@ -98,8 +98,7 @@ QString CheckReport(Ready& program, const Course& course, const Fault& fault) {
     EXPECT_EQ(program.Told().mid(0, program.boxes.size() - 1), course.told.mid(0, program.boxes.size() - 1));
     EXPECT_EQ(box.icon, sys::BoxIcon::Critical);
     EXPECT_FALSE(box.detail.isEmpty());
-    const QString words =
-        fault.kind == StorageFault::DiskFull ? u"database or disk is full"_s : u"disk I/O error"_s;
+    const QString words = fault.kind == StorageFault::DiskFull ? u"磁盘已满"_s : u"读写数据文件时出错"_s;
     EXPECT_TRUE(box.text.startsWith(words)) << box.text.toStdString();
     EXPECT_TRUE(box.text.contains(Lost)) << box.text.toStdString() << box.detail.toStdString();
     const QStringList left = program.StateLeft();

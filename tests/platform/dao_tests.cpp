@@ -44,11 +44,15 @@ QString OpeningSays(const QString& path, const QString& connect, const QString& 
 
 TEST(Opening, RefusesWhatIsNoWorkingDataFile) {
     const tests::DataFile file(kTables);
-    const QString notOurs = u"file is encrypted or is not a database"_s;
+    const QString other = file.Folder() + u"/other.dat"_s;
+    const auto notOurs = [](const QString& path) {
+        return u"数据文件已加密，或者不是本系统的数据文件：\r"_s + path;
+    };
     EXPECT_EQ(OpeningSays(file.Path(), file.Connect()), QString());
     for (const QString& wrong : {u";PWD=qxr7305"_s, u";PWD="_s, u""_s})
-        EXPECT_EQ(OpeningSays(file.Path(), wrong), notOurs) << wrong.toStdString();
-    EXPECT_EQ(OpeningSays(file.Folder() + u"/none.dat"_s, file.Connect()), u"unable to open database file"_s);
+        EXPECT_EQ(OpeningSays(file.Path(), wrong), notOurs(file.Path())) << wrong.toStdString();
+    EXPECT_EQ(OpeningSays(file.Folder() + u"/none.dat"_s, file.Connect()),
+              u"无法打开数据文件：\r"_s + file.Folder() + u"/none.dat"_s);
     EXPECT_FALSE(QFile::exists(file.Folder() + u"/none.dat"_s));
 
     const QByteArray whole = tests::Bytes(file.Path());
@@ -57,14 +61,13 @@ TEST(Opening, RefusesWhatIsNoWorkingDataFile) {
     const struct {
         QByteArray content;
         QString connect, says;
-    } others[] = {{{}, file.Connect(), notOurs},
-                  {{}, u""_s, notOurs},
-                  {QByteArray(8192, 'x'), file.Connect(), notOurs},
-                  {QByteArray(8192, 'x'), u""_s, notOurs},
-                  {whole.left(whole.size() - 4096), file.Connect(), u"database disk image is malformed"_s},
-                  {spoilt, file.Connect(), notOurs}};
+    } others[] = {{{}, file.Connect(), notOurs(other)},
+                  {{}, u""_s, notOurs(other)},
+                  {QByteArray(8192, 'x'), file.Connect(), notOurs(other)},
+                  {QByteArray(8192, 'x'), u""_s, notOurs(other)},
+                  {whole.left(whole.size() - 4096), file.Connect(), u"数据文件已损坏：\r"_s + other},
+                  {spoilt, file.Connect(), notOurs(other)}};
     for (const auto& row : others) {
-        const QString other = file.Folder() + u"/other.dat"_s;
         tests::Write(other, row.content);
         EXPECT_EQ(OpeningSays(other, row.connect), row.says) << row.content.size();
     }
@@ -76,14 +79,15 @@ TEST(Opening, RefusesAReadOnlyAndALockedFile) {
     for (int opening = 1; opening <= 2; ++opening) {  // as made, and as the program leaves it
         storage.RefuseWriting();
         EXPECT_EQ(OpeningSays(file.Path(), file.Connect(), u"failing"_s),
-                  u"attempt to write a readonly database"_s);
+                  u"数据文件是只读的，不能写入：\r"_s + file.Path());
         storage.Heal();
         EXPECT_EQ(OpeningSays(file.Path(), file.Connect(), u"failing"_s), QString());
     }
     tests::Connection holder(file.Path());
     holder.Run(u"pragma journal_mode=delete"_s);
     holder.Run(u"begin immediate"_s);
-    EXPECT_EQ(OpeningSays(file.Path(), file.Connect(), u"failing"_s), u"database is locked"_s);
+    EXPECT_EQ(OpeningSays(file.Path(), file.Connect(), u"failing"_s),
+              u"数据文件正被其他程序使用：\r"_s + file.Path());
     holder.Run(u"rollback"_s);
     EXPECT_EQ(OpeningSays(file.Path(), file.Connect()), QString());
 }
@@ -521,7 +525,7 @@ TEST(Storage, LosesTheWholeCommandWhenTheDiskFillsUpInItsMiddle) {
             ADD_FAILURE();
         } catch (const DatabaseError& error) {
             EXPECT_TRUE(error.GroupLost());
-            EXPECT_EQ(error.Text(), u"database or disk is full"_s);
+            EXPECT_EQ(error.Text(), u"磁盘已满，无法写入数据文件：\r"_s + file.Path());
         }
         storage.Heal();
         // Whoever swallowed the error must not go on and keep half of a command.
