@@ -47,10 +47,11 @@ QWidget* FirstStop(QWidget* page) {
 }
 
 /// A page that comes to the front goes on where it was left.
-void FocusPage(QWidget* page) {
-    QWidget* last = page->focusWidget();
-    const bool usable = last && last->isVisibleTo(page) && last->isEnabled();
-    controls::MoveFocus(usable ? last : FirstStop(page));
+void FocusPage(ChildForm* page) {
+    const auto usable = [page](const QWidget* w) { return w && w->isVisibleTo(page) && w->isEnabled(); };
+    for (QWidget* wanted : {page->focusWidget(), page->FirstFocus()})
+        if (usable(wanted)) return controls::MoveFocus(wanted);
+    controls::MoveFocus(FirstStop(page));
 }
 
 QString TodayText() {

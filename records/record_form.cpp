@@ -61,6 +61,23 @@ RecordForm::RecordForm(const RecordFormSettings& settings)
         RowChanged();
         TabS->SelectItem(CardTab);
     };
+    GD->KeyPressed = [this](controls::KeyPress& key) {
+        if (!key.IsEnter()) return;
+        key.taken = true;
+        RowChanged();
+        TabS->SelectItem(CardTab);
+    };
+    TabS->KeyPressed = [this](controls::KeyPress& key) { KeyOnTabs(key); };
+}
+
+/// Down leads from the tabs into the list, which comes to the front if it is not.
+void RecordForm::KeyOnTabs(controls::KeyPress& key) {
+    if (key.key != Qt::Key_Down || FormMode != Browsing) return;
+    key.taken = true;
+    if (TabS->SelectedItem() == ListTab)
+        GD->SetFocus();
+    else
+        TabS->SelectItem(ListTab);
 }
 
 /// Above the pages: the tabs at the left, the form's caption and the badge of add and edit state at the
@@ -333,7 +350,7 @@ controls::Card* RecordForm::MakeCard() {
     auto* card = new controls::Card;
     auto* column = new QVBoxLayout(Frm);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(card);
+    column->addWidget(new controls::CardScroll(card));
     return card;
 }
 

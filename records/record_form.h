@@ -57,6 +57,7 @@ class RecordForm : public ChildForm, public QueryCaller {
     Q_OBJECT
   public:
     bool QueryUnload() override;
+    QWidget* FirstFocus() const override { return GD; }
 
     std::int16_t FormMode = 0;  ///< 0 browsing, 1 adding, 2 editing
     int CurRow = 1;
@@ -174,6 +175,7 @@ class RecordForm : public ChildForm, public QueryCaller {
     QWidget* MakeStrip();
     void FillGrid(dao::Recordset& rows);
     void SelectTab();
+    void KeyOnTabs(controls::KeyPress& key);
     void TurnPage(QWidget& from, QWidget& to);
     void HangItems(const CommandRow& menu);
     void ShowCommands(CommandRow::When state);

@@ -26,9 +26,9 @@ constexpr int MostSegments = LastBound - FirstBound + 1;
 constexpr int FirstNumber = DocumentFirst;  // from here on the boxes hold the bracket columns
 
 constexpr double Correction = 2;  // kg above the bound before
-constexpr int WordsWidth = 92;    // before the first box of a sentence
-constexpr int NumberWidth = 84;
-constexpr int TopWidth = 110;
+constexpr int WordsWidth = 66;    // before the first box of a sentence
+constexpr int NumberWidth = 76;
+constexpr int TopWidth = 96;
 constexpr int BoundColumns = 2;
 
 const QString OpenTop = u"Kg以上"_s;
@@ -36,7 +36,7 @@ const QString OpenTop = u"Kg以上"_s;
 QGridLayout* SentenceGrid(QWidget* holder) {
     auto* grid = new QGridLayout(holder);
     grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(6);
+    grid->setHorizontalSpacing(4);
     grid->setVerticalSpacing(8);
     return grid;
 }

@@ -119,14 +119,15 @@ void A03::BuildCard() {
     auto* column = new QVBoxLayout(Frm);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(card, 1);
+    auto* scroll = new controls::CardScroll(card);
+    column->addWidget(scroll, 1);
     PlaceFields(*card);
     FrmBtm = new QuotePanel(Frm, {.coefficient = Txt[Coefficient],
                                   .coefficientCaption = Lab[Coefficient],
                                   .lastCustomerRow = [this] { return GD->Rows() - 1; },
                                   .unfolded =
-                                      [this, column, card](bool open) {
-                                          column->setStretchFactor(card, open ? 0 : 1);
+                                      [this, column, scroll](bool open) {
+                                          column->setStretchFactor(scroll, open ? 0 : 1);
                                           column->setStretchFactor(FrmBtm, open ? 1 : 0);
                                       }});
     column->addWidget(FrmBtm);

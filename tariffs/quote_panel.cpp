@@ -16,9 +16,9 @@ using controls::LineBox;
 namespace {
 
 constexpr int BarHeight = 40;
-constexpr int BarMargin = 16;
+constexpr int BarMargin = 8;
 constexpr int CodeWidth = 76;
-constexpr int CoefficientWidth = 56;
+constexpr int CoefficientWidth = 76;
 constexpr int DownListWidth = 576;
 constexpr int DownListRows = 10;  // before it scrolls
 
@@ -67,7 +67,7 @@ void QuotePanel::BuildBar(QBoxLayout* row) {
     host_.coefficient->Widget()->setFixedWidth(CoefficientWidth);
     row->addWidget(CmdUpDown);
     row->addWidget(BarLabel(u"客户报价"_s, u"group"_s));
-    row->addSpacing(18);
+    row->addSpacing(6);
     row->addWidget(PicLRQ);
     row->addWidget(CmdGdMxclear);
     row->addWidget(count_);
@@ -100,7 +100,7 @@ void QuotePanel::BuildEntry() {
     code->addWidget(TxtHPBM);
     code->addWidget(CmdDownList);
     row->addLayout(code);
-    row->addSpacing(8);
+    row->addSpacing(2);
     row->addWidget(Named(controls::MakeCaption(u"客户加价系数："_s, TxtSL, PicLRQ), u"Label2"_s));
     row->addWidget(TxtSL);
     row->addWidget(CmdEnter);

@@ -27,7 +27,7 @@ constexpr int CheckedOnSave = 9;   // boxes from Txt(0); the segments from the s
 constexpr double Correction = 25;  // kg above the box on the left
 
 constexpr int Columns = 3;  // segments in a row
-constexpr int BoxWidth = 72;
+constexpr int BoxWidth = 76;
 constexpr int CaptionWidth = 84;
 constexpr int Indent = 92;  // where the first box of every line begins
 constexpr int Margin = 16;

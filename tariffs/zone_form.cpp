@@ -102,7 +102,7 @@ ZoneAreas* ZoneForm::MakeAreas() const {
 ZonePrices* ZoneForm::MakePrices() const {
     std::vector<ZonePrices::Price> prices;
     for (int box = zone_.firstPrice; box <= zone_.lastPrice; ++box) prices.push_back({Txt[box], Lab[box]});
-    return new ZonePrices(prices, zone_.priceNote);
+    return new ZonePrices(prices, zone_.pricesInARow, zone_.priceNote);
 }
 
 void ZoneForm::BuildCard() {

@@ -1,5 +1,5 @@
-// The prices of a zone on its card: documents and small parcels in the first row, the heavy segments below,
-// five to a row. Prices are in yuan; which weights they stand for is the captions' business.
+// The prices of a zone on its card: documents and small parcels in the first row, the heavy segments
+// below. Prices are in yuan; which weights they stand for is the captions' business.
 //
 // Always holds: a price that is hidden keeps its place.
 #pragma once
@@ -17,8 +17,8 @@ class ZonePrices : public QWidget {
         controls::TextBox* box;
         QLabel* caption;
     };
-    /// The note stands below the prices; "" is none.
-    ZonePrices(const std::vector<Price>& prices, const QString& note);
+    /// So many heavy prices in a row, four at least. The note stands below the prices; "" is none.
+    ZonePrices(const std::vector<Price>& prices, int inARow, const QString& note);
 
     /// Rows of the card that it takes.
     int Rows() const { return rows_; }
@@ -30,5 +30,6 @@ class ZonePrices : public QWidget {
     void PlaceNote(const QString& note);
 
     QGridLayout* grid_;
+    int inARow_;
     int rows_ = 1;
 };

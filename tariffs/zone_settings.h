@@ -32,6 +32,7 @@ struct ZoneSettings {
     int englishName, days;          ///< boxes; Txt(0) is the code, Txt(1) the name
     int unused;                     ///< fills the index, is never shown nor handled; or NoBox
     int firstPrice, lastPrice;      ///< boxes
+    int pricesInARow;               ///< of the heavy ones; ticks beside them leave space for fewer
     QString priceGroup;             ///< "报价(元)"
     QString negativePrice;          ///< the refusal
     QString priceNote;              ///< Label1 below the prices; may be empty

@@ -3,10 +3,12 @@
 #include "platform/controls/box.h"
 #include "platform/controls/paint.h"
 
+#include <QApplication>
 #include <QEvent>
 
 #include <algorithm>
 #include <map>
+#include <utility>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -15,26 +17,50 @@ namespace controls {
 namespace {
 
 // The layout grammar, in device-independent pixels.
-constexpr int kMargin = 16;         // left and right
-constexpr int kMarginV = 12;        // top and bottom
-constexpr int kFirstCaption = 122;  // first caption of a half; the group's title stands in it too
-constexpr int kCaption = 60;        // second and third caption
-constexpr int kCaptionGap = 6;      // caption to its box, padding of the caption in the sheet
-constexpr int kColumnGap = 14;      // box to the next caption
-constexpr int kHalfGap = 28;
+struct Measures {
+    int margin;        // left and right
+    int firstCaption;  // first caption of a half; the group's title stands in it too
+    int caption;       // second and third caption
+    int columnGap;     // box to the next caption
+    int halfGap;
+};
+constexpr Measures kFull{.margin = 16, .firstCaption = 122, .caption = 60, .columnGap = 14, .halfGap = 28};
+constexpr Measures kTight{.margin = 8, .firstCaption = 115, .caption = 50, .columnGap = 8, .halfGap = 14};
+constexpr int kMarginV = 12;    // top and bottom
+constexpr int kCaptionGap = 6;  // caption to its box, padding of the caption in the sheet
 constexpr int kBoxShare[] = {19, 10, 10};
-constexpr int kBandMin = 13;  // height of the band that holds a rule
+constexpr int kBoxMinimum[] = {92, 76, 78};  // eight digits: beside an arrow, plain, bold
+constexpr int kBandMin = 13;                 // height of the band that holds a rule
 constexpr int kBandMax = 33;
-constexpr int kBoxMinimum = 72;
 constexpr int kColumns = 13;
 constexpr int kRightHalf = 7;  // its first column
 constexpr int kHalfColumns = 6;
 
-void SetColumns(QGridLayout* grid) {
-    grid->setContentsMargins(kMargin, kMarginV, kMargin, kMarginV);
-    grid->setSpacing(0);
-    for (const int half : {0, kRightHalf}) SetHalfColumns(*grid, half);
-    grid->setColumnMinimumWidth(kRightHalf - 1, kHalfGap);
+constexpr const char* kHalfProperty = "halfColumns";  // first columns of the halves that a layout holds
+
+int HalfWidth(const Measures& measures) {
+    int width = measures.firstCaption + kCaptionGap + kBoxMinimum[0];
+    for (const int pair : {1, 2})
+        width += measures.columnGap + measures.caption + kCaptionGap + kBoxMinimum[pair];
+    return width;
+}
+
+/// What the columns of a card take at least.
+int LeastWidth(const Measures& measures) {
+    return 2 * measures.margin + measures.halfGap + 2 * HalfWidth(measures);
+}
+
+void ApplyToHalf(QGridLayout& grid, int first, const Measures& measures) {
+    for (int pair = 0; pair < 3; ++pair) {
+        const int caption = pair == 0 ? measures.firstCaption : measures.columnGap + measures.caption;
+        grid.setColumnMinimumWidth(first + 2 * pair, caption + kCaptionGap);
+        grid.setColumnMinimumWidth(first + 2 * pair + 1, kBoxMinimum[pair]);
+    }
+}
+
+void ApplyToCard(QGridLayout& grid, const Measures& measures) {
+    grid.setContentsMargins(measures.margin, kMarginV, measures.margin, kMarginV);
+    grid.setColumnMinimumWidth(kRightHalf - 1, measures.halfGap);
 }
 
 QLabel* MakeTitle(const QString& text, QWidget* parent) {
@@ -50,7 +76,6 @@ void PrepareBox(QWidget* box) {
     if (qobject_cast<QCheckBox*>(box) || qobject_cast<QPushButton*>(box) || qobject_cast<QLabel*>(box))
         return;
     box->setSizePolicy(QSizePolicy::Ignored, box->sizePolicy().verticalPolicy());
-    box->setMinimumWidth(kBoxMinimum);
 }
 
 Qt::Alignment PlaceOf(QWidget* box) {
@@ -77,15 +102,14 @@ int FirstColumn(Card::Half half) {
 }  // namespace
 
 void SetHalfColumns(QGridLayout& grid, int first) {
-    for (int pair = 0; pair < 3; ++pair) {
-        const int caption = pair == 0 ? kFirstCaption : kColumnGap + kCaption;
-        grid.setColumnMinimumWidth(first + 2 * pair, caption + kCaptionGap);
-        grid.setColumnStretch(first + 2 * pair + 1, kBoxShare[pair]);
-    }
+    grid.setProperty(kHalfProperty, grid.property(kHalfProperty).toList() << first);
+    for (int pair = 0; pair < 3; ++pair) grid.setColumnStretch(first + 2 * pair + 1, kBoxShare[pair]);
+    ApplyToHalf(grid, first, kFull);
 }
 
 struct Card::State {
     QGridLayout* grid = nullptr;
+    bool tight = false;
     int groupRow = -1;  ///< the layout's row in which the group's first row stands
     int last = -1;      ///< the layout's last row in use
     std::vector<QWidget*> bands;
@@ -103,7 +127,9 @@ Card::Card(QWidget* parent) : QWidget(parent), state_(std::make_unique<State>())
     setProperty("role", u"surface"_s);
     setAttribute(Qt::WA_StyledBackground);
     state_->grid = new QGridLayout(this);
-    SetColumns(state_->grid);
+    state_->grid->setSpacing(0);
+    for (const int half : {0, kRightHalf}) SetHalfColumns(*state_->grid, half);
+    ApplyToCard(*state_->grid, kFull);
 }
 
 Card::~Card() = default;
@@ -185,6 +211,39 @@ void Card::paintEvent(QPaintEvent*) {
         const int y = place.top() + place.height() / 2;
         paint::Hairline(painter, paint::kLine, QLineF(place.left(), y, place.right(), y));
     }
+}
+
+QSize Card::minimumSizeHint() const {
+    QSize least = QWidget::minimumSizeHint();
+    if (!state_->tight) least.rwidth() -= LeastWidth(kFull) - LeastWidth(kTight);
+    return least;
+}
+
+void Card::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    const bool tight = width() < LeastWidth(kFull);
+    if (std::exchange(state_->tight, tight) == tight) return;
+    const Measures& measures = tight ? kTight : kFull;
+    ApplyToCard(*state_->grid, measures);
+    // The panels on it have columns of their own.
+    for (QGridLayout* grid : findChildren<QGridLayout*>())
+        for (const QVariant& first : grid->property(kHalfProperty).toList())
+            ApplyToHalf(*grid, first.toInt(), measures);
+    state_->grid->activate();
+}
+
+CardScroll::CardScroll(Card* card) {
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setWidgetResizable(true);
+    setWidget(card);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        if (!now || !widget()->isAncestorOf(now)) return;
+        // The whole box; the toolkit's own would be content with its cursor.
+        const QRect box(now->mapTo(widget(), QPoint()), now->size());
+        ensureVisible(box.center().x(), box.center().y(), box.width() / 2 + kMarginV,
+                      box.height() / 2 + kMarginV);
+    });
 }
 
 CardAtRest::CardAtRest(QWidget& card) : card_(card) {

@@ -7,6 +7,7 @@
 
 #include <QGridLayout>
 #include <QLabel>
+#include <QScrollArea>
 #include <QString>
 #include <QWidget>
 
@@ -18,10 +19,12 @@ namespace controls {
 inline constexpr int kBoxHeight = 24;  ///< of a box of one row, and of the caption beside it
 inline constexpr int kRowGap = 8;      ///< between two rows of boxes
 
-/// Gives a layout the six columns of a card's half, the first of them at that column of the layout.
+/// Gives a layout the six columns of a card's half, the first of them at that column of the layout. On a card
+/// they follow the card's measures.
 void SetHalfColumns(QGridLayout& grid, int first = 0);
 
-/// Lays out a card, top to bottom; a half has three pairs of caption and box.
+/// Lays out a card, top to bottom; a half has three pairs of caption and box. Where it gets too narrow for
+/// the full measures, captions and gaps are smaller; every box still shows eight digits.
 class Card : public QWidget {
     Q_OBJECT
   public:
@@ -49,14 +52,25 @@ class Card : public QWidget {
     void HalfPanel(Half half, int row, int rows, QWidget* panel);
     /// Spare height goes into the bands between the groups, then to the foot. Call after the last field.
     void Finish();
+    QSize minimumSizeHint() const override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     struct State;
     std::unique_ptr<State> state_;
+};
+
+/// Holds a card and scrolls it where the form is smaller than the card's least size; the control that gets
+/// the focus is scrolled into sight.
+class CardScroll : public QScrollArea {
+    Q_OBJECT
+  public:
+    explicit CardScroll(Card* card);
+    QSize sizeHint() const override { return widget()->sizeHint(); }
 };
 
 /// While it lives the card (or a whole form) places and paints nothing, however many of its widgets are

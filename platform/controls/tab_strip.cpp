@@ -1,6 +1,7 @@
 #include "platform/controls/tab_strip.h"
 
 #include "platform/controls/focus_tracker.h"
+#include "platform/controls/key_offer.h"
 
 #include <QWheelEvent>
 
@@ -17,6 +18,13 @@ TabStrip::TabStrip(const QStringList& captions, QWidget* parent) : QTabBar(paren
 
 void TabStrip::SelectItem(int item) {
     setCurrentIndex(item - 1);
+}
+
+void TabStrip::keyPressEvent(QKeyEvent* event) {
+    const auto left = OfferKey(this, KeyPressed, *event);
+    if (!left) return event->accept();
+    QTabBar::keyPressEvent(left.get());
+    event->setAccepted(left->isAccepted());
 }
 
 void TabStrip::wheelEvent(QWheelEvent* event) {

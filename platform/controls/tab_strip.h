@@ -19,8 +19,10 @@ class TabStrip : public QTabBar, public FocusEvents {
     void SetFocus() { MoveFocus(this); }
 
     sys::Event<> Click;  ///< another tab was selected, by the operator or by SelectItem
+    sys::Event<KeyPress&> KeyPressed;
 
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 };
 

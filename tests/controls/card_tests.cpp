@@ -43,19 +43,46 @@ class Cards : public testing::Test {
 
 TEST_F(Cards, TheLargestCardFitsTheSmallestScreens) {
     Fill();
-    // Less menu bar, tabs and status bar: 1366x768, and 1280x720, which is a 1920x1080 screen at 150 %.
-    for (const QSize page : {QSize(1366, 645), QSize(1280, 597)}) {
+    // Less frame, menu bar, tabs and status bar: 1366x768, 1280x720, which is a 1920x1080 screen at 150 %,
+    // and 1024x700.
+    for (const QSize page : {QSize(1366, 645), QSize(1280, 597), QSize(1022, 587)}) {
         card.resize(page);
         tests::Show(card);
         EXPECT_LE(card.minimumSizeHint().height(), page.height());
         EXPECT_LE(card.minimumSizeHint().width(), page.width());
         for (const LineBox* box : boxes) {
             EXPECT_EQ(box->height(), 24);
-            EXPECT_GE(box->width(), 72);
+            EXPECT_GE(box->width(), 74);
             EXPECT_TRUE(card.rect().contains(box->geometry()));
         }
         card.hide();
     }
+}
+
+TEST_F(Cards, BelowItsLeastSizeACardScrollsAndShowsTheBoxWithTheFocus) {
+    auto* scrolled = new Card;
+    auto* first = new LineBox(scrolled);
+    auto* last = new LineBox(scrolled);
+    scrolled->Field(L, 0, 0, 1, MakeCaption(u"说明"_s, first, scrolled), first);
+    scrolled->Field(R, 20, 2, 1, MakeCaption(u"说明"_s, last, scrolled), last);
+    scrolled->Finish();
+    CardScroll scroll(scrolled);
+    scroll.resize(800, 300);
+    tests::Show(scroll);
+    const auto inSight = [&](QWidget* box) {
+        return scroll.viewport()->rect().contains(
+            QRect(box->mapTo(scroll.viewport(), QPoint()), box->size()));
+    };
+    EXPECT_EQ(scrolled->width(), scrolled->minimumSizeHint().width());
+    EXPECT_FALSE(inSight(last));
+    for (LineBox* box : {last, first}) {
+        box->SetFocus();
+        tests::Settle();
+        EXPECT_TRUE(inSight(box));
+    }
+    scroll.resize(1366, 800);
+    tests::Settle();
+    EXPECT_EQ(scrolled->size(), scroll.viewport()->size()) << "nothing to scroll";
 }
 
 TEST_F(Cards, BoxesShareTheirEdgesAndAreBlindToTheirContent) {

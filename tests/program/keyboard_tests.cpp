@@ -6,6 +6,13 @@
 #include "tests/support/program.h"
 #include "tests/waybills/waybill_company.h"
 
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QStyle>
+#include <QStyleOptionFrame>
+
+#include <algorithm>
 #include <gtest/gtest.h>
 
 void PrintTo(const MenuRow& row, std::ostream* out) {
@@ -24,6 +31,38 @@ QStringList Masters() {
 
 std::string Text(const QStringList& lines) {
     return lines.join(u", "_s).toStdString();
+}
+
+/// A combo of items only shows the longest of them.
+bool ShowsEightDigits(const QLineEdit& box) {
+    if (box.isReadOnly() && qobject_cast<QComboBox*>(box.parent())) return true;
+    QStyleOptionFrame option;
+    option.initFrom(&box);
+    option.lineWidth = box.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, &box);
+    const int inside = box.style()->subElementRect(QStyle::SE_LineEditContents, &option, &box).width();
+    constexpr int textMargins = 4;  // the toolkit's own
+    return inside - textMargins >=
+           box.fontMetrics().horizontalAdvance(QString(qMin(8, box.maxLength()), u'0'));
+}
+
+bool Cut(const QLabel& caption) {
+    if (caption.width() < caption.sizeHint().width()) return true;
+    const auto boxes = caption.parentWidget()->findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly);
+    return std::ranges::any_of(boxes, [&](const QLineEdit* box) {
+        return box->isVisible() && box->geometry().intersects(caption.geometry());
+    });
+}
+
+/// Boxes that show fewer than eight digits, captions that are cut or lie under a box.
+QStringList TooNarrow(const QWidget& form) {
+    QStringList names;
+    for (const auto* box : form.findChildren<QLineEdit*>())
+        if (box->isVisible() && !ShowsEightDigits(*box))
+            names << box->parent()->objectName() + u'/' + box->objectName();
+    for (const auto* label : form.findChildren<QLabel*>())
+        if (label->isVisible() && label->property("role") == u"caption"_s && Cut(*label))
+            names << label->text();
+    return names;
 }
 
 /// A tour that begins at one row of the menu. Whatever is asked on the way is declined; each modal form that
@@ -72,6 +111,15 @@ class Tour {
     static void Look(QWidget& form, const QString& where, bool browsing = false) {
         EXPECT_EQ(Text(NotReachedByTab(form, browsing)), "") << where.toStdString();
         EXPECT_EQ(Text(WithoutNameOrRole(*form.window())), "") << where.toStdString();
+        QWidget& window = *form.window();
+        const QSize before = window.size();
+        if (&window != &form) {  // a screen of 1024x700, less what a window manager takes
+            window.resize(1022, 678);
+            Settle();
+        }
+        EXPECT_EQ(Text(TooNarrow(form)), "") << where.toStdString();
+        window.resize(before);
+        Settle();
     }
 
     void VisitModal(controls::ModalForm& form) {
