@@ -43,6 +43,7 @@ QuoteGrid::QuoteGrid() {
     SetFixedRows(FirstQuoteRow);
     SetCols(QuoteColumns);
     SetMergeHeader(true);
+    SetCellFramed(true);
     for (int col = 0; col < QuoteColumns; ++col) SetColAlignment(col, Qt::AlignCenter);
     Editor()->setObjectName(u"TxtEnter"_s);
     Editor()->setAccessibleName(u"报价"_s);
@@ -251,13 +252,15 @@ void QuoteGrid::FitColumns() {
     std::vector<int> widths;
     int room = viewport()->width();
     for (int col = 0; col < QuoteColumns; ++col) {
-        widths.push_back(NeededWidth(col, captions));
+        const bool byHand = ColWidthByHand(col);
+        widths.push_back(byHand ? GridColWidth(col) / UnitsPerPixel : NeededWidth(col, captions));
         room -= widths.back();
     }
     // Where a shorter name saves the operator from scrolling, its tip tells the rest.
     int& name = widths[NameColumn];
-    if (room < 0 && name + room >= NameWidth) name += std::exchange(room, 0);
+    if (room < 0 && !ColWidthByHand(NameColumn) && name + room >= NameWidth) name += std::exchange(room, 0);
     for (int col = 0; col < QuoteColumns; ++col) {
+        if (ColWidthByHand(col)) continue;
         const int share = room > 0 ? room * (col + 1) / QuoteColumns - room * col / QuoteColumns : 0;
         const int width = (widths[col] + share) * UnitsPerPixel;
         if (GridColWidth(col) != width) SetGridColWidth(col, width);

@@ -18,6 +18,7 @@ namespace {
 
 constexpr int kRowHeight = 24;
 constexpr int kBarWidth = 3;
+constexpr int kCellFrame = 2;
 
 /// Between the two scroll bars, in their colour.
 QWidget* MakeCorner(QWidget* parent) {
@@ -171,6 +172,7 @@ void FlexGrid::SetRow(int row) {
 void FlexGrid::SetCol(int col) {
     CheckCol(col);
     state_->col = state_->colSel = col;
+    if (state_->cellFramed) viewport()->update();
 }
 
 void FlexGrid::SetRowSel(int row) {
@@ -325,6 +327,9 @@ void FlexGrid::paintEvent(QPaintEvent* event) {
     const int y = rowViewportPosition(state_->row - FixedRows());
     QPainter painter(viewport());
     painter.fillRect(QRect(0, y, kBarWidth, kRowHeight), paint::kAccent);
+    if (!state_->cellFramed || !hasFocus()) return;
+    painter.setPen(QPen(paint::kAccent, kCellFrame));
+    painter.drawRect(CellRect(state_->row, state_->col).adjusted(1, 1, -1, -1));
 }
 
 // ---------------------------------------------------------------- texts and rows
@@ -400,6 +405,11 @@ void FlexGrid::SetGridColWidth(int col, int width) {
     state_->cover.Place();
 }
 
+bool FlexGrid::ColWidthByHand(int col) const {
+    CheckCol(col);
+    return state_->columns->ByHand(col);
+}
+
 void FlexGrid::ShareWidths() {
     state_->columns->Share();
     state_->cover.Place();
@@ -434,6 +444,11 @@ void FlexGrid::SetWordColor(int col, const QString& word, const QColor& ink) {
 
 void FlexGrid::SetMergeHeader(bool merge) {
     state_->header->SetMerge(merge);
+}
+
+void FlexGrid::SetCellFramed(bool framed) {
+    state_->cellFramed = framed;
+    viewport()->update();
 }
 
 void FlexGrid::SetFramed(bool framed) {

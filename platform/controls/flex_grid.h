@@ -68,10 +68,13 @@ class FlexGrid : public QTableView, public FocusEvents {
     /// Fifteenths of a logical pixel; 0 hides the column. Any other width ends an equal sharing.
     int GridColWidth(int col) const;
     void SetGridColWidth(int col, int width);
+    /// The operator has drawn this column to its width, which stays as long as the grid lives.
+    bool ColWidthByHand(int col) const;
     /// Pixels, frame included, that show the headers and so many rows of data.
     int HeightOf(int dataRows) const;
     /// Every column that is not hidden gets an equal share of the grid's width, without a gap at the right,
-    /// and keeps it when the grid is resized or a column is hidden.
+    /// and keeps it when the grid is resized or a column is hidden. Once the operator has drawn a column to
+    /// another width, all columns keep theirs.
     void ShareWidths();
     void SetColAlignment(int col, Qt::Alignment alignment);
     /// An invalid colour takes it away again.
@@ -81,6 +84,8 @@ class FlexGrid : public QTableView, public FocusEvents {
     void SetWordColor(int col, const QString& word, const QColor& ink);
     /// Equal neighbours in the header rows are drawn as one cell.
     void SetMergeHeader(bool merge);
+    /// Frames the current cell while the grid has the focus, for a grid that is worked on cell by cell.
+    void SetCellFramed(bool framed);
     /// A line around the grid, for one that stands on a card; without it the grid runs from edge to edge.
     void SetFramed(bool framed);
 

@@ -16,17 +16,30 @@ constexpr int kDefaultWidth = 64 * kUnits;
 
 GridColumns::GridColumns(QTableView* view, QHeaderView* header)
     : QObject(view), view_(view), header_(header) {
+    header->setSectionResizeMode(QHeaderView::Interactive);
     connect(header, &QHeaderView::sectionResized, this, [this](int col, int, int width) {
-        if (!showing_ && width > 0 && col < static_cast<int>(widths_.size())) widths_[col] = width * kUnits;
+        if (!showing_ && width > 0 && col < static_cast<int>(widths_.size())) Drawn(col, width);
     });
 }
 
+void GridColumns::Drawn(int col, int width) {
+    widths_[col] = width * kUnits;
+    byHand_[col] = true;
+    view_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+}
+
+bool GridColumns::Shares() const {
+    return shared_ && std::ranges::find(byHand_, true) == byHand_.end();
+}
+
 void GridColumns::SetCount(int cols) {
+    if (cols != static_cast<int>(widths_.size())) byHand_.assign(cols, false);
     widths_.resize(cols, kDefaultWidth);
 }
 
 void GridColumns::SetWidth(int col, int width) {
     widths_[col] = width;
+    byHand_[col] = false;
     if (width > 0) shared_ = false;
     Show();
 }
@@ -37,17 +50,17 @@ void GridColumns::Share() {
 }
 
 void GridColumns::Refit() {
-    if (shared_) ShareOut();
+    if (Shares()) ShareOut();
 }
 
 void GridColumns::Show() {
-    header_->setSectionResizeMode(shared_ ? QHeaderView::Fixed : QHeaderView::Interactive);
-    view_->setHorizontalScrollBarPolicy(shared_ ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+    const bool shares = Shares();
+    view_->setHorizontalScrollBarPolicy(shares ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
     const QScopedValueRollback quiet(showing_, true);
     for (int col = 0; col < static_cast<int>(widths_.size()); ++col) {
         const int pixels = (widths_[col] + kUnits / 2) / kUnits;
         view_->setColumnHidden(col, pixels == 0);
-        if (pixels > 0 && !shared_) view_->setColumnWidth(col, pixels);
+        if (pixels > 0 && !shares) view_->setColumnWidth(col, pixels);
     }
     Refit();
 }

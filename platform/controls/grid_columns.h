@@ -1,7 +1,8 @@
 // How wide a grid's columns are. Kept in fifteenths of a logical pixel, shown in whole pixels.
 //
-// Always holds: 0 hides a column; shared widths add up to the width of the viewport exactly, are Fixed for
-// the operator, and are shared out anew whenever that width or the number of shown columns changes.
+// Always holds: 0 hides a column; shared widths add up to the width of the viewport exactly and are shared
+// out anew whenever that width or the number of shown columns changes. After the operator has drawn a column
+// to another width nothing is shared any more, until the grid gets another number of columns.
 #pragma once
 
 #include <QHeaderView>
@@ -23,6 +24,7 @@ class GridColumns : public QObject {
     /// Any width but 0 ends an equal sharing.
     void SetWidth(int col, int width);
     void Share();
+    bool ByHand(int col) const { return byHand_[col]; }
     /// Brings the widths onto the screen.
     void Show();
     /// The viewport has another width.
@@ -30,10 +32,13 @@ class GridColumns : public QObject {
 
   private:
     void ShareOut();
+    bool Shares() const;
+    void Drawn(int col, int width);
 
     QTableView* view_;
     QHeaderView* header_;
     std::vector<int> widths_;
+    std::vector<bool> byHand_;
     bool shared_ = false;
     bool showing_ = false;  ///< widths are changed by us and not by the operator
 };

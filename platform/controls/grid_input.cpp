@@ -52,6 +52,7 @@ bool FlexGrid::MoveByKey(int key) {
         case Qt::Key_Right:
             state_->col = state_->colSel = ColBeside(key == Qt::Key_Left ? -1 : 1);
             ShowCol(state_->col);
+            if (state_->cellFramed) viewport()->update();
             return true;
         default:
             return false;

@@ -26,6 +26,7 @@ struct FlexGrid::State {
     std::optional<int> topOnShow;  // TopRow set while hidden
     bool rowOnShow = false;        // Row set while hidden
 
+    bool cellFramed = false;
     bool firing = false;        // inside the handler of RowChange
     bool highlighting = false;  // the selection is changed by us and not from outside
     int pressed = -1;           // the row under a mouse button that is down

@@ -360,6 +360,33 @@ TEST_F(GridTest, SharedWidthsLeaveNoGap) {
     EXPECT_EQ(grid.GridColWidth(3), 0);
 }
 
+TEST_F(GridTest, AColumnDrawnByHandKeepsItsWidth) {
+    Fill(5, 4);
+    grid.SetGridColWidth(3, 0);
+    grid.ShareWidths();
+    Open();
+    const int shared = grid.columnWidth(0);
+    QWidget* header = grid.horizontalHeader()->viewport();
+    const QPoint edge(shared - 1, header->height() / 2);
+    QTest::mousePress(header, Qt::LeftButton, {}, edge);
+    QTest::mouseMove(header, edge + QPoint(60, 0));
+    QMouseEvent drag(QEvent::MouseMove, edge + QPoint(120, 0), header->mapToGlobal(edge + QPoint(120, 0)),
+                     Qt::NoButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(header, &drag);
+    QTest::mouseRelease(header, Qt::LeftButton, {}, edge + QPoint(120, 0));
+    EXPECT_EQ(grid.columnWidth(0), shared + 120);
+    EXPECT_EQ(grid.columnWidth(1), shared) << "the others stay";
+    grid.Clear();  // as a list is dressed anew for a search
+    grid.SetRows(2);
+    grid.SetCols(4);
+    grid.ShareWidths();
+    window.resize(900, 300);
+    QApplication::processEvents();
+    EXPECT_EQ(grid.columnWidth(0), shared + 120);
+    EXPECT_EQ(grid.columnWidth(1), shared);
+    EXPECT_TRUE(grid.isColumnHidden(3));
+}
+
 TEST_F(GridTest, HeaderCellsMerge) {
     controls::GridModel model;
     const auto cells = [&](const QStringList& rows, std::vector<bool> hidden = {}) {
