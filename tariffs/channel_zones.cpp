@@ -161,10 +161,14 @@ void A011::RowToCard() {
         const struct {
             Box box;
             Column col;
-        } texts[] = {{Code, CodeCol},           {Name, NameCol}, {ChannelName, ChannelNameCol},
-                     {EnglishName, EnglishCol}, {Days, DaysCol}, {Remark, RemarkCol}};
+        } texts[] = {{Code, CodeCol},
+                     {Name, NameCol},
+                     {EnglishName, EnglishCol},
+                     {Days, DaysCol},
+                     {Remark, RemarkCol}};
         for (const auto& [box, col] : texts) Txt[box]->SetText(CurrentCell(col));
         choice_->SetText(CurrentCell(ChannelCol) + u'.' + CurrentCell(ChannelNameCol));
+        Txt[ChannelName]->SetText(choice_->Text());
         TxtD->SetText(CurrentCell(SegmentsCol));
         const double segments = text::Val(TxtD->Text());
         for (int box = FirstPrice; box <= LastPrice; ++box) {
@@ -201,12 +205,13 @@ bool A011::RequireChoice() {
         sys::Inform(caption + LangText(u"不能为空!"_s), MsgTitle);
         return false;
     }
-    const QString name = GetStr(ChannelQuestion(u"F2"_s, ChannelCode(choice_->Text())));
-    if (name.isEmpty()) {
+    const QString code = ChannelCode(choice_->Text());
+    channelName_ = GetStr(ChannelQuestion(u"F2"_s, code));
+    if (channelName_.isEmpty()) {
         sys::Inform(caption + u"编号输入错误!"_s, MsgTitle);
         return false;
     }
-    Txt[ChannelName]->SetText(name);
+    Txt[ChannelName]->SetText(code + u'.' + channelName_);
     return true;
 }
 
@@ -222,8 +227,8 @@ QString A011::InsertStatement() const {
 }
 
 QStringList A011::SavedLine() const {
-    QStringList cells{BoxText(ChannelName), BoxText(Code),   BoxText(Name),
-                      NumberBox(Days),      BoxText(Remark), ChannelCode(choice_->Text()),
+    QStringList cells{channelName_,        BoxText(Code),   BoxText(Name),
+                      NumberBox(Days),     BoxText(Remark), ChannelCode(choice_->Text()),
                       BoxText(EnglishName)};
     for (int box = FirstPrice; box <= LastPrice; ++box) cells += BoxText(box);
     cells += TxtD->Text();

@@ -39,5 +39,6 @@ class A011 : public ZoneForm {
     void ReadTicks();
 
     std::array<controls::CheckBox*, 10> ticks_{};  ///< Chk(13) to Chk(22), each right of its price
+    QString channelName_;                          ///< of the zone that is being saved
     controls::LineBox* TxtD;                       ///< the number of heavy segments, out of sight
 };
