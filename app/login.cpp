@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kWidth = 372;
+constexpr int kBoxWidth = 264;
 constexpr int kOutOfSight = -4000;
 const QString kShownAtFirst = u"001.管理员"_s;
 
@@ -58,7 +58,8 @@ void Login::Build() {
     form->addLayout(rows);
     form->addLayout(dressing::ButtonRow({ok_, quit_}));
     dressing::Stack(*this, *dressing::ProductHead(company_), form);
-    setFixedWidth(kWidth);
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+    cmbhu_->setMinimumWidth(kBoxWidth);
 
     code_->setAccessibleName(u"操作员帐号"_s);
     code_->setGeometry(kOutOfSight, 0, 100, 24);

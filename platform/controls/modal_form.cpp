@@ -1,6 +1,7 @@
 #include "platform/controls/modal_form.h"
 
 #include "platform/controls/input_order.h"
+#include "platform/controls/placing.h"
 #include "platform/controls/wait.h"
 
 #include <QApplication>
@@ -40,6 +41,7 @@ void ModalForm::ShowModal() {
                 if (alive && !gone_) Unload();
             },
             Qt::QueuedConnection);
+    CentreOverParent(*this);
     exec();
     if (beneath && beneath->isVisible()) beneath->window()->activateWindow();
     sys::ThrowIfEnded();

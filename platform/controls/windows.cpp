@@ -3,6 +3,7 @@
 #include "platform/controls/box.h"
 #include "platform/controls/input_method.h"
 #include "platform/controls/input_order.h"
+#include "platform/controls/placing.h"
 #include "platform/controls/wait.h"
 
 #include <QApplication>
@@ -39,6 +40,7 @@ int RunOver(QDialog& dialog, bool waitsForQuiet) {
     const OrdinaryPointer pointer;
     const InputOrder::OwnLoop loop(waitsForQuiet);
     const QPointer<QWidget> beneath = QApplication::activeWindow();
+    CentreOverParent(dialog);
     const int result = dialog.exec();
     if (beneath && beneath->isVisible()) beneath->activateWindow();
     return result;
