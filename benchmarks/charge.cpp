@@ -1,4 +1,5 @@
 // The customer charge beside its two questions to the database, in the words in which they reach the engine.
+#include "benchmarks/bench.h"
 #include "benchmarks/subjects.h"
 #include "waybills/customer_charge.h"
 

@@ -1,4 +1,5 @@
 // The shipping cost beside its two questions to the database, in the words in which they reach the engine.
+#include "benchmarks/bench.h"
 #include "benchmarks/subjects.h"
 #include "waybills/shipping_cost.h"
 

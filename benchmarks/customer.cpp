@@ -1,5 +1,6 @@
 // A customer with 100 quotes among 80,000: opening the card, saving it with all quotes written anew, and
 // quoting 200 zones in one go. The bare loop runs what the form itself sends to the engine, word for word.
+#include "benchmarks/bench.h"
 #include "benchmarks/sent.h"
 #include "benchmarks/subjects.h"
 #include "platform/controls/box.h"

@@ -1,4 +1,5 @@
 // A month of the detail ledger out of 200,000 journal rows: date differences beside a range written by hand.
+#include "benchmarks/bench.h"
 #include "benchmarks/subjects.h"
 
 #include <vector>

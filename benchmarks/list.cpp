@@ -1,5 +1,6 @@
 // The list of all waybills: the form's own loading of its grid beside the bare fetch of the same rows into
 // plain strings; and what the loaded grid takes in memory.
+#include "benchmarks/bench.h"
 #include "benchmarks/subjects.h"
 
 #include <unordered_set>

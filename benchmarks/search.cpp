@@ -1,5 +1,6 @@
 // Searches of the waybills: the statement as the dialog hands it back, loaded by the form into its grid,
 // beside the bare fetch of the same rows by a statement written by hand.
+#include "benchmarks/bench.h"
 #include "benchmarks/subjects.h"
 #include "platform/controls/modal_form.h"
 

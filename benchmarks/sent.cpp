@@ -1,5 +1,7 @@
 #include "benchmarks/sent.h"
 
+#include "benchmarks/bench.h"
+
 #include <charconv>
 #include <string_view>
 

@@ -1,4 +1,5 @@
 // What the way of a statement from the system's dialect to the engine's takes, for the longest that there is.
+#include "benchmarks/bench.h"
 #include "benchmarks/subjects.h"
 #include "platform/dao/dialect/translate.h"
 

@@ -64,6 +64,7 @@ RecordForm::RecordForm(const RecordFormSettings& settings)
     GD->KeyPressed = [this](controls::KeyPress& key) {
         if (!key.IsEnter()) return;
         key.taken = true;
+        if (key.repeats) return;
         RowChanged();
         TabS->SelectItem(CardTab);
     };
