@@ -163,6 +163,7 @@ class DTPicker : public QDateEdit, public FocusEvents {
     void TakeText(const QString& text);
 
     bool advanced_ = false;  ///< the last digit filled its section, and the next one is selected already
+    bool begun_ = false;     ///< a digit of the current section was typed or deleted
 };
 
 class CheckBox : public QCheckBox, public FocusEvents {

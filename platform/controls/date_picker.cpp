@@ -95,12 +95,13 @@ void DTPicker::focusInEvent(QFocusEvent* event) {
     if (event->reason() != Qt::MouseFocusReason && event->reason() != Qt::PopupFocusReason &&
         event->reason() != Qt::ActiveWindowFocusReason)
         setSelectedSection(QDateTimeEdit::YearSection);
-    advanced_ = false;
+    advanced_ = begun_ = false;
 }
 
 /// Behind a digit that has filled its section the operator is where the separator leads.
 void DTPicker::TypeSeparator() {
     const Section typed = currentSection();
+    begun_ = false;
     if (std::exchange(advanced_, false)) return;
     interpretText();
     setSelectedSection(typed == YearSection ? MonthSection : DaySection);
@@ -109,7 +110,7 @@ void DTPicker::TypeSeparator() {
 void DTPicker::TakeText(const QString& text) {
     QString date = text.simplified();  // a cell of a spreadsheet brings its line break
     if (const auto read = text::ReadDate(date.replace(u'.', u'-'))) setDate(*read);
-    advanced_ = false;
+    advanced_ = begun_ = false;
 }
 
 void DTPicker::keyPressEvent(QKeyEvent* event) {
@@ -131,8 +132,13 @@ void DTPicker::keyPressEvent(QKeyEvent* event) {
         return TypeSeparator();
     }
     const Section before = currentSection();
+    const bool digit = left->text().size() == 1 && left->text()[0].isDigit();
+    // Where the operator has clicked into a section the toolkit would insert the digit between the old ones.
+    if (digit && !begun_ && !lineEdit()->hasSelectedText()) setSelectedSection(before);
     QDateEdit::keyPressEvent(left.get());
-    advanced_ = left->text().size() == 1 && left->text()[0].isDigit() && currentSection() != before;
+    advanced_ = digit && currentSection() != before;
+    const bool deletes = left->key() == Qt::Key_Backspace || left->key() == Qt::Key_Delete;
+    begun_ = (digit || deletes) && !advanced_;
     event->setAccepted(left->isAccepted());
 }
 
@@ -166,7 +172,7 @@ bool DTPicker::eventFilter(QObject* watched, QEvent* event) {
         if (KeepsFocus(this)) TakeText(static_cast<QDropEvent*>(event)->mimeData()->text());
         return true;
     }
-    if (event->type() == QEvent::MouseButtonPress) advanced_ = false;
+    if (event->type() == QEvent::MouseButtonPress) advanced_ = begun_ = false;
     return QDateEdit::eventFilter(watched, event);
 }
 

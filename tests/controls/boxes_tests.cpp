@@ -405,6 +405,21 @@ TEST_F(Boxes, ADateIsTypedWithItsSeparators) {
     }
 }
 
+TEST_F(Boxes, AClickedSectionIsTypedOver) {
+    date.SetValue(QDate(2026, 11, 26));
+    Enter(date);
+    tests::Press(Qt::Key_Home);
+    tests::Type(u"2025-10-03"_s);
+    EXPECT_EQ(date.Value(), QDate(2025, 10, 3));
+    auto* text = date.findChild<QLineEdit*>();
+    tests::ClickAt(*text, QPoint(text->fontMetrics().horizontalAdvance(u"2025-"_s) + 4, text->height() / 2));
+    tests::Type(u"12"_s);
+    EXPECT_EQ(date.Value(), QDate(2025, 12, 3));
+    tests::Press(Qt::Key_Backspace);
+    tests::Type(u"7"_s);
+    EXPECT_EQ(date.Value().year(), 2025);
+}
+
 TEST_F(Boxes, APastedDateReplacesTheWholeDate) {
     const QDateTimeEdit::Section sections[] = {QDateTimeEdit::YearSection, QDateTimeEdit::MonthSection,
                                                QDateTimeEdit::DaySection};

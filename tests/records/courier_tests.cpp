@@ -38,6 +38,26 @@ TEST(A04, ListsInOrderAndTellsThePosition) {
     EXPECT_EQ(form.Status(), u"2024-03-15"_s);
 }
 
+TEST(A04, TheKeysMoveInTheListFromTheStart) {
+    Couriers form;
+    EXPECT_EQ(FocusName(), u"GD"_s);
+    Press(Qt::Key_Down);
+    EXPECT_EQ(form.Status(), u"共 3 条记录 当前为第 2 条"_s);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(form.Tabs().SelectedItem(), 2);
+    EXPECT_EQ(form.Box(0), u"李四"_s);
+    AltKey(u'E');
+    AltKey(u'C');
+    EXPECT_EQ(FocusName(), u"TabS"_s);
+    Press(Qt::Key_Down);
+    EXPECT_EQ(form.Tabs().SelectedItem(), 1);
+    EXPECT_EQ(FocusName(), u"GD"_s);
+    EXPECT_EQ(form.Grid().Row(), 2);
+    form.Enter(u"TabS"_s);
+    Press(Qt::Key_Down);
+    EXPECT_EQ(FocusName(), u"GD"_s);
+}
+
 TEST(A04, FirstRecordReplacesTheBlankLine) {
     Couriers form(QStringList{});
     form.Frame().SetPanel(4, u"旧"_s);

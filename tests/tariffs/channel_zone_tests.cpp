@@ -185,7 +185,7 @@ TEST(A011, RefusesInOrder) {
     }
     form.Channel().SetText(u" h1 "_s);  // typed, without its name
     form.RefusesToSave(u"请输入该区域包含的具体地区名！"_s);
-    EXPECT_EQ(form.Box(2), u"环洋");
+    EXPECT_EQ(form.Box(2), u"h1.环洋");
     form.AddPlace(u"某地"_s);
     for (const int box : {9, 17}) {
         form.TextBoxAt(box).SetText(u"-0.01"_s);
