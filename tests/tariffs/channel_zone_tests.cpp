@@ -70,7 +70,7 @@ TEST(A011, ListsTheZonesOfLivingChannelsAndShowsTheirCard) {
 
     form.ShowCard();
     EXPECT_EQ(form.Boxes(0, 5) + u' ' + form.Boxes(9, 22),
-              u"H11|美东|环洋|East|4|注 20|8.25|30|12|9|7|5|||||||-1");
+              u"H11|美东|H1.环洋|East|4|注 20|8.25|30|12|9|7|5|||||||-1");
     EXPECT_EQ(form.Channel().Text(), u"H1.环洋");
     EXPECT_EQ(form.Prices(), u"文件首 0.5Kg 文件续 0.5Kg 小包裹首1.0Kg 小包裹续1.0Kg 21Kg-45.5Kg 46.5Kg-70Kg")
         << "as many segments as it was saved with, whatever the channel has now";
