@@ -107,8 +107,7 @@ bool InputOrder::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::KeyPress:
             return watched->isWindowType() && OnKeyPress(*static_cast<QKeyEvent*>(event));
         case QEvent::KeyRelease:
-            if (watched->isWindowType() && !static_cast<QKeyEvent*>(event)->isAutoRepeat())
-                keyRepeats_ = false;
+            if (watched->isWindowType()) OnKeyRelease(*static_cast<QKeyEvent*>(event));
             return false;
         case QEvent::MouseButtonDblClick:
             if (RunsCommands(watched)) return true;
@@ -130,7 +129,7 @@ bool InputOrder::eventFilter(QObject* watched, QEvent* event) {
 /// that is accepted is no shortcut.
 bool InputOrder::OnShortcutOverride(QKeyEvent& key) {
     swallowPress_ = false;
-    keyRepeats_ = key.isAutoRepeat();
+    keyRepeats_ = Repeats(key);
     if (!(IsReal(key) && DropsKey()) && !FlushOpensWindow()) return false;
     swallowPress_ = true;
     key.accept();
@@ -139,8 +138,21 @@ bool InputOrder::OnShortcutOverride(QKeyEvent& key) {
 
 bool InputOrder::OnKeyPress(const QKeyEvent& key) {
     if (std::exchange(swallowPress_, false)) return true;
-    keyRepeats_ = key.isAutoRepeat();
+    keyRepeats_ = Repeats(key);
     return (IsReal(key) && DropsKey()) || FlushOpensWindow();
+}
+
+void InputOrder::OnKeyRelease(const QKeyEvent& key) {
+    if (!key.isAutoRepeat()) keyRepeats_ = false;
+    releasedKey_ = key.nativeScanCode();
+    releasedAt_ = key.timestamp();
+}
+
+/// For a key that is held down the server sends a release and a press of one moment. The toolkit takes them
+/// for a repeat only when both have arrived by the time that it looks at the first.
+bool InputOrder::Repeats(const QKeyEvent& key) const {
+    const bool sameMoment = key.timestamp() != 0 && key.timestamp() == releasedAt_;
+    return key.isAutoRepeat() || (sameMoment && IsReal(key) && key.nativeScanCode() == releasedKey_);
 }
 
 bool InputOrder::DropsKey() {

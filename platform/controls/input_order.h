@@ -67,6 +67,8 @@ class InputOrder : public QObject {
     bool FlushOpensWindow();
     bool OnShortcutOverride(QKeyEvent& key);
     bool OnKeyPress(const QKeyEvent& key);
+    void OnKeyRelease(const QKeyEvent& key);
+    bool Repeats(const QKeyEvent& key) const;
     bool OnComposedText(QObject* watched, const QInputMethodEvent& text);
     bool DropsKey();
     void CommitPreedit();
@@ -74,6 +76,8 @@ class InputOrder : public QObject {
     std::deque<std::function<void()>> posted_;
     bool flushing_ = false;
     bool keyRepeats_ = false;
+    quint32 releasedKey_ = 0;    ///< scan code of the last release
+    quint64 releasedAt_ = 0;     ///< and its moment in milliseconds, as the system counts them
     bool swallowPress_ = false;  ///< the press that belongs to a dropped ShortcutOverride
     bool redirecting_ = false;   ///< composed text is on its way to the control that has the focus now
     int opened_ = 0;             ///< message boxes, dialogs and modal forms so far
