@@ -154,10 +154,10 @@ void RollBalanceChain(dao::Database& db, double start, const QString& counterpar
     rows.Close();
 }
 
-double AllocateSequence(dao::Database& db, QDate date, const QString& key, CounterReads reads) {
+double AllocateSequence(dao::Database& db, QDate date, const QString& key, CounterReading reads) {
     const QString step = u"update sysinfo set Setval=setval+1 Where ID=100"_s;
     db.Execute(step);  // whatever follows
-    if (reads == CounterReads::AfterFirstStepToo) ReadCounter(db);
+    if (reads == CounterReading::AlsoAfterFirstStep) ReadCounter(db);
     switch (ClassifyEntryDate(db, date)) {
         case EntryDate::Newer:
             db.Execute(u"update sysinfo set Setval=setval+30 Where ID=100"_s);

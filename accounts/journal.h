@@ -64,12 +64,12 @@ void RollBalanceChain(dao::Database& db, double start, const QString& counterpar
 
 /// How often a new row's allocation reads the counter. The waybill's post also reads it right after the first
 /// step, which changes nothing.
-enum class CounterReads { WhenNeeded, AfterFirstStepToo };
+enum class CounterReading { WhenNeeded, AlsoAfterFirstStep };
 
 /// Adding, first half: moves the counter and gives the new row's `SN`, 0 if there is no counter. The key is
 /// the new row's own; the waybill's post hands the bare number, which matches no row.
 double AllocateSequence(dao::Database& db, QDate date, const QString& key,
-                        CounterReads reads = CounterReads::WhenNeeded);
+                        CounterReading reads = CounterReading::WhenNeeded);
 
 /// Adding, second half: inserts the row and rolls its chain from there.
 void PostEntry(dao::Database& db, const LedgerEntry& entry);

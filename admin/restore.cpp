@@ -35,7 +35,7 @@ void ReplaceData(const QString& backup) {
     if (!sys::seams().copyFile(backup, fresh)) return;
     KeepDataFile();  // where that fails, the backup is wanted all the same
     sys::RemoveEngineFiles(DbFile);
-    if (!sys::TakePlace(fresh, DbFile).isEmpty()) QFile::remove(fresh);
+    if (!sys::ReplaceFile(fresh, DbFile).isEmpty()) QFile::remove(fresh);
 }
 
 /// Whoever has the file open would go on with the old one and lose what he writes. Without a database of its

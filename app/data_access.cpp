@@ -34,7 +34,7 @@ void PassOnLoss(const PlatformError& error) {
     if (failure && failure->GroupLost()) throw;
 }
 
-void TellFailure(const QString& helper, const PlatformError& error) {
+void ReportFailure(const QString& helper, const PlatformError& error) {
     PassOnLoss(error);
     // The question may stand inside a save, which goes on behind the box: nothing of it is kept meanwhile.
     sys::MsgBox({.text = helper + u"执行错误!系统返回如下信息："_s + u'\r' + error.Text(),
@@ -48,7 +48,7 @@ auto AskOrTell(const QString& helper, const Question& question) -> decltype(ques
     try {
         return question();
     } catch (const PlatformError& error) {
-        TellFailure(helper, error);
+        ReportFailure(helper, error);
         return {};
     }
 }

@@ -38,7 +38,7 @@ constexpr QSize kSmallest(960, 600);                     // the least that the c
 constexpr std::array<int, 4> kPanelEighths{3, 1, 1, 3};  // of the width
 
 /// The first control of a page that Tab would stop at; the page itself if there is none.
-QWidget* FirstStop(QWidget* page) {
+QWidget* FirstInTabOrder(QWidget* page) {
     for (QWidget* w = page->nextInFocusChain(); w && w != page; w = w->nextInFocusChain()) {
         const bool stop = (w->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
         if (stop && page->isAncestorOf(w) && w->isVisibleTo(page) && w->isEnabled()) return w;
@@ -51,7 +51,7 @@ void FocusPage(ChildForm* page) {
     const auto usable = [page](const QWidget* w) { return w && w->isVisibleTo(page) && w->isEnabled(); };
     for (QWidget* wanted : {page->focusWidget(), page->FirstFocus()})
         if (usable(wanted)) return controls::MoveFocus(wanted);
-    controls::MoveFocus(FirstStop(page));
+    controls::MoveFocus(FirstInTabOrder(page));
 }
 
 QString TodayText() {
@@ -69,14 +69,14 @@ struct MForm::State {
     void BuildTools();
     void BuildStatus();
 
-    bool Landed(const MenuRow& row) const;
+    bool IsImplemented(const MenuRow& row) const;
     void Run(const MenuRow& row);
     void Press(const ToolRow& row);
 
     ChildForm* Find(const QString& form) const;
     ChildForm& Show(const QString& form, const MenuRow* row);
     ChildForm* Make(const QString& form);
-    void TakeAway(ChildForm& form);
+    void RemovePage(ChildForm& form);
     void RemoveChild(ChildForm& form);
     void ShowFront();
 
@@ -120,7 +120,7 @@ void MForm::State::AddRow(const MenuRow& row, QMenu*& under) {
         item = controls::AddCommand(under, name, caption, [this, &row] { Run(row); });
     }
     item->setObjectName(name);
-    item->setEnabled(Landed(row));
+    item->setEnabled(IsImplemented(row));
     items[name] = item;
 }
 
@@ -216,7 +216,7 @@ void MForm::Load() {
 
 // ------------------------------------------------------------------------------------------ menus and tools
 
-bool MForm::State::Landed(const MenuRow& row) const {
+bool MForm::State::IsImplemented(const MenuRow& row) const {
     const QString target = row.target.toString();
     switch (row.opens) {
         case Opens::Child:
@@ -315,7 +315,7 @@ ChildForm& MForm::State::Show(const QString& name, const MenuRow* row) {
         try {
             form->Load();
         } catch (...) {
-            TakeAway(*form);
+            RemovePage(*form);
             throw;
         }
     }
@@ -339,7 +339,7 @@ void MForm::State::ShowFront() {
     if (front) FocusPage(front);
 }
 
-void MForm::State::TakeAway(ChildForm& form) {
+void MForm::State::RemovePage(ChildForm& form) {
     std::erase(open, &form);
     pages->removeWidget(&form);
     form.hide();
@@ -372,7 +372,7 @@ ChildForm* MForm::Front() const {
 void MForm::State::RemoveChild(ChildForm& form) {
     if (std::ranges::find(open, &form) == open.end()) return;
     const bool wasFront = open.back() == &form;
-    TakeAway(form);
+    RemovePage(form);
     frame.ShowToolBar(true);  // also while another form is still open
     frame.SetPanel(PositionPanel, TodayText());
     ShowFront();
@@ -385,7 +385,7 @@ void MForm::closeEvent(QCloseEvent* event) {
         if (WarnOfEdit()) return;
         if (Db) Db->Close();
         Db.reset();
-        while (!state_->open.empty()) state_->TakeAway(*state_->open.back());
+        while (!state_->open.empty()) state_->RemovePage(*state_->open.back());
         event->accept();
     });
 }

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 OperatorStatement& OperatorStatement::Words(const QString& words) {
     statement_ += words;
-    told_ += words;
+    reported_ += words;
     return *this;
 }
 
@@ -21,13 +21,13 @@ OperatorStatement& OperatorStatement::Secret(const QString& value) {
     return *this;
 }
 
-void OperatorStatement::Add(const QString& value, const QString& told) {
+void OperatorStatement::Add(const QString& value, const QString& reported) {
     broken_ = broken_ || value.contains(u'\'');
     statement_ += Quoted(value);
-    told_ += Quoted(told);
+    reported_ += Quoted(reported);
 }
 
 void OperatorStatement::Execute(dao::Database& db) const {
-    if (broken_) throw DatabaseError(u"语法错误：文本中有单引号“'”。"_s, told_);
-    db.Execute(statement_, told_);
+    if (broken_) throw DatabaseError(u"语法错误：文本中有单引号“'”。"_s, reported_);
+    db.Execute(statement_, reported_);
 }

@@ -12,7 +12,7 @@
 class OperatorStatement {
   public:
     /// How the statement begins, taken as it stands.
-    explicit OperatorStatement(const QString& head) : statement_(head), told_(head) {}
+    explicit OperatorStatement(const QString& head) : statement_(head), reported_(head) {}
 
     /// A part of the statement, taken as it stands: never what an operator typed.
     OperatorStatement& Words(const QString& words);
@@ -25,9 +25,9 @@ class OperatorStatement {
     void Execute(dao::Database& db) const;
 
   private:
-    void Add(const QString& value, const QString& told);
+    void Add(const QString& value, const QString& reported);
 
     QString statement_;
-    QString told_;  ///< the same with its secrets hidden
+    QString reported_;  ///< the same with its secrets hidden
     bool broken_ = false;
 };

@@ -1,7 +1,7 @@
 // Prints one line a measure and ends non-zero if one is above its limit. An argument picks measures by a part
 // of their names; "growth" measures the growth from 10,000 waybills to 1,000,000.
 #include "benchmarks/subjects.h"
-#include "demo/display_words.h"
+#include "demo/platform_messages.h"
 #include "platform/controls/look.h"
 #include "platform/errors.h"
 
@@ -33,7 +33,7 @@ void MeasureAll(benchmarks::Bench& bench, const QString& folder) {
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    demo::DropDisplaysWords();
+    demo::SilencePlatform();
     QApplication app(argc, argv);
     controls::DressApplication(app);
     const QString folder = QCoreApplication::applicationDirPath() + QStringLiteral("/../benchmarks");

@@ -32,7 +32,7 @@ void Bare(BareEngine& engine, const QByteArray& where) {
 
 /// One condition, built in the dialog: an item of CmbF, an item of CmbGX, a text or a date.
 QString Asked(OpenForm& form, int field, int relation, const QVariant& value) {
-    const auto before = std::exchange(controls::ModalForm::StandIn(), [&](controls::ModalForm& dialog) {
+    const auto before = std::exchange(controls::ModalForm::Driver(), [&](controls::ModalForm& dialog) {
         const auto combo = [&](const char16_t* name) {
             return dialog.findChild<controls::ComboBox*>(QString::fromUtf16(name));
         };
@@ -46,7 +46,7 @@ QString Asked(OpenForm& form, int field, int relation, const QVariant& value) {
             dialog.findChild<controls::Button*>(button)->click();
     });
     form.Press(u"Menu_query"_s);
-    controls::ModalForm::StandIn() = before;
+    controls::ModalForm::Driver() = before;
     return form.PubSql;
 }
 

@@ -32,7 +32,7 @@ int main(int argc, char** argv) {
     app.setApplicationName(product::kName);
     controls::DressApplication(app);
     app.setWindowIcon(controls::LookIcon(QStringLiteral("app")));
-    controls::ModalForm::StandIn() = SayWhenReady;
+    controls::ModalForm::Driver() = SayWhenReady;
     std::unique_ptr<MForm> frame;
     sys::Guarded([&] { frame = StartUp(Wire(app.arguments().at(1))); });
     return 1;

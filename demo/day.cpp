@@ -34,7 +34,7 @@ void Confirm(Operator& op) {
     op.Press(Qt::Key_Return);
 }
 
-void TellLogin(Operator& op) {
+void PlayLogin(Operator& op) {
     LogIn(op, u"001.管理员"_s, u"korvane"_s);
     op.Picture(u"login"_s, u"登录"_s);
     Confirm(op);
@@ -65,7 +65,7 @@ void AddRow(Operator& op, const MasterRow& row) {
 }
 
 /// The list, and a newcomer in it.
-void TellMaster(Operator& op, const SmallMaster& master) {
+void PlayMaster(Operator& op, const SmallMaster& master) {
     op.Command(master.keys);
     op.Expect(u"窗体 "_s + master.form, [form = master.form] {
         return TheFrame().Front() && TheFrame().Front()->objectName() == form;
@@ -81,7 +81,7 @@ void TellMaster(Operator& op, const SmallMaster& master) {
 }
 
 /// On the couriers' list: browsing, a name that is taken, an edit.
-void TellCouriers(Operator& op) {
+void PlayCouriers(Operator& op) {
     op.TabTo(u"TabS"_s);
     op.Press(Qt::Key_Right);
     op.ExpectText(u"Txt(0)"_s, u"方志远"_s);
@@ -106,10 +106,10 @@ void TellCouriers(Operator& op) {
     op.ExpectRows(u"select count(*) from M04"_s, {u"9"_s});
 }
 
-void TellSmallMasters(Operator& op) {
+void PlaySmallMasters(Operator& op) {
     for (const SmallMaster& master : SmallMasters()) {
-        TellMaster(op, master);
-        if (master.form == u"A04") TellCouriers(op);
+        PlayMaster(op, master);
+        if (master.form == u"A04") PlayCouriers(op);
         op.Command(u"R"_s);
         op.Expect(u"工具栏重新显示"_s, [] { return TheFrame().ToolBarShown() && !TheFrame().Front(); });
     }
@@ -192,7 +192,7 @@ void EnterWaybill(Operator& op, const Consignment& c, const QString& picture) {
     CheckWaybill(op, c);
 }
 
-void TellTakenNumber(Operator& op) {
+void PlayTakenNumber(Operator& op) {
     op.Command(u"E"_s);
     op.ExpectFocus(u"Txt(0)"_s);
     op.TypeOver(u"KV2411250002"_s);
@@ -206,14 +206,14 @@ void TellTakenNumber(Operator& op) {
 
 // A new waybill proposes the origin that the operator used last, so most of them name none.
 
-void TellWaybills(Operator& op) {
+void PlayWaybills(Operator& op) {
     op.Command(u"B"_s);
     op.ExpectStatus(text::DateText(kToday));
     const auto& day = Consignments();
     EnterWaybill(op, day[0], {});
     EnterWaybill(op, day[1], u"waybill-adding"_s);
     EnterWaybill(op, day[2], u"waybill-released"_s);
-    TellTakenNumber(op);
+    PlayTakenNumber(op);
     EnterWaybill(op, day[3], u"waybill-no-price"_s);
     EnterWaybill(op, day[4], u"waybill-back-dated"_s);
     // What was sent on Saturday stands before Monday's, and the balances behind it have followed.
@@ -232,7 +232,7 @@ void GoUpFromTheEnd(Operator& op, int lines) {
 }
 
 /// The list anew, the card while browsing, and an edit that is given up again.
-void TellList(Operator& op) {
+void PlayList(Operator& op) {
     op.Command(u"B"_s);
     GoUpFromTheEnd(op, 1);
     op.ExpectStatus(u"速递单：共 605 条记录 当前为第 604 条"_s);
@@ -267,7 +267,7 @@ void TellList(Operator& op) {
 }
 
 /// Released from the list a waybill leaves it and owes the channel nothing yet; saved with its cost it does.
-void TellRelease(Operator& op) {
+void PlayRelease(Operator& op) {
     op.Command(u"B"_s);
     GoUpFromTheEnd(op, 0);
     op.Command(u"C"_s);
@@ -298,7 +298,7 @@ void PickBelow(Operator& op, const QString& combo, int presses, const QString& i
 }
 
 /// What was sent since Saturday, by one customer, and has been released; then all waybills again.
-void TellSearch(Operator& op) {
+void PlaySearch(Operator& op) {
     op.Command(u"B"_s);
     op.Command(u"Q"_s);
     op.ExpectWindow(u"Query"_s);
@@ -337,7 +337,7 @@ void TellSearch(Operator& op) {
 }
 
 /// The list as a workbook, its place chosen in the toolkit's own dialog.
-void TellExport(Operator& op, const QString& file) {
+void PlayExport(Operator& op, const QString& file) {
     op.Do(u"移去上次的文件"_s, [file] { QFile::remove(file); });
     op.Command(u"B"_s);
     op.Command(u"T"_s);
@@ -361,7 +361,7 @@ void TellExport(Operator& op, const QString& file) {
     op.Command(u"R"_s);
 }
 
-void TellRestore(Operator& op) {
+void PlayRestore(Operator& op) {
     op.Command(u"S5"_s);
     op.ExpectWindow(u"S32"_s);
     op.Picture(u"restore"_s, u"数据恢复；光标在“取消操作”上"_s);
@@ -371,7 +371,7 @@ void TellRestore(Operator& op) {
 }
 
 /// An operator without the right to see figures.
-void TellRestricted(Operator& op) {
+void PlayRestricted(Operator& op) {
     op.Command(u"H1"_s);
     LogIn(op, u"005.蒋录单"_s, u"5"_s);
     op.Picture(u"relogin"_s, u"更换登录用户"_s);
@@ -403,7 +403,7 @@ void TellRestricted(Operator& op) {
     op.ExpectRows(u"select F502,F504,F601 from B01 where F1='KV2411250002'"_s, {u"518.2|653.41|管理员"_s});
 }
 
-void TellPassword(Operator& op) {
+void PlayPassword(Operator& op) {
     op.Command(u"H2"_s);
     op.Press(Qt::Key_Return);  // two items have the key 2
     op.ExpectWindow(u"S2"_s);
@@ -418,7 +418,7 @@ void TellPassword(Operator& op) {
     op.ExpectRows(u"select F3 from TE1 where F1='005'"_s, {u"lv-5-dan"_s});
 }
 
-void TellAbout(Operator& op) {
+void PlayAbout(Operator& op) {
     op.Command(u"H22"_s);
     op.Press(Qt::Key_Return);
     op.ExpectWindow(u"AboutUS"_s);
@@ -430,35 +430,35 @@ void TellAbout(Operator& op) {
 
 }  // namespace
 
-void TellDay(Operator& op, const QString& folder) {
+void PlayDay(Operator& op, const QString& folder) {
     const struct {
         QString title, words;
         std::function<void()> tell;
     } chapters[] = {
-        {u"早上：登录"_s, u"密码错误时留在登录窗口；登录后按字母键打开菜单。"_s, [&] { TellLogin(op); }},
-        {u"报价标准"_s, u"二十个数字决定所有价格的重量段，修改前先警告。"_s, [&] { TellStandard(op); }},
+        {u"早上：登录"_s, u"密码错误时留在登录窗口；登录后按字母键打开菜单。"_s, [&] { PlayLogin(op); }},
+        {u"报价标准"_s, u"二十个数字决定所有价格的重量段，修改前先警告。"_s, [&] { PlayStandard(op); }},
         {u"小资料"_s, u"业务员、外务员、始发地、事故原因：四个窗体同一套做法。"_s,
-         [&] { TellSmallMasters(op); }},
-        {u"公司自己的区域"_s, u"增加一个区域，录入地区和十九个价格。"_s, [&] { TellZone(op); }},
-        {u"出货渠道"_s, u"增加一个渠道；渠道的计费段由它自己决定。"_s, [&] { TellChannel(op); }},
+         [&] { PlaySmallMasters(op); }},
+        {u"公司自己的区域"_s, u"增加一个区域，录入地区和十九个价格。"_s, [&] { PlayZone(op); }},
+        {u"出货渠道"_s, u"增加一个渠道；渠道的计费段由它自己决定。"_s, [&] { PlayChannel(op); }},
         {u"渠道的区域成本"_s, u"渠道在自己的区域要多少钱，每段按公斤或按首重加续重。"_s,
-         [&] { TellCostZones(op); }},
+         [&] { PlayCostZones(op); }},
         {u"新客户和报价"_s, u"两个新客户；其中一个按两种系数报全部区域，并改掉一个价格。"_s,
-         [&] { TellCustomers(op); }},
+         [&] { PlayCustomers(op); }},
         {u"开单"_s, u"五张速递单：文件、小包裹、重包裹、没有报价的重量段、补录星期六的一张。"_s,
-         [&] { TellWaybills(op); }},
-        {u"看单、改单"_s, u"列表、卡片、修改；正在修改时不能关闭。"_s, [&] { TellList(op); }},
+         [&] { PlayWaybills(op); }},
+        {u"看单、改单"_s, u"列表、卡片、修改；正在修改时不能关闭。"_s, [&] { PlayList(op); }},
         {u"出货"_s, u"出货后从列表中移去；补上成本再保存，应付款记入渠道的往来。"_s,
-         [&] { TellRelease(op); }},
-        {u"查找"_s, u"按日期、客户和审核人三个条件查找。"_s, [&] { TellSearch(op); }},
-        {u"导出"_s, u"列表导出为 Excel 工作簿。"_s, [&] { TellExport(op, folder + u"/速递单.xls"_s); }},
-        {u"数据恢复"_s, u"打开后放弃，什么也没有改变。"_s, [&] { TellRestore(op); }},
+         [&] { PlayRelease(op); }},
+        {u"查找"_s, u"按日期、客户和审核人三个条件查找。"_s, [&] { PlaySearch(op); }},
+        {u"导出"_s, u"列表导出为 Excel 工作簿。"_s, [&] { PlayExport(op, folder + u"/速递单.xls"_s); }},
+        {u"数据恢复"_s, u"打开后放弃，什么也没有改变。"_s, [&] { PlayRestore(op); }},
         {u"另一位操作员"_s, u"看不到金额的操作员：金额以星号显示，已出货的单不能修改。"_s,
-         [&] { TellRestricted(op); }},
+         [&] { PlayRestricted(op); }},
         {u"下班"_s, u"修改自己的密码，看一看系统信息，退出。"_s,
          [&] {
-             TellPassword(op);
-             TellAbout(op);
+             PlayPassword(op);
+             PlayAbout(op);
          }},
     };
     for (const auto& chapter : chapters) {

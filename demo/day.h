@@ -6,6 +6,6 @@
 namespace demo {
 
 /// From the login to the closing of the main window; what is exported goes into the folder.
-void TellDay(Operator& op, const QString& folder);
+void PlayDay(Operator& op, const QString& folder);
 
 }  // namespace demo

@@ -6,8 +6,8 @@
 #include "app/session.h"
 #include "demo/day.h"
 #include "demo/day_entries.h"
-#include "demo/display_words.h"
 #include "demo/index_page.h"
+#include "demo/platform_messages.h"
 #include "demo/summary.h"
 #include "platform/controls/look.h"
 #include "platform/errors.h"
@@ -81,7 +81,7 @@ void Steady(QApplication& app) {
 void PlayOn(const QString& company, demo::Screen& screen, const Arguments& arguments) {
     demo::Operator op(screen, arguments.pause);
     sys::seams().leave = [&op](int) { op.Fail(u"程序提前结束"_s); };
-    demo::TellDay(op, QDir(arguments.folder).absolutePath());
+    demo::PlayDay(op, QDir(arguments.folder).absolutePath());
     op.Start();
     StartUpParts parts = Wire(company);
     const auto login = parts.showLogin;
@@ -110,7 +110,7 @@ int Play(QApplication& app, const Arguments& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    demo::DropDisplaysWords();
+    demo::SilencePlatform();
     QApplication app(argc, argv);
     app.setApplicationName(product::kName);
     controls::DressApplication(app);

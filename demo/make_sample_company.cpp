@@ -1,6 +1,6 @@
 // make-sample-company FOLDER: makes the sample company in a folder; one that is there already is not touched.
 // Ends with 0 when it is there, 1 when it could not be made, 2 when it was called wrongly.
-#include "demo/display_words.h"
+#include "demo/platform_messages.h"
 #include "demo/sample_clerk.h"
 #include "platform/controls/look.h"
 #include "schema/names.h"
@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 int main(int argc, char** argv) {
     // It is nobody's to look at.
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    demo::DropDisplaysWords();
+    demo::SilencePlatform();
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     controls::DressApplication(app);

@@ -24,7 +24,7 @@ namespace {
 /// What is posted may post again before everything has settled.
 constexpr int kTurnsToSettle = 3;
 /// More controls than any form has.
-constexpr int kLongestWalk = 80;
+constexpr int kLongestWay = 80;
 
 /// What a step that must not go on throws; caught before it reaches the toolkit.
 struct Mismatch {
@@ -110,13 +110,13 @@ void Operator::Command(const QString& letters) {
         Add(u"菜单 "_s + letters, [this, letter] { keyboard::Alt(KeyTarget(), letter.unicode()); });
 }
 
-void Operator::WalkTo(const QString& control, Qt::Key key) {
+void Operator::MoveTo(const QString& control, Qt::Key key) {
     steps_.push_back({u"走到 "_s + control, [this, control, key] {
                           if (keyboard::FocusName() == control) {
-                              walked_ = 0;
+                              moves_ = 0;
                               return true;
                           }
-                          if (++walked_ > kLongestWalk) throw Mismatch{u"走不到 "_s + control};
+                          if (++moves_ > kLongestWay) throw Mismatch{u"走不到 "_s + control};
                           keyboard::Press(KeyTarget(), key);
                           return false;
                       }});

@@ -33,8 +33,8 @@ class Operator {
     /// Alt and the first letter, then the others: "A6" opens a menu and takes the sixth command.
     void Command(const QString& letters);
     /// Presses Enter, or Tab, until that control has the focus.
-    void EnterTo(const QString& control) { WalkTo(control, Qt::Key_Return); }
-    void TabTo(const QString& control) { WalkTo(control, Qt::Key_Tab); }
+    void EnterTo(const QString& control) { MoveTo(control, Qt::Key_Return); }
+    void TabTo(const QString& control) { MoveTo(control, Qt::Key_Tab); }
     /// What no key does: the clock, the window's close box.
     void Do(const QString& what, std::function<void()> act);
 
@@ -69,7 +69,7 @@ class Operator {
         bool answersBox = false;
     };
     void Add(const QString& what, std::function<void()> play, bool answersBox = false);
-    void WalkTo(const QString& control, Qt::Key key);
+    void MoveTo(const QString& control, Qt::Key key);
     void Compare(const QString& found, const QString& expected);
     QWidget& KeyTarget();
     void Next();
@@ -81,7 +81,7 @@ class Operator {
     std::deque<Step> steps_;
     QString current_;
     int played_ = 0;
-    int walked_ = 0;
+    int moves_ = 0;
 };
 
 }  // namespace demo

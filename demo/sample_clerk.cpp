@@ -27,19 +27,19 @@ namespace sample {
 namespace {
 
 /// The seams as they were, when this goes.
-class KeptSeams {
+class SeamsRestorer {
   public:
-    KeptSeams() : seams_(sys::seams()), standIn_(controls::ModalForm::StandIn()) {}
-    ~KeptSeams() {
+    SeamsRestorer() : seams_(sys::seams()), driver_(controls::ModalForm::Driver()) {}
+    ~SeamsRestorer() {
         sys::seams() = seams_;
-        controls::ModalForm::StandIn() = standIn_;
+        controls::ModalForm::Driver() = driver_;
     }
-    KeptSeams(const KeptSeams&) = delete;
-    KeptSeams& operator=(const KeptSeams&) = delete;
+    SeamsRestorer(const SeamsRestorer&) = delete;
+    SeamsRestorer& operator=(const SeamsRestorer&) = delete;
 
   private:
     sys::Seams seams_;
-    std::function<void(controls::ModalForm&)> standIn_;
+    std::function<void(controls::ModalForm&)> driver_;
 };
 
 class Clerk {
@@ -81,7 +81,7 @@ class Clerk {
     void EnterWaybill(const Waybill& waybill);
     void TickRelease();
 
-    KeptSeams kept_;
+    SeamsRestorer kept_;
     QDateTime now_{QDate(2024, 9, 20), QTime(9, 0)};
     QStringList expected_;  ///< texts of boxes that are answered with yes
     QString refused_;       ///< the first box that nobody expected
@@ -211,7 +211,7 @@ void Clerk::EnterMasters() {
 
 void Clerk::EnterStandard() {
     expected_ = {u"警告！计价标准不宜经常改变！真的继续吗？"_s, u"保存成功！"_s};
-    controls::ModalForm::StandIn() = [this](controls::ModalForm& form) {
+    controls::ModalForm::Driver() = [this](controls::ModalForm& form) {
         for (int box = 0; box < Standard().size(); ++box)
             At<controls::LineBox>(form, u"Txt(%1)"_s.arg(box)).SetText(Standard()[box]);
         At<controls::Button>(form, u"CmdOK"_s).click();

@@ -93,7 +93,7 @@ void AddCustomer(Operator& op, const Customer& customer) {
 
 }  // namespace
 
-void TellStandard(Operator& op) {
+void PlayStandard(Operator& op) {
     const QString stored = u"0.5|0.5|0.5|0.5|21|46|71|101|151|201|251|301|401|501|601|701|801|901|1001|1.5"_s;
     op.Command(u"S1"_s);
     op.ExpectWindow(u"S01"_s);
@@ -118,7 +118,7 @@ void TellStandard(Operator& op) {
     op.ExpectRows(u"select * from MS1"_s, {stored});
 }
 
-void TellZone(Operator& op) {
+void PlayZone(Operator& op) {
     op.Command(u"A3"_s);
     op.ExpectStatus(u"共 20 条记录 当前为第 1 条"_s);
     op.Picture(u"zone-list"_s, u"速递区域列表"_s);
@@ -145,7 +145,7 @@ void TellZone(Operator& op) {
     op.Command(u"R"_s);
 }
 
-void TellChannel(Operator& op) {
+void PlayChannel(Operator& op) {
     op.Command(u"A1"_s);
     op.Picture(u"channel-list"_s, u"出货渠道列表"_s);
     op.Command(u"A"_s);
@@ -163,7 +163,7 @@ void TellChannel(Operator& op) {
 }
 
 /// The second one's channel is left as it is proposed; its segments are numbered then.
-void TellCostZones(Operator& op) {
+void PlayCostZones(Operator& op) {
     op.Command(u"A2"_s);
     op.ExpectStatus(u"共 15 条记录 当前为第 1 条"_s);
     op.Picture(u"cost-zone-list"_s, u"出货渠道区域列表"_s);
@@ -200,7 +200,7 @@ void TellCostZones(Operator& op) {
 }
 
 /// Two new customers, the first with quotes; then the list, and his card.
-void TellCustomers(Operator& op) {
+void PlayCustomers(Operator& op) {
     op.Command(u"A5"_s);
     op.ExpectStatus(u"客户资料列表：共 12 条记录 当前为第 1 条"_s);
     op.Picture(u"customer-list"_s, u"客户资料列表"_s);

@@ -6,11 +6,11 @@
 
 namespace demo {
 
-void TellStandard(Operator& op);
-void TellZone(Operator& op);
-void TellChannel(Operator& op);
-void TellCostZones(Operator& op);
+void PlayStandard(Operator& op);
+void PlayZone(Operator& op);
+void PlayChannel(Operator& op);
+void PlayCostZones(Operator& op);
 /// Takes the salespersons and the zones as entered.
-void TellCustomers(Operator& op);
+void PlayCustomers(Operator& op);
 
 }  // namespace demo

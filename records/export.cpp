@@ -175,20 +175,20 @@ void ToExcel::WriteRows(const QString& path) {
     const std::vector<int> columns = ExportedColumns(*GD);
     book.NextRow();
     for (std::size_t field = 1; field <= columns.size(); ++field) book.Add(u'F' + QString::number(field));
-    told_.invalidate();
+    reported_.invalidate();
     for (int row = 0; row < GD->Rows(); ++row) {
         book.NextRow();
         for (const int col : columns) book.Add(GD->TextMatrix(row, col));
-        TellRow(row);
+        PlayRow(row);
     }
     setWindowTitle(u"读取数据完毕,准备导出到Excel文件 "_s);
     controls::ShowProgress();
     book.Save(path);
 }
 
-void ToExcel::TellRow(int row) {
-    if (told_.isValid() && !told_.hasExpired(RowPause)) return;
-    told_.start();
+void ToExcel::PlayRow(int row) {
+    if (reported_.isValid() && !reported_.hasExpired(RowPause)) return;
+    reported_.start();
     setWindowTitle(u"正在读取第 "_s + QString::number(row) + u" 行"_s);
     controls::ShowProgress();
 }

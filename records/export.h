@@ -35,11 +35,11 @@ class ToExcel : public controls::ModalForm {
     bool WriteFile();
     void WriteRows(const QString& path);
     void OpenFile();
-    void TellRow(int row);
+    void PlayRow(int row);
 
     controls::ComboBox* Cmb = nullptr;
     controls::LineBox* Txt = nullptr;
     controls::Button* CmdSaveTo = nullptr;
     std::array<controls::Button*, 2> Cmd{};
-    QElapsedTimer told_;  ///< since the caption last showed a row
+    QElapsedTimer reported_;  ///< since the caption last showed a row
 };

@@ -148,8 +148,8 @@ void Query::Arrange() {
     foot->addLayout(dressing::ButtonRow({CmdQuery, CmdCancel}));
     dressing::Stack(*this, *card, foot);
 
-    QWidget* const stops[] = {CmbLG, CmbF, CmbGX, Txt, DTP, CmdAdd, Lst, CmdRemove, CmdQuery, CmdCancel};
-    for (std::size_t i = 1; i < std::size(stops); ++i) setTabOrder(stops[i - 1], stops[i]);
+    QWidget* const tabOrder[] = {CmbLG, CmbF, CmbGX, Txt, DTP, CmdAdd, Lst, CmdRemove, CmdQuery, CmdCancel};
+    for (std::size_t i = 1; i < std::size(tabOrder); ++i) setTabOrder(tabOrder[i - 1], tabOrder[i]);
 }
 
 void Query::WireControls() {

@@ -120,12 +120,12 @@ void RecordForm::SetCommands(std::vector<CommandRow> rows) {
         if (row.items.empty())
             actions_.push_back(controls::AddCommand(MenuBar(), row.name, row.caption, row.handler));
         else
-            HangItems(row);
+            AddItems(row);
     }
     ShowCommands(CommandRow::When::Browsing);
 }
 
-void RecordForm::HangItems(const CommandRow& row) {
+void RecordForm::AddItems(const CommandRow& row) {
     QMenu* menu = controls::AddMenu(MenuBar(), row.name, row.caption);
     menu->menuAction()->setObjectName(row.name);
     actions_.push_back(menu->menuAction());
@@ -231,8 +231,8 @@ void RecordForm::ShowCommands(CommandRow::When state) {
         const CommandRow& row = commands_[i];
         const bool fits = row.when == CommandRow::When::Always || row.when == state;
         const auto works = [](const CommandRow& command) { return bool(command.handler); };
-        const bool landed = works(row) || std::any_of(row.items.begin(), row.items.end(), works);
-        enabled.emplace_back(actions_[i], fits && landed);
+        const bool implemented = works(row) || std::any_of(row.items.begin(), row.items.end(), works);
+        enabled.emplace_back(actions_[i], fits && implemented);
     }
     controls::EnableCommands(MenuBar(), enabled);
 }
@@ -247,7 +247,7 @@ void RecordForm::EnterEdit() {
     if (settings_.tabStripDisabled)
         TabS->setEnabled(false);
     else
-        TabS->SetTabStop(false);
+        TabS->SetInTabOrder(false);
     OpenCard();
     ShowCommands(CommandRow::When::Editing);
     EditInProgress = true;
@@ -256,7 +256,7 @@ void RecordForm::EnterEdit() {
 
 void RecordForm::LeaveEdit() {
     TabS->setEnabled(true);
-    TabS->SetTabStop(true);
+    TabS->SetInTabOrder(true);
     CloseCard();
     ShowCommands(CommandRow::When::Browsing);
     FormMode = Browsing;
@@ -295,9 +295,9 @@ RecordForm::Consent RecordForm::AskToDelete(const QString& name, bool used, cons
     return Consent::Whole;
 }
 
-bool RecordForm::MakeRoom(const Claim& claim) {
-    if (!claim.found.isEmpty() && (FormMode == Adding || claim.key != claim.old)) {
-        sys::Inform(claim.refusal, MsgTitle);
+bool RecordForm::PrepareSave(const KeyCheck& check) {
+    if (!check.found.isEmpty() && (FormMode == Adding || check.key != check.old)) {
+        sys::Inform(check.refusal, MsgTitle);
         Txt[0]->SetFocus();
         return false;
     }
@@ -305,7 +305,7 @@ bool RecordForm::MakeRoom(const Claim& claim) {
         RecCount += 1;
         return true;
     }
-    claim.forgetOld();
+    check.deleteOld();
     RemoveCurrentLine();
     return true;
 }
@@ -315,13 +315,13 @@ void RecordForm::FinishSave() {
     CurRow = GD->Rows() - 1;
 }
 
-void RecordForm::ForgetCurrentRecord(LastRow last) {
+void RecordForm::RemoveCurrentRecord(CurRowLimit last) {
     RemoveCurrentLine();
     RecCount -= 1;
     // RecCount may be off by one: an edit of an empty list's blank line is not counted, and a record with an
     // empty key leaves the list uncounted. Both are kept on purpose; the row must exist.
     CurRow = std::min(CurRow, GD->Rows() - 1);
-    if (last == LastRow::OfRecords) CurRow = std::clamp(RecCount, 0, CurRow);
+    if (last == CurRowLimit::Records) CurRow = std::clamp(RecCount, 0, CurRow);
     GD->SetRow(CurRow);
     if (TabS->SelectedItem() == CardTab) TabS->SelectItem(ListTab);
     RowChanged();
@@ -339,9 +339,9 @@ void RecordForm::AppendLine(const QStringList& cells) {
     if (text::Trim(GD->TextMatrix(1, 0)).isEmpty()) GD->RemoveItem(1);
 }
 
-void RecordForm::SetTabOrder(const std::vector<QWidget*>& stops) {
+void RecordForm::SetTabOrder(const std::vector<QWidget*>& tabOrder) {
     QWidget* before = TabS;
-    for (QWidget* stop : stops) {
+    for (QWidget* stop : tabOrder) {
         QWidget::setTabOrder(before, stop);
         before = stop;
     }

@@ -122,16 +122,16 @@ class RecordForm : public ChildForm, public QueryCaller {
     static Consent AskToDelete(const QString& name, bool used, const QString& plainQuestion,
                                sys::BoxAnswer warningDefault);
     /// A key that a save is about to write.
-    struct Claim {
+    struct KeyCheck {
         QString key;
         QString old;                      ///< of the record being edited; see OldKey
         QString found;                    ///< what the table holds under the key already; "" for nothing
         QString refusal;                  ///< the message when that is another record's
-        std::function<void()> forgetOld;  ///< deletes the stored rows of the record being edited
+        std::function<void()> deleteOld;  ///< deletes the stored rows of the record being edited
     };
     /// False, with the message and the focus in Txt(0), when another record has the key. Else makes room for
     /// the save: in an edit the stored rows and their line go, an addition is counted.
-    bool MakeRoom(const Claim& claim);
+    bool PrepareSave(const KeyCheck& check);
     /// The key in that column of the line being edited; "" while adding.
     QString OldKey(int col = 0) const { return FormMode == Editing ? CurrentCell(col) : QString(); }
     /// After a save has put its line at the end: back to browsing. The saved record is the next command's,
@@ -140,9 +140,9 @@ class RecordForm : public ChildForm, public QueryCaller {
 
     /// What CurRow stays within when a record goes. They differ for the last one: its list keeps a blank
     /// line, and CurRow is 0 or stands on that.
-    enum class LastRow { OfRecords, OfGrid };
+    enum class CurRowLimit { Records, GridRows };
     /// After the record's row was deleted: its line goes, the counts follow, the list comes to the front.
-    void ForgetCurrentRecord(LastRow last);
+    void RemoveCurrentRecord(CurRowLimit last);
 
     QString BoxText(int box) const { return Txt[box]->Text(); }
     /// Txt(i), where it has but one row.
@@ -163,7 +163,7 @@ class RecordForm : public ChildForm, public QueryCaller {
     void WireBox(Control& control);
 
     /// Tab goes through these in this order, behind the tab strip.
-    void SetTabOrder(const std::vector<QWidget*>& stops);
+    void SetTabOrder(const std::vector<QWidget*>& tabOrder);
 
     controls::TabStrip* TabS;
     controls::FlexGrid* GD;
@@ -177,7 +177,7 @@ class RecordForm : public ChildForm, public QueryCaller {
     void SelectTab();
     void KeyOnTabs(controls::KeyPress& key);
     void TurnPage(QWidget& from, QWidget& to);
-    void HangItems(const CommandRow& menu);
+    void AddItems(const CommandRow& menu);
     void ShowCommands(CommandRow::When state);
     void ShowBadge();
 

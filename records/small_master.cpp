@@ -93,7 +93,7 @@ void SmallMaster::Menu_del() {
     // The waybills that use the record go with it; nothing is posted back to the ledger.
     if (consent == Consent::Whole) Db->Execute(master_.cascade + Quoted(key));
     Db->Execute(u"delete from "_s + master_.table + u" WHERE F1="_s + Quoted(key));
-    ForgetCurrentRecord(LastRow::OfRecords);
+    RemoveCurrentRecord(CurRowLimit::Records);
 }
 
 /// The note is the field that is chosen at first.
@@ -106,21 +106,21 @@ void SmallMaster::Menu_query() {
     RunQuery(*this, *GD, table, [this](const QString& sql) { LoadGrid(sql); });
 }
 
-bool SmallMaster::ClaimKey() {
+bool SmallMaster::CheckKey() {
     const QString key = text::Trim(BoxText(Key));
     const QString old = OldKey(Key);
-    return MakeRoom(
+    return PrepareSave(
         {.key = key,
          .old = old,
          .found = GetStr(master_.duplicateTest + Quoted(key)),
          .refusal = (master_.duplicateNamesKey ? BoxText(Key) : QString()) + master_.duplicateText,
-         .forgetOld = [&] {
+         .deleteOld = [&] {
              Db->Execute(u"delete from "_s + master_.table + u" where F1="_s + Quoted(old));
          }});
 }
 
 void SmallMaster::Menu_save() {
-    if (!RequireFilled(master_.requiredBoxes) || !ClaimKey()) return;
+    if (!RequireFilled(master_.requiredBoxes) || !CheckKey()) return;
     const QString key = text::Trim(BoxText(Key));
     const QString note = text::Trim(BoxText(Note));
     Db->Execute(u"insert into "_s + master_.table + u" (F1,F2) VALUES ("_s + Quoted(key) + u","_s +

@@ -50,7 +50,7 @@ class SmallMaster : public RecordForm {
     void Menu_query() override;
     void Menu_save() override;
     bool IsUsed(const QString& key) const;
-    bool ClaimKey();
+    bool CheckKey();
 
     const SmallMasterSettings& master_;
 };

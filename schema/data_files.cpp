@@ -31,7 +31,7 @@ void RemoveBegun(const QString& temporary) {
 }
 
 void Rename(const QString& from, const QString& to) {
-    const QString failure = sys::TakePlace(from, to);
+    const QString failure = sys::ReplaceFile(from, to);
     if (!failure.isEmpty()) throw RuntimeError(u"无法把临时文件改名为“%1”：%2"_s.arg(to, failure));
 }
 

@@ -111,9 +111,9 @@ void A01::BuildCard() {
     card->TallField(Card::Half::Right, 0, 5, 0, 3, nullptr, Segments());
     card->Finish();
     WireCard();
-    std::vector<QWidget*> stops;
-    for (auto* box : Txt) stops.push_back(box->Widget());
-    SetTabOrder(stops);
+    std::vector<QWidget*> tabOrder;
+    for (auto* box : Txt) tabOrder.push_back(box->Widget());
+    SetTabOrder(tabOrder);
 }
 
 /// Documents, small parcels, and into how many segments heavy parcels are cut.
@@ -293,7 +293,7 @@ void A01::Menu_del() {
         Db->Execute(u"delete from B01 where F202="_s + Quoted(code));
     }
     Db->Execute(u"delete from M01 WHERE F1="_s + Quoted(code));
-    ForgetCurrentRecord(LastRow::OfGrid);
+    RemoveCurrentRecord(CurRowLimit::GridRows);
 }
 
 bool A01::BoundsFilled() const {
@@ -305,16 +305,16 @@ bool A01::BoundsFilled() const {
     return true;
 }
 
-bool A01::ClaimCode() {
+bool A01::CheckCode() {
     const QString code = text::Trim(BoxText(Code));
     const QString old = OldKey(Code);
     const QString found = NameOf(u"M01"_s, code);
-    return MakeRoom(
+    return PrepareSave(
         {.key = code,
          .old = old,
          .found = found,
          .refusal = u"["_s + found + u"]已经使用了"_s + BoxText(Code) + u"这个序号，请重新设置序号!"_s,
-         .forgetOld = [&] { Db->Execute(u"delete from M01 where F1="_s + Quoted(old)); }});
+         .deleteOld = [&] { Db->Execute(u"delete from M01 where F1="_s + Quoted(old)); }});
 }
 
 QString A01::InsertStatement() const {
@@ -337,7 +337,7 @@ void A01::Menu_save() {
     // From within the box, by the command's key or through the menu: more segments than there are bounds must
     // not be stored.
     if (controls::FocusTracker::Get().Current() == Txt[SegmentCount]->Widget()) LeaveCount();
-    if (!RequireFilled(2) || !BoundsFilled() || !ClaimCode()) return;
+    if (!RequireFilled(2) || !BoundsFilled() || !CheckCode()) return;
     Db->Execute(InsertStatement());
     QStringList cells;
     for (int i = Code; i <= Remark; ++i) cells += text::Trim(BoxText(i));

@@ -45,7 +45,7 @@ class A01 : public RecordForm {
     void Menu_save() override;
     static bool IsUsed(const QString& code);
     bool BoundsFilled() const;
-    bool ClaimCode();
+    bool CheckCode();
     QString InsertStatement() const;
 
     double Number(int box) const;

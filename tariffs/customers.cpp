@@ -132,7 +132,7 @@ void A03::BuildCard() {
                                       }});
     column->addWidget(FrmBtm);
     WireCard();
-    SetTabOrder(Stops());
+    SetTabOrder(TabOrder());
     CloseCard();
 }
 
@@ -164,15 +164,15 @@ void A03::WireCard() {
     CmbYWY->GotFocus = enter;
 }
 
-std::vector<QWidget*> A03::Stops() const {
-    std::vector<QWidget*> stops;
+std::vector<QWidget*> A03::TabOrder() const {
+    std::vector<QWidget*> tabOrder;
     for (const Place& place : Places) {
-        stops.push_back(Txt[place.box]->Widget());
-        if (place.box == Salesperson) stops.push_back(CmbYWY);
+        tabOrder.push_back(Txt[place.box]->Widget());
+        if (place.box == Salesperson) tabOrder.push_back(CmbYWY);
     }
-    for (auto* memo : TxtMEMO) stops.push_back(memo);
-    for (QWidget* stop : FrmBtm->Stops()) stops.push_back(stop);
-    return stops;
+    for (auto* memo : TxtMEMO) tabOrder.push_back(memo);
+    for (QWidget* stop : FrmBtm->TabOrder()) tabOrder.push_back(stop);
+    return tabOrder;
 }
 
 void A03::OpenCard() {
@@ -305,7 +305,7 @@ void A03::Menu_del() {
     if (consent == Consent::Whole) Db->Execute(u"delete from B01 where F603="_s + Quoted(code));
     Db->Execute(u"delete from M03 WHERE F1="_s + Quoted(code));
     Db->Execute(u"delete from M031 WHERE F0="_s + Quoted(code));
-    ForgetCurrentRecord(LastRow::OfGrid);
+    RemoveCurrentRecord(CurRowLimit::GridRows);
 }
 
 void A03::Menu_query() {
@@ -316,18 +316,18 @@ void A03::Menu_query() {
     RunQuery(*this, *GD, table, [this](const QString& sql) { LoadGridOrTell(sql); });
 }
 
-bool A03::ClaimCode() {
+bool A03::CheckCode() {
     const QString code = text::Trim(BoxText(Code));
     const QString old = OldKey(Code);
     const QString found = NameOf(u"M03"_s, code);
-    return MakeRoom(
+    return PrepareSave(
         {.key = code,
          .old = old,
          .found = found,
          .refusal = FormMode == Adding  // the second bracket has always opened twice
                         ? u"["_s + found + u"]已经使用了["_s + BoxText(Code) + u"[这个编码，请重新设置编码!"_s
                         : u"已经存在["_s + BoxText(Code) + u"]这个编号，请重新设置编号!"_s,
-         .forgetOld = [&] {
+         .deleteOld = [&] {
              Db->Execute(u"delete from M031 where F0="_s + Quoted(old));
              Db->Execute(u"delete from M03 where F1="_s + Quoted(old));
          }});
@@ -355,7 +355,7 @@ void A03::Menu_save() {
     FrmBtm->Fold();
     Txt[Salesperson]->SetText(CmbYWY->Text());
     constexpr int Required = 2;
-    if (!RequireFilled(Required) || !ClaimCode()) return;
+    if (!RequireFilled(Required) || !CheckCode()) return;
     Db->Execute(InsertStatement());
     // Before the line is shown: choosing it is an event of its own, which would commit the customer alone.
     FrmBtm->SaveQuotes(text::Trim(BoxText(Code)));

@@ -30,7 +30,7 @@ class A03 : public RecordForm {
     void PlaceFields(controls::Card& card);
     controls::LineBox* MakeMemo(int index);
     void WireCard();
-    std::vector<QWidget*> Stops() const;
+    std::vector<QWidget*> TabOrder() const;
     void FillSalespersons();
 
     void EnterBox(int box);
@@ -43,7 +43,7 @@ class A03 : public RecordForm {
     void Menu_save() override;
     bool NoCustomer() const;
     static bool IsUsed(const QString& code);
-    bool ClaimCode();
+    bool CheckCode();
     QString InsertStatement() const;
     void AppendSavedLine();
 

@@ -116,7 +116,7 @@ void QuotePanel::BuildDownList(QWidget* form) {
     GdDownList->hide();
 }
 
-std::vector<QWidget*> QuotePanel::Stops() const {
+std::vector<QWidget*> QuotePanel::TabOrder() const {
     // The list stands before the button whose job it changes, so that Tab leads from the one to the other.
     return {CmdUpDown,     TxtHPBM, TxtSL,        CmdEnter,
             GdDownList,    CmdDel,  CmdGdMxclear, host_.coefficient->Widget(),

@@ -45,7 +45,7 @@ class QuotePanel : public QWidget {
     void FinishCell();
 
     /// The controls in the order of Tab.
-    std::vector<QWidget*> Stops() const;
+    std::vector<QWidget*> TabOrder() const;
 
   protected:
     void resizeEvent(QResizeEvent* event) override;

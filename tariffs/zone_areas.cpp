@@ -79,11 +79,11 @@ void ZoneAreas::BuildEntry() {
     grid->addLayout(buttons, 1, 3, 1, TwoBoxes);
 }
 
-std::vector<QWidget*> ZoneAreas::Stops() const {
-    std::vector<QWidget*> stops;
-    for (const Entry& entry : entries_) stops.push_back(entry.box->Widget());
-    stops.insert(stops.end(), {Cmd[0], Cmd[1], GDdq});
-    return stops;
+std::vector<QWidget*> ZoneAreas::TabOrder() const {
+    std::vector<QWidget*> tabOrder;
+    for (const Entry& entry : entries_) tabOrder.push_back(entry.box->Widget());
+    tabOrder.insert(tabOrder.end(), {Cmd[0], Cmd[1], GDdq});
+    return tabOrder;
 }
 
 void ZoneAreas::ShowEntry(bool shown) {

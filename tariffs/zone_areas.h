@@ -36,7 +36,7 @@ class ZoneAreas : public QWidget {
     void ShowEntry(bool shown);
     void GoToAdd() { Cmd[0]->SetFocus(); }
     /// The controls in the order of Tab.
-    std::vector<QWidget*> Stops() const;
+    std::vector<QWidget*> TabOrder() const;
 
   private:
     void MakeList();

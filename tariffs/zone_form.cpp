@@ -71,7 +71,7 @@ ZoneForm::ZoneForm(const ZoneSettings& settings)
 void ZoneForm::MakeBoxes() {
     for (const QString& caption : zone_.captions) MakeBox(caption, Txt.empty() ? CodeLimit : NoLimit);
     for (int box = LastHandled + 1; box <= zone_.lastPrice; ++box) Txt[box]->SetLocked(false);
-    if (zone_.unused != NoBox) {
+    if (zone_.unused != NoTextBox) {
         Txt[zone_.unused]->Widget()->hide();
         Lab[zone_.unused]->hide();
     }
@@ -83,7 +83,7 @@ void ZoneForm::MakeBoxes() {
 void ZoneForm::MakeChoice() {
     choice_->setObjectName(zone_.choiceCombo);
     WireBox(*choice_);
-    if (zone_.choiceBox != NoBox) {
+    if (zone_.choiceBox != NoTextBox) {
         choiceLabel_ = Lab[zone_.choiceBox];
         choiceLabel_->setBuddy(choice_);
         choice_->setAccessibleName(choiceLabel_->text());
@@ -117,30 +117,30 @@ void ZoneForm::BuildCard() {
     card_->Group(zone_.priceGroup);
     card_->Panel(0, prices_->Rows(), prices_);
     card_->Finish();
-    SetTabOrder(Stops());
+    SetTabOrder(TabOrder());
 }
 
 void ZoneForm::PlaceZone() {
     for (const auto& [box, row, pair, span] : zone_.places) {
-        const int shown = box == ChoicePlace ? zone_.choiceBox : box;
-        QLabel* caption = box == ChoicePlace ? choiceLabel_ : Lab[box];
-        QWidget* field = shown == NoBox ? choice_ : Txt[shown]->Widget();
+        const int shown = box == ChoiceField ? zone_.choiceBox : box;
+        QLabel* caption = box == ChoiceField ? choiceLabel_ : Lab[box];
+        QWidget* field = shown == NoTextBox ? choice_ : Txt[shown]->Widget();
         card_->Field(Card::Half::Left, row, pair, span, caption, field);
-        if (box == ChoicePlace && shown != NoBox) card_->Over(field, choice_);
+        if (box == ChoiceField && shown != NoTextBox) card_->Over(field, choice_);
     }
 }
 
-std::vector<QWidget*> ZoneForm::Stops() const {
+std::vector<QWidget*> ZoneForm::TabOrder() const {
     const auto box = [this](int i) { return Txt[i]->Widget(); };
-    std::vector<QWidget*> stops;
+    std::vector<QWidget*> tabOrder;
     for (const ZonePlace& place : zone_.places) {
-        const int shown = place.box == ChoicePlace ? zone_.choiceBox : place.box;
-        if (shown != NoBox) stops.push_back(box(shown));
-        if (place.box == ChoicePlace) stops.push_back(choice_);
+        const int shown = place.box == ChoiceField ? zone_.choiceBox : place.box;
+        if (shown != NoTextBox) tabOrder.push_back(box(shown));
+        if (place.box == ChoiceField) tabOrder.push_back(choice_);
     }
-    for (QWidget* stop : areas_->Stops()) stops.push_back(stop);
-    for (int i = zone_.firstPrice; i <= zone_.lastPrice; ++i) stops.push_back(box(i));
-    return stops;
+    for (QWidget* stop : areas_->TabOrder()) tabOrder.push_back(stop);
+    for (int i = zone_.firstPrice; i <= zone_.lastPrice; ++i) tabOrder.push_back(box(i));
+    return tabOrder;
 }
 
 // ------------------------------------------------------------------------------------------ the card at work
@@ -157,7 +157,7 @@ void ZoneForm::WireCard() {
 }
 
 void ZoneForm::ShowForEdit(bool shown) {
-    if (zone_.choiceBox == NoBox) choiceLabel_->setVisible(shown);
+    if (zone_.choiceBox == NoTextBox) choiceLabel_->setVisible(shown);
     choice_->setVisible(shown);
     areas_->ShowEntry(shown);
 }
@@ -280,7 +280,7 @@ void ZoneForm::Menu_del() {
         for (const QString& cascade : zone_.cascades) Db->Execute(cascade + Quoted(code));
     Db->Execute(u"delete from "_s + zone_.table + u" WHERE F1="_s + Quoted(code));
     Db->Execute(u"delete from "_s + zone_.areaTable + u" WHERE F0="_s + Quoted(code));
-    ForgetCurrentRecord(LastRow::OfGrid);
+    RemoveCurrentRecord(CurRowLimit::GridRows);
 }
 
 void ZoneForm::Menu_query() {
@@ -309,24 +309,24 @@ bool ZoneForm::TestCard() {
     return RequireFilled(RequiredBoxes) && RequireChoice() && RequireAreas() && RequirePrices();
 }
 
-bool ZoneForm::ClaimCode() {
+bool ZoneForm::CheckCode() {
     const QString code = TrimmedBox(Code);
     const QString old = OldKey(zone_.codeCol);
     const QString found = NameOf(zone_.table, code);
-    return MakeRoom({.key = code,
-                     .old = old,
-                     .found = found,
-                     .refusal = LangText(u"["_s) + found + LangText(u"]已经使用了"_s) + BoxText(Code) +
-                                LangText(u"这个编号，请重新设置编号!"_s),
-                     .forgetOld = [&] {
-                         Db->Execute(u"delete from "_s + zone_.table + u" where F1="_s + Quoted(old));
-                         Db->Execute(u"delete from "_s + zone_.areaTable + u" where F0="_s + Quoted(old));
-                     }});
+    return PrepareSave({.key = code,
+                        .old = old,
+                        .found = found,
+                        .refusal = LangText(u"["_s) + found + LangText(u"]已经使用了"_s) + BoxText(Code) +
+                                   LangText(u"这个编号，请重新设置编号!"_s),
+                        .deleteOld = [&] {
+                            Db->Execute(u"delete from "_s + zone_.table + u" where F1="_s + Quoted(old));
+                            Db->Execute(u"delete from "_s + zone_.areaTable + u" where F0="_s + Quoted(old));
+                        }});
 }
 
 void ZoneForm::Menu_save() {
     DropTrailingBlanks();  // the box may not have been left
-    if (!TestCard() || !ClaimCode()) return;
+    if (!TestCard() || !CheckCode()) return;
     Db->Execute(InsertStatement());
     areas_->Store(zone_.areaTable, BoxText(Code));  // the code as it stands, not trimmed
     AppendLine(SavedLine());

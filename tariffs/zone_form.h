@@ -56,7 +56,7 @@ class ZoneForm : public RecordForm {
     void BuildCard();
     void PlaceZone();
     void WireCard();
-    std::vector<QWidget*> Stops() const;
+    std::vector<QWidget*> TabOrder() const;
     void ShowForEdit(bool shown);
     void StopAtBoxes(bool stop);
 
@@ -73,7 +73,7 @@ class ZoneForm : public RecordForm {
     bool RequireAreas() const;
     bool RequirePrices() const;
     bool IsUsed(const QString& code) const;
-    bool ClaimCode();
+    bool CheckCode();
 
     const ZoneSettings& zone_;
     controls::Card* card_ = nullptr;

@@ -11,12 +11,12 @@
 
 /// Where a box of the zone itself stands in the left half of the card.
 struct ZonePlace {
-    int box;              ///< or ChoicePlace
+    int box;              ///< or ChoiceField
     int row, pair, span;  ///< as in controls::Card
 };
 /// What is chosen of a list, with its caption.
-constexpr int ChoicePlace = -1;
-constexpr int NoBox = -1;
+constexpr int ChoiceField = -1;
+constexpr int NoTextBox = -1;
 
 /// What a zone form says and does differently. Boxes are indexes of Txt, columns those of GD.
 struct ZoneSettings {
@@ -30,14 +30,14 @@ struct ZoneSettings {
     std::vector<QString> captions;  ///< of all boxes, as designed
     std::vector<ZonePlace> places;  ///< in the order of Tab
     int englishName, days;          ///< boxes; Txt(0) is the code, Txt(1) the name
-    int unused;                     ///< fills the index, is never shown nor handled; or NoBox
+    int unused;                     ///< fills the index, is never shown nor handled; or NoTextBox
     int firstPrice, lastPrice;      ///< boxes
     int pricesInARow;               ///< of the heavy ones; ticks beside them leave space for fewer
     QString priceGroup;             ///< "报价(元)"
     QString negativePrice;          ///< the refusal
     QString priceNote;              ///< Label1 below the prices; may be empty
     QString choiceCombo;            ///< control name
-    /// Shows in browsing what was chosen, and its caption is the choice's. NoBox: the choice is seen in an
+    /// Shows in browsing what was chosen, and its caption is the choice's. : the choice is seen in an
     /// edit only, and its caption is a label of its own.
     int choiceBox;
     QString choiceLabel, choiceCaption;  ///< that label's name and text

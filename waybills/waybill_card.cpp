@@ -154,30 +154,30 @@ void B01::MakeCombo(Box box) {
 }
 
 void B01::PlaceFields(Card& card) {
-    std::vector<QWidget*> stops;
+    std::vector<QWidget*> tabOrder;
     for (const Group& group : Groups()) {
         card.Group(group.left, group.right);
         for (const Place& place : group.places) {
             QWidget* box = Txt[place.box]->Widget();
             card.Field(place.half, place.row, place.pair, place.span, Lab[place.box], box);
-            stops.push_back(box);
+            tabOrder.push_back(box);
             const auto combo = Cmb.find(place.box);
             if (combo != Cmb.end()) {
                 card.Over(box, combo->second);
-                stops.push_back(combo->second);
+                tabOrder.push_back(combo->second);
             }
             if (place.box == SendDate) {
                 card.Over(box, DTP);
-                stops.push_back(DTP);
+                tabOrder.push_back(DTP);
             }
             if (place.box == ReleaseMark) {
                 card.Field(Card::Half::Right, place.row, 2, 1, nullptr, ChkChuHuo);
-                stops.push_back(ChkChuHuo);
+                tabOrder.push_back(ChkChuHuo);
             }
         }
     }
     card.Finish();
-    SetTabOrder(stops);
+    SetTabOrder(tabOrder);
 }
 
 void B01::WireCard() {

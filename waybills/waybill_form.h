@@ -82,7 +82,7 @@ class B01 : public RecordForm {
     bool TakeCombos();
     bool TestMasters() const;
     bool TestNumberAndTotal() const;
-    bool ClaimNumber();
+    bool CheckNumber();
     QString InsertStatement() const;
     void AppendSavedLine();
     void Post();

@@ -159,7 +159,7 @@ void B01::Menu_del() {
     accounts::DeleteWaybillEntries(*Db, number);
     // Released waybills left the list and not the count.
     RecCount = std::min(RecCount, GD->Rows() - 1);
-    ForgetCurrentRecord(LastRow::OfRecords);
+    RemoveCurrentRecord(CurRowLimit::Records);
 }
 
 void B01::Menu_Check() {

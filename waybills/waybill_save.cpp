@@ -115,16 +115,16 @@ bool B01::TestNumberAndTotal() const {
     return false;
 }
 
-bool B01::ClaimNumber() {
+bool B01::CheckNumber() {
     const QString number = text::Trim(BoxText(Number));
     const QString old = text::Trim(OldKey());
     const QString found = GetStr(u"select F1 from B01 where F1="_s + Quoted(number));
-    return MakeRoom(
+    return PrepareSave(
         {.key = number,
          .old = old,
          .found = Absent(found) ? QString() : found,
          .refusal = u"["_s + found + u"]已经使用了"_s + BoxText(Number) + u"这个速递单号，请重新设置!"_s,
-         .forgetOld = [&] {
+         .deleteOld = [&] {
              accounts::DeleteWaybillEntries(*Db, old);
              Db->Execute(u"delete from B01 where F1="_s + Quoted(old));
          }});
@@ -166,7 +166,7 @@ void B01::Post() {
     accounts::LedgerEntry entry;
     entry.kind = accounts::LedgerKind::Receivable;
     entry.sequence =
-        accounts::AllocateSequence(*Db, DTP->Value(), number, accounts::CounterReads::AfterFirstStepToo);
+        accounts::AllocateSequence(*Db, DTP->Value(), number, accounts::CounterReading::AlsoAfterFirstStep);
     entry.key = accounts::InfoFor(entry.kind).keyPrefix + number;
     entry.date = text::DateText(DTP->Value());
     entry.counterparty = nameOf(CustomerCode, u"M03"_s);
@@ -189,7 +189,7 @@ void B01::Menu_save() {
     for (const Box box : {Length, Width, Height})
         Txt[box]->SetText(text::GeneralText(text::Val(BoxText(box))));
     Txt[SendDate]->SetText(text::DateText(DTP->Value()));
-    if (!TakeCombos() || !TestMasters() || !TestNumberAndTotal() || !ClaimNumber()) return;
+    if (!TakeCombos() || !TestMasters() || !TestNumberAndTotal() || !CheckNumber()) return;
     Db->Execute(InsertStatement());
     AppendSavedLine();
     Post();

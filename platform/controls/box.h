@@ -127,7 +127,7 @@ class ComboBox : public QComboBox, public FocusEvents {
 
   private:
     void Choose(int index);
-    int Standing() const;
+    int CurrentItem() const;
     int FirstToWalkTo() const;
     void WidenList();
 };

@@ -66,7 +66,7 @@ void CellCover::Finish(bool keep, bool tell) {
         editing_ = false;
         box_ = nullptr;
         if (keep) {
-            untold_ = Edited{row_, col_, model_.Text(row_, col_)};
+            notEmitted_ = Edited{row_, col_, model_.Text(row_, col_)};
             // A pasted tab would part the cell in two when the row is copied or added again.
             model_.SetText(row_, col_, editor_->text().replace(u'\t', u' '));
         }
@@ -97,7 +97,7 @@ void CellCover::DropFrom(int row) {
 }
 
 void CellCover::Tell() {
-    const std::optional<Edited> edited = std::exchange(untold_, std::nullopt);
+    const std::optional<Edited> edited = std::exchange(notEmitted_, std::nullopt);
     if (edited && edited->row < model_.Rows() && edited->col < model_.Cols())  // it may have gone meanwhile
         grid_.CellEdited(edited->row, edited->col, edited->before);
 }

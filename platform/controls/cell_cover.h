@@ -57,7 +57,7 @@ class CellCover {
     int row_ = 0;
     int col_ = 0;
     bool editing_ = false;
-    std::optional<Edited> untold_;  ///< written, and its event still to come
+    std::optional<Edited> notEmitted_;  ///< written, and its event still to come
 };
 
 }  // namespace controls

@@ -67,7 +67,7 @@ int ComboBox::ListIndex() const {
 }
 
 /// Where the arrow keys walk from: the item chosen last, so that they get past two equal ones.
-int ComboBox::Standing() const {
+int ComboBox::CurrentItem() const {
     return currentIndex() >= 0 && itemText(currentIndex()) == currentText() ? currentIndex() : ListIndex();
 }
 
@@ -106,7 +106,7 @@ bool ComboBox::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ComboBox::showPopup() {
-    const int standing = Standing();
+    const int standing = CurrentItem();
     if (standing != currentIndex()) {  // the list opens at what the text says
         const QString text = currentText();
         const QSignalBlocker quiet(this);
@@ -141,7 +141,7 @@ void ComboBox::keyPressEvent(QKeyEvent* event) {
         return event->setAccepted(left->isAccepted());
     }
     event->accept();
-    const int from = Standing();
+    const int from = CurrentItem();
     const int to = from < 0 ? FirstToWalkTo() : from + (left->key() == Qt::Key_Down ? 1 : -1);
     if (to < 0 || to >= count()) return;
     Choose(to);

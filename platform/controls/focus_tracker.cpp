@@ -46,7 +46,7 @@ FocusTracker::FocusTracker(QObject* parent) : QObject(parent) {
 }
 
 FocusTracker::Window& FocusTracker::Of(QWidget* window) {
-    std::erase_if(windows_, [](const Window& w) { return !w.window && !w.telling; });
+    std::erase_if(windows_, [](const Window& w) { return !w.window && !w.emitting; });
     for (Window& known : windows_)
         if (known.window == window) return known;
     return windows_.emplace_back(Window{.window = window});
@@ -60,7 +60,7 @@ QWidget* FocusTracker::Current() const {
 }
 
 void FocusTracker::Asked(QWidget* control) {
-    Of(control->window()).untold = nullptr;
+    Of(control->window()).notEmitted = nullptr;
     Schedule();
 }
 
@@ -70,10 +70,10 @@ void FocusTracker::FocusMoved(QWidget* old, QWidget* now) {
     if (old && !Usable(old)) {
         Window& known = Of(old->window());
         if (!Usable(known.current)) known.current = nullptr;
-        known.untold = to && to != known.current && to->window() == old->window() ? to : nullptr;
+        known.notEmitted = to && to != known.current && to->window() == old->window() ? to : nullptr;
     } else if (to) {
         Window& known = Of(to->window());
-        if (to != known.untold) known.untold = nullptr;
+        if (to != known.notEmitted) known.notEmitted = nullptr;
         if (old && ControlOf(old) == known.current && to != known.current) known.left = true;
     }
     if (to) Schedule();
@@ -91,27 +91,27 @@ void FocusTracker::Schedule() {
 void FocusTracker::Settle() {
     for (int step = 0; step < kMostSteps; ++step) {
         QWidget* now = ControlOf(QApplication::focusWidget());
-        if (!now || !TellNext(now)) return;
+        if (!now || !EmitNext(now)) return;
     }
 }
 
 /// Tells one event, the loss before the gain; false when there is nothing to tell. The focus is looked at
 /// again after each, so that what a handler asked for wins.
-bool FocusTracker::TellNext(QWidget* now) {
+bool FocusTracker::EmitNext(QWidget* now) {
     QWidget* window = now->window();
     Window& known = Of(window);
-    if (known.telling || now == known.current || now == known.untold) return false;
+    if (known.emitting || now == known.current || now == known.notEmitted) return false;
     const bool loses = known.current;
-    const QPointer<QWidget> told = loses ? known.current.data() : now;
-    const bool tells = !loses || known.left || Usable(told);
+    const QPointer<QWidget> reported = loses ? known.current.data() : now;
+    const bool tells = !loses || known.left || Usable(reported);
     known.current = loses ? nullptr : now;
     known.left = false;
-    auto* events = dynamic_cast<FocusEvents*>(told.data());
+    auto* events = dynamic_cast<FocusEvents*>(reported.data());
     if (!events || !tells) return true;
-    known.telling = true;
+    known.emitting = true;
     (loses ? events->LostFocus : events->GotFocus)();
     for (Window& w : windows_)  // the handler may have opened windows, so the list may have moved
-        if (w.window == window || !w.window) w.telling = false;
+        if (w.window == window || !w.window) w.emitting = false;
     return true;
 }
 

@@ -34,17 +34,17 @@ class FocusTracker : public QObject {
     /// What is known of one top-level window; a box or a modal form over it leaves it as it is.
     struct Window {
         QPointer<QWidget> window;
-        QPointer<QWidget> current;  ///< the last one told
-        QPointer<QWidget> untold;   ///< where the toolkit went by itself
-        bool left = false;          ///< current was left while it could be seen and used
-        bool telling = false;       ///< a handler is at work
+        QPointer<QWidget> current;     ///< the last one reported
+        QPointer<QWidget> notEmitted;  ///< where the toolkit went by itself
+        bool left = false;             ///< current was left while it could be seen and used
+        bool emitting = false;         ///< a handler is at work
     };
 
     explicit FocusTracker(QObject* parent);
     void FocusMoved(QWidget* old, QWidget* now);
     void Schedule();
     Window& Of(QWidget* window);
-    bool TellNext(QWidget* now);
+    bool EmitNext(QWidget* now);
 
     std::vector<Window> windows_;
     bool scheduled_ = false;

@@ -71,10 +71,10 @@ void GridModel::SetText(int row, int col, const QString& text) {
     QString& cell = cells_[At(row, col)];
     if (cell == text) return;
     cell = text;
-    TellCell(row, col);
+    EmitCellEdited(row, col);
 }
 
-void GridModel::TellCell(int row, int col) {
+void GridModel::EmitCellEdited(int row, int col) {
     if (loading_) return;
     if (row < fixed_) {
         Q_EMIT headerDataChanged(Qt::Horizontal, col, col);
@@ -133,12 +133,12 @@ Qt::Alignment GridModel::Alignment(int col) const {
 
 void GridModel::SetBack(int row, int col, const QColor& back) {
     MarkAt(row, col).back = back;
-    TellCell(row, col);
+    EmitCellEdited(row, col);
 }
 
 void GridModel::SetBold(int row, int col, bool bold) {
     MarkAt(row, col).bold = bold;
-    TellCell(row, col);
+    EmitCellEdited(row, col);
 }
 
 void GridModel::SetWordColor(int col, const QString& word, const QColor& ink) {

@@ -76,7 +76,7 @@ class GridModel : public QAbstractTableModel {
     const Mark* MarkOf(int row, int col) const;
     Mark& MarkAt(int row, int col) { return marks_[row][col]; }
     void ShiftMarks(int from, int by);
-    void TellCell(int row, int col);
+    void EmitCellEdited(int row, int col);
     void Share(int col, QString& text);
 
     std::vector<QString> cells_;

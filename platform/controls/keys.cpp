@@ -56,7 +56,7 @@ class HotKeys : public QObject {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
         const bool key = event->type() == QEvent::Shortcut || event->type() == QEvent::KeyPress;
-        if (key && InputOrder::Get().KeyRepeats() && !Walks(*event)) return true;
+        if (key && InputOrder::Get().KeyRepeats() && !SelectsWhileHeld(*event)) return true;
         if (auto* bar = qobject_cast<QMenuBar*>(watched)) {
             if (event->type() == QEvent::Shortcut) return OnBar(*bar, *static_cast<QShortcutEvent*>(event));
             if (event->type() == QEvent::KeyPress) return InBar(*bar, *static_cast<QKeyEvent*>(event));
@@ -70,7 +70,7 @@ class HotKeys : public QObject {
     using QObject::QObject;
 
     /// Arrows and their like go on while they are held; letters and Enter run something.
-    static bool Walks(const QEvent& event) {
+    static bool SelectsWhileHeld(const QEvent& event) {
         if (event.type() != QEvent::KeyPress) return false;
         const int key = static_cast<const QKeyEvent&>(event).key();
         return key >= Qt::Key_Home && key <= Qt::Key_PageDown;
@@ -102,7 +102,7 @@ class HotKeys : public QObject {
     static bool OnBar(QMenuBar& bar, const QShortcutEvent& event) {
         const QList<QAction*> candidates = Of(bar, event.key(), true);
         if (candidates.isEmpty()) return true;
-        if (candidates.size() > 1) return Walk(bar, candidates);
+        if (candidates.size() > 1) return SelectNext(bar, candidates);
         Run(bar, candidates.front());
         return true;
     }
@@ -112,7 +112,7 @@ class HotKeys : public QObject {
         const QKeySequence key = Letter(event);
         if (key.isEmpty() || Of(bar, key, false).isEmpty()) return false;
         const QList<QAction*> candidates = Of(bar, key, true);
-        if (candidates.size() > 1) return Walk(bar, candidates);
+        if (candidates.size() > 1) return SelectNext(bar, candidates);
         if (candidates.size() == 1) Run(bar, candidates.front());
         return true;
     }
@@ -141,7 +141,7 @@ class HotKeys : public QObject {
         command->trigger();
     }
 
-    static bool Walk(QMenuBar& bar, const QList<QAction*>& candidates) {
+    static bool SelectNext(QMenuBar& bar, const QList<QAction*>& candidates) {
         QAction* next = After(bar.activeAction(), candidates);
         if (!bar.hasFocus()) EnterByAlt(bar);
         // By the arrow key, since a command that is made active by name opens its menu.
@@ -161,15 +161,15 @@ class HotKeys : public QObject {
 };
 
 /// Keeps from a bar that its commands change.
-class Curtain : public QObject {
+class ActionChangeBlocker : public QObject {
   public:
-    explicit Curtain(QMenuBar& bar) { bar.installEventFilter(this); }
+    explicit ActionChangeBlocker(QMenuBar& bar) { bar.installEventFilter(this); }
 
   protected:
     bool eventFilter(QObject*, QEvent* event) override { return event->type() == QEvent::ActionChanged; }
 };
 
-void Hang(QAction* action, const QString& name, std::function<void()> handler) {
+void ConnectCommand(QAction* action, const QString& name, std::function<void()> handler) {
     action->setObjectName(name);
     QObject::connect(action, &QAction::triggered, action,
                      [handler = std::move(handler)] { RunCommand(handler); });
@@ -181,14 +181,14 @@ QAction* AddCommand(QMenuBar* bar, const QString& name, const QString& caption,
                     std::function<void()> handler) {
     QAction* action = bar->addAction(caption);
     HotKeys::Watch(bar);
-    Hang(action, name, std::move(handler));
+    ConnectCommand(action, name, std::move(handler));
     return action;
 }
 
 QAction* AddCommand(QMenu* menu, const QString& name, const QString& caption, std::function<void()> handler) {
     QAction* action = menu->addAction(caption);
     HotKeys::Watch(menu);
-    Hang(action, name, std::move(handler));
+    ConnectCommand(action, name, std::move(handler));
     return action;
 }
 
@@ -199,7 +199,7 @@ void EnableCommands(QMenuBar* bar, const std::vector<std::pair<QAction*, bool>>&
     const auto [last, lastEnabled] = changed.back();
     changed.pop_back();
     {
-        const Curtain curtain(*bar);
+        const ActionChangeBlocker curtain(*bar);
         for (const auto& [command, enabled] : changed) command->setEnabled(enabled);
     }
     last->setEnabled(lastEnabled);

@@ -17,9 +17,9 @@ ModalForm::ModalForm(const QString& name, const QString& caption, QWidget* paren
     setModal(true);
 }
 
-std::function<void(ModalForm&)>& ModalForm::StandIn() {
-    static std::function<void(ModalForm&)> standIn;
-    return standIn;
+std::function<void(ModalForm&)>& ModalForm::Driver() {
+    static std::function<void(ModalForm&)> driver;
+    return driver;
 }
 
 void ModalForm::ShowModal() {
@@ -32,12 +32,12 @@ void ModalForm::ShowModal() {
     const InputOrder::OwnLoop loop(false);
     const QPointer<QWidget> beneath =
         QApplication::activeWindow() ? QApplication::activeWindow() : parentWidget();
-    if (StandIn())
+    if (Driver())
         QMetaObject::invokeMethod(
             this,
             [this] {
                 const QPointer<ModalForm> alive(this);
-                sys::Guarded([this] { StandIn()(*this); });
+                sys::Guarded([this] { Driver()(*this); });
                 if (alive && !gone_) Unload();
             },
             Qt::QueuedConnection);

@@ -28,7 +28,7 @@ class ModalForm : public QDialog {
 
     /// The operator's stand-in, where the program runs without one: called, from inside the waiting loop,
     /// with each modal form that is shown. A form that it leaves open is closed after it.
-    static std::function<void(ModalForm&)>& StandIn();
+    static std::function<void(ModalForm&)>& Driver();
 
   protected:
     virtual void Load() {}

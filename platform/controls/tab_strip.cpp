@@ -11,7 +11,7 @@ TabStrip::TabStrip(const QStringList& captions, QWidget* parent) : QTabBar(paren
     FocusTracker::Get();
     setExpanding(false);
     setDrawBase(false);
-    SetTabStop(true);
+    SetInTabOrder(true);
     for (const QString& caption : captions) addTab(caption);
     connect(this, &QTabBar::currentChanged, this, [this] { Click(); });
 }

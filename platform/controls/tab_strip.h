@@ -15,7 +15,7 @@ class TabStrip : public QTabBar, public FocusEvents {
     /// Selects a tab; fires Click when it was not selected before.
     void SelectItem(int item);
     /// Whether Tab stops here. A click enters it in any case.
-    void SetTabStop(bool stop) { setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus); }
+    void SetInTabOrder(bool stop) { setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus); }
     void SetFocus() { MoveFocus(this); }
 
     sys::Event<> Click;  ///< another tab was selected, by the operator or by SelectItem

@@ -132,10 +132,10 @@ class FileList : public QIdentityProxyModel {
     using QIdentityProxyModel::QIdentityProxyModel;
     QVariant data(const QModelIndex& index, int role) const override {
         const auto* files = qobject_cast<QFileSystemModel*>(sourceModel());
-        const QVariant told = QIdentityProxyModel::data(index, role);
-        if (!files || role != Qt::DisplayRole) return told;
-        if (index.column() == 1) return told.toString().replace(u"bytes"_s, u"字节"_s);
-        if (index.column() != 3) return told;
+        const QVariant reported = QIdentityProxyModel::data(index, role);
+        if (!files || role != Qt::DisplayRole) return reported;
+        if (index.column() == 1) return reported.toString().replace(u"bytes"_s, u"字节"_s);
+        if (index.column() != 3) return reported;
         return files->lastModified(mapToSource(index)).toString(u"yyyy-MM-dd HH:mm"_s);
     }
 };

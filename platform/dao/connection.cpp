@@ -117,13 +117,13 @@ Connection::Connection(const QString& path, const QString& connect, const QStrin
     try {
         Open(path, connect, vfs, prepare);
     } catch (...) {
-        LetGo();
+        DropEngine();
         throw;
     }
 }
 
 Connection::~Connection() {
-    LetGo();
+    DropEngine();
 }
 
 void Connection::Open(const QString& path, const QString& connect, const QString& vfs,
@@ -193,14 +193,14 @@ sqlite3* Connection::Engine(const QString& statement) const {
 }
 
 dialect::Translation Connection::Translate(const QString& statement, Wording wording,
-                                           const QString& told) const {
+                                           const QString& reported) const {
     const QByteArray text = statement.toUtf8();
     const std::string_view words(text.constData(), static_cast<size_t>(text.size()));
     if (wording == Wording::Engine) return {dialect::Verb::Update, std::string(words), {}};
     try {
         return dialect::Translate(words, tables_, wording == Wording::SystemDynaset);
     } catch (const dialect::Refusal& refusal) {
-        throw DatabaseError(refusal.text, told);
+        throw DatabaseError(refusal.text, reported);
     }
 }
 
@@ -296,7 +296,7 @@ void Connection::Abandon() {
     if (inGroup_) sqlite3_exec(engine_, "rollback", nullptr, nullptr, nullptr);
     inGroup_ = false;
     lost_.reset();
-    sqlite3_busy_timeout(engine_, 0);  // whoever is told to go does not wait for others
+    sqlite3_busy_timeout(engine_, 0);  // whoever is reported to go does not wait for others
     Close();
 }
 
@@ -309,11 +309,11 @@ void Connection::Close() {
     } catch (const DatabaseError& error) {
         failure = error;
     }
-    LetGo();
+    DropEngine();
     if (failure) throw DatabaseError(*failure);
 }
 
-void Connection::LetGo() {
+void Connection::DropEngine() {
     if (!engine_) return;
     kept_.Clear();
     while (sqlite3_stmt* open = sqlite3_next_stmt(engine_, nullptr)) sqlite3_finalize(open);

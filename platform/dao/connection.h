@@ -46,8 +46,8 @@ class Connection {
     sqlite3* Engine(const QString& statement) const;
 
     /// told is the text for an error report.
-    dialect::Translation Translate(const QString& statement, Wording wording, const QString& told) const;
-    KeptStatements& Kept() { return kept_; }
+    dialect::Translation Translate(const QString& statement, Wording wording, const QString& reported) const;
+    StatementCache& Kept() { return kept_; }
 
     bool InGroup() const { return inGroup_; }
     /// Waits for another program that is writing (busy.h). Raises what stands there.
@@ -74,12 +74,12 @@ class Connection {
     int TryToBegin();
     int WaitAndBegin();
     void Run(const char* sql, const QString& statement);
-    void LetGo();
+    void DropEngine();
 
     QString path_;
     sqlite3* engine_ = nullptr;
     TableCache tables_;
-    KeptStatements kept_;
+    StatementCache kept_;
     bool inGroup_ = false;
     struct Loss {
         QString words;

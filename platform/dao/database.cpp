@@ -50,15 +50,15 @@ Database::~Database() {
     }
 }
 
-void Database::Execute(const QString& statement, const QString& told) {
+void Database::Execute(const QString& statement, const QString& reported) {
     Connection& connection = *impl_->connection;
-    Prepared prepared(connection, statement, Wording::System, told);
+    Prepared prepared(connection, statement, Wording::System, reported);
     if (prepared.Translation().verb == dialect::Verb::Select)
-        throw DatabaseError(u"无法执行选择查询。"_s, told);
+        throw DatabaseError(u"无法执行选择查询。"_s, reported);
     prepared.Prepare();
-    connection.BeginGroup(told);
+    connection.BeginGroup(reported);
     const int code = sqlite3_step(prepared);
-    if (code != SQLITE_DONE) connection.Fail(code, told);
+    if (code != SQLITE_DONE) connection.Fail(code, reported);
     prepared.Done();
 }
 

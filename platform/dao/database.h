@@ -37,7 +37,7 @@ class Database {
     /// Runs an INSERT, UPDATE or DELETE. Raises DatabaseError.
     void Execute(const QString& statement) { Execute(statement, statement); }
     /// The same; `told` is what an error shows in place of the statement, for one that holds a secret.
-    void Execute(const QString& statement, const QString& told);
+    void Execute(const QString& statement, const QString& reported);
     /// Runs a SELECT. A snapshot is a copy of the rows at that moment; a dynaset can be written to.
     Recordset OpenRecordset(const QString& statement, RecordsetType type = RecordsetType::Snapshot);
 

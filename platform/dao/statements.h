@@ -34,10 +34,10 @@ struct ReadyStatement {
 };
 
 /// The statements that came more than once, those that ran last. They end with their engine.
-class KeptStatements {
+class StatementCache {
   public:
     /// Has a statement of that hash come lately? It counts as come from now on.
-    bool ComesAgain(std::size_t hash);
+    bool IsRepeated(std::size_t hash);
     /// Takes the statement out, so that nobody else runs it meanwhile; nothing if it is not there.
     std::optional<ReadyStatement> Take(const QString& text, Wording wording, std::size_t hash);
     void Keep(ReadyStatement statement);
@@ -53,7 +53,7 @@ class KeptStatements {
 class Prepared {
   public:
     /// Translates, unless that was done before. told is the text for an error report.
-    Prepared(Connection& connection, const QString& text, Wording wording, const QString& told);
+    Prepared(Connection& connection, const QString& text, Wording wording, const QString& reported);
     ~Prepared();
     Prepared(const Prepared&) = delete;
     Prepared& operator=(const Prepared&) = delete;
@@ -66,14 +66,14 @@ class Prepared {
     operator sqlite3_stmt*() const { return statement_.prepared; }
 
   private:
-    bool TakeKept(const QString& text, Wording wording, std::size_t hash);
+    bool TakeCached(const QString& text, Wording wording, std::size_t hash);
     void BindValues();
 
     Connection& connection_;
-    const QString& told_;
+    const QString& reported_;
     ReadyStatement statement_;
     std::vector<dialect::Value> values_;
-    bool comesAgain_ = true;
+    bool repeated_ = true;
     bool done_ = false;
 };
 

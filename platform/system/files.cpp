@@ -23,7 +23,7 @@ bool IsThere(const QString& path) {
     return info.exists() || info.isSymLink();
 }
 
-QString TakePlace(const QString& from, const QString& to) {
+QString ReplaceFile(const QString& from, const QString& to) {
     std::error_code error;
     std::filesystem::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData(), error);
     return error ? QString::fromStdString(error.message()) : QString();

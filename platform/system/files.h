@@ -9,7 +9,7 @@ namespace sys {
 bool IsThere(const QString& path);
 /// Puts a file in the place of another in one step. Gives the system's words where that fails, and then
 /// nothing has changed; "" else.
-QString TakePlace(const QString& from, const QString& to);
+QString ReplaceFile(const QString& from, const QString& to);
 /// Takes all rights to a file from everybody but its owner. A file of somebody else stays as it is.
 void KeepToOwner(const QString& path);
 /// The same for a database and for what the engine keeps beside it.

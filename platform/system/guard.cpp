@@ -122,7 +122,7 @@ void ThrowIfEnded() {
     if (ended) throw ProgramEnded{*ended};
 }
 
-void ForgetEnd() {
+void ClearEnd() {
     ended.reset();
 }
 

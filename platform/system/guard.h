@@ -28,7 +28,7 @@ bool HasEnded();
 /// run.
 void ThrowIfEnded();
 /// For tests: forget the recorded end.
-void ForgetEnd();
+void ClearEnd();
 
 /// Called at the end of every guarded event and before a box or a modal form waits. Returns a handle for
 /// removal.

@@ -237,7 +237,7 @@ TEST_F(Journal, AWaybillPostsUnderItsBareNumber) {
     auto& db = company_.Db();
     Add(u"YS8000"_s, 5, 1);
     Add(u"YS9000"_s, 9, 1);
-    const auto reads = accounts::CounterReads::AfterFirstStepToo;
+    const auto reads = accounts::CounterReading::AlsoAfterFirstStep;
     // The bare number skips nothing, not even the waybill's own row of before.
     EXPECT_EQ(accounts::AllocateSequence(db, Day(5), u"8000"_s, reads), 131 + 31 / 4.0);
     EXPECT_EQ(Counter(), "163");

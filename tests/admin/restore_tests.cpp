@@ -193,7 +193,7 @@ TEST(Restore, AtTheStartItMakesTheMissingFileAndTheNextStartOpensIt) {
     EXPECT_TRUE(run.script.Done());
     EXPECT_TRUE(run.log.isEmpty());
 
-    sys::ForgetEnd();
+    sys::ClearEnd();
     Start(run, frame);
     EXPECT_EQ(run.log, QStringList{u"login"_s});
     EXPECT_EQ(run.Couriers(), 1);
@@ -206,7 +206,7 @@ TEST(Restore, AFileThatIsNoDatabaseIsCopiedAndTheNextStartFails) {
     run.Restore(wrong);
     EXPECT_EQ(Bytes(run.company.File()), "no database");
 
-    sys::ForgetEnd();
+    sys::ClearEnd();
     std::unique_ptr<MForm> frame;
     run.script.BoxContaining(u"程序启动错误!"_s);
     run.script.End(1);

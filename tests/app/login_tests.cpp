@@ -64,12 +64,12 @@ TEST(LoginForm, OpensWithTheDesignTextAndAnEmptyCode) {
         const auto& code = Find<controls::LineBox>(form, u"Txt(0)"_s);
         EXPECT_FALSE(form.rect().intersects(code.geometry()));
 
-        QStringList stops;
+        QStringList tabOrder;
         for (int i = 0; i < 6; ++i) {
-            stops += FocusName();
+            tabOrder += FocusName();
             Press(Qt::Key_Tab);
         }
-        EXPECT_EQ(stops,
+        EXPECT_EQ(tabOrder,
                   (QStringList{u"Cmd(0)"_s, u"Cmd(1)"_s, u"cmbhu"_s, u"Txt(1)"_s, u"Txt(0)"_s, u"Cmd(0)"_s}));
         LoginRun::Try(u"001"_s, QString());
     });

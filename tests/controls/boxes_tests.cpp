@@ -35,13 +35,13 @@ class Boxes : public testing::Test {
         Add(date, u"date"_s);
         Add(check, u"check"_s);
         Add(button, u"button"_s);
-        line.Change = [this] { told << u"line"_s; };
-        rows.Change = [this] { told << u"rows"_s; };
-        combo.Change = [this] { told << u"typed"_s; };
-        combo.Click = [this] { told << u"chosen:"_s + combo.Text(); };
-        date.Change = [this] { told << date.Value().toString(Qt::ISODate); };
-        check.Click = [this] { told << u"check:%1"_s.arg(check.Value()); };
-        button.Click = [this] { told << u"pressed"_s; };
+        line.Change = [this] { reported << u"line"_s; };
+        rows.Change = [this] { reported << u"rows"_s; };
+        combo.Change = [this] { reported << u"typed"_s; };
+        combo.Click = [this] { reported << u"chosen:"_s + combo.Text(); };
+        date.Change = [this] { reported << date.Value().toString(Qt::ISODate); };
+        check.Click = [this] { reported << u"check:%1"_s.arg(check.Value()); };
+        button.Click = [this] { reported << u"pressed"_s; };
         tests::Show(form);
     }
 
@@ -103,7 +103,7 @@ class Boxes : public testing::Test {
         QCoreApplication::sendEvent(&target, &wheel);
     }
 
-    std::string Told() { return std::exchange(told, {}).join(u' ').toStdString(); }
+    std::string Emitted() { return std::exchange(reported, {}).join(u' ').toStdString(); }
 
     tests::Script script;
     QWidget form;
@@ -114,7 +114,7 @@ class Boxes : public testing::Test {
     DTPicker date;
     CheckBox check{u"已出货"_s};
     Button button{u"确  定"_s};
-    QStringList told;
+    QStringList reported;
 };
 
 TEST_F(Boxes, AKeyReachesTheFormFirst) {
@@ -215,14 +215,14 @@ TEST_F(Boxes, ChangeIsToldOncePerChange) {
     line.SetText(u"张三"_s);
     rows.SetText(u"早班"_s);
     rows.SetText(u"早班"_s);
-    EXPECT_EQ(Told(), "line rows");
+    EXPECT_EQ(Emitted(), "line rows");
     Enter(line);
     Paste(u"a\tb"_s);
-    EXPECT_EQ(Told(), "line") << "the tidying is no change of its own";
+    EXPECT_EQ(Emitted(), "line") << "the tidying is no change of its own";
     combo.SetText(u"x"_s);
     date.SetValue(QDate(2024, 3, 15));
     check.SetValue(1);
-    EXPECT_EQ(Told(), "") << "these tell the operator's changes only";
+    EXPECT_EQ(Emitted(), "") << "these tell the operator's changes only";
 }
 
 TEST_F(Boxes, ALockedBoxTakesNothingButTheFocus) {
@@ -294,12 +294,12 @@ TEST_F(Boxes, AComboIsFilledWithoutChoosing) {
     for (const auto& item : {u"A"_s, u"b"_s, u"A"_s, u"C"_s}) combo.AddItem(item);
     EXPECT_EQ(combo.Text(), QString());
     EXPECT_EQ(combo.ListIndex(), -1);
-    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(Emitted(), "");
     combo.SetListIndex(2);
     EXPECT_EQ(combo.ListIndex(), 0) << "the first item equal to the text";
     combo.SetListIndex(2);
     combo.SetListIndex(-1);
-    EXPECT_EQ(Told(), "chosen:A chosen:A chosen:");
+    EXPECT_EQ(Emitted(), "chosen:A chosen:A chosen:");
     combo.SetText(u"a"_s);
     EXPECT_EQ(combo.ListIndex(), -1) << "case counts";
     EXPECT_THROW(combo.SetListIndex(4), RuntimeError);
@@ -325,7 +325,7 @@ TEST_F(Boxes, AComboKeepsWhatIsTyped) {
     EXPECT_EQ(combo.ListCount(), 1);
     Wheel(combo);
     EXPECT_EQ(combo.Text(), u"hy01.环洋"_s);
-    EXPECT_EQ(Told(), "typed typed");
+    EXPECT_EQ(Emitted(), "typed typed");
 }
 
 TEST_F(Boxes, ComboItemsAreChosenByKeys) {
@@ -333,24 +333,24 @@ TEST_F(Boxes, ComboItemsAreChosenByKeys) {
     Enter(combo);
     for (int i = 0; i < 5; ++i) tests::Press(Qt::Key_Down);  // the fifth is at the end already
     tests::Press(Qt::Key_Up);
-    EXPECT_EQ(Told(), "chosen:一 chosen:二 chosen:二 chosen:三 chosen:二");
+    EXPECT_EQ(Emitted(), "chosen:一 chosen:二 chosen:二 chosen:三 chosen:二");
     combo.AddItem(u"HY01.环洋"_s);
     combo.AddItem(u"HY02.海源"_s);
     combo.SetText(u"hy"_s);
     tests::Press(Qt::Key_Down);
     tests::Press(Qt::Key_Down);
-    EXPECT_EQ(Told(), "chosen:HY01.环洋 chosen:HY02.海源") << "from a typed piece to what begins with it";
+    EXPECT_EQ(Emitted(), "chosen:HY01.环洋 chosen:HY02.海源") << "from a typed piece to what begins with it";
     combo.SetText(u"三"_s);
     EachOpeningKey([&] {
-        EXPECT_EQ(Told(), "") << "opening chooses nothing";
+        EXPECT_EQ(Emitted(), "") << "opening chooses nothing";
         tests::Press(Qt::Key_Return);
-        EXPECT_EQ(Told(), "chosen:三") << "the list opens at the text, and the same item counts as chosen";
+        EXPECT_EQ(Emitted(), "chosen:三") << "the list opens at the text, and the same item counts as chosen";
     });
     combo.SetText(u"无此项"_s);
     combo.showPopup();
     tests::Press(Qt::Key_Escape);
     EXPECT_EQ(combo.Text(), u"无此项"_s);
-    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(Emitted(), "");
 }
 
 TEST_F(Boxes, AComboShowsItsItemsWhole) {
@@ -371,11 +371,11 @@ TEST_F(Boxes, DatesAreTypedDigitByDigit) {
     tests::Press(Qt::Key_Up);
     EXPECT_EQ(date.Value(), QDate(2025, 3, 8));
     EXPECT_EQ(date.text(), u"2025-03-08"_s);
-    Told();
+    Emitted();
     Wheel(date);
     date.SetValue(QDate());
     EXPECT_EQ(date.Value(), QDate(2025, 3, 8));
-    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(Emitted(), "");
     EachOpeningKey([&] {
         EXPECT_EQ(date.calendarWidget()->selectedDate(), QDate(2025, 3, 8));
         tests::Press(Qt::Key_Escape);
@@ -429,11 +429,11 @@ TEST_F(Boxes, APastedDateReplacesTheWholeDate) {
             date.SetValue(QDate(2024, 11, 28));
             date.setSelectedSection(section);
             Paste(pasted);
-            EXPECT_EQ(Told(), "2025-01-05") << pasted.toStdString();
+            EXPECT_EQ(Emitted(), "2025-01-05") << pasted.toStdString();
             EXPECT_EQ(tests::FocusName(), u"date"_s);
         }
         for (const auto& none : {u"2025-13-01"_s, u"5"_s, u"明天"_s}) Paste(none);
-        EXPECT_EQ(Told(), "") << "what is no date changes nothing";
+        EXPECT_EQ(Emitted(), "") << "what is no date changes nothing";
         EXPECT_EQ(date.text(), u"2025-01-05"_s);
     }
 }
@@ -444,7 +444,7 @@ TEST_F(Boxes, AHalfTypedDateIsWhatACommandReads) {
     date.setSelectedSection(QDateTimeEdit::DaySection);
     tests::Type(u"1"_s);
     EXPECT_EQ(date.Value(), QDate(2024, 11, 1));
-    EXPECT_EQ(Told(), "2024-11-01");
+    EXPECT_EQ(Emitted(), "2024-11-01");
 }
 
 TEST_F(Boxes, AHalfTypedDateIsFinishedBeforeTheFormReadsIt) {
@@ -465,32 +465,32 @@ TEST_F(Boxes, ChecksAndButtons) {
     Enter(check);
     tests::Press(Qt::Key_Space);
     tests::Click(check);
-    EXPECT_EQ(Told(), "check:1") << "a click beside mark and text does nothing";
+    EXPECT_EQ(Emitted(), "check:1") << "a click beside mark and text does nothing";
     QTest::mouseClick(&check, Qt::LeftButton, Qt::NoModifier, QPoint(6, check.height() / 2));
-    EXPECT_EQ(Told(), "check:0");
+    EXPECT_EQ(Emitted(), "check:0");
     Enter(button);
     tests::Press(Qt::Key_Return);
     tests::Press(Qt::Key_Enter, Qt::KeypadModifier);
     tests::Press(Qt::Key_Space);
-    EXPECT_EQ(Told(), "pressed pressed pressed");
+    EXPECT_EQ(Emitted(), "pressed pressed pressed");
     button.setEnabled(false);
     QTest::mouseClick(&button, Qt::LeftButton);
-    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(Emitted(), "");
 }
 
 TEST_F(Boxes, AComboOfItemsOnlyOpensAtAClickOnItsText) {
     for (const auto& item : {u"甲"_s, u"乙"_s}) combo.AddItem(item);
     combo.SetListIndex(0);
-    told.clear();
+    reported.clear();
     tests::Click(*combo.lineEdit());
     EXPECT_FALSE(combo.view()->isVisible()) << "a text that can be changed is clicked to change it";
     combo.SetItemsOnly();
     tests::Click(*combo.lineEdit());
     ASSERT_TRUE(combo.view()->isVisible());
-    EXPECT_TRUE(told.isEmpty()) << "the click itself chooses nothing";
+    EXPECT_TRUE(reported.isEmpty()) << "the click itself chooses nothing";
     tests::Press(Qt::Key_Down);
     tests::Press(Qt::Key_Return);
-    EXPECT_EQ(told, QStringList{u"chosen:乙"_s});
+    EXPECT_EQ(reported, QStringList{u"chosen:乙"_s});
     tests::Type(u"x"_s);
     EXPECT_EQ(combo.Text(), u"乙"_s);
 }

@@ -40,21 +40,21 @@ class Focus : public testing::Test {
     void Add(QVBoxLayout& layout, Control& control, const QString& name) {
         control.setObjectName(name);
         layout.addWidget(&control);
-        control.GotFocus = [this, name] { told << u'+' + name; };
-        control.LostFocus = [this, name] { told << u'-' + name; };
+        control.GotFocus = [this, name] { reported << u'+' + name; };
+        control.LostFocus = [this, name] { reported << u'-' + name; };
     }
 
     /// Lets everything happen and gives what was told since the last call.
-    std::string Told() {
+    std::string Emitted() {
         tests::Settle();
-        return std::exchange(told, {}).join(u' ').toStdString();
+        return std::exchange(reported, {}).join(u' ').toStdString();
     }
 
     /// Brings the focus there and forgets what is told of it.
     template <class Control>
     void Go(Control& control) {
         control.SetFocus();
-        Told();
+        Emitted();
     }
 
     /// A message box of the toolkit's, answered by Enter.
@@ -71,20 +71,20 @@ class Focus : public testing::Test {
     LineBox a, b;
     ComboBox combo;
     DTPicker date;
-    QStringList told;
+    QStringList reported;
 };
 
 TEST_F(Focus, TellsTheLossBeforeTheGainOnceItHasSettled) {
     b.SetFocus();
-    EXPECT_TRUE(told.isEmpty()) << "not in the midst of the move";
+    EXPECT_TRUE(reported.isEmpty()) << "not in the midst of the move";
     combo.SetFocus();
     a.SetFocus();
     b.SetFocus();
-    EXPECT_EQ(Told(), "-a +b") << "where the focus only passed through is not told";
+    EXPECT_EQ(Emitted(), "-a +b") << "where the focus only passed through is not reported";
     b.SetFocus();
     a.SetFocus();
     b.SetFocus();
-    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(Emitted(), "");
     EXPECT_EQ(FocusTracker::Get().Current(), &b);
 }
 
@@ -94,26 +94,26 @@ TEST_F(Focus, AClickIsToldAfterTheLossAndTheGain) {
     form.layout()->addWidget(&ok);
     form.layout()->addWidget(&mark);
     tests::Settle();
-    ok.Click = [this] { told << u"ok"_s; };
-    mark.Click = [this] { told << u"mark"_s; };
+    ok.Click = [this] { reported << u"ok"_s; };
+    mark.Click = [this] { reported << u"mark"_s; };
     // Press and release without a look at what is posted between them.
     QTest::mouseClick(&ok, Qt::LeftButton);
-    EXPECT_EQ(Told(), "-a ok");
+    EXPECT_EQ(Emitted(), "-a ok");
     a.SetFocus();
-    EXPECT_EQ(Told(), "+a");
+    EXPECT_EQ(Emitted(), "+a");
     QTest::mouseClick(&mark, Qt::LeftButton, Qt::NoModifier, QPoint(6, mark.height() / 2));
-    EXPECT_EQ(Told(), "-a mark");
+    EXPECT_EQ(Emitted(), "-a mark");
 }
 
 TEST_F(Focus, WalksInOneStepThroughComboAndPicker) {
     for (const auto* expected : {"-a +combo", "-combo +date", "-date +b"}) {
         tests::Press(Qt::Key_Tab);
-        EXPECT_EQ(Told(), expected);
+        EXPECT_EQ(Emitted(), expected);
     }
     tests::Press(Qt::Key_Backtab, Qt::ShiftModifier);
-    EXPECT_EQ(Told(), "-b +date");
+    EXPECT_EQ(Emitted(), "-b +date");
     tests::Press(Qt::Key_Backtab, Qt::ShiftModifier);
-    EXPECT_EQ(Told(), "-date +combo");
+    EXPECT_EQ(Emitted(), "-date +combo");
 }
 
 TEST_F(Focus, PopupsMenusAndActivationAreNoChange) {
@@ -139,26 +139,26 @@ TEST_F(Focus, PopupsMenusAndActivationAreNoChange) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
         controls::MoveFocus(&row.in);
-        Told();
+        Emitted();
         row.come();
         tests::Settle();
         ASSERT_NE(QApplication::activePopupWidget(), nullptr);
         row.go();
-        EXPECT_EQ(Told(), "");
+        EXPECT_EQ(Emitted(), "");
         EXPECT_EQ(tests::FocusName(), row.in.objectName());
     }
     tests::AltKey(u'S');
     EXPECT_EQ(run, 2);
     tests::Show(other);
-    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(Emitted(), "");
     form.activateWindow();
-    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(Emitted(), "");
     EXPECT_EQ(FocusTracker::Get().Current(), &a);
 }
 
 TEST_F(Focus, BoxesAndModalFormsAreNoChange) {
     Tell();
-    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(Emitted(), "");
     EXPECT_EQ(tests::FocusName(), u"a"_s) << "the window beneath is active again";
 
     ModalForm modal(u"Query"_s, u"查找"_s, &form);
@@ -168,16 +168,16 @@ TEST_F(Focus, BoxesAndModalFormsAreNoChange) {
     Add(layout, second, u"second"_s);
     tests::ModalScript operators;
     operators.Next(u"Query"_s, [&](QWidget&) {
-        EXPECT_EQ(Told(), "+inner");
+        EXPECT_EQ(Emitted(), "+inner");
         tests::Press(Qt::Key_Tab);
-        EXPECT_EQ(Told(), "-inner +second");
+        EXPECT_EQ(Emitted(), "-inner +second");
         modal.Unload();
     });
     modal.ShowModal();
-    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(Emitted(), "");
     EXPECT_EQ(tests::FocusName(), u"a"_s);
     tests::Press(Qt::Key_Tab);
-    EXPECT_EQ(Told(), "-a +combo");
+    EXPECT_EQ(Emitted(), "-a +combo");
 }
 
 TEST_F(Focus, WhatHappensUnderAModalFormIsToldWhenItHasGone) {
@@ -187,56 +187,57 @@ TEST_F(Focus, WhatHappensUnderAModalFormIsToldWhenItHasGone) {
         operators.Next(u"Query"_s, [&](QWidget&) {
             if (hides) b.hide();
             (hides ? a : b).SetFocus();
-            EXPECT_EQ(Told(), "");
+            EXPECT_EQ(Emitted(), "");
             modal.Unload();
         });
         modal.ShowModal();
-        EXPECT_EQ(Told(), hides ? "+a" : "-a +b") << "a control that was hidden meanwhile is not left";
+        EXPECT_EQ(Emitted(), hides ? "+a" : "-a +b") << "a control that was hidden meanwhile is not left";
     }
 }
 
 TEST_F(Focus, HidingOrDisablingTheFocusedControlIsNoEvent) {
     a.hide();
-    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(Emitted(), "");
     EXPECT_EQ(tests::FocusName(), u"combo"_s) << "the toolkit has moved on by itself";
     tests::Press(Qt::Key_Tab);
-    EXPECT_EQ(Told(), "+date") << "a control that was never told to be entered is not told to be left";
+    EXPECT_EQ(Emitted(), "+date")
+        << "a control that was never reported to be entered is not reported to be left";
     date.setEnabled(false);
-    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(Emitted(), "");
     form.activateWindow();
-    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(Emitted(), "");
 }
 
 TEST_F(Focus, WhatAHandlerAsksForAfterHidingIsTold) {
     Go(combo);
     combo.hide();
     b.SetFocus();
-    EXPECT_EQ(Told(), "+b") << "hidden in the midst of a command, the combo is not left";
+    EXPECT_EQ(Emitted(), "+b") << "hidden in the midst of a command, the combo is not left";
     combo.show();
     Go(a);
     a.setEnabled(false);  // the toolkit goes to the combo, which is where the form wants to be too
     combo.SetFocus();
-    EXPECT_EQ(Told(), "+combo");
+    EXPECT_EQ(Emitted(), "+combo");
     a.setEnabled(true);
     a.SetFocus();
     combo.hide();  // after the operator has really left it
-    EXPECT_EQ(Told(), "-combo +a");
+    EXPECT_EQ(Emitted(), "-combo +a");
     a.hide();
-    Told();
+    Emitted();
     a.show();
     a.SetFocus();
-    EXPECT_EQ(Told(), "+a") << "it went away meanwhile, so it is entered anew";
+    EXPECT_EQ(Emitted(), "+a") << "it went away meanwhile, so it is entered anew";
 }
 
 TEST_F(Focus, TheGainWaitsForALossThatShowsItsProgress) {
     a.LostFocus = [&] {
-        told << u"-a"_s;
+        reported << u"-a"_s;
         ShowProgress();
         FocusTracker::Get().Settle();
-        told << u"."_s;
+        reported << u"."_s;
     };
     tests::Press(Qt::Key_Tab);
-    EXPECT_EQ(Told(), "-a . +combo");
+    EXPECT_EQ(Emitted(), "-a . +combo");
 }
 
 TEST_F(Focus, AControlThatGoesAwayIsForgotten) {
@@ -244,39 +245,39 @@ TEST_F(Focus, AControlThatGoesAwayIsForgotten) {
     Add(*static_cast<QVBoxLayout*>(form.layout()), *passing, u"passing"_s);
     tests::Settle();
     passing->SetFocus();
-    EXPECT_EQ(Told(), "-a +passing");
+    EXPECT_EQ(Emitted(), "-a +passing");
     delete passing;
-    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(Emitted(), "");
     b.SetFocus();
-    EXPECT_EQ(Told(), "+b");
+    EXPECT_EQ(Emitted(), "+b");
 }
 
 TEST_F(Focus, ASetFocusInAHandlerWins) {
     b.GotFocus = [&] {
-        told << u"+b"_s;
+        reported << u"+b"_s;
         a.SetFocus();
     };
     b.SetFocus();
-    EXPECT_EQ(Told(), "-a +b -b +a") << "the box hands the focus on";
+    EXPECT_EQ(Emitted(), "-a +b -b +a") << "the box hands the focus on";
     a.LostFocus = [&] {
-        told << u"-a"_s;
+        reported << u"-a"_s;
         a.SetFocus();
     };
     tests::Press(Qt::Key_Tab);
-    EXPECT_EQ(Told(), "-a +a") << "the box keeps the operator; the next one never had the focus";
+    EXPECT_EQ(Emitted(), "-a +a") << "the box keeps the operator; the next one never had the focus";
     EXPECT_EQ(tests::FocusName(), u"a"_s);
 }
 
 TEST_F(Focus, AMessageFromALossIsShownOnce) {
     int shown = 0;
     a.LostFocus = [&] {
-        told << u"-a"_s;
+        reported << u"-a"_s;
         ++shown;
         Tell();
-        told << u"."_s;
+        reported << u"."_s;
     };
     tests::Press(Qt::Key_Tab);
-    EXPECT_EQ(Told(), "-a . +combo") << "the gain waits for the loss to be done with";
+    EXPECT_EQ(Emitted(), "-a . +combo") << "the gain waits for the loss to be done with";
     EXPECT_EQ(shown, 1);
     a.LostFocus = [&] {
         ++shown;
@@ -285,7 +286,7 @@ TEST_F(Focus, AMessageFromALossIsShownOnce) {
     };
     Go(a);
     tests::Press(Qt::Key_Tab);
-    EXPECT_EQ(Told(), "+a");
+    EXPECT_EQ(Emitted(), "+a");
     EXPECT_EQ(shown, 2);
     EXPECT_EQ(tests::FocusName(), u"a"_s);
 }
@@ -294,7 +295,7 @@ TEST_F(Focus, NothingIsToldOnceTheProgramHasEnded) {
     a.LostFocus = [&] { sys::EndProgram(0); };
     script.End(0);
     b.SetFocus();
-    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(Emitted(), "");
 }
 
 }  // namespace

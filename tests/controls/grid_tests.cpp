@@ -139,7 +139,7 @@ TEST_F(GridTest, RowChangeFiresForTheOperatorAndForAnAssignmentThatChangesRow) {
     struct {
         const char* what;
         std::function<void()> act;
-        std::vector<int> told;
+        std::vector<int> reported;
         int row;
     } const steps[] = {
         {"same row", [&] { grid.SetRow(1); }, {}, 1},
@@ -169,7 +169,7 @@ TEST_F(GridTest, RowChangeFiresForTheOperatorAndForAnAssignmentThatChangesRow) {
         SCOPED_TRACE(step.what);
         changes.clear();
         step.act();
-        EXPECT_EQ(changes, step.told);
+        EXPECT_EQ(changes, step.reported);
         EXPECT_EQ(grid.Row(), step.row);
         if (grid.RowSel() == grid.Row()) {
             EXPECT_EQ(Highlighted(), step.row == 0 ? QString() : QString::number(step.row));
@@ -236,24 +236,24 @@ TEST_F(GridTest, LeftAndRightWalkTheColumnsInSightAndCopyTakesThem) {
 TEST_F(GridTest, ClicksComeAfterRowChange) {
     Fill(5);
     Open();
-    QStringList told;
-    grid.RowChange = [&] { told << u"row"_s; };
-    grid.Click = [&] { told << u"click"_s; };
-    grid.DoubleClick = [&] { told << u"double"_s; };
+    QStringList reported;
+    grid.RowChange = [&] { reported << u"row"_s; };
+    grid.Click = [&] { reported << u"click"_s; };
+    grid.DoubleClick = [&] { reported << u"double"_s; };
     ClickCell(3, 1);
-    EXPECT_EQ(told, (QStringList{u"row"_s, u"click"_s}));
+    EXPECT_EQ(reported, (QStringList{u"row"_s, u"click"_s}));
     EXPECT_EQ(grid.Col(), 1);
-    told.clear();
+    reported.clear();
     ClickCell(4, 0);
     QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, grid.CellRect(4, 0).center());
-    EXPECT_EQ(told, (QStringList{u"row"_s, u"click"_s, u"double"_s}));
-    told.clear();
+    EXPECT_EQ(reported, (QStringList{u"row"_s, u"click"_s, u"double"_s}));
+    reported.clear();
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, QPoint(10, 8 * 24));  // below the rows
     QTest::mouseClick(grid.viewport(), Qt::RightButton, {}, grid.CellRect(1, 0).center());
     QTest::mousePress(grid.viewport(), Qt::LeftButton, {}, grid.CellRect(4, 0).center());
     QTest::mouseMove(grid.viewport(), grid.CellRect(1, 0).center());
     QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, QPoint(-50, -50));
-    EXPECT_EQ(told, QStringList());
+    EXPECT_EQ(reported, QStringList());
     EXPECT_EQ(Highlighted(), u"4"_s);
 }
 
@@ -417,13 +417,13 @@ class GridEditorTest : public GridTest {
         Fill(40, 12);
         Open();
         grid.CellEdited = [this](int row, int col, const QString& before) {
-            told << u"%1,%2 %3>%4"_s.arg(row).arg(col).arg(before, grid.TextMatrix(row, col));
+            reported << u"%1,%2 %3>%4"_s.arg(row).arg(col).arg(before, grid.TextMatrix(row, col));
         };
     }
 
     /// Opens an editor over (2, 1) and types a text over what it holds.
     void Edit(const QString& text) {
-        told.clear();
+        reported.clear();
         grid.SetTextMatrix(2, 1, u"旧"_s);
         grid.EditCell(2, 1);
         ASSERT_TRUE(grid.Editor()->hasFocus());
@@ -431,16 +431,16 @@ class GridEditorTest : public GridTest {
         QTest::keyClicks(grid.Editor(), text);
     }
 
-    QStringList told;
+    QStringList reported;
 };
 
 TEST_F(GridEditorTest, WaysToCommitAndToDrop) {
     const QStringList written{u"2,1 旧>98"_s};
-    grid.RowChange = [this] { told << u"row %1"_s.arg(grid.Row()); };
+    grid.RowChange = [this] { reported << u"row %1"_s.arg(grid.Row()); };
     struct {
         const char* what;
         std::function<void()> leave;
-        QStringList told;
+        QStringList reported;
         const QWidget* focus = nullptr;
     } const ways[] = {
         {"Enter", [&] { QTest::keyClick(grid.Editor(), Qt::Key_Return); }, written, &grid},
@@ -470,27 +470,27 @@ TEST_F(GridEditorTest, WaysToCommitAndToDrop) {
         Edit(u"98"_s);
         way.leave();
         QApplication::processEvents();
-        EXPECT_EQ(told, way.told);
+        EXPECT_EQ(reported, way.reported);
         EXPECT_TRUE(way.focus == nullptr || way.focus->hasFocus());
         EXPECT_FALSE(grid.Editing());
         EXPECT_FALSE(grid.Editor()->isVisible());
-        EXPECT_EQ(grid.TextMatrix(2, 1) == u"98"_s, !way.told.isEmpty());
+        EXPECT_EQ(grid.TextMatrix(2, 1) == u"98"_s, !way.reported.isEmpty());
     }
 }
 
 TEST_F(GridEditorTest, ForTheFormTheFocusStaysInTheGrid) {
-    grid.GotFocus = [this] { told << u"got"_s; };
-    grid.LostFocus = [this] { told << u"lost"_s; };
+    grid.GotFocus = [this] { reported << u"got"_s; };
+    grid.LostFocus = [this] { reported << u"lost"_s; };
     Edit(u"1"_s);
     tests::Settle();
     QTest::keyClick(grid.Editor(), Qt::Key_Return);
     tests::Settle();
-    EXPECT_EQ(told, QStringList{u"2,1 旧>1"_s});
+    EXPECT_EQ(reported, QStringList{u"2,1 旧>1"_s});
     Edit(u"2"_s);
     other.setFocus();
     tests::Settle();
-    EXPECT_EQ(told.size(), 2);
-    EXPECT_TRUE(told.contains(u"lost"_s));
+    EXPECT_EQ(reported.size(), 2);
+    EXPECT_TRUE(reported.contains(u"lost"_s));
 }
 
 TEST_F(GridEditorTest, StandsOnItsCellAndFollows) {

@@ -271,7 +271,7 @@ TEST_F(Modal, NothingRunsBehindAFormThatEndedTheProgram) {
 }
 
 TEST_F(Modal, WhatTheStandInCannotDoIsReportedAndTheFormCloses) {
-    ModalForm::StandIn() = [](ModalForm&) { throw RuntimeError(u"没有控件"_s); };
+    ModalForm::Driver() = [](ModalForm&) { throw RuntimeError(u"没有控件"_s); };
     script.BoxContaining(u"没有控件"_s);
     script.End(1);
     sys::Guarded([&] { form.ShowModal(); });

@@ -80,21 +80,21 @@ void Paste(const QString& text) {
 
 /// What the operator was told, each box by the beginning of its text; the report of a failing statement as
 /// "report".
-QStringList Told(tests::RecordedProgram& program) {
-    QStringList told;
+QStringList Emitted(tests::RecordedProgram& program) {
+    QStringList reported;
     for (const sys::BoxRequest& box : program.boxes) {
         if (box.icon == sys::BoxIcon::Critical)
-            told << u"report"_s;
+            reported << u"report"_s;
         else
-            told << box.text.section(u'\r', 0, 0);
+            reported << box.text.section(u'\r', 0, 0);
     }
-    EXPECT_EQ(program.status.has_value(), told.contains(u"report"_s));
-    return told;
+    EXPECT_EQ(program.status.has_value(), reported.contains(u"report"_s));
+    return reported;
 }
 
 /// Brings a program back that has ended or refused, for the next text.
 void GoOn(tests::RecordedProgram& program) {
-    sys::ForgetEnd();
+    sys::ClearEnd();
     program.boxes.clear();
     program.status.reset();
     if (EditInProgress) AltKey(u'C');
@@ -115,7 +115,7 @@ class AnyText : public testing::Test {
         for (const Box box : {ReceivedWeight, FuelRate}) program.TextBoxAt(box).SetText(u"3"_s);
         SetFocus(control);
         ASSERT_EQ(tests::FocusName(), control);
-        program.boxes.clear();  // entering some boxes starts a computation, which may have told something
+        program.boxes.clear();  // entering some boxes starts a computation, which may have reported something
         Paste(text);
         SetFocus(control == u"Txt(3)" ? u"Txt(2)"_s : u"Txt(3)"_s);
         if (!program.status) AltKey(u'S');
@@ -160,7 +160,7 @@ TEST_F(AnyText, InATextBoxIsCutTrimmedAndStoredOrBreaksItsStatement) {
             if (row.box == Number && text::Trim(in).isEmpty()) expected << u"请输入速递单号!"_s;
             if (row.box == Number && breaks) expected << Trapped;
             if (breaks) expected << u"report"_s;
-            EXPECT_EQ(Told(program), expected);
+            EXPECT_EQ(Emitted(program), expected);
             if (breaks) {
                 EXPECT_TRUE(program.boxes.back().detail.contains(text::Trim(in)));
             }
@@ -172,7 +172,7 @@ TEST_F(AnyText, InATextBoxIsCutTrimmedAndStoredOrBreaksItsStatement) {
             // And once more as it is, from the list.
             AltKey(u'E');
             AltKey(u'S');
-            EXPECT_EQ(Told(program), QStringList());
+            EXPECT_EQ(Emitted(program), QStringList());
             EXPECT_EQ(Field(row.field), text::Trim(in));
             EXPECT_EQ(program.Rows(u"select F1 from TB1"_s).size(), 2);
         }
@@ -194,7 +194,7 @@ TEST_F(AnyText, InANumbersBoxIsReadByItsLeadingNumber) {
                 expected << u"请输入总计费用!"_s;
             else if (row.box == TotalCharge && sample.text != text::Trim(sample.text))
                 expected << u"report"_s;  // its text goes bare into the column of the payment mode
-            EXPECT_EQ(Told(program), expected);
+            EXPECT_EQ(Emitted(program), expected);
             if (expected.isEmpty()) {
                 EXPECT_EQ(Field(row.field), sample.number);
             }
@@ -246,7 +246,7 @@ TEST_F(AnyText, InAComboIsTestedOrStoredOrReported) {
             } else if (in.contains(u'\'')) {
                 expected << u"report"_s;
             }
-            EXPECT_EQ(Told(program), expected);
+            EXPECT_EQ(Emitted(program), expected);
             if (expected.isEmpty()) {
                 EXPECT_EQ(Field(field), text::Trim(in));
             }

@@ -59,7 +59,7 @@ class Day {
         return finished && process_.exitStatus() == QProcess::NormalExit && process_.exitCode() == 0;
     }
 
-    int Saved() const { return saved_; }  ///< how many saves of the whole day are told to be done
+    int Saved() const { return saved_; }  ///< how many saves of the whole day are reported to be done
     bool InSave() const { return saving_ >= saved_; }
     bool Died() const { return process_.state() == QProcess::NotRunning; }
     const std::vector<int>& Microseconds() const { return microseconds_; }
@@ -127,7 +127,7 @@ constexpr int kDay = 60;  // commands
 
 struct Tally {
     int kills = 0;
-    int within = 0;  ///< a command, told by the program's own words
+    int within = 0;  ///< a command, reported by the program's own words
 };
 
 /// One day done twice, once undisturbed and once killed again and again, until it is over or there were

@@ -59,7 +59,7 @@ TEST(AFileOfLastWeek, IsRestoredAndWorkedWith) {
     tests::CommandOf("S32_Restore").give(program);
     ASSERT_EQ(program.status, 0);
 
-    sys::ForgetEnd();
+    sys::ClearEnd();
     program.status.reset();
     program.boxes.clear();
     const auto frame = tests::StartAndLogIn(QFileInfo(program.File()).path());

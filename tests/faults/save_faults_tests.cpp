@@ -48,10 +48,10 @@ class Ready : public tests::RecordedProgram {
         EXPECT_TRUE(boxes.empty()) << command.name;
     }
     void Give() { command_.give(*this); }
-    QStringList Told() const {
-        QStringList told;
-        for (const sys::BoxRequest& box : boxes) told << box.text;
-        return told;
+    QStringList Emitted() const {
+        QStringList reported;
+        for (const sys::BoxRequest& box : boxes) reported << box.text;
+        return reported;
     }
 
   private:
@@ -60,7 +60,7 @@ class Ready : public tests::RecordedProgram {
 
 /// What an undisturbed command says and makes of the file.
 struct Course {
-    QStringList before, after, told;
+    QStringList before, after, reported;
     std::optional<int> status;
 };
 
@@ -71,10 +71,10 @@ Course Undisturbed(const Command& command, Memory memory) {
     course.before = program.StateLeft();
     program.Give();
     course.after = program.StateLeft();
-    course.told = program.Told();
+    course.reported = program.Emitted();
     course.status = program.status;
     EXPECT_NE(course.before, course.after);
-    EXPECT_FALSE(EditInProgress) << course.told.join(u' ').toStdString();
+    EXPECT_FALSE(EditInProgress) << course.reported.join(u' ').toStdString();
     EXPECT_NE(course.status, 1);
     return course;
 }
@@ -95,7 +95,8 @@ constexpr Fault Faults[] = {{StorageFault::DiskFull, Lasting::ForEver},
 QString CheckReport(Ready& program, const Course& course, const Fault& fault) {
     EXPECT_EQ(program.status, 1) << "the program goes on";
     const sys::BoxRequest& box = program.boxes.back();
-    EXPECT_EQ(program.Told().mid(0, program.boxes.size() - 1), course.told.mid(0, program.boxes.size() - 1));
+    EXPECT_EQ(program.Emitted().mid(0, program.boxes.size() - 1),
+              course.reported.mid(0, program.boxes.size() - 1));
     EXPECT_EQ(box.icon, sys::BoxIcon::Critical);
     EXPECT_FALSE(box.detail.isEmpty());
     const QString words = fault.kind == StorageFault::DiskFull ? u"磁盘已满"_s : u"读写数据文件时出错"_s;
@@ -120,13 +121,13 @@ bool FailsAt(int n, const Command& command, Memory memory, const Fault& fault, c
     program.Give();
     const bool failed = storage.HasFailed();
     storage.Heal();
-    if (program.status == course.status && program.Told() == course.told)
+    if (program.status == course.status && program.Emitted() == course.reported)
         // Untouched, or what failed was not needed: a file that is replaced need not be put in order first.
         EXPECT_EQ(program.StateLeft(), course.after);
     else if (!program.boxes.empty())
         reported << CheckReport(program, course, fault);
     else
-        ADD_FAILURE() << "nobody was told";
+        ADD_FAILURE() << "nobody was reported";
     return failed;
 }
 

@@ -242,7 +242,7 @@ TEST(Group, IsKeptWhenAFailureEndsTheProgram) {
         db->Execute(u"insert into M04 (F1) values ('a')"_s);
         db->Execute(u"insert into M04 (F1) values ()"_s);
     });
-    sys::ForgetEnd();
+    sys::ClearEnd();
     // The end of the program brought everything into the one file: a copy of it alone is complete.
     const QString copy = file.Folder() + u"/copy.dat"_s;
     ASSERT_TRUE(QFile::copy(file.Path(), copy));
@@ -448,21 +448,21 @@ TEST(Dynaset, WritesRowsBackInTheOrderOfTheJournal) {
     EXPECT_THROW(sums.Edit(), RuntimeError);
 }
 
-enum class Told { Nothing, GroupLost, NotClosed };
+enum class Emitted { Nothing, GroupLost, NotClosed };
 
 /// A command of three statements and the closing of the file, on storage that fails at its n-th change.
-Told CommandOnFailingStorage(const tests::DataFile& file, tests::FailingStorage& storage, int n,
-                             tests::StorageFault fault, bool andAllAfter) {
+Emitted CommandOnFailingStorage(const tests::DataFile& file, tests::FailingStorage& storage, int n,
+                                tests::StorageFault fault, bool andAllAfter) {
     auto db = Open(file, u"failing"_s);
     storage.FailAt(n, fault, andAllAfter);
-    Told told = Told::Nothing;
+    Emitted reported = Emitted::Nothing;
     try {
         const QString value(9000, u'x');
         for (const char16_t code : {u'a', u'b', u'c'})
             db->Execute(u"insert into M04 (F1,F2) values ('"_s + QChar(code) + u"','"_s + value + u"')"_s);
         db->CloseGroup();
     } catch (const DatabaseError& error) {
-        told = Told::GroupLost;
+        reported = Emitted::GroupLost;
         EXPECT_TRUE(error.GroupLost()) << error.what();
         EXPECT_FALSE(error.Text().isEmpty());
         EXPECT_FALSE(db->InGroup());
@@ -470,10 +470,10 @@ Told CommandOnFailingStorage(const tests::DataFile& file, tests::FailingStorage&
     try {
         db->Close();
     } catch (const DatabaseError& error) {
-        EXPECT_FALSE(told == Told::Nothing && error.GroupLost()) << error.what();
-        if (told == Told::Nothing) told = Told::NotClosed;
+        EXPECT_FALSE(reported == Emitted::Nothing && error.GroupLost()) << error.what();
+        if (reported == Emitted::Nothing) reported = Emitted::NotClosed;
     }
-    return told;
+    return reported;
 }
 
 TEST(Storage, KeepsAllOfACommandOrNothingWhereverItFails) {
@@ -486,23 +486,24 @@ TEST(Storage, KeepsAllOfACommandOrNothingWhereverItFails) {
                  {tests::StorageFault::IoError, false, u""_s},
                  {tests::StorageFault::IoError, true, u""_s}};
     for (const auto& each : cases) {
-        std::map<Told, int> count;
+        std::map<Emitted, int> count;
         for (int n = 1;; ++n) {
             ASSERT_LT(n, 200);
             tests::FailingStorage storage;
             const tests::DataFile file(kTables, each.password);
-            const Told told = CommandOnFailingStorage(file, storage, n, each.fault, each.andAllAfter);
+            const Emitted reported = CommandOnFailingStorage(file, storage, n, each.fault, each.andAllAfter);
             if (!storage.HasFailed()) break;
-            ++count[told];
+            ++count[reported];
             storage.Heal();
             const QString rows = file.Rows(u"select count(*) from M04"_s).value(0);
             // Storage that dies in the commit and stays dead may keep the whole command all the same.
-            const bool mayBeThere = told != Told::GroupLost || each.andAllAfter;
-            EXPECT_TRUE((rows == u"0"_s && told == Told::GroupLost) || (rows == u"3"_s && mayBeThere)) << n;
+            const bool mayBeThere = reported != Emitted::GroupLost || each.andAllAfter;
+            EXPECT_TRUE((rows == u"0"_s && reported == Emitted::GroupLost) || (rows == u"3"_s && mayBeThere))
+                << n;
             EXPECT_EQ(file.Rows(u"pragma integrity_check"_s), QStringList{u"ok"_s}) << n;
         }
-        EXPECT_GT(count[Told::GroupLost], 5);
-        EXPECT_GT(count[Told::NotClosed], 0);
+        EXPECT_GT(count[Emitted::GroupLost], 5);
+        EXPECT_GT(count[Emitted::NotClosed], 0);
     }
 }
 

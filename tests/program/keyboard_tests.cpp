@@ -81,12 +81,12 @@ class Tour {
             ended_ = status;
             throw sys::ProgramEnded{status};
         };
-        before_ = controls::ModalForm::StandIn();
-        controls::ModalForm::StandIn() = [this](controls::ModalForm& form) { VisitModal(form); };
+        before_ = controls::ModalForm::Driver();
+        controls::ModalForm::Driver() = [this](controls::ModalForm& form) { VisitModal(form); };
     }
-    ~Tour() { controls::ModalForm::StandIn() = before_; }
+    ~Tour() { controls::ModalForm::Driver() = before_; }
 
-    bool Landed() { return program_.Frame().MenuItem(row_.name.toString())->isEnabled(); }
+    bool IsImplemented() { return program_.Frame().MenuItem(row_.name.toString())->isEnabled(); }
 
     void Take() {
         EXPECT_EQ(Text(WithoutNameOrRole(program_.Frame())), "");
@@ -176,7 +176,7 @@ class Menus : public testing::TestWithParam<MenuRow> {};
 
 TEST_P(Menus, AreWalkedWithoutAMouseAndReadOut) {
     Tour tour(GetParam());
-    if (!tour.Landed()) GTEST_SKIP() << "not built yet";
+    if (!tour.IsImplemented()) GTEST_SKIP() << "not built yet";
     tour.Take();
 }
 

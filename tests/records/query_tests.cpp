@@ -273,7 +273,7 @@ TEST(Query, ABrokenStatementIsReportedAndChangesNothing) {
         for (const auto& table : {u"M04"_s, u"M03"_s})
             EXPECT_EQ(form.Rows(u"select count(*) from "_s + table), QStringList{u"2"_s});
         EXPECT_EQ(form.Rows(u"select F1,F101 from B01"_s), QStringList{u"W1|2024-03-15"_s});
-        sys::ForgetEnd();
+        sys::ClearEnd();
     }
 }
 

@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 namespace tests {
 namespace {
 
-constexpr int kMostStops = 120;
+constexpr int kLongestTabOrder = 120;
 
 /// Buttons whose own key is another control's, so that Tab need not stop at them.
 const QStringList kReachedOtherwise = {u"CmdDownList"_s};  // the arrow down in the box beside it
@@ -61,7 +61,7 @@ bool NeedsName(const QAccessibleInterface& item) {
            qobject_cast<const QAbstractButton*>(widget);
 }
 
-void Walk(QAccessibleInterface* item, QStringList& lacking) {
+void Visit(QAccessibleInterface* item, QStringList& lacking) {
     if (!item || !item->isValid()) return;
     const QAccessible::Role role = item->role();
     if (NeedsName(*item)) {
@@ -72,7 +72,7 @@ void Walk(QAccessibleInterface* item, QStringList& lacking) {
         if (role == QAccessible::NoRole || role == QAccessible::Client) lacking << who + u" has no role"_s;
     }
     if (role == QAccessible::Table || role == QAccessible::List) return;  // the cells are texts
-    for (int i = 0; i < item->childCount(); ++i) Walk(item->child(i), lacking);
+    for (int i = 0; i < item->childCount(); ++i) Visit(item->child(i), lacking);
 }
 
 char16_t LetterOf(const QAction& command) {
@@ -95,30 +95,30 @@ void PressLetter(const QList<QAction*>& among, const QAction& command) {
 
 }  // namespace
 
-std::vector<QWidget*> TabStops() {
-    std::vector<QWidget*> stops;
-    for (int i = 0; i < kMostStops; ++i) {
+std::vector<QWidget*> ControlsInTabOrder() {
+    std::vector<QWidget*> tabOrder;
+    for (int i = 0; i < kLongestTabOrder; ++i) {
         QWidget* stop = FocusedControl();
-        if (!stop || std::ranges::find(stops, stop) != stops.end()) break;
-        stops.push_back(stop);
+        if (!stop || std::ranges::find(tabOrder, stop) != tabOrder.end()) break;
+        tabOrder.push_back(stop);
         Press(Qt::Key_Tab);
     }
-    return stops;
+    return tabOrder;
 }
 
 QStringList NotReachedByTab(QWidget& form, bool browsing) {
-    const auto stops = TabStops();
+    const auto tabOrder = ControlsInTabOrder();
     QStringList missed;
     for (QWidget* control : form.findChildren<QWidget*>()) {
         if (!TakesInput(control, browsing) || IsPartOfAnother(*control)) continue;
-        if (std::ranges::find(stops, control) == stops.end()) missed << control->objectName();
+        if (std::ranges::find(tabOrder, control) == tabOrder.end()) missed << control->objectName();
     }
     return missed;
 }
 
 QStringList WithoutNameOrRole(QWidget& window) {
     QStringList lacking;
-    Walk(QAccessible::queryAccessibleInterface(&window), lacking);
+    Visit(QAccessible::queryAccessibleInterface(&window), lacking);
     return lacking;
 }
 
@@ -151,13 +151,13 @@ bool RunByKeys(QMenuBar& bar, const QString& command) {
 bool LeaveByKeys(QWidget& form) {
     const QPointer<QWidget> there(&form);
     const auto gone = [&there] { return !there || !there->isVisible() || sys::HasEnded(); };
-    auto stops = TabStops();
+    auto tabOrder = ControlsInTabOrder();
     Press(Qt::Key_Escape);
-    std::ranges::reverse(stops);
-    for (QWidget* stop : stops) {
+    std::ranges::reverse(tabOrder);
+    for (QWidget* stop : tabOrder) {
         if (gone()) return true;
         if (!qobject_cast<controls::Button*>(stop)) continue;
-        for (int i = 0; i < kMostStops && FocusedControl() != stop; ++i) Press(Qt::Key_Tab);
+        for (int i = 0; i < kLongestTabOrder && FocusedControl() != stop; ++i) Press(Qt::Key_Tab);
         Press(Qt::Key_Return);
     }
     return gone();

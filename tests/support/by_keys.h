@@ -12,7 +12,7 @@
 namespace tests {
 
 /// Presses Tab until a control comes for the second time; the controls in their order, each once.
-std::vector<QWidget*> TabStops();
+std::vector<QWidget*> ControlsInTabOrder();
 
 /// The controls of a form that take input and are no stop of Tab, by their names. While browsing the boxes of
 /// a card take none.

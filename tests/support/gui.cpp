@@ -115,13 +115,13 @@ struct ModalScript::State {
 };
 
 ModalScript::ModalScript() : state_(std::make_unique<State>()) {
-    state_->before = controls::ModalForm::StandIn();
-    controls::ModalForm::StandIn() = [this](controls::ModalForm& form) { state_->Take(form); };
+    state_->before = controls::ModalForm::Driver();
+    controls::ModalForm::Driver() = [this](controls::ModalForm& form) { state_->Take(form); };
 }
 
 ModalScript::~ModalScript() {
     for (const auto& step : state_->steps) ADD_FAILURE() << "never came: " << step.form.toStdString();
-    controls::ModalForm::StandIn() = std::move(state_->before);
+    controls::ModalForm::Driver() = std::move(state_->before);
 }
 
 void ModalScript::Next(const QString& formName, std::function<void(QWidget& form)> drive) {

@@ -23,7 +23,7 @@ void RefuseWindows() {
     seams.openAddress = [](const QString& address) {
         ADD_FAILURE() << "unexpected address: " << address.toStdString();
     };
-    controls::ModalForm::StandIn() = [](controls::ModalForm& form) {
+    controls::ModalForm::Driver() = [](controls::ModalForm& form) {
         ADD_FAILURE() << "unexpected modal form: " << form.objectName().toStdString();
     };
 }

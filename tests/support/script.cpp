@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace tests {
 
 Script::Script() : before_(sys::seams()), now_(QDate(2024, 3, 15), QTime(10, 0)), locale_(u"zh_CN"_s) {
-    sys::ForgetEnd();
+    sys::ClearEnd();
     auto& seams = sys::seams();
     seams.showBox = [this](const sys::BoxRequest& request) {
         lastBox_ = request;
@@ -67,7 +67,7 @@ Script::~Script() {
         ADD_FAILURE() << "never came: " << step.kind.toStdString() << " " << step.title.toStdString() << " "
                       << step.text.toStdString();
     sys::seams() = std::move(before_);
-    sys::ForgetEnd();
+    sys::ClearEnd();
 }
 
 void Script::Box(const QString& text, const QString& title, sys::BoxIcon icon) {

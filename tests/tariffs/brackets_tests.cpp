@@ -24,7 +24,7 @@ struct Bracket {
     QString listCaption, quoteCaption;
 };
 
-const std::vector<Bracket>& Walk() {
+const std::vector<Bracket>& PricesInOrder() {
     static const std::vector<Bracket> rows{
         {0, u"F1"_s, u"P101"_s, u"F2"_s, u"文件首0.5Kg"_s, u"文件首10.5Kg"_s, u"首10.5Kg"_s},
         {1, u"F2"_s, u"P102"_s, u"F3"_s, u"文件续0.5Kg"_s, u"文件续0.3Kg"_s, u"续0.3Kg"_s},
@@ -56,7 +56,7 @@ class TheBrackets : public testing::Test {
     TheBrackets() {
         company_.Run({u"insert into MS1 VALUES ("_s + Weights + u')', u"insert into M02 (F1) VALUES ('Z1')"_s,
                       u"insert into M031 (F0,F1) VALUES ('C1','Z1')"_s});
-        for (const Bracket& row : Walk()) {
+        for (const Bracket& row : PricesInOrder()) {
             const QString price = QString::number(100 + row.index);
             company_.Run({u"update M02 set "_s + row.listPrice + u'=' + price,
                           u"update M031 set "_s + row.quote + u'=' + price});
@@ -76,14 +76,14 @@ class TheBrackets : public testing::Test {
 TEST_F(TheBrackets, StandInTheOrderOfBothPriceTables) {
     // Price tables are read by place: a quote is the n-th field of the select of the list prices.
     QStringList listed, quoted;
-    for (const Bracket& row : Walk()) {
+    for (const Bracket& row : PricesInOrder()) {
         listed += row.listPrice;
         quoted += row.quote;
     }
     EXPECT_EQ(company_.Rows(u"select "_s + listed.join(u',') + u" from M02"_s),
               company_.Rows(u"select "_s + quoted.join(u',') + u" from M031"_s));
     auto quote = company_.Db().OpenRecordset(u"select * from M031"_s);
-    for (const Bracket& row : Walk())
+    for (const Bracket& row : PricesInOrder())
         EXPECT_EQ(quote.Fields(row.index + 2).Number(), 100 + row.index) << row.quote.toStdString();
 }
 
@@ -91,7 +91,7 @@ TEST_F(TheBrackets, CarryTheirCaptions) {
     const Standard standard = Read();
     const QStringList quotes = tariffs::QuoteCaptions(standard);
     ASSERT_EQ(quotes.size(), tariffs::Brackets);
-    for (const Bracket& row : Walk()) {
+    for (const Bracket& row : PricesInOrder()) {
         EXPECT_EQ(tariffs::ListPriceCaption(standard, row.index, row.designed), row.listCaption);
         EXPECT_EQ(quotes[row.index], row.quoteCaption);
     }
@@ -106,7 +106,7 @@ TEST_F(TheBrackets, AreChargedFromTheirBoundToTheNext) {
     // A parcel counts from F2 in steps of F3.
     EXPECT_EQ(Charge(u"S"_s, 1.25), 102 + 103);
     EXPECT_EQ(Charge(u"S"_s, 20.75), 102 + 21 * 103);
-    for (const Bracket& row : Walk()) {
+    for (const Bracket& row : PricesInOrder()) {
         if (row.index < tariffs::FirstHeavy) continue;
         const double bound = *standard[static_cast<std::size_t>(row.index)];
         for (const QString& service : {u"D"_s, u"S"_s}) {

@@ -64,14 +64,14 @@ TEST(A03, ANewCustomerIsEnteredByEnterAlone) {
     EXPECT_EQ(form.script.InputMethodSwitches(), 3) << "and leaving it";
     Press(Qt::Key_Return);
     EXPECT_EQ(form.script.InputMethodSwitches(), 4) << "the English address";
-    QStringList stops;
+    QStringList tabOrder;
     for (int i = 0; i < 12; ++i) {
         Press(Qt::Key_Return);
-        stops += FocusName();
-        if (stops.last() == u"CmbYWY") Type(u"陈刚"_s);
-        if (stops.last() == u"CmdUpDown") break;
+        tabOrder += FocusName();
+        if (tabOrder.last() == u"CmbYWY") Type(u"陈刚"_s);
+        if (tabOrder.last() == u"CmdUpDown") break;
     }
-    EXPECT_EQ(stops.join(u' '),
+    EXPECT_EQ(tabOrder.join(u' '),
               u"Txt(6) Txt(7) Txt(8) CmbYWY Txt(10) TxtMEMO(0) TxtMEMO(1) TxtMEMO(2) "
               u"TxtMEMO(3) CmdUpDown"_s);
     EXPECT_EQ(form.script.InputMethodSwitches(), 4);
@@ -246,14 +246,14 @@ TEST(A03, AStandardThatCannotBeReadIsTold) {
     form.Tabs().SelectItem(1);
     const struct {
         std::function<void()> damage;
-        QString told;
+        QString reported;
     } cases[] = {
         {[&] { form.Execute(u"update MS1 set F6=1e300"_s); }, u"溢出"_s},  // for a single
         {[] { CustomerForm::LoseTable("MS1"); }, u"MS1"_s},
     };
     for (const auto& c : cases) {
         c.damage();
-        form.script.BoxContaining(c.told);
+        form.script.BoxContaining(c.reported);
         form.Tabs().SelectItem(2);
         EXPECT_TRUE(form.script.Done());
         EXPECT_FALSE(sys::HasEnded());

@@ -21,7 +21,7 @@ void DoubleQuotesToText(Statement& statement) {
     }
 }
 
-void TruthWords(Statement& statement) {
+void TrueAndFalse(Statement& statement) {
     for (size_t i = 0; i < statement.Size(); ++i) {
         const bool yes = IsWord(statement.At(i), "true");
         if (!yes && !IsWord(statement.At(i), "false")) continue;

@@ -8,7 +8,7 @@ Translation Translate(std::string_view text, const Tables& tables, bool forDynas
     Statement statement(text);
     RefuseSelectInto(statement);
     DoubleQuotesToText(statement);
-    TruthWords(statement);
+    TrueAndFalse(statement);
     DatediffToRange(statement, tables);
     LikeToRange(statement, tables);
     DatesInWrites(statement, tables);

@@ -14,7 +14,7 @@ void RefuseSelectInto(const Statement& statement);
 void DoubleQuotesToText(Statement& statement);
 
 /// The words True and False are 1 and 0. A stored 1 reads back as -1.
-void TruthWords(Statement& statement);
+void TrueAndFalse(Statement& statement);
 
 /// Dates in datediff are checked and written in full; a day difference between a date and a column that is
 /// compared with a whole number becomes a half-open range on the column, which an index can serve.

@@ -6,7 +6,7 @@
 namespace demo {
 
 /// Drops its words about what it can't do, and that nobody is logged in there.
-inline void DropDisplaysWords() {
+inline void SilencePlatform() {
     using namespace Qt::StringLiterals;
     static QtMessageHandler others = nullptr;
     others = qInstallMessageHandler([](QtMsgType kind, const QMessageLogContext& at, const QString& text) {
