@@ -1,4 +1,4 @@
-// What every control tells the form that it stands in: the focus that comes and goes, and keys.
+// The events that every control raises for its form: focus changes and keys.
 //
 // Always holds: GotFocus and LostFocus come from the focus tracker alone (focus_tracker.h), after the focus
 // has settled and only when the control really changed; every event enters the form through the guard.
@@ -12,11 +12,11 @@
 
 namespace controls {
 
-/// Gives a control the focus, also when it has it already: then the form is told if it was not before
+/// Gives a control the focus. If it already has the focus, GotFocus is raised if it has not been raised yet
 /// (focus_tracker.cpp).
 void MoveFocus(QWidget* control);
 
-/// What the focus tracker tells; every control that takes the focus has these two.
+/// The events that the focus tracker raises. Every control that accepts the focus derives from this.
 class FocusEvents {
   public:
     virtual ~FocusEvents() = default;
@@ -24,16 +24,16 @@ class FocusEvents {
     sys::Event<> LostFocus;
 };
 
-/// A key before the control itself sees it. A form that sets `taken` keeps it from the control.
+/// A key press before the control handles it. A form that sets `taken` consumes it.
 struct KeyPress {
     int key = 0;  ///< Qt::Key
     Qt::KeyboardModifiers modifiers;
-    QString text;  ///< the character; a form may replace it (upper-casing); emptied, it is not typed
-    bool repeats = false;  ///< comes from a key that is held down
+    QString text;  ///< the character; a form may replace it (upper-casing); if emptied, nothing is typed
+    bool repeats = false;  ///< auto-repeat of a key that is held down
     bool taken = false;
 
     bool IsEnter() const { return key == Qt::Key_Return || key == Qt::Key_Enter; }
-    /// For Enter that runs something: once for a key that is held down.
+    /// Enter without auto-repeat: a command on Enter runs once for a key that is held down.
     bool IsFirstEnter() const { return IsEnter() && !repeats; }
 };
 

@@ -1,9 +1,9 @@
-// Tells which control the operator left and which one he entered.
+// Raises LostFocus and GotFocus for the controls that the operator leaves and enters.
 //
 // Always holds: LostFocus(old), then GotFocus(new), after the focus has settled and only when the control
-// really changed. Popups, menus, message boxes, modal forms and window activation are no change; neither is a
-// move that the toolkit makes by itself because a control was hidden or disabled. A SetFocus in a handler
-// wins.
+// really changed. Popups, menus, message boxes, modal forms and window activation do not count as a change;
+// neither does a move that the toolkit makes by itself because a control was hidden or disabled. A SetFocus
+// in a handler overrides the pending change.
 #pragma once
 
 #include <QObject>
@@ -20,24 +20,24 @@ class FocusTracker : public QObject {
     /// The application's one tracker; installs itself at first use.
     static FocusTracker& Get();
 
-    /// The control of the active window that was told of the focus last; none while it was told of its loss
-    /// and nobody else has been told yet.
+    /// The control that last received GotFocus in the active window; null between LostFocus and the next
+    /// GotFocus.
     QWidget* Current() const;
-    /// Tells what is outstanding at once. A click calls it, so that the loss of the box that was left comes
-    /// first; else the program waits for the event loop.
+    /// Raises the outstanding events at once. A click calls it, so that LostFocus of the control that was
+    /// left precedes the click; otherwise a queued call raises them.
     void Settle();
-    /// The program itself gives this control the focus: tells it even where the toolkit had moved there
-    /// first.
+    /// The program itself gives this control the focus: GotFocus is raised even if the toolkit had already
+    /// moved the focus there.
     void Asked(QWidget* control);
 
   private:
-    /// What is known of one top-level window; a box or a modal form over it leaves it as it is.
+    /// The state of one top-level window. A message box or a modal form over it does not change the state.
     struct Window {
         QPointer<QWidget> window;
-        QPointer<QWidget> current;     ///< the last one reported
-        QPointer<QWidget> notEmitted;  ///< where the toolkit went by itself
-        bool left = false;             ///< current was left while it could be seen and used
-        bool emitting = false;         ///< a handler is at work
+        QPointer<QWidget> current;  ///< last received GotFocus; null after LostFocus or hiding
+        QPointer<QWidget> notEmitted;   ///< the toolkit moved here by itself; no event until Asked()
+        bool left = false;          ///< the focus left current while it was visible and enabled
+        bool emitting = false;       ///< a handler is running
     };
 
     explicit FocusTracker(QObject* parent);

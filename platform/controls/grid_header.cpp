@@ -10,8 +10,8 @@ using namespace paint;
 namespace {
 
 constexpr int kOneRow = 28;
-constexpr int kRow = 24;     // each of several
-constexpr int kPadding = 1;  // captions of narrow columns need the room
+constexpr int kRow = 24;     // each of several rows
+constexpr int kPadding = 1;  // captions of narrow columns need the width
 constexpr int kTextPixels = 12;
 
 class CellFinder {
@@ -113,13 +113,14 @@ void GridHeader::paintEvent(QPaintEvent*) {
         const QRect rect(left, cell.row * high, right - left, (cell.lastRow - cell.row + 1) * high);
         if (!rect.intersects(area)) continue;
         const bool group = rows > 1 && cell.lastRow < rows - 1;
-        // A wide group's title stays in sight while its columns are scrolled.
+        // A group's title stays visible while its columns are scrolled.
         const QRect inner = rect.intersected(area).adjusted(kPadding, 0, -kPadding - 1, -1);
-        const QRect room = cell.col == cell.lastCol ? rect.adjusted(kPadding, 0, -kPadding - 1, -1) : inner;
+        const QRect textRect =
+            cell.col == cell.lastCol ? rect.adjusted(kPadding, 0, -kPadding - 1, -1) : inner;
         painter.setPen(group ? kAccentDeep : kHeaderText);
         const QString text = model_.Text(cell.row, cell.col);
-        painter.drawText(room, Qt::AlignCenter | Qt::TextSingleLine,
-                         painter.fontMetrics().elidedText(text, Qt::ElideRight, room.width()));
+        painter.drawText(textRect, Qt::AlignCenter | Qt::TextSingleLine,
+                         painter.fontMetrics().elidedText(text, Qt::ElideRight, textRect.width()));
         Hairline(painter, kColumnLine, QLineF(rect.right(), rect.top(), rect.right(), rect.bottom()));
         if (group)
             Hairline(painter, kColumnLine, QLineF(rect.left(), rect.bottom(), rect.right(), rect.bottom()));

@@ -9,7 +9,7 @@ namespace controls {
 
 class GridModel;
 
-/// A rectangle of header cells that is drawn as one, in header rows and columns, ends included.
+/// A rectangle of header cells drawn as one cell: header rows and columns, ends included.
 struct HeaderCell {
     int row;
     int col;
@@ -17,9 +17,9 @@ struct HeaderCell {
     int lastCol;
 };
 
-/// The header cells left to right, row by row. With merging, equal neighbours of every row but the last of
-/// several become one cell, and so do equal cells above each other; blank cells never merge. Hidden columns
-/// are left out.
+/// The header cells, row by row from left to right. With merging, equal neighbours in a row become one cell,
+/// except in the last of several rows. Equal cells above each other become one cell. Blank cells never merge.
+/// Hidden columns are left out.
 std::vector<HeaderCell> HeaderCells(const GridModel& model, bool merge, const std::vector<bool>& hidden);
 
 class GridHeader : public QHeaderView {
@@ -28,7 +28,8 @@ class GridHeader : public QHeaderView {
     GridHeader(const GridModel& model, QWidget* parent);
 
     void SetMerge(bool merge);
-    /// Takes the height that the model's header rows need: 28 for one, 24 each for more.
+    /// Sets the height for the model's header rows: 28 pixels for one, 24 each for several. Hidden without
+    /// rows.
     void Fit();
 
   protected:
@@ -39,8 +40,8 @@ class GridHeader : public QHeaderView {
     bool merge_ = false;
 };
 
-/// The rows' heads, never shown: they only know the rows' heights. A current row is nothing to them; marking
-/// it would have them measure all rows of a long list whenever a line was added.
+/// The vertical header. It is never shown and only holds the row heights. It ignores the current row: marking
+/// it would measure all rows of a long list whenever a row is added.
 class RowHeads : public QHeaderView {
     Q_OBJECT
   public:

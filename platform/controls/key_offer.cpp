@@ -53,7 +53,7 @@ QString OneRow(const QString& text) {
 
 void TidyLine(QLineEdit* line) {
     QString row = line->text();
-    // The length limit may have cut between the two halves of a rare character.
+    // The length limit may have cut a surrogate pair in two.
     if (!row.isEmpty() && row.back().isHighSurrogate()) row.chop(1);
     row = OneRow(row);
     if (row == line->text()) return;

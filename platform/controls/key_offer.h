@@ -1,4 +1,4 @@
-// What the boxes have in common when keys, texts and the focus come in. For the controls' own files.
+// Input of keys, text and focus, shared by the controls. Internal to the controls.
 #pragma once
 
 #include "platform/controls/control_events.h"
@@ -9,8 +9,8 @@
 
 namespace controls {
 
-/// Fires KeyPressed. Gives what is left for the control: the key with the form's text, or nothing when the
-/// form took it, the control has gone or the program has ended.
+/// Raises KeyPressed. Returns the key event for the control, with the text that the form left; null if the
+/// form took the key or emptied its text, the control was deleted or the program has ended.
 std::unique_ptr<QKeyEvent> OfferKey(QObject* control, const sys::Event<KeyPress&>& event,
                                     const QKeyEvent& key);
 
@@ -18,22 +18,23 @@ inline bool IsEnter(const QKeyEvent& key) {
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }
 
-/// A box that the keyboard or the program enters is ready to be typed over; one that is clicked
-/// only where its form says so.
+/// Whether focus for this reason selects the whole text: by Tab, shortcut or program. After a click the text
+/// is selected only where the form does so.
 bool SelectsAll(Qt::FocusReason reason);
 
-/// Whether text from outside may go into this control now: it keeps the focus when it gets it, so the form
-/// did not send the operator away.
+/// Gives the control the focus and raises the outstanding focus events. True if it still has the focus, so
+/// that pasted or dropped text may enter it; false if the form moved the focus elsewhere.
 bool KeepsFocus(QWidget* control);
 
-/// Half of a pair alone is no character: the file would keep something else than the box shows, so it becomes
-/// U+FFFD at once.
+/// Replaces each unpaired surrogate by U+FFFD; otherwise the file would hold another text than the control
+/// shows.
 QString WholeCharacters(QString text);
 
-/// Pasted text as one row: a line break or any other control character becomes a blank.
+/// Pasted text as one line: a line break or any other control character becomes a blank.
 QString OneRow(const QString& text);
 
-/// Tidies what the operator put into a line: one row, no half of a character at its end.
+/// Reduces the edited text to one line without an unpaired surrogate; the cursor keeps its distance from the
+/// end.
 void TidyLine(QLineEdit* line);
 
 }  // namespace controls

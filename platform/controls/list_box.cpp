@@ -20,7 +20,7 @@ ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
     setTextElideMode(Qt::ElideNone);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setTabKeyNavigation(false);
-    // Blanks line up under each other: a Chinese character is as wide as two of them.
+    // A monospaced font aligns the columns: a Chinese character is as wide as two blanks.
     QFont even = font();
     even.setFamilies({u"Noto Sans Mono CJK SC"_s, even.family()});
     setFont(even);
@@ -43,7 +43,7 @@ void ListBox::SetListIndex(int index) {
 void ListBox::keyPressEvent(QKeyEvent* event) {
     const auto left = OfferKey(this, KeyPressed, *event);
     if (!left) return event->accept();
-    // The toolkit would walk from a first line that nobody has selected yet.
+    // Without a selection the toolkit would move on from the first line instead of selecting it.
     if (Moves(left->key()) && ListIndex() < 0 && count() > 0) {
         event->accept();
         return SetListIndex(left->key() == Qt::Key_End ? count() - 1 : 0);

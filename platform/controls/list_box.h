@@ -1,8 +1,7 @@
 // A list of lines, one of which may be selected.
 //
-// Always holds: filling selects nothing, and nothing is selected until the operator or SetListIndex does it;
-// a key that moves selects the first line then, End the last. Lines keep their blanks and are never
-// shortened.
+// Always holds: filling selects nothing; only the operator or SetListIndex selects. Without a selection, End
+// selects the last line and every other movement key the first. Lines keep their blanks and are never elided.
 #pragma once
 
 #include "platform/controls/control_events.h"
@@ -17,7 +16,7 @@ class ListBox : public QListWidget, public FocusEvents {
   public:
     explicit ListBox(QWidget* parent = nullptr);
     int ListCount() const { return count(); }
-    /// Lines count from 0; the index has to be one of them.
+    /// The index counts from 0 and must be below ListCount().
     QString List(int index) const { return item(index)->text(); }
     void SetLines(const QStringList& lines);
     /// The selected line, or -1.

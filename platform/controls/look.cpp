@@ -13,8 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
-/// The pictures lie in a static library, so the linker has to be told that they are wanted. Outside of any
-/// namespace, as the toolkit's macro asks.
+/// The pictures are resources of a static library, so they are initialised explicitly; otherwise the linker
+/// drops them. The toolkit's macro requires the global namespace.
 static void InitPictures() {
     Q_INIT_RESOURCE(look);
 }
@@ -41,7 +41,7 @@ void SetColors(QApplication& app) {
     app.setPalette(palette);
 }
 
-/// What the toolkit's Chinese texts leave out or say oddly.
+/// Texts that the toolkit's Chinese translation lacks or words badly.
 class MoreWords : public QTranslator {
   public:
     using QTranslator::QTranslator;
@@ -65,7 +65,7 @@ class MoreWords : public QTranslator {
     }
 };
 
-/// The toolkit's own words are Chinese whatever the locale says.
+/// The toolkit's own texts are Chinese in every locale.
 void SetLanguage(QApplication& app) {
     QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
     auto* translator = new QTranslator(&app);

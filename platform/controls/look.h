@@ -1,4 +1,4 @@
-// How the whole program looks: one style sheet, one font, one set of pictures for all forms.
+// The look of all forms: one style sheet, one font, one set of pictures.
 #pragma once
 
 #include <QApplication>
@@ -7,12 +7,12 @@
 
 namespace controls {
 
-/// Style, font, pictures, the toolkit's Chinese texts, the real windows behind the seams (boxes, file
-/// dialogs, the input method). Once, before the first window.
+/// Sets the style, the font, the pictures, the toolkit's Chinese texts and the real windows behind the seams
+/// (message boxes, file dialogs, the input method). Call once, before the first window.
 void DressApplication(QApplication& app);
 
-/// A picture of the look by its name ("app", "receive"), the file in look/icons/; empty for one that is not
-/// there.
+/// The picture of this name ("app", "receive"), a file in look/icons/; draws nothing if there is no such
+/// file.
 QIcon LookIcon(const QString& name);
 
 }  // namespace controls

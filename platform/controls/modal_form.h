@@ -1,7 +1,7 @@
-// The base of the forms that stand modally over the main window.
+// The base class of the modal forms over the main window.
 //
-// Always holds: no button is auto-default; Enter on a focused button presses it; Esc closes only where it is
-// told; what the command has written so far is committed before the form waits.
+// Always holds: no button is auto-default; Enter on a focused button presses it; Esc closes only after
+// SetClosedByEsc(true); the command's commit group is committed before the form waits.
 #pragma once
 
 #include "platform/system/guard.h"
@@ -18,16 +18,15 @@ class ModalForm : public QDialog {
     /// The name is the form's name in the system ("Login"), the caption its title.
     ModalForm(const QString& name, const QString& caption, QWidget* parent);
 
-    /// Runs Load, shows the form over its parent and waits until it has gone. Activation goes back to the
-    /// window it stood over.
+    /// Runs Load, shows the form over its parent and waits until it is closed. Then activates the window that
+    /// was active before.
     void ShowModal();
-    /// Closes the form.
     void Unload();
     void SetClosedByEsc(bool closed) { closedByEsc_ = closed; }
     void SetCloseBox(bool shown);
 
-    /// The operator's stand-in, where the program runs without one: called, from inside the waiting loop,
-    /// with each modal form that is shown. A form that it leaves open is closed after it.
+    /// Seam that replaces the operator where the program runs without one: a queued call in the form's event
+    /// loop passes each modal form that is shown. A form that it leaves open is closed afterwards.
     static std::function<void(ModalForm&)>& Driver();
 
   protected:

@@ -1,9 +1,9 @@
-// What long work shows: the wait pointer, and a progress text that is painted while the work goes on.
+// Feedback during long work: the wait pointer, and painting of a progress text.
 #pragma once
 
 namespace controls {
 
-/// The wait pointer while it lives. Boxes and modal forms that come up meanwhile have the ordinary pointer.
+/// RAII guard: shows the wait pointer. Message boxes and modal forms meanwhile show the ordinary pointer.
 class WaitPointer {
   public:
     WaitPointer();
@@ -12,7 +12,7 @@ class WaitPointer {
     WaitPointer& operator=(const WaitPointer&) = delete;
 };
 
-/// The ordinary pointer while it lives, whatever work is going on beneath.
+/// RAII guard: shows the ordinary pointer inside a WaitPointer.
 class OrdinaryPointer {
   public:
     OrdinaryPointer();
@@ -24,7 +24,7 @@ class OrdinaryPointer {
     bool set_;
 };
 
-/// Paints what has changed. Takes no input of the operator and closes no command.
+/// Paints what has changed. Processes no user input and closes no commit group.
 void ShowProgress();
 
 }  // namespace controls
