@@ -47,8 +47,13 @@ ComboBox::ComboBox(QWidget* parent) : QComboBox(parent) {
 }
 
 void ComboBox::SetText(const QString& text) {
+    // A text that is proposed while the combo has the focus is ready to be typed over.
+    const bool all = hasFocus() && lineEdit()->selectedText() == currentText();  // an empty text too
     setEditText(text);
-    lineEdit()->setCursorPosition(0);
+    if (all)
+        lineEdit()->selectAll();
+    else
+        lineEdit()->setCursorPosition(0);
 }
 
 void ComboBox::Clear() {

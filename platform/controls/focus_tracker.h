@@ -34,10 +34,10 @@ class FocusTracker : public QObject {
     /// The state of one top-level window. A message box or a modal form over it does not change the state.
     struct Window {
         QPointer<QWidget> window;
-        QPointer<QWidget> current;  ///< last received GotFocus; null after LostFocus or hiding
-        QPointer<QWidget> notEmitted;   ///< the toolkit moved here by itself; no event until Asked()
-        bool left = false;          ///< the focus left current while it was visible and enabled
-        bool emitting = false;       ///< a handler is running
+        QPointer<QWidget> current;     ///< last received GotFocus; null after LostFocus or hiding
+        QPointer<QWidget> notEmitted;  ///< the toolkit moved here by itself; no event until Asked()
+        bool left = false;             ///< the focus left current while it was visible and enabled
+        bool emitting = false;         ///< a handler is running
     };
 
     explicit FocusTracker(QObject* parent);
