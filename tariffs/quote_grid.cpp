@@ -47,10 +47,13 @@ QuoteGrid::QuoteGrid() {
     for (int col = 0; col < QuoteColumns; ++col) SetColAlignment(col, Qt::AlignCenter);
     Editor()->setObjectName(u"TxtEnter"_s);
     Editor()->setAccessibleName(u"报价"_s);
-    Editor()->installEventFilter(this);
     RowChange = [this] { Moved(); };
     Click = [this] { Clicked(); };
-    KeyPressed = [this](controls::KeyPress& key) { GridKey(key); };
+    KeyPressed = [this](controls::KeyPress& key) {
+        EditByKey(key, controls::EditStart::Digits,
+                  [this] { EditPrice(Row(), std::max<int>(Col(), FirstPrice)); });
+    };
+    CellLeft = [this](controls::CellMove& move) { GoOn(move); };
     CellEdited = [this](int row, int col, const QString&) { PriceEdited(row, col); };
 }
 
@@ -184,42 +187,19 @@ void QuoteGrid::PriceEdited(int row, int col) {
     FitColumns();
 }
 
-/// Enter or F2 opens the editor over the current price; a digit does too and is its first character.
-void QuoteGrid::GridKey(controls::KeyPress& key) {
-    const bool opens = key.IsEnter() || key.key == Qt::Key_F2;
-    const bool chord = key.modifiers & (Qt::ControlModifier | Qt::AltModifier);
-    const bool digit = key.key >= Qt::Key_0 && key.key <= Qt::Key_9 && !key.text.isEmpty() && !chord;
-    if (!opens && !digit) return;
-    key.taken = true;
-    EditPrice(Row(), std::max<int>(Col(), FirstPrice));
-    if (digit && Editing()) Editor()->insert(key.text);
-}
-
-/// In the editor Tab and the arrows up and down go on to another price and edit it; past the last the grid
-/// has the focus.
-bool QuoteGrid::EditorKey(int key, Qt::KeyboardModifiers modifiers) {
+/// Tab and the arrows up and down go on to another price and edit it; before the first and past the last the
+/// grid has the focus.
+void QuoteGrid::GoOn(controls::CellMove& move) {
+    using controls::CellStep;
     constexpr int prices = LastPrice - FirstPrice + 1;
-    int step = 0;
-    if (key == Qt::Key_Tab) step = 1;
-    if (key == Qt::Key_Backtab || (key == Qt::Key_Tab && modifiers.testFlag(Qt::ShiftModifier))) step = -1;
-    if (key == Qt::Key_Down) step = prices;
-    if (key == Qt::Key_Up) step = -prices;
-    if (step == 0) return false;
+    if (move.step == CellStep::Enter) return;
+    move.taken = true;
+    const bool back = move.step == CellStep::Previous || move.step == CellStep::Up;
+    const bool beside = move.step == CellStep::Next || move.step == CellStep::Previous;
+    const int step = (back ? -1 : 1) * (beside ? 1 : prices);
     const int at = (Row() - FirstQuoteRow) * prices + Col() - FirstPrice + step;
-    CommitEditor();
     if (at >= 0 && at < (Rows() - FirstQuoteRow) * prices)
         EditPrice(FirstQuoteRow + at / prices, FirstPrice + at % prices);
-    return true;
-}
-
-bool QuoteGrid::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == Editor() && event->type() == QEvent::KeyPress) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        bool taken = false;
-        sys::Guarded([&] { taken = EditorKey(key->key(), key->modifiers()); });
-        if (taken) return true;
-    }
-    return FlexGrid::eventFilter(watched, event);
 }
 
 // ---------------------------------------------------------------- widths

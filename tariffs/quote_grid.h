@@ -53,7 +53,6 @@ class QuoteGrid : public controls::FlexGrid {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void WriteHeaders();
@@ -61,8 +60,7 @@ class QuoteGrid : public controls::FlexGrid {
 
     void Moved();
     void Clicked();
-    void GridKey(controls::KeyPress& key);
-    bool EditorKey(int key, Qt::KeyboardModifiers modifiers);
+    void GoOn(controls::CellMove& move);
     void EditPrice(int row, int col);
     void PriceEdited(int row, int col);
 

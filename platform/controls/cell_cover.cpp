@@ -1,8 +1,8 @@
 #include "platform/controls/cell_cover.h"
 
-#include "platform/controls/box.h"
-
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QKeyEvent>
 
 #include <utility>
 
@@ -11,89 +11,118 @@ using namespace Qt::StringLiterals;
 namespace controls {
 namespace {
 
-constexpr int kTextShift = 3;  // from where a box draws its text to where a cell does
+constexpr int kTextShift = 3;  // from where a text box draws its text to where a cell does
 
-void IndentText(QLineEdit& line) {
-    line.setTextMargins(kTextShift, 0, kTextShift, 0);
+/// Its context menu would take the focus, which leaves the cell.
+class CellLine : public QLineEdit {
+  public:
+    using QLineEdit::QLineEdit;
+
+  protected:
+    void contextMenuEvent(QContextMenuEvent*) override {}
+};
+
+std::optional<CellStep> StepOf(const QKeyEvent& key) {
+    if (key.modifiers() & Qt::AltModifier) return std::nullopt;  // Alt+Down opens a combo
+    switch (key.key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return CellStep::Enter;
+        case Qt::Key_Tab:
+            return key.modifiers() & Qt::ShiftModifier ? CellStep::Previous : CellStep::Next;
+        case Qt::Key_Backtab:
+            return CellStep::Previous;
+        case Qt::Key_Up:
+            return CellStep::Up;
+        case Qt::Key_Down:
+            return CellStep::Down;
+        default:
+            return std::nullopt;
+    }
 }
 
 }  // namespace
 
 CellCover::CellCover(FlexGrid& grid, GridModel& model)
-    : grid_(grid), model_(model), editor_(new CellEditor(grid.viewport())) {
-    editor_->Entered = [this] {
-        const QPointer<FlexGrid> alive(&grid_);
-        Finish(true);
-        if (alive) alive->CellEntered();
-    };
-    editor_->Dropped = [this] { Finish(false); };
-    editor_->Left = [this] { LeftByFocus(); };
-    editor_->MovedOn = [this](QKeyEvent* event) {
-        const QPointer<FlexGrid> alive(&grid_);
-        Finish(true);
-        if (alive && !alive->Editing()) QCoreApplication::sendEvent(alive, event);
-    };
+    : grid_(grid), model_(model), line_(new CellLine(grid.viewport())) {
+    line_->setTextMargins(kTextShift, 0, kTextShift, 0);
+    line_->setProperty("kind", u"cell"_s);
+    line_->hide();
+    line_->installEventFilter(this);
 }
 
-void CellCover::Lay(QWidget* box, int row, int col) {
-    box_ = box;
+// ---------------------------------------------------------------- opening
+
+/// A combo becomes a part of the grid when it is first laid over a cell.
+void CellCover::Take(QWidget* editor) {
+    if (editor->parentWidget() == grid_.viewport()) return;
+    editor->setParent(grid_.viewport());
+    editor->installEventFilter(this);
+    Mark(editor, "kind", u"cell"_s);
+}
+
+QLineEdit* CellCover::TextLine() const {
+    const auto* combo = qobject_cast<QComboBox*>(editor_.data());
+    return combo ? combo->lineEdit() : line_;
+}
+
+void CellCover::Open(int row, int col, ComboBox* combo) {
+    QWidget* next = combo ? static_cast<QWidget*>(combo) : line_;
+    if (editor_ && editor_ != next) editor_->hide();
+    editor_ = next;
     row_ = row;
     col_ = col;
-    if (box->parentWidget() != grid_.viewport()) {
-        box->setParent(grid_.viewport());
-        if (auto* line = qobject_cast<QLineEdit*>(box)) IndentText(*line);
-        Mark(box, "kind", u"cell"_s);  // fills the cell: no round corners, no height of its own
+    if (combo) {
+        Take(combo);
+        combo->SetText(model_.Text(row, col));
+    } else {
+        line_->setAlignment(model_.Alignment(col));
+        line_->setText(model_.Text(row, col));
     }
-    Place();
-    box->show();
-    box->raise();
-}
-
-void CellCover::FillEditor(int row, int col) {
-    IndentText(*editor_);
-    editor_->setAlignment(model_.Alignment(col));
-    editor_->setText(model_.Text(row, col));
-    editor_->selectAll();
-}
-
-void CellCover::StartEditing() {
     editing_ = true;
+    Place();
+    editor_->show();
+    editor_->raise();
     editor_->setFocus(Qt::OtherFocusReason);
+    TextLine()->selectAll();
 }
 
-void CellCover::Finish(bool keep, bool tell) {
-    if (editing_) {
-        editing_ = false;
-        box_ = nullptr;
-        if (keep) {
-            notEmitted_ = Edited{row_, col_, model_.Text(row_, col_)};
-            // A pasted tab would part the cell in two when the row is copied or added again.
-            model_.SetText(row_, col_, editor_->text().replace(u'\t', u' '));
-        }
-        if (grid_.window()->focusWidget() == editor_) grid_.setFocus(Qt::OtherFocusReason);
+void CellCover::Type(const QString& text) {
+    if (editing_) TextLine()->insert(text);
+}
+
+void CellCover::Place() {
+    if (!editing_ || row_ >= model_.Rows() || col_ >= model_.Cols() || model_.Loading()) return;
+    editor_->setGeometry(grid_.CellRect(row_, col_));
+}
+
+// ---------------------------------------------------------------- closing
+
+/// The editor stays in sight until Hide.
+void CellCover::Write(bool keep) {
+    if (!std::exchange(editing_, false)) return;
+    if (keep) {
+        notEmitted_ = Edited{row_, col_, model_.Text(row_, col_)};
+        // A pasted tab would part the cell in two when the row is copied or added again.
+        model_.SetText(row_, col_, TextLine()->text().replace(u'\t', u' '));
     }
-    if (!tell) return;
-    editor_->hide();
-    Tell();
+    if (grid_.window()->focusWidget() == editor_) grid_.setFocus(Qt::OtherFocusReason);
 }
 
-/// The focus is still on its way. When it has arrived the editor goes, since hiding it before would look like
-/// the toolkit's own doing, and the form hears of the cell.
-void CellCover::LeftByFocus() {
-    Finish(true, false);
-    QMetaObject::invokeMethod(
-        &grid_,
-        [this] {
-            if (!editing_) editor_->hide();
-            Tell();
-        },
-        Qt::QueuedConnection);
+void CellCover::Hide() {
+    if (editor_) editor_->hide();
+}
+
+void CellCover::Finish(bool keep) {
+    Write(keep);
+    Hide();
+    Tell();
 }
 
 void CellCover::DropFrom(int row) {
     if (!editing_ || row_ < row) return;
-    Finish(false, false);
-    editor_->hide();
+    Write(false);
+    Hide();
 }
 
 void CellCover::Tell() {
@@ -102,19 +131,74 @@ void CellCover::Tell() {
         grid_.CellEdited(edited->row, edited->col, edited->before);
 }
 
-void CellCover::Place() {
-    if (!box_ || row_ >= model_.Rows() || col_ >= model_.Cols() || model_.Loading()) return;
-    box_->setGeometry(grid_.CellRect(row_, col_));
+void CellCover::Leave() {
+    if (editing_) Finish(true);
 }
 
-void CellCover::Leave() {
-    if (editing_) {
-        Finish(true);
-    } else if (box_ && box_->isVisible()) {
-        Place();
-        const QWidget* focus = QApplication::focusWidget();
-        if (focus && (focus == box_ || box_->isAncestorOf(focus))) grid_.SetFocus();
+// ---------------------------------------------------------------- keys and focus
+
+bool CellCover::eventFilter(QObject* watched, QEvent* event) {
+    if (editing_ && watched == editor_) {
+        if (event->type() == QEvent::KeyPress && OnKey(*static_cast<QKeyEvent*>(event))) return true;
+        if (event->type() == QEvent::FocusOut) OnFocusOut(static_cast<QFocusEvent*>(event)->reason());
     }
+    return QObject::eventFilter(watched, event);
+}
+
+/// Taken before the editor: a combo would walk through its items, and the toolkit would look for the next
+/// control, which from inside the grid would be anything.
+bool CellCover::OnKey(QKeyEvent& key) {
+    if (const std::optional<CellStep> step = StepOf(key)) {
+        key.accept();
+        Step(*step, key);
+        return true;
+    }
+    if (key.key() == Qt::Key_Escape) {
+        key.accept();
+        Finish(false);
+        return true;
+    }
+    if (key.key() == Qt::Key_PageUp || key.key() == Qt::Key_PageDown) {
+        key.accept();
+        const QPointer<FlexGrid> grid(&grid_);
+        Finish(true);
+        if (grid && !grid->Editing()) QCoreApplication::sendEvent(grid, &key);
+        return true;
+    }
+    return false;
+}
+
+void CellCover::Step(CellStep step, QKeyEvent& key) {
+    const QPointer<FlexGrid> grid(&grid_);
+    Finish(true);
+    if (!grid || grid->Editing()) return;
+    CellMove move{step};
+    grid->CellLeft(move);
+    if (!grid || grid->Editing() || move.taken || step == CellStep::Enter) return;
+    QCoreApplication::sendEvent(grid, &key);
+}
+
+/// The focus is still on its way. When it has arrived the editor is hidden, since hiding it before would look
+/// like the toolkit's own doing, and the form hears of the cell.
+void CellCover::OnFocusOut(Qt::FocusReason reason) {
+    switch (reason) {
+        case Qt::PopupFocusReason:
+        case Qt::MenuBarFocusReason:
+        case Qt::ActiveWindowFocusReason:
+            return;
+        default:
+            break;
+    }
+    const auto* combo = qobject_cast<const QComboBox*>(editor_.data());
+    if (combo && combo->view()->isVisible()) return;  // the focus is in its list
+    Write(true);
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (!editing_) Hide();
+            Tell();
+        },
+        Qt::QueuedConnection);
 }
 
 }  // namespace controls

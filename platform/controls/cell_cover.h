@@ -1,13 +1,13 @@
-// What lies over a cell of a grid: the grid's own editor, or a box of the form that the grid stands in.
+// The editor over a cell of a grid: the grid's own line, or a combo of the form that the grid belongs to.
 //
-// Always holds: at most one at a time; it stands exactly on its cell. The editor's text is written into the
-// cell before the form hears of it (CellEdited), and the form hears of it once the focus has arrived where it
-// was going.
+// Always holds: at most one at a time; it covers exactly its cell, also while columns are dragged and the
+// window is resized, and scrolling commits it. The editor's text is written into the cell before the form
+// hears of it (CellEdited), and the form hears of it once the focus has arrived where it was going.
 #pragma once
 
+#include "platform/controls/box.h"
 #include "platform/controls/flex_grid.h"
 #include "platform/controls/grid_model.h"
-#include "platform/controls/grid_parts.h"
 
 #include <QPointer>
 
@@ -15,31 +15,32 @@
 
 namespace controls {
 
-class CellCover {
+class CellCover : public QObject {
+    Q_OBJECT
   public:
-    /// Both outlive it. The editor is made as a child of the grid's viewport.
+    /// Both outlive it. The grid's own line is made as a child of the grid's viewport.
     CellCover(FlexGrid& grid, GridModel& model);
 
-    CellEditor* Editor() const { return editor_; }
+    QLineEdit* Line() const { return line_; }
     bool Editing() const { return editing_; }
 
-    /// The cover is nobody's any more; hiding it is up to whoever laid it.
-    void Forget() { box_ = nullptr; }
-    /// The cell has to be in sight.
-    void Lay(QWidget* box, int row, int col);
-    /// Fills the editor for a cell; Lay has to follow.
-    void FillEditor(int row, int col);
-    /// The editor lies over its cell: it takes the keys.
-    void StartEditing();
-    /// Ends editing; keep writes the text into the cell. Without `tell` the editor stays until Tell.
-    void Finish(bool keep, bool tell = true);
+    /// Opens an editor over a cell in sight, with the cell's text, all of it selected; without a combo it is
+    /// the grid's own line.
+    void Open(int row, int col, ComboBox* combo);
+    /// Types a text over what is selected in the open editor.
+    void Type(const QString& text);
+    /// Closes the editor; keep writes its text into the cell, and the form hears of that at once.
+    void Finish(bool keep);
     /// Rows from this one on go or move: an editor over one of them is dropped.
     void DropFrom(int row);
 
     /// The cell has moved or has another size.
     void Place();
-    /// The grid was scrolled under it.
+    /// The operator scrolled the grid under it.
     void Leave();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     struct Edited {
@@ -47,13 +48,19 @@ class CellCover {
         int col;
         QString before;
     };
+    void Take(QWidget* editor);
+    QLineEdit* TextLine() const;
+    bool OnKey(QKeyEvent& key);
+    void Step(CellStep step, QKeyEvent& key);
+    void OnFocusOut(Qt::FocusReason reason);
+    void Write(bool keep);
+    void Hide();
     void Tell();
-    void LeftByFocus();
 
     FlexGrid& grid_;
     GridModel& model_;
-    CellEditor* editor_;
-    QPointer<QWidget> box_;
+    QLineEdit* line_;
+    QPointer<QWidget> editor_;  ///< the one opened last: the line or a combo
     int row_ = 0;
     int col_ = 0;
     bool editing_ = false;

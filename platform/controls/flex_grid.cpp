@@ -1,4 +1,5 @@
 #include "platform/controls/box.h"
+#include "platform/controls/grid_parts.h"
 #include "platform/controls/grid_state.h"
 #include "platform/controls/paint.h"
 #include "platform/errors.h"
@@ -295,15 +296,21 @@ void FlexGrid::resizeEvent(QResizeEvent* event) {
     const bool inSight = at >= 0 && y >= 0 && y < event->oldSize().height();
     QTableView::resizeEvent(event);
     s.columns->Refit();
-    if (inSight) ShowRow(s.row);
-    state_->cover.Place();
+    if (inSight) {
+        const QScopedValueRollback quiet(s.fitting, true);
+        ShowRow(s.row);
+    }
+    s.cover.Place();
 }
 
 void FlexGrid::scrollContentsBy(int dx, int dy) {
     QTableView::scrollContentsBy(dx, dy);
     if (dx != 0) viewport()->update();  // the bar at the left edge stands still
     BeginWithWholeRow();
-    state_->cover.Leave();
+    if (state_->fitting)
+        state_->cover.Place();
+    else
+        state_->cover.Leave();
 }
 
 void FlexGrid::updateGeometries() {

@@ -22,6 +22,21 @@
 
 namespace controls {
 
+class ComboBox;
+
+/// The key by which the operator left an editor over a cell.
+enum class CellStep { Enter, Next, Previous, Up, Down };
+
+/// A form that goes to another cell sets `taken`. Else Enter leaves the focus in the grid, and the other keys
+/// act on the grid.
+struct CellMove {
+    CellStep step;
+    bool taken = false;
+};
+
+/// Which characters open an editor over the current cell; Enter and F2 always do.
+enum class EditStart { Digits, Characters };
+
 class FlexGrid : public QTableView, public FocusEvents {
     Q_OBJECT
   public:
@@ -96,19 +111,21 @@ class FlexGrid : public QTableView, public FocusEvents {
     void LoadCell(int dataRow, int col, QString text);
     void EndLoad();
 
-    /// Lays an editor over a cell with its text, all of it selected; Enter, leaving and scrolling commit it,
-    /// Esc drops it. It is dropped too when its row goes. A command that may come by its key while an editor
-    /// is open calls CommitEditor first: a key to the menu bar does not leave the editor.
-    void EditCell(int row, int col);
+    /// Lays an editor over a data cell with its text, all of it selected: the grid's own line, or a combo of
+    /// the form, which becomes a part of the grid. Enter, Tab, the arrows up and down, leaving and scrolling
+    /// commit it, Esc drops it; F4 and Alt+Down open the list of a combo. It is dropped too when its row
+    /// goes. A command that may come by its key while an editor is open calls CommitEditor first: a key to
+    /// the menu bar does not leave the editor.
+    void EditCell(int row, int col, ComboBox* combo = nullptr);
+    /// For a form's KeyPressed: runs `open`, which is to call EditCell, for a key that opens an editor; a
+    /// character replaces the cell's text in it.
+    void EditByKey(KeyPress& key, EditStart start, const std::function<void()>& open);
     bool Editing() const;
     void CommitEditor();
-    /// The editor itself, for its name and its length limit.
+    void DropEditor();  ///< closes it and leaves the cell as it was
+    /// The grid's own line, for its name and its length limit.
     QLineEdit* Editor() const;
 
-    /// Lays a form's own box over a data cell and shows it; it follows resizing, and scrolling sends the
-    /// focus from it back to the grid. One at a time: the next LayOver forgets the one before, hiding it is
-    /// up to the form.
-    void LayOver(QWidget* box, int row, int col);
     /// Where a cell stands in the viewport.
     QRect CellRect(int row, int col) const;
 
@@ -119,7 +136,7 @@ class FlexGrid : public QTableView, public FocusEvents {
     sys::Event<> DoubleClick;
     /// Row, col, the text that was there before; after the new text was written, changed or not.
     sys::Event<int, int, QString> CellEdited;
-    sys::Event<> CellEntered;  ///< Enter closed the editor; after CellEdited
+    sys::Event<CellMove&> CellLeft;  ///< a key closed the editor; after CellEdited
     sys::Event<KeyPress&> KeyPressed;
 
     /// Bytes that the matrix itself takes, the texts' characters included; for the measurements.

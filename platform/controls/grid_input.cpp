@@ -125,7 +125,7 @@ void FlexGrid::focusInEvent(QFocusEvent* event) {
     viewport()->update();
 }
 
-// ---------------------------------------------------------------- boxes over a cell
+// ---------------------------------------------------------------- the editor over a cell
 
 QRect FlexGrid::CellRect(int row, int col) const {
     CheckRow(row, FixedRows());
@@ -134,35 +134,41 @@ QRect FlexGrid::CellRect(int row, int col) const {
 }
 
 QLineEdit* FlexGrid::Editor() const {
-    return state_->cover.Editor();
+    return state_->cover.Line();
 }
 
 bool FlexGrid::Editing() const {
     return state_->cover.Editing();
 }
 
-void FlexGrid::LayOver(QWidget* box, int row, int col) {
+void FlexGrid::EditCell(int row, int col, ComboBox* combo) {
     CheckRow(row, FixedRows());
     CheckCol(col);
     CommitEditor();
-    state_->cover.Forget();  // what is scrolled now is no scrolling of the operator
     ShowRow(row);
     ShowCol(col);
-    state_->cover.Lay(box, row, col);
+    state_->cover.Open(row, col, combo);
 }
 
-void FlexGrid::EditCell(int row, int col) {
-    CheckRow(row, FixedRows());
-    CheckCol(col);
-    CommitEditor();
-    state_->cover.FillEditor(row, col);
-    LayOver(Editor(), row, col);
-    state_->cover.StartEditing();
+void FlexGrid::EditByKey(KeyPress& key, EditStart start, const std::function<void()>& open) {
+    const bool opens = key.IsEnter() || key.key == Qt::Key_F2;
+    const bool chord = key.modifiers & (Qt::ControlModifier | Qt::AltModifier);
+    const bool digit = key.key >= Qt::Key_0 && key.key <= Qt::Key_9;
+    const bool printable = !key.text.isEmpty() && key.text.front().isPrint();
+    const bool types = printable && !chord && (digit || start == EditStart::Characters);
+    if (!opens && !types) return;
+    key.taken = true;
+    open();
+    if (!opens) state_->cover.Type(key.text);
 }
 
 void FlexGrid::CommitEditor() {
     state_->cover.Finish(true);
     sys::ThrowIfEnded();
+}
+
+void FlexGrid::DropEditor() {
+    state_->cover.Finish(false);
 }
 
 }  // namespace controls

@@ -3,7 +3,6 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QHelpEvent>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QToolTip>
 
@@ -60,60 +59,6 @@ bool GridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
         QToolTip::hideText();
     }
     return cut;
-}
-
-CellEditor::CellEditor(QWidget* parent) : QLineEdit(parent) {
-    setProperty("kind", QStringLiteral("cell"));
-    hide();
-}
-
-bool CellEditor::event(QEvent* event) {
-    // Tab is taken before the toolkit looks for the next control, which from inside the grid would be
-    // anything.
-    if (event->type() == QEvent::KeyPress) {
-        auto* key = static_cast<QKeyEvent*>(event);
-        if (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) {
-            key->accept();
-            if (MovedOn) MovedOn(key);
-            return true;
-        }
-    }
-    return QLineEdit::event(event);
-}
-
-void CellEditor::keyPressEvent(QKeyEvent* event) {
-    switch (event->key()) {
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            event->accept();
-            if (Entered) Entered();
-            return;
-        case Qt::Key_Escape:
-            event->accept();
-            if (Dropped) Dropped();
-            return;
-        case Qt::Key_Up:
-        case Qt::Key_Down:
-        case Qt::Key_PageUp:
-        case Qt::Key_PageDown:
-            event->accept();
-            if (MovedOn) MovedOn(event);
-            return;
-        default:
-            QLineEdit::keyPressEvent(event);
-    }
-}
-
-void CellEditor::focusOutEvent(QFocusEvent* event) {
-    QLineEdit::focusOutEvent(event);
-    switch (event->reason()) {
-        case Qt::PopupFocusReason:
-        case Qt::MenuBarFocusReason:
-        case Qt::ActiveWindowFocusReason:
-            return;
-        default:
-            if (Left) Left();
-    }
 }
 
 }  // namespace controls

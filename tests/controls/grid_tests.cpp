@@ -1,3 +1,4 @@
+#include "platform/controls/box.h"
 #include "platform/controls/flex_grid.h"
 #include "platform/controls/grid_header.h"
 #include "platform/controls/grid_model.h"
@@ -502,8 +503,71 @@ TEST_F(GridEditorTest, StandsOnItsCellAndFollows) {
     QApplication::processEvents();
     EXPECT_TRUE(grid.Editing());
     EXPECT_EQ(grid.Editor()->geometry(), grid.CellRect(30, 7));
+    grid.horizontalHeader()->resizeSection(3, 150);  // a column to the left of it is dragged
+    EXPECT_EQ(grid.Editor()->geometry(), grid.CellRect(30, 7));
+    grid.SetRow(30);
+    window.resize(900, 260);  // its row would be out of sight
+    QApplication::processEvents();
+    EXPECT_TRUE(grid.Editing()) << "only the operator's own scrolling commits";
+    EXPECT_EQ(grid.Editor()->geometry(), grid.CellRect(30, 7));
+    EXPECT_TRUE(grid.viewport()->rect().contains(grid.Editor()->geometry()));
     grid.AddItem(u"x"_s);  // at the end: the editor is not touched
     EXPECT_TRUE(grid.Editing());
+}
+
+TEST_F(GridEditorTest, ACharacterOpensItAndAKeyGoesOn) {
+    grid.KeyPressed = [this](controls::KeyPress& key) {
+        grid.EditByKey(key, controls::EditStart::Characters,
+                       [this] { grid.EditCell(grid.Row(), grid.Col()); });
+    };
+    bool taken = false;
+    grid.CellLeft = [&](controls::CellMove& move) {
+        reported << QString::number(static_cast<int>(move.step));
+        move.taken = taken;
+    };
+    grid.SetFocus();
+    grid.SetRow(2);
+    QTest::keyClicks(&grid, u"x"_s);
+    ASSERT_TRUE(grid.Editing());
+    EXPECT_EQ(grid.Editor()->text(), u"x"_s) << "in place of the cell's text";
+    QTest::keyClick(grid.Editor(), Qt::Key_Escape);
+    EXPECT_EQ(grid.TextMatrix(2, 0), u"2/0"_s);
+    QTest::keyClick(&grid, Qt::Key_F2);
+    EXPECT_EQ(grid.Editor()->selectedText(), u"2/0"_s);
+    QTest::keyClick(grid.Editor(), Qt::Key_Up);
+    EXPECT_EQ(grid.Row(), 1) << "the grid's own move where no form takes it";
+    EXPECT_EQ(reported, (QStringList{u"2,0 2/0>2/0"_s, u"3"_s}));
+    taken = true;
+    QTest::keyClick(&grid, Qt::Key_Return);
+    QTest::keyClick(grid.Editor(), Qt::Key_Tab);
+    EXPECT_TRUE(grid.hasFocus());
+}
+
+TEST_F(GridEditorTest, AComboOfTheFormIsAnEditorToo) {
+    auto* combo = new controls::ComboBox(&window);
+    for (const auto& item : {u"甲"_s, u"乙"_s}) combo->AddItem(item);
+    grid.EditCell(2, 1, combo);
+    EXPECT_EQ(combo->Text(), u"2/1"_s);
+    EXPECT_EQ(combo->lineEdit()->selectedText(), u"2/1"_s);
+    EXPECT_EQ(combo->geometry(), grid.CellRect(2, 1));
+    QTest::keyClicks(combo, u"z"_s);
+    QTest::keyClick(combo, Qt::Key_Return);
+    EXPECT_FALSE(combo->isVisible());
+    grid.EditCell(3, 1, combo);
+    QTest::keyClick(combo, Qt::Key_Down, Qt::AltModifier);
+    ASSERT_TRUE(combo->view()->isVisible());
+    EXPECT_TRUE(grid.Editing());
+    QTest::keyClick(combo->view(), Qt::Key_Down);
+    QTest::keyClick(combo->view(), Qt::Key_Return);
+    EXPECT_FALSE(combo->view()->isVisible());
+    ASSERT_TRUE(grid.Editing()) << "choosing an item leaves the editor open";
+    QTest::keyClick(combo, Qt::Key_Down);
+    EXPECT_EQ(reported, (QStringList{u"2,1 2/1>z"_s, u"3,1 3/1>乙"_s}));
+    EXPECT_EQ(grid.Row(), 2) << "the arrow leaves the combo and moves in the grid";
+    grid.EditCell(4, 1, combo);
+    grid.EditCell(5, 1);
+    EXPECT_FALSE(combo->isVisible());
+    EXPECT_TRUE(grid.Editor()->isVisible());
 }
 
 TEST_F(GridTest, ALoadReplacesTheRowsAndKeepsTheHeader) {
