@@ -118,7 +118,7 @@ void Clerk::TakeSeams() {
             expected_.removeFirst();
         else if (refused_.isEmpty())
             refused_ = request.text + u' ' + request.detail;
-        return request.buttons == sys::BoxButtons::Ok ? sys::BoxAnswer::Ok : sys::BoxAnswer::Yes;
+        return request.buttons == sys::BoxButtons::YesNo ? sys::BoxAnswer::Yes : sys::BoxAnswer::Ok;
     };
 }
 

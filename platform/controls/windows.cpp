@@ -116,6 +116,15 @@ void AddButtons(QMessageBox& box, const sys::BoxRequest& request) {
         box.setEscapeButton(QMessageBox::Ok);
         return;
     }
+    if (request.buttons == sys::BoxButtons::OkCancel) {
+        QPushButton* ok = box.addButton(QMessageBox::Ok);
+        ok->setText(u"确定"_s);
+        if (request.destroys) Mark(ok, "role", u"danger"_s);
+        box.addButton(QMessageBox::Cancel)->setText(u"取消"_s);
+        box.setDefaultButton(QMessageBox::Ok);
+        box.setEscapeButton(QMessageBox::Cancel);
+        return;
+    }
     QPushButton* yes = box.addButton(QMessageBox::Yes);
     yes->setText(u"是(&Y)"_s);
     if (request.destroys) Mark(yes, "role", u"danger"_s);
@@ -123,6 +132,19 @@ void AddButtons(QMessageBox& box, const sys::BoxRequest& request) {
     const bool no = request.defaultButton == sys::BoxAnswer::No;
     box.setDefaultButton(no ? QMessageBox::No : QMessageBox::Yes);
     box.setEscapeButton(QMessageBox::No);
+}
+
+sys::BoxAnswer AnswerOf(int button) {
+    switch (button) {
+        case QMessageBox::Yes:
+            return sys::BoxAnswer::Yes;
+        case QMessageBox::No:
+            return sys::BoxAnswer::No;
+        case QMessageBox::Cancel:
+            return sys::BoxAnswer::Cancel;
+        default:
+            return sys::BoxAnswer::Ok;
+    }
 }
 
 /// The files with their dates as the program writes them everywhere, where the toolkit follows the system's
@@ -162,9 +184,7 @@ sys::BoxAnswer ShowMessageBox(const sys::BoxRequest& request) {
     WidenText(box);
     ScrollLongText(box);
     if (!request.detail.isEmpty()) AddDetail(box, request.detail);
-    const int pressed = RunOver(box, true);
-    if (request.buttons == sys::BoxButtons::Ok) return sys::BoxAnswer::Ok;
-    return pressed == QMessageBox::Yes ? sys::BoxAnswer::Yes : sys::BoxAnswer::No;
+    return AnswerOf(RunOver(box, true));
 }
 
 QString ShowFileDialog(const sys::FileRequest& request) {

@@ -60,7 +60,15 @@ Seams Real() {
     // Without a screen a box is a line on the error output, and the safe answer is taken.
     real.showBox = [](const BoxRequest& request) {
         std::fprintf(stderr, "%s\n", qUtf8Printable(request.text + u"\n"_s + request.detail));
-        return request.buttons == BoxButtons::Ok ? BoxAnswer::Ok : BoxAnswer::No;
+        switch (request.buttons) {
+            case BoxButtons::YesNo:
+                return BoxAnswer::No;
+            case BoxButtons::OkCancel:
+                return BoxAnswer::Cancel;
+            case BoxButtons::Ok:
+                break;
+        }
+        return BoxAnswer::Ok;
     };
     real.askFile = [](const FileRequest&) { return QString(); };
     return real;
@@ -104,6 +112,10 @@ bool AskToDestroy(const QString& text, const QString& title, BoxAnswer defaultBu
                    .defaultButton = defaultButton,
                    .detail = {},
                    .destroys = true}) == BoxAnswer::Yes;
+}
+
+bool ConfirmLoss(const QString& text) {
+    return MsgBox({.text = text, .buttons = BoxButtons::OkCancel, .destroys = true}) == BoxAnswer::Ok;
 }
 
 QString AskFile(const FileRequest& request) {

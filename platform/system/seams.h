@@ -11,8 +11,8 @@
 namespace sys {
 
 enum class BoxIcon { Critical = 16, Question = 32, Warning = 48, Information = 64 };
-enum class BoxButtons { Ok, YesNo };
-enum class BoxAnswer { Ok, Yes, No };
+enum class BoxButtons { Ok, YesNo, OkCancel };
+enum class BoxAnswer { Ok, Yes, No, Cancel };
 
 struct BoxRequest {
     QString text;  ///< exact; character 13 is a line break
@@ -21,7 +21,7 @@ struct BoxRequest {
     BoxButtons buttons = BoxButtons::Ok;
     BoxAnswer defaultButton = BoxAnswer::Ok;
     QString detail;           ///< a failing statement, shown selectable beneath the text; mostly empty
-    bool destroys = false;    ///< Yes takes away what can't be had back, and looks like it
+    bool destroys = false;    ///< Yes or OK takes away what can't be had back, and looks like it
     bool keepsGroup = false;  ///< stands inside a command: what was written so far is not yet committed
 };
 
@@ -60,6 +60,9 @@ void Warn(const QString& text, const QString& title);
 bool Ask(const QString& text, const QString& title, BoxAnswer defaultButton = BoxAnswer::Yes);
 /// The same where Yes destroys something.
 bool AskToDestroy(const QString& text, const QString& title, BoxAnswer defaultButton = BoxAnswer::Yes);
+
+/// OK and Cancel with the information icon and no title, where OK destroys something.
+bool ConfirmLoss(const QString& text);
 
 /// Asks for a file; "" if the operator gave up.
 QString AskFile(const FileRequest& request);

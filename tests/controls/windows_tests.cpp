@@ -110,6 +110,19 @@ TEST(MessageBox, YesAndNo) {
     }
 }
 
+TEST(MessageBox, OkAndCancel) {
+    tests::Script script;
+    const std::pair<Qt::Key, sys::BoxAnswer> cases[] = {{Qt::Key_Return, sys::BoxAnswer::Ok},
+                                                        {Qt::Key_Escape, sys::BoxAnswer::Cancel}};
+    for (const auto& [key, answer] : cases) {
+        OnNext([&, pressed = key](QWidget& shown) {
+            EXPECT_EQ(AsBox(shown).button(QMessageBox::Cancel)->text(), u"取消"_s);
+            QTest::keyClick(QApplication::focusWidget(), pressed);
+        });
+        EXPECT_EQ(ShowMessageBox({.text = u"不保存吗？"_s, .buttons = sys::BoxButtons::OkCancel}), answer);
+    }
+}
+
 TEST(MessageBox, ShowsTheFailingStatementSelectable) {
     tests::Script script;
     const QString statement = u"insert into M04 (F1,F2) VALUES ('张三','it's')"_s;

@@ -72,7 +72,7 @@ class Tour {
     explicit Tour(const MenuRow& row) : row_(row), program_(Masters()) {
         auto& seams = sys::seams();
         seams.showBox = [](const sys::BoxRequest& request) {
-            return request.buttons == sys::BoxButtons::Ok ? sys::BoxAnswer::Ok : sys::BoxAnswer::No;
+            return request.buttons == sys::BoxButtons::YesNo ? sys::BoxAnswer::No : sys::BoxAnswer::Ok;
         };
         seams.askFile = [](const sys::FileRequest&) { return QString(); };
         seams.startProgram = [](const QString&) { return true; };

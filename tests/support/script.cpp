@@ -15,8 +15,10 @@ Script::Script() : before_(sys::seams()), now_(QDate(2024, 3, 15), QTime(10, 0))
     seams.showBox = [this](const sys::BoxRequest& request) {
         lastBox_ = request;
         const auto step = Take(u"box"_s, request.title + u" / "_s + request.text + u' ' + request.detail);
-        const bool question = request.buttons == sys::BoxButtons::YesNo;
-        if (!step) return question ? sys::BoxAnswer::No : sys::BoxAnswer::Ok;
+        const bool question = request.buttons != sys::BoxButtons::Ok;
+        const bool yesNo = request.buttons == sys::BoxButtons::YesNo;
+        const auto no = yesNo ? sys::BoxAnswer::No : sys::BoxAnswer::Cancel;
+        if (!step) return question ? no : sys::BoxAnswer::Ok;
         if (step->whole) {
             EXPECT_EQ(request.text.toStdString(), step->text.toStdString());
             EXPECT_EQ(request.title.toStdString(), step->title.toStdString());
@@ -27,7 +29,8 @@ Script::Script() : before_(sys::seams()), now_(QDate(2024, 3, 15), QTime(10, 0))
         EXPECT_EQ(request.icon, step->icon.value_or(request.icon)) << request.text.toStdString();
         EXPECT_EQ(question, !step->answer.isEmpty()) << request.text.toStdString();
         if (!question) return sys::BoxAnswer::Ok;
-        return step->answer == u"yes" ? sys::BoxAnswer::Yes : sys::BoxAnswer::No;
+        if (step->answer != u"yes") return no;
+        return yesNo ? sys::BoxAnswer::Yes : sys::BoxAnswer::Ok;
     };
     seams.askFile = [this](const sys::FileRequest& request) {
         const auto step = Take(u"file"_s, request.title);

@@ -32,7 +32,7 @@ class Script {
 
     /// A box with one button. The text is compared exactly; character 13 included.
     void Box(const QString& text, const QString& title, sys::BoxIcon icon = sys::BoxIcon::Information);
-    /// A Yes/No question and its answer.
+    /// A question of two buttons and its answer: Yes or OK, or the other one.
     void Question(const QString& text, const QString& title, bool yes,
                   sys::BoxIcon icon = sys::BoxIcon::Question);
     /// A box whose text contains this, whatever else: for the report of a failing statement.
