@@ -115,22 +115,7 @@ void RecordForm::SetUsualCommands(std::vector<CommandRow> own) {
 }
 
 void RecordForm::SetCommands(std::vector<CommandRow> rows) {
-    commands_ = std::move(rows);
-    for (const CommandRow& row : commands_) {
-        if (row.items.empty())
-            actions_.push_back(controls::AddCommand(MenuBar(), row.name, row.caption, row.handler));
-        else
-            AddItems(row);
-    }
-    ShowCommands(CommandRow::When::Browsing);
-}
-
-void RecordForm::AddItems(const CommandRow& row) {
-    QMenu* menu = controls::AddMenu(MenuBar(), row.name, row.caption);
-    menu->menuAction()->setObjectName(row.name);
-    actions_.push_back(menu->menuAction());
-    for (const CommandRow& item : row.items)
-        controls::AddCommand(menu, item.name, item.caption, item.handler)->setEnabled(bool(item.handler));
+    commands_.Fill(MenuBar(), std::move(rows));
 }
 
 bool RecordForm::QueryUnload() {
@@ -225,18 +210,6 @@ void RecordForm::TurnPage(QWidget& from, QWidget& to) {
     to.show();
 }
 
-void RecordForm::ShowCommands(CommandRow::When state) {
-    std::vector<std::pair<QAction*, bool>> enabled;
-    for (std::size_t i = 0; i < commands_.size(); ++i) {
-        const CommandRow& row = commands_[i];
-        const bool fits = row.when == CommandRow::When::Always || row.when == state;
-        const auto works = [](const CommandRow& command) { return bool(command.handler); };
-        const bool implemented = works(row) || std::any_of(row.items.begin(), row.items.end(), works);
-        enabled.emplace_back(actions_[i], fits && implemented);
-    }
-    controls::EnableCommands(MenuBar(), enabled);
-}
-
 void RecordForm::ShowBadge() {
     badge_->setText(FormMode == Adding ? u"新增"_s : u"修改"_s);
     badge_->setVisible(FormMode != Browsing);
@@ -249,7 +222,7 @@ void RecordForm::EnterEdit() {
     else
         TabS->SetInTabOrder(false);
     OpenCard();
-    ShowCommands(CommandRow::When::Editing);
+    commands_.Show(CommandRow::When::Editing);
     EditInProgress = true;
     ShowBadge();
 }
@@ -258,7 +231,7 @@ void RecordForm::LeaveEdit() {
     TabS->setEnabled(true);
     TabS->SetInTabOrder(true);
     CloseCard();
-    ShowCommands(CommandRow::When::Browsing);
+    commands_.Show(CommandRow::When::Browsing);
     FormMode = Browsing;
     TabS->SetFocus();
     GD->SetRow(CurRow);

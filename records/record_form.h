@@ -13,6 +13,7 @@
 #include "platform/controls/keys.h"
 #include "platform/controls/tab_strip.h"
 #include "platform/system/seams.h"
+#include "records/command_bar.h"
 #include "records/query.h"
 
 #include <QLabel>
@@ -30,18 +31,6 @@ class Recordset;
 namespace controls {
 class Card;
 }
-
-/// One entry of a form's menu bar.
-struct CommandRow {
-    enum class When { Browsing, Editing, Always };
-    QString name;     ///< "Menu_save"
-    QString caption;  ///< "&S.保存"
-    When when;        ///< the state in which it is enabled
-    /// What it does. Without one the entry is there and stays disabled: its work comes later.
-    std::function<void()> handler = {};
-    /// With items it is a menu, open to the operator when one of them has a handler.
-    std::vector<CommandRow> items = {};
-};
 
 struct RecordFormSettings {
     QString form;     ///< "A04"
@@ -177,13 +166,10 @@ class RecordForm : public ChildForm, public QueryCaller {
     void SelectTab();
     void KeyOnTabs(controls::KeyPress& key);
     void TurnPage(QWidget& from, QWidget& to);
-    void AddItems(const CommandRow& menu);
-    void ShowCommands(CommandRow::When state);
     void ShowBadge();
 
     RecordFormSettings settings_;
-    std::vector<CommandRow> commands_;
-    std::vector<QAction*> actions_;  ///< one for each of commands_, a menu's items not among them
+    CommandBar commands_;
     QLabel* badge_;
 };
 
