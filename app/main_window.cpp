@@ -306,8 +306,15 @@ ChildForm* MForm::State::Make(const QString& form) {
 }
 
 ChildForm& MForm::State::Show(const QString& name, const MenuRow* row) {
-    tools->hide();
     ChildForm* form = Find(name);
+    if (form && row && row->LB != 0 && form->LB != row->LB) {
+        // It is made for one kind: its prefix, its names and its list would be those of the other.
+        if (form->QueryUnload())
+            RemovePage(*std::exchange(form, nullptr));
+        else
+            row = nullptr;  // in edit state it stays as it is
+    }
+    tools->hide();
     const bool fresh = !form;
     if (fresh) form = Make(name);
     if (row && row->LB != 0) form->LB = row->LB;

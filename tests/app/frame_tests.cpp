@@ -89,14 +89,16 @@ TEST(Frame, TheSameItemTwiceKeepsOneInstance) {
     EXPECT_EQ(run.TakeLog(), QStringList{u"front A04 A04"_s}) << "from behind another it comes to the front";
 }
 
-TEST(Frame, AnOpenLedgerFormTakesTheOtherSideWithoutLoading) {
+TEST(Frame, AnOpenLedgerFormIsLoadedAnewForAnotherKind) {
     FrameRun run(true, false);
     run.Open();
     run.Frame().MenuItem(u"Menu_FK"_s)->trigger();
     run.Frame().MenuItem(u"Menu_sk"_s)->trigger();
     EXPECT_EQ(run.Frame().Front()->LB, -10);
     EXPECT_EQ(run.Frame().Front()->windowTitle(), u"收款");
-    EXPECT_EQ(run.TakeLog().filter(u"load"_s), QStringList{u"load PayLst 10"_s});
+    run.Frame().MenuItem(u"Menu_sk"_s)->trigger();
+    EXPECT_EQ(run.TakeLog().filter(u"load"_s), (QStringList{u"load PayLst 10"_s, u"load PayLst -10"_s}));
+    EXPECT_FALSE(run.Frame().ToolBarShown());
 }
 
 TEST(Frame, AChildsBarTakesTheKeysOfTheFramesBar) {
