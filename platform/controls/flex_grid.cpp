@@ -333,10 +333,20 @@ void FlexGrid::paintEvent(QPaintEvent* event) {
     if (state_->row < FixedRows() || state_->model->Loading()) return;
     const int y = rowViewportPosition(state_->row - FixedRows());
     QPainter painter(viewport());
+    PaintEntryBlock(painter);
     painter.fillRect(QRect(0, y, kBarWidth, kRowHeight), paint::kAccent);
     if (!state_->cellFramed || !hasFocus()) return;
     painter.setPen(QPen(paint::kAccent, kCellFrame));
     painter.drawRect(CellRect(state_->row, state_->col).adjusted(1, 1, -1, -1));
+}
+
+void FlexGrid::PaintEntryBlock(QPainter& painter) const {
+    const int first = state_->model->BlockFirst();
+    if (first < FixedRows()) return;
+    const int top = rowViewportPosition(first - FixedRows());
+    const int rows = std::min(state_->model->BlockLast(), Rows() - 1) - first + 1;
+    painter.fillRect(QRect(0, top, kBarWidth, rows * kRowHeight), paint::kAccentPale);
+    paint::Hairline(painter, paint::kBlockLine, QLineF(0, top, viewport()->width(), top));
 }
 
 // ---------------------------------------------------------------- texts and rows
@@ -447,6 +457,12 @@ void FlexGrid::SetCellBold(int row, int col, bool bold) {
 void FlexGrid::SetWordColor(int col, const QString& word, const QColor& ink) {
     CheckCol(col);
     state_->model->SetWordColor(col, word, ink);
+}
+
+void FlexGrid::SetEntryBlock(int first, int last) {
+    if (first > 0) CheckRow(first, FixedRows());
+    state_->model->SetEntryBlock(first, last);
+    viewport()->update();
 }
 
 void FlexGrid::SetMergeHeader(bool merge) {

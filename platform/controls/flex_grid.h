@@ -101,6 +101,9 @@ class FlexGrid : public QTableView, public FocusEvents {
     void SetMergeHeader(bool merge);
     /// Frames the current cell while the grid has the focus, for a grid that is worked on cell by cell.
     void SetCellFramed(bool framed);
+    /// Rows that are being entered: a line above them, a bar at their left, all other rows muted. Row 0 as
+    /// the first ends it; rows that come and go do not move it.
+    void SetEntryBlock(int first, int last);
     /// A line around the grid, for one that stands on a card; without it the grid runs from edge to edge.
     void SetFramed(bool framed);
 
@@ -169,6 +172,7 @@ class FlexGrid : public QTableView, public FocusEvents {
     void ShowRow(int row);
     void ShowCol(int col);
     void BeginWithWholeRow();
+    void PaintEntryBlock(QPainter& painter) const;
     void ShowWidths();
     void CopyRows() const;
 

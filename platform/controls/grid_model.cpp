@@ -1,5 +1,7 @@
 #include "platform/controls/grid_model.h"
 
+#include "platform/controls/paint.h"
+
 #include <QFont>
 #include <QGuiApplication>
 #include <QStringList>
@@ -246,16 +248,20 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
             bold.setBold(true);
             return bold;
         }
-        case Qt::ForegroundRole: {
-            const auto words = words_.find(col);
-            if (words == words_.end()) return {};
-            for (const auto& [word, ink] : words->second)
-                if (word == Text(row, col)) return QBrush(ink);
-            return {};
-        }
+        case Qt::ForegroundRole:
+            return Ink(row, col);
         default:
             return {};
     }
+}
+
+QVariant GridModel::Ink(int row, int col) const {
+    if (blockFirst_ > 0 && (row < blockFirst_ || row > blockLast_)) return QBrush(paint::kMuted);
+    const auto words = words_.find(col);
+    if (words == words_.end()) return {};
+    for (const auto& [word, ink] : words->second)
+        if (word == Text(row, col)) return QBrush(ink);
+    return {};
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {

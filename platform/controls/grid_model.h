@@ -43,6 +43,10 @@ class GridModel : public QAbstractTableModel {
     void SetBack(int row, int col, const QColor& back);
     void SetBold(int row, int col, bool bold);
     void SetWordColor(int col, const QString& word, const QColor& ink);
+    /// Rows outside these are muted; first 0: none is. Repainting is up to the caller.
+    void SetEntryBlock(int first, int last) { blockFirst_ = first, blockLast_ = last; }
+    int BlockFirst() const { return blockFirst_; }
+    int BlockLast() const { return blockLast_; }
 
     void BeginLoad(int dataRows);
     void LoadCell(int row, int col, QString text);
@@ -78,6 +82,7 @@ class GridModel : public QAbstractTableModel {
     void ShiftMarks(int from, int by);
     void EmitCellEdited(int row, int col);
     void Share(int col, QString& text);
+    QVariant Ink(int row, int col) const;
 
     std::vector<QString> cells_;
     int rows_ = 2;
@@ -88,6 +93,8 @@ class GridModel : public QAbstractTableModel {
     std::map<int, RowMarks> marks_;
     std::unordered_map<int, std::vector<std::pair<QString, QColor>>> words_;
     std::vector<Recent> recent_;
+    int blockFirst_ = 0;
+    int blockLast_ = 0;
 };
 
 }  // namespace controls
