@@ -155,11 +155,13 @@ void FlexGrid::EditByKey(KeyPress& key, EditStart start, const std::function<voi
     const bool chord = key.modifiers & (Qt::ControlModifier | Qt::AltModifier);
     const bool digit = key.key >= Qt::Key_0 && key.key <= Qt::Key_9;
     const bool printable = !key.text.isEmpty() && key.text.front().isPrint();
-    const bool types = printable && !chord && (digit || start == EditStart::Characters);
+    const bool empties = key.key == Qt::Key_Delete || key.key == Qt::Key_Backspace;
+    const bool any = start == EditStart::Characters;
+    const bool types = !chord && ((printable && (digit || any)) || (empties && any));
     if (!opens && !types) return;
     key.taken = true;
     open();
-    if (!opens) state_->cover.Type(key.text);
+    if (!opens) state_->cover.Type(empties ? QString() : key.text);
 }
 
 void FlexGrid::CommitEditor() {

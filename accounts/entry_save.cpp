@@ -1,0 +1,90 @@
+// How entered rows reach the journal. The two ways differ on purpose: adding is checked and takes the whole
+// counterparty, editing is checked by nothing and cuts it at a point.
+#include "accounts/entry_form.h"
+#include "app/session.h"
+#include "platform/errors.h"
+#include "platform/system/seams.h"
+#include "platform/text/dates.h"
+#include "platform/text/numbers.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using namespace accounts;
+
+namespace {
+
+/// Up to the first point, if that is not the first character.
+QString CutAtPoint(const QString& name) {
+    const qsizetype point = name.indexOf(u'.');
+    return point > 0 ? name.left(point) : name;
+}
+
+QDate DateOf(const LedgerEntry& entry) {
+    if (const auto date = text::ReadDate(entry.date)) return *date;
+    throw RuntimeError(u"类型不匹配"_s);  // only the last row, which no check looks at, can be without a date
+}
+
+}  // namespace
+
+void EntryForm::Menu_save() {
+    GD->CommitEditor();
+    if (FormMode == Editing) return SaveEdited();
+    if (TestBlock()) SaveBlock();
+}
+
+/// The last row is not looked at: it is written if it is whole, and dropped if not.
+bool EntryForm::TestBlock() const {
+    const auto refuse = [this](int row, int col, const QString& what) {
+        sys::Inform(u"第"_s + QString::number(row) + u"行["_s + Cell(0, col) + u"]不能为"_s + what + u"！"_s,
+                    {});
+        return false;
+    };
+    for (int row = first_; row < CurRowLimit(); ++row) {
+        for (const int col : {Key, Date, Party})
+            if (Cell(row, col).isEmpty()) return refuse(row, col, u"空"_s);
+        if (AmountAt(row) == 0) return refuse(row, Amount, u"0"_s);
+        GD->SetTextMatrix(row, Maker, OperatorName);
+    }
+    return true;
+}
+
+LedgerEntry EntryForm::EntryAt(int row) const {
+    return {.kind = Side().kind,
+            .key = Cell(row, Key),
+            .date = Cell(row, Date),
+            .counterparty = Cell(row, Party),
+            .amount = AmountAt(row),
+            .handler = Cell(row, Handler),
+            .maker = OperatorName,
+            .remark = Cell(row, Remark)};
+}
+
+void EntryForm::SaveBlock() {
+    int row = first_;
+    for (; row <= CurRowLimit() && IsComplete(row); ++row) {
+        LedgerEntry entry = EntryAt(row);
+        entry.sequence = AllocateSequence(*Db, DateOf(entry), entry.key);
+        PostEntry(*Db, entry);
+        GD->SetTextMatrix(row, Sequence, text::GeneralText(entry.sequence));
+    }
+    if (row == 1)
+        DressGrid();
+    else if (row <= CurRowLimit())
+        GD->SetRows(row);
+    RecCount += row - first_;
+    CurRow = std::min(first_, CurRowLimit());
+    LeaveEdit();
+}
+
+void EntryForm::SaveEdited() {
+    const int row = std::min(first_, CurRowLimit());
+    LedgerEntry entry = EntryAt(row);
+    entry.counterparty = CutAtPoint(entry.counterparty);
+    entry.sequence =
+        MoveSequence(*Db, entry.kind, oldKey_, text::Val(Cell(row, Sequence)), oldParty_, DateOf(entry));
+    UpdateEntry(*Db, oldKey_, entry);
+    GD->SetTextMatrix(row, Sequence, text::GeneralText(entry.sequence));
+    CurRow = row;
+    LeaveEdit();
+}
