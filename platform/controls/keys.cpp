@@ -107,8 +107,14 @@ class HotKeys : public QObject {
         return true;
     }
 
-    /// A letter while the keyboard stands in the bar.
+    /// A letter or Enter while the bar has the focus.
     static bool InBar(QMenuBar& bar, const QKeyEvent& event) {
+        const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+        if (enter && bar.activeAction() && !bar.activeAction()->menu()) {
+            // The toolkit leaves the bar after the command, when a modal form has made it forget where to.
+            Run(bar, bar.activeAction());
+            return true;
+        }
         const QKeySequence key = Letter(event);
         if (key.isEmpty() || Of(bar, key, false).isEmpty()) return false;
         const QList<QAction*> candidates = Of(bar, key, true);

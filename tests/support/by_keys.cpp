@@ -13,6 +13,7 @@
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
+#include <QRadioButton>
 
 #include <algorithm>
 
@@ -38,6 +39,8 @@ bool TakesInput(QWidget* control, bool browsing) {
     if (dynamic_cast<controls::FlexGrid*>(control) || qobject_cast<QPushButton*>(control)) return true;
     if (browsing) return false;
     if (const auto* box = dynamic_cast<controls::TextBox*>(control)) return !box->Locked();
+    // The arrows go from the chosen one to the others.
+    if (const auto* choice = qobject_cast<QRadioButton*>(control)) return choice->isChecked();
     return qobject_cast<QComboBox*>(control) || qobject_cast<QAbstractSpinBox*>(control) ||
            qobject_cast<QAbstractButton*>(control);
 }
@@ -80,8 +83,9 @@ char16_t LetterOf(const QAction& command) {
     return at < 0 ? u'\0' : command.text().at(at + 1).unicode();
 }
 
-/// The letter, as often as it takes for this command's turn to come.
-void PressLetter(const QList<QAction*>& among, const QAction& command) {
+/// The letter, as often as it takes for this command's turn to come. In an open menu the first command is
+/// active already.
+void PressLetter(const QList<QAction*>& among, const QAction& command, bool inMenu) {
     int turn = 0;
     int candidates = 0;
     for (const QAction* other : among) {
@@ -89,6 +93,7 @@ void PressLetter(const QList<QAction*>& among, const QAction& command) {
         ++candidates;
         if (other == &command) turn = candidates;
     }
+    if (inMenu && LetterOf(*among.front()) == LetterOf(command)) --turn;
     for (int i = 0; i < (candidates > 1 ? turn : 1); ++i) AltKey(LetterOf(command));
     if (candidates > 1) Press(Qt::Key_Return);
 }
@@ -142,8 +147,9 @@ bool RunByKeys(QMenuBar& bar, const QString& command) {
     const auto over = std::ranges::find_if(tops, [&](const QAction* top) {
         return top->menu() && top->menu()->actions().contains(action.data());
     });
-    if (over != tops.end()) PressLetter(tops, **over);
-    PressLetter(over == tops.end() ? tops : (*over)->menu()->actions(), *action);
+    const bool inMenu = over != tops.end();
+    if (inMenu) PressLetter(tops, **over, false);
+    PressLetter(inMenu ? (*over)->menu()->actions() : tops, *action, inMenu);
     QObject::disconnect(watch);
     return ran;
 }
