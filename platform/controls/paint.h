@@ -16,6 +16,7 @@ inline constexpr QColor kFootLine(0xBC, 0xC6, 0xD0);
 inline constexpr QColor kHeaderText(0x3F, 0x4D, 0x5A);
 inline constexpr QColor kAccent(0x0B, 0x6B, 0x83);
 inline constexpr QColor kAccentDeep(0x08, 0x56, 0x6A);
+inline constexpr QColor kTotal(0xC0, 0xFF, 0xFF);  // of a ledger; the fill of the focus too
 inline constexpr QColor kAccentPale(0xA9, 0xD0, 0xDB);
 inline constexpr QColor kBlockLine(0x8D, 0x9A, 0xA7);
 inline constexpr QColor kMuted(0x52, 0x60, 0x6D);
