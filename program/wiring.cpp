@@ -1,6 +1,7 @@
 #include "program/wiring.h"
 
 #include "accounts/entry_form.h"
+#include "accounts/ledger_form.h"
 #include "admin/password.h"
 #include "admin/restore.h"
 #include "app/about.h"
@@ -38,6 +39,8 @@ Registry FilledRegistry() {
     forms.children[u"A05"_s] = Child<A05>();
     forms.children[u"A06"_s] = Child<A06>();
     forms.children[u"B01"_s] = Child<B01>();
+    forms.children[u"KuanHz"_s] = Child<KuanHz>();
+    forms.children[u"KuanMx"_s] = Child<KuanMx>();
     forms.children[u"PayLst"_s] = Child<PayLst>();
     forms.children[u"zhLst"_s] = Child<zhLst>();
     forms.modals[u"Login"_s] = Modal<Login>();
