@@ -181,6 +181,7 @@ sys::BoxAnswer ShowMessageBox(const sys::BoxRequest& request) {
     box.setIcon(IconOf(request.icon));
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     AddButtons(box, request);
+    for (QAbstractButton* button : box.buttons()) button->setIcon({});  // some desktops add pictures
     WidenText(box);
     ScrollLongText(box);
     if (!request.detail.isEmpty()) AddDetail(box, request.detail);
