@@ -2,6 +2,7 @@
 
 #include "app/main_window.h"
 #include "app/session.h"
+#include "demo/accounts.h"
 #include "demo/day_entries.h"
 #include "demo/sample_masters.h"
 #include "demo/tariffs.h"
@@ -450,6 +451,8 @@ void PlayDay(Operator& op, const QString& folder) {
         {u"看单、改单"_s, u"列表、卡片、修改；正在修改时不能关闭。"_s, [&] { PlayList(op); }},
         {u"出货"_s, u"出货后从列表中移去；补上成本再保存，应付款记入渠道的往来。"_s,
          [&] { PlayRelease(op); }},
+        {u"帐款"_s, u"录入应收款和补录的收款，看明细帐和总帐，删除一行后刷新余额。"_s,
+         [&] { TellAccounts(op); }},
         {u"查找"_s, u"按日期、客户和审核人三个条件查找。"_s, [&] { PlaySearch(op); }},
         {u"导出"_s, u"列表导出为 Excel 工作簿。"_s, [&] { PlayExport(op, folder + u"/速递单.xls"_s); }},
         {u"数据恢复"_s, u"打开后放弃，什么也没有改变。"_s, [&] { PlayRestore(op); }},

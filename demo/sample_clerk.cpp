@@ -3,8 +3,10 @@
 #include "app/main_window.h"
 #include "app/rights.h"
 #include "app/session.h"
+#include "demo/keyboard.h"
 #include "demo/rows.h"
 #include "demo/sample_masters.h"
+#include "demo/sample_payments.h"
 #include "demo/sample_waybills.h"
 #include "platform/controls/box.h"
 #include "platform/controls/focus_tracker.h"
@@ -12,6 +14,7 @@
 #include "platform/errors.h"
 #include "platform/system/guard.h"
 #include "platform/system/seams.h"
+#include "platform/text/numbers.h"
 #include "program/wiring.h"
 #include "schema/data_files.h"
 #include "schema/names.h"
@@ -79,6 +82,10 @@ class Clerk {
     void EnterCustomer(const Customer& customer);
     void Quote(const QString& prefix, const QString& coefficient);
     void EnterWaybill(const Waybill& waybill);
+    void EnterPayments(QDate day);
+    void EnterPaid(const QString& item, const std::vector<Payment>& payments);
+    static void Type(const QString& text);
+    static QString Part(const Payment& payment);
     void TickRelease();
 
     SeamsRestorer kept_;
@@ -306,7 +313,10 @@ void Clerk::EnterWaybills() {
     QDate day;
     for (const Waybill& waybill : PlanWaybills()) {
         if (waybill.entered != day) {
-            if (day.isValid()) Close();
+            if (day.isValid()) {
+                Close();
+                EnterPayments(day);
+            }
             day = waybill.entered;
             now_ = QDateTime(day, QTime(9, 0));
             LogIn(waybill.operatorCode);
@@ -316,6 +326,7 @@ void Clerk::EnterWaybills() {
         EnterWaybill(waybill);
     }
     Close();
+    EnterPayments(day);
 }
 
 void Clerk::EnterWaybill(const Waybill& waybill) {
@@ -343,6 +354,50 @@ void Clerk::EnterWaybill(const Waybill& waybill) {
     Press(u"Menu_edit"_s);
     TickRelease();
     Press(u"Menu_save"_s);
+}
+
+// ------------------------------------------------------------------------------------------------ payments
+
+void Clerk::EnterPayments(QDate day) {
+    for (const PaymentDay& plan : PlanPayments()) {
+        if (plan.day != day) continue;
+        LogIn(u"001"_s);
+        EnterPaid(u"Menu_sk"_s, plan.received);
+        EnterPaid(u"Menu_FK"_s, plan.made);
+    }
+}
+
+/// Into the cells of the list, key by key. Each row's key is made from the time of day.
+void Clerk::EnterPaid(const QString& item, const std::vector<Payment>& payments) {
+    frame_->MenuItem(item)->trigger();
+    Settle();
+    now_ = now_.addSecs(17 * 60);
+    Press(u"Menu_Add"_s);
+    for (const Payment& payment : payments) {
+        if (&payment != &payments.front()) Type({});  // the next row begins
+        for (const QString& cell : {QString(), QString(), payment.party, Part(payment), u"孙丽萍"_s}) {
+            Type(cell);
+            Check();
+        }
+        for (const QChar c : payment.remark) keyboard::Character(*keyboard::Target(), c);
+        now_ = now_.addSecs(95);
+    }
+    Press(u"Menu_save"_s);
+    Close();
+}
+
+/// Over what stands in the cell, and Enter.
+void Clerk::Type(const QString& text) {
+    for (const QChar c : text) keyboard::Character(*keyboard::Target(), c);
+    keyboard::Press(*keyboard::Target(), Qt::Key_Return);
+    Settle();
+}
+
+QString Clerk::Part(const Payment& payment) {
+    const double owed = text::Val(
+        demo::Rows(*Db, u"select top 1 QM from TB1 where F3='"_s + payment.party + u"' order by SN desc"_s)
+            .value(0));
+    return QString::number(100 * static_cast<int>(owed * payment.percent / 100 / 100));
 }
 
 void Clerk::TickRelease() {

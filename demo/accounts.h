@@ -1,0 +1,11 @@
+// The demonstration's chapter of the accounts: charges and a payment are typed over the cells of their lists,
+// both ledgers are shown, a row goes and the balances behind it are refreshed.
+#pragma once
+
+#include "demo/operator.h"
+
+namespace demo {
+
+void TellAccounts(Operator& op);
+
+}  // namespace demo
