@@ -2,6 +2,8 @@
 
 #include "tests/faults/waybill_entry.h"
 
+#include <QRadioButton>
+
 #include <stdexcept>
 
 namespace tests {
@@ -92,6 +94,39 @@ void EditOfWaybill(Desk& desk) {
                                      .total = 99.5});
 }
 
+/// Adds, or edits the row of that key; the cells are typed in the order in which Enter reaches them. Dated
+/// back, so that the chains behind them roll.
+std::function<void(Desk&)> TypedRows(const QString& key, const std::vector<QStringList>& rows) {
+    return [=](Desk& desk) {
+        if (!key.isEmpty()) Select(desk, key);
+        AltKey(key.isEmpty() ? u'A' : u'E');
+        for (const QStringList& cells : rows)
+            for (const QString& cell : cells) {
+                TypeOver(cell);
+                Press(Qt::Key_Return);
+            }
+        Press(Qt::Key_Escape);
+    };
+}
+
+void SpoilBalances(Desk& desk) {
+    desk.Execute(u"update TB1 set QC=9,QM=9"_s);
+}
+
+std::function<void(Desk&)> Refresh(int choice) {
+    return [=](Desk&) {
+        ModalScript modals;
+        modals.Next(u"ReKuanFrm"_s, [=](QWidget& dialog) {
+            Find<QRadioButton>(dialog, u"Opt(%1)"_s.arg(choice)).setChecked(true);
+            Find<controls::ComboBox>(dialog, u"Cmb"_s).SetText(u"华兴"_s);
+            Click(Find<controls::Button>(dialog, u"Command1"_s));
+            if (dialog.isVisible()) Click(Find<controls::Button>(dialog, u"Command2"_s));
+        });
+        AltKey(u'S');
+        Press(Qt::Key_Return);
+    };
+}
+
 /// Opens a dialog by its menu's keys, does this in it and, unless the program ends, presses the button that
 /// leaves it.
 std::function<void(Desk&)> InDialog(const QString& form, const QString& keys,
@@ -157,6 +192,20 @@ std::vector<Command> Made() {
         {"B01_Edit", "B", "B01", EditOfWaybill, Save},
         {"B01_Release", "B", "B01", OnLine(u"W2"_s), [](Desk&) { AltKey(u'C'); }},
         {"B01_Delete", "B", "B01", OnLine(u"W1"_s), Delete},
+        {"zhLst_Add", "D2", "zhLst",
+         TypedRows({}, {{u"YS8"_s, u"2024-03-15"_s, u"华兴"_s, u"12.5"_s, u"张三"_s, u"仓租"_s},
+                        {u"YS9"_s, u"2024-03-16"_s, u"恒丰"_s, u"3"_s, u""_s, u""_s}}),
+         Save},
+        {"zhLst_Edit", "D2", "zhLst",
+         TypedRows(u"YSW1"_s, {{u"YSW7"_s, u"2024-03-17"_s, u"恒丰"_s, u"51"_s, u""_s, u""_s}}), Save},
+        {"zhLst_Delete", "D2", "zhLst", OnLine(u"YSW1"_s), Delete},
+        {"PayLst_Add", "D4", "PayLst",
+         TypedRows({}, {{u"SK8"_s, u"2024-03-15"_s, u"华兴"_s, u"20"_s, u""_s, u""_s}}), Save},
+        {"PayLst_Edit", "D3", "PayLst",
+         TypedRows(u"FK1"_s, {{u"FK1"_s, u"2024-03-14"_s, u"环洋"_s, u"9"_s, u""_s, u""_s}}), Save},
+        {"PayLst_Delete", "D3", "PayLst", OnLine(u"FK1"_s), Delete},
+        {"ReKuan_All", "D8", "KuanMx", SpoilBalances, Refresh(0)},
+        {"ReKuan_One", "D8", "KuanMx", SpoilBalances, Refresh(1)},
         {"S01_Save",
          "",
          "",
@@ -215,6 +264,8 @@ QStringList CommandMasters() {
     entry(u"YFW1"_s, 9, 132, u"2024-03-16"_s, u"环洋"_s, 0, 30);
     entry(u"YSW2"_s, -9, 162, u"2024-03-17"_s, u"华兴"_s, 50, 50);
     return rows + QStringList{
+                      u"insert into TB1 (SN,LB,S2,F1,F2,F3,FK,QC,QM,F5,F6) values "_s +
+                          u"(133,10,'付款','FK1','2024-03-16','环洋',10,30,20,'管理员','管理员')"_s,
                       u"update SysInfo set Setval=162 where ID=100"_s,
                       u"update M02 set F3='甲',P101=10,P102=5,P201=12,P202=6 where F1='甲'"_s,
                       u"insert into B01 (F1,F101,F201,F202,F203,F602,F603,F604) VALUES "_s +
