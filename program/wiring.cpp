@@ -2,6 +2,7 @@
 
 #include "accounts/entry_form.h"
 #include "accounts/ledger_form.h"
+#include "admin/operators.h"
 #include "admin/password.h"
 #include "admin/restore.h"
 #include "app/about.h"
@@ -43,6 +44,7 @@ Registry FilledRegistry() {
     forms.children[u"KuanMx"_s] = Child<KuanMx>();
     forms.children[u"PayLst"_s] = Child<PayLst>();
     forms.children[u"zhLst"_s] = Child<zhLst>();
+    forms.children[u"S02"_s] = Child<S02>();
     forms.modals[u"Login"_s] = Modal<Login>();
     forms.modals[u"AboutUS"_s] = Modal<AboutUS>();
     forms.modals[u"S01"_s] = Modal<S01>();

@@ -212,6 +212,9 @@ std::vector<Command> Made() {
          {},
          InDialog(
              u"S01"_s, u"S1"_s, [](QWidget& dialog) { PressIn(dialog, u"CmdOK"_s); }, u"CmdCancel"_s)},
+        {"S02_Add", "S2", "S02", Typed({}, {{0, u"8"_s}, {1, u"新人"_s}, {2, u"密码"_s}}), Save},
+        {"S02_Edit", "S2", "S02", Typed(u"乙"_s, {{0, u"7"_s}, {1, u"旧人"_s}}), Save},
+        {"S02_Delete", "S2", "S02", OnLine(u"乙"_s), Delete},
         {"S2_Change", "", "", {}, InDialog(u"S2"_s, u"H2"_s, TypeNewPassword, u"Cmd(1)"_s)},
         {"S32_Restore",
          "",
@@ -238,7 +241,8 @@ const Command& CommandOf(const std::string& name) {
 
 QStringList CommandMasters() {
     QStringList rows = FaultMasters();
-    for (const auto& table : {u"M01"_s, u"M02"_s, u"M03"_s, u"M030"_s, u"M04"_s, u"M05"_s, u"M06"_s})
+    for (const auto& table :
+         {u"M01"_s, u"M02"_s, u"M03"_s, u"M030"_s, u"M04"_s, u"M05"_s, u"M06"_s, u"TE1"_s})
         for (const auto& values : {u"'甲','一'"_s, u"'乙','二'"_s})
             rows += u"insert into %1 (F1,F2) VALUES (%2)"_s.arg(table, values);
     const auto waybill = [&](const QString& number, const QString& day, const QString& mark) {
