@@ -18,13 +18,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void CloseData() {
+void LetGoOfData() {
     try {
-        if (Db) Db->Close();
+        CloseData();
     } catch (const PlatformError&) {
         // The file is about to be replaced.
     }
-    Db.reset();
 }
 
 /// The copy is made beside the database and then takes its place, so that a copy that fails leaves the old
@@ -32,21 +31,10 @@ void CloseData() {
 void ReplaceData(const QString& backup) {
     if (QFileInfo(backup).canonicalFilePath() == QFileInfo(DbFile).canonicalFilePath()) return;
     const QString fresh = DbFile + u".restoring"_s;
-    if (!sys::seams().copyFile(backup, fresh)) return;
+    if (!sys::seams().copyFile(backup, fresh).isEmpty()) return;
     KeepDataFile();  // where that fails, the backup is wanted all the same
     sys::RemoveEngineFiles(DbFile);
     if (!sys::ReplaceFile(fresh, DbFile).isEmpty()) QFile::remove(fresh);
-}
-
-/// Whoever has the file open would go on with the old one and lose what he writes. Without a database of its
-/// own the program cannot find out, and restores unasked.
-bool OthersAreAtWork() {
-    const controls::WaitPointer waiting;
-    try {
-        return Db && !Db->IsAlone();
-    } catch (const PlatformError&) {
-        return false;  // a file that is broken is restored all the more
-    }
 }
 
 }  // namespace
@@ -80,11 +68,12 @@ void S32::Restore() {
                                          .proposed = {},
                                          .pattern = u"*.dat"_s});
     if (backup.isEmpty()) return;
-    if (OthersAreAtWork())
-        return sys::Inform(u"另一个程序正在使用数据文件，现在不能恢复数据！请先退出该程序再试。"_s, MsgTitle);
+    // Whoever has the file open would go on with the old one and lose what he writes. Without a database of
+    // its own the program cannot find out, and restores unasked.
+    if (OthersAreAtWork(u"恢复数据"_s)) return;
     {
         const controls::WaitPointer waiting;
-        CloseData();
+        LetGoOfData();
         ReplaceData(backup);
     }
     sys::Inform(u"数据恢复完成，请重新运行本系统！"_s, QString());

@@ -3,12 +3,14 @@
 #include "app/session.h"
 #include "platform/controls/wait.h"
 #include "platform/dao/busy.h"
+#include "platform/errors.h"
 #include "platform/system/dated_copies.h"
 #include "platform/system/guard.h"
 #include "platform/system/seams.h"
 #include "schema/names.h"
 
 #include <QFileInfo>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -39,10 +41,32 @@ void AskWhenBusy() {
     dao::whenBusy().handle = WaitOrGiveUp;
 }
 
-bool KeepDataFile() {
+QString KeepDataFile() {
     const sys::DatedCopies copies{.file = DbFile,
                                   .folder = QFileInfo(DbFile).absolutePath(),
                                   .label = schema::kKeptLabel.toString(),
                                   .most = schema::kMostKept};
-    return !sys::KeepDatedCopy(copies).isEmpty();
+    return sys::KeepDatedCopy(copies).failure;
+}
+
+QString DataConnect() {
+    return schema::kConnect.toString();
+}
+
+bool OthersAreAtWork(const QString& work) {
+    bool others = false;
+    try {
+        const controls::WaitPointer waiting;
+        others = Db && !Db->IsAlone();
+    } catch (const PlatformError&) {
+        return false;  // a broken file is replaced all the more, and says so itself where it is copied
+    }
+    if (others)
+        sys::Inform(u"另一个程序正在使用数据文件，现在不能%1！请先退出该程序再试。"_s.arg(work), MsgTitle);
+    return others;
+}
+
+void CloseData() {
+    const auto gone = qScopeGuard([] { Db.reset(); });
+    if (Db) Db->Close();
 }

@@ -44,8 +44,8 @@ void OpenData(const StartUpParts& parts) {
     if (!older) return;
     Db->Close();
     Db.reset();
-    if (!KeepDataFile())
-        throw RuntimeError(u"数据文件需要升级，但升级前无法在“%1”中保留它的副本！"_s.arg(AppFolder));
+    if (const QString why = KeepDataFile(); !why.isEmpty())
+        throw RuntimeError(u"数据文件需要升级，但升级前无法在“%1”中保留它的副本！\r"_s.arg(AppFolder) + why);
     Db = Opened(parts, [](sqlite3* engine) { schema::Upgrade(engine); });
 }
 

@@ -203,6 +203,10 @@ QString ShowFileDialog(const sys::FileRequest& request) {
     const bool save = request.kind == sys::FileRequest::Kind::Save;
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    if (request.kind == sys::FileRequest::Kind::Folder) {
+        dialog.setFileMode(QFileDialog::Directory);
+        dialog.setOption(QFileDialog::ShowDirsOnly);
+    }
     if (!request.pattern.isEmpty()) dialog.setNameFilter(request.pattern);
     if (!request.proposed.isEmpty()) dialog.selectFile(request.proposed);
     if (RunOver(dialog, false) != QDialog::Accepted) return QString();

@@ -2,6 +2,9 @@
 // with other values of its own reads it too.
 #pragma once
 
+#include <QByteArray>
+#include <QString>
+
 namespace dao {
 
 /// To be run right after the key, in this order. What an engine does not know it ignores: the one of today
@@ -17,5 +20,8 @@ inline constexpr const char* kCipherSettings[] = {
     "pragma cipher_hmac_pgno=le",
     "pragma cipher_plaintext_header_size=0",
 };
+
+/// The password in ";PWD=..."; "" if there is none.
+QByteArray PasswordIn(const QString& connect);
 
 }  // namespace dao

@@ -28,16 +28,6 @@ bool IsBusy(int code) {
     return (code & 0xff) == SQLITE_BUSY;
 }
 
-/// The password in ";PWD=..."; "" if there is none.
-QByteArray PasswordIn(const QString& connect) {
-    for (const QString& part : connect.split(u';')) {
-        const qsizetype equals = part.indexOf(u'=');
-        if (equals > 0 && text::Trim(part.left(equals)).compare(u"PWD"_s, Qt::CaseInsensitive) == 0)
-            return part.mid(equals + 1).toUtf8();
-    }
-    return {};
-}
-
 bool Contains(const std::string& declared, std::string_view part) {
     const auto same = [](char a, char b) { return std::toupper(static_cast<unsigned char>(a)) == b; };
     return std::search(declared.begin(), declared.end(), part.begin(), part.end(), same) != declared.end();
@@ -73,6 +63,15 @@ std::optional<std::vector<std::string>> Answers(sqlite3* engine, const std::stri
 }
 
 }  // namespace
+
+QByteArray PasswordIn(const QString& connect) {
+    for (const QString& part : connect.split(u';')) {
+        const qsizetype equals = part.indexOf(u'=');
+        if (equals > 0 && text::Trim(part.left(equals)).compare(u"PWD"_s, Qt::CaseInsensitive) == 0)
+            return part.mid(equals + 1).toUtf8();
+    }
+    return {};
+}
 
 WhenBusy& whenBusy() {
     static WhenBusy inUse;

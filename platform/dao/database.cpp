@@ -11,12 +11,17 @@ using namespace Qt::StringLiterals;
 namespace dao {
 
 struct Database::Impl {
+    QString path, connect, vfs;
     std::shared_ptr<Connection> connection;
     int commandEnd = 0;
     int programEnd = 0;
     int abandon = 0;
 
-    void Attach() {
+    Impl(const QString& file, const QString& words, const QString& layer)
+        : path(file), connect(words), vfs(layer) {}
+
+    void Open(const std::function<void(sqlite3*)>& prepare) {
+        connection = std::make_shared<Connection>(path, connect, vfs, prepare);
         Connection* const c = connection.get();
         commandEnd = sys::AddCommandEndHook([c] { c->CloseGroup(); });
         programEnd = sys::AddProgramEndHook([c] { c->Checkpoint(); });
@@ -33,9 +38,8 @@ struct Database::Impl {
 
 std::unique_ptr<Database> Database::Open(const QString& path, const QString& connect, const QString& vfs,
                                          const std::function<void(sqlite3*)>& prepare) {
-    auto impl = std::make_unique<Impl>();
-    impl->connection = std::make_shared<Connection>(path, connect, vfs, prepare);
-    impl->Attach();
+    auto impl = std::make_unique<Impl>(path, connect, vfs);
+    impl->Open(prepare);
     return std::unique_ptr<Database>(new Database(std::move(impl)));
 }
 
@@ -82,6 +86,12 @@ bool Database::InGroup() const {
 
 bool Database::IsAlone() {
     return impl_->connection->IsAlone();
+}
+
+void Database::WhileClosed(const std::function<void()>& work) {
+    impl_->Close();
+    work();
+    impl_->Open({});
 }
 
 void Database::Close() {

@@ -45,11 +45,16 @@ class Database {
     void CloseGroup();
     bool InGroup() const;
 
-    /// Whether no other program has the file open. Commits first. Where it is so, the next call is Close.
+    /// Whether no other program has the file open. Commits first. Where it is so, the next call is Close or
+    /// WhileClosed.
     bool IsAlone();
     /// Commits, checkpoints into one single file, unless other programs have it open, and lets go of it.
     /// Every later call raises.
     void Close();
+
+    /// Closes the file, runs work, which must not raise, and opens the file again, as Close and Open do. Rows
+    /// read before stay readable. Where the file does not open any more it stays closed.
+    void WhileClosed(const std::function<void()>& work);
 
     struct Impl;
 

@@ -2,12 +2,16 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
+#include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
+#include <string>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +19,75 @@ namespace sys {
 namespace {
 
 constexpr QLatin1StringView kEngineFiles[] = {"-journal"_L1, "-wal"_L1, "-shm"_L1};
+constexpr std::size_t kBlock = 1 << 20;  // bytes
+
+struct Failed {
+    QString words;
+};
+
+/// The system's words for what it has just refused.
+[[noreturn]] void Fail() {
+    throw Failed{QString::fromStdString(std::generic_category().message(errno))};
+}
+
+/// An open file of the operating system.
+class Descriptor {
+  public:
+    Descriptor(const QString& path, int flags)
+        : number_(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, 0600)) {
+        if (number_ < 0) Fail();
+    }
+    ~Descriptor() {
+        if (number_ >= 0) ::close(number_);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    int Number() const { return number_; }
+    /// Some file systems say only here that they could not keep what was written.
+    void Close() {
+        if (::close(std::exchange(number_, -1)) != 0) Fail();
+    }
+
+  private:
+    int number_;
+};
+
+/// Bytes read; 0 at the end.
+std::size_t ReadBlock(const Descriptor& file, std::vector<char>& block) {
+    for (;;) {
+        const ssize_t count = ::read(file.Number(), block.data(), block.size());
+        if (count >= 0) return static_cast<std::size_t>(count);
+        if (errno != EINTR) Fail();
+    }
+}
+
+void WriteAll(const Descriptor& file, const char* bytes, std::size_t left) {
+    while (left > 0) {
+        const ssize_t count = ::write(file.Number(), bytes, left);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) Fail();
+        bytes += count;
+        left -= static_cast<std::size_t>(count);
+    }
+}
+
+/// Until all of it is on the disk. A file system that cannot say so refuses with EINVAL.
+void CopyBytes(const Descriptor& from, Descriptor&& to) {
+    std::vector<char> block(kBlock);
+    while (const std::size_t count = ReadBlock(from, block)) WriteAll(to, block.data(), count);
+    if (::fsync(to.Number()) != 0 && errno != EINVAL) Fail();
+    to.Close();
+}
+
+/// A new name is on the disk only when its folder is.
+void FlushFolderOf(const QString& path) {
+    const QByteArray folder = QFile::encodeName(QFileInfo(path).absolutePath());
+    const int file = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (file < 0) return;
+    ::fsync(file);
+    ::close(file);
+}
 
 }  // namespace
 
@@ -26,7 +99,9 @@ bool IsThere(const QString& path) {
 QString ReplaceFile(const QString& from, const QString& to) {
     std::error_code error;
     std::filesystem::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData(), error);
-    return error ? QString::fromStdString(error.message()) : QString();
+    if (error) return QString::fromStdString(error.message());
+    FlushFolderOf(to);
+    return {};
 }
 
 void KeepToOwner(const QString& path) {
@@ -51,18 +126,18 @@ bool CreateForOwner(const QString& path) {
     return file >= 0 && ::close(file) == 0;
 }
 
-bool CopyWhole(const QString& from, const QString& to) {
-    QFile source(from);
-    QSaveFile target(to);
-    // Unbuffered: what fails when a buffer is emptied at the end is not reported.
-    if (!source.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return false;
-    target.setPermissions(QFile::ReadOwner | QFile::WriteOwner);  // a stick knows no rights, and refuses
-    while (!source.atEnd()) {
-        const QByteArray block = source.read(1 << 20);
-        if (block.isEmpty() || target.write(block) != block.size()) return false;
+QString CopyWhole(const QString& from, const QString& to) {
+    const QString begun = to + kBegun;
+    QFile::remove(begun);
+    try {
+        CopyBytes(Descriptor(from, O_RDONLY), Descriptor(begun, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW));
+        const QString words = ReplaceFile(begun, to);
+        if (!words.isEmpty()) throw Failed{words};
+    } catch (const Failed& failed) {
+        QFile::remove(begun);
+        return failed.words;
     }
-    return source.error() == QFileDevice::NoError && target.commit();
+    return {};
 }
 
 void RemoveEngineFiles(const QString& database) {

@@ -8,6 +8,7 @@
 #include <QLocale>
 #include <QProcess>
 #include <QSettings>
+#include <QStorageInfo>
 
 #include <cstdio>
 #include <unistd.h>
@@ -56,6 +57,7 @@ Seams Real() {
         UserSettings().setValue(entry, value);
     };
     real.copyFile = CopyWhole;
+    real.freeBytes = [](const QString& folder) { return QStorageInfo(folder).bytesAvailable(); };
     real.leave = LeaveProcess;
     // Without a screen a box is a line on the error output, and the safe answer is taken.
     real.showBox = [](const BoxRequest& request) {

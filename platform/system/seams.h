@@ -26,7 +26,7 @@ struct BoxRequest {
 };
 
 struct FileRequest {
-    enum class Kind { Open, Save };
+    enum class Kind { Open, Save, Folder };
     Kind kind = Kind::Open;
     QString title;
     QString proposed;  ///< file name or path to start with
@@ -43,7 +43,8 @@ struct Seams {
     std::function<void()> switchInputMethod;  ///< Ctrl+Space of the address lines
     std::function<QString(const QString& entry)> readSetting;
     std::function<void(const QString& entry, const QString& value)> writeSetting;
-    std::function<bool(const QString& from, const QString& to)> copyFile;  ///< CopyWhole
+    std::function<QString(const QString& from, const QString& to)> copyFile;  ///< CopyWhole
+    std::function<qint64(const QString& folder)> freeBytes;                   ///< there; -1: not known
     std::function<void(int status)> leave;  ///< leaves the process without unwinding; never returns normally
 };
 

@@ -24,7 +24,7 @@ const QString kDialog = u"恢复业务数据"_s;
 
 void PressRestore() {
     EXPECT_EQ(FocusName(), u"Command2") << "the first Enter destroys nothing";
-    Press(Qt::Key_Tab);
+    for (int i = 0; i < 6 && FocusName() != u"Command1"; ++i) Press(Qt::Key_Tab);
     EXPECT_EQ(FocusName(), u"Command1");
     Press(Qt::Key_Return);
 }
@@ -152,7 +152,7 @@ TEST(Restore, GoesOnWithoutADatedCopyWhereItFails) {
     RestoreRun run;
     const auto real = sys::seams().copyFile;
     sys::seams().copyFile = [&](const QString& from, const QString& to) {
-        return from != run.company.File() && real(from, to);
+        return from == run.company.File() ? u"refused"_s : real(from, to);
     };
     run.Restore(run.Backup());
     EXPECT_EQ(run.Couriers(), 1);

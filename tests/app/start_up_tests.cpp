@@ -197,7 +197,7 @@ TEST_F(OlderFile, IsUpgradedAndACopyOfItIsKept) {
 }
 
 TEST_F(OlderFile, IsLeftAloneWhereItCannotBeCopied) {
-    sys::seams().copyFile = [](const QString&, const QString&) { return false; };
+    sys::seams().copyFile = [](const QString&, const QString&) { return u"refused"_s; };
     StartsInVainBecause(u"升级前无法在“%1/”中保留它的副本"_s.arg(run_.folder.path()));
 }
 

@@ -21,7 +21,7 @@ class Copies : public testing::Test {
     QStringList Names() const {
         return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
     }
-    QString Keep() const { return QFileInfo(sys::KeepDatedCopy(of_)).fileName(); }
+    QString Keep() const { return QFileInfo(sys::KeepDatedCopy(of_).path).fileName(); }
 
     const QTemporaryDir folder_;
     tests::Script script_;
@@ -32,18 +32,18 @@ class Copies : public testing::Test {
 TEST_F(Copies, AreReadableByTheirOwnerAloneAndReplaceWhatIsThere) {
     tests::OpenToAll(of_.file);
     const QString target = folder_.filePath(u"copy.dat"_s);
-    EXPECT_TRUE(sys::CopyWhole(of_.file, target));
+    EXPECT_EQ(sys::CopyWhole(of_.file, target), QString());
     EXPECT_EQ(tests::RightsOf(target), 0600);
     tests::OpenToAll(target);
     tests::Write(of_.file, "tomorrow");
-    EXPECT_TRUE(sys::CopyWhole(of_.file, target));
+    EXPECT_EQ(sys::CopyWhole(of_.file, target), QString());
     EXPECT_EQ(tests::RightsOf(target), 0600);
     EXPECT_EQ(tests::Bytes(target), "tomorrow");
     {
         const tests::FullDisk full(3);
-        EXPECT_FALSE(sys::CopyWhole(of_.file, target));
+        EXPECT_EQ(sys::CopyWhole(of_.file, target), u"File too large"_s);
     }
-    EXPECT_FALSE(sys::CopyWhole(folder_.filePath(u"none"_s), target));
+    EXPECT_EQ(sys::CopyWhole(folder_.filePath(u"none"_s), target), u"No such file or directory"_s);
     EXPECT_EQ(tests::Bytes(target), "tomorrow");
     EXPECT_EQ(Names(), (QStringList{u"copy.dat"_s, u"data.dat"_s}));
 }
@@ -69,9 +69,35 @@ TEST_F(Copies, OnlyTheLastAreKeptAndNothingOfTheOperators) {
     EXPECT_EQ(tests::RightsOf(of_.folder + u'/' + left.back()), 0600);
 }
 
+TEST_F(Copies, GetTheirNameOnlyAfterTheirCheckAndAKilledOneIsSwept) {
+    QString seen, words;
+    sys::DatedCopies checked = of_;
+    checked.check = [&](const QString& path) {
+        seen = path;
+        EXPECT_EQ(tests::Bytes(path), "today");
+        return words;
+    };
+    checked.spare = [](const QStringList& copies) { return copies; };
+    const QString first = sys::KeepDatedCopy(checked).path;
+    EXPECT_NE(seen, first);
+    EXPECT_EQ(Names(), (QStringList{u"data.dat"_s, QFileInfo(first).fileName()}));
+    EXPECT_EQ(sys::DateOfCopy(first), QDateTime(QDate(2024, 3, 15), QTime(10, 0)));
+    EXPECT_FALSE(sys::DateOfCopy(of_.file).isValid());
+
+    words = u"damaged"_s;
+    for (const QString& left : {seen, seen + u".copying"_s, first + u".copying"_s, first + u"-wal.copying"_s})
+        tests::Write(left, "half of it");
+    EXPECT_EQ(sys::KeepDatedCopy(checked).failure, words);
+    EXPECT_EQ(Names(), (QStringList{u"data.dat"_s, QFileInfo(first).fileName()})) << "the older one stays";
+
+    words.clear();
+    const QString second = sys::KeepDatedCopy(checked).path;
+    EXPECT_EQ(sys::DatedCopiesOf(checked), QStringList{second}) << "the newest one is never spare";
+}
+
 TEST_F(Copies, HoldWhatAKilledProgramLeftBesideTheFileOrAreNotMade) {
     tests::Write(of_.file + u"-wal"_s, "the last commands");
-    const QString copy = sys::KeepDatedCopy(of_);
+    const QString copy = sys::KeepDatedCopy(of_).path;
     EXPECT_EQ(tests::Bytes(copy), "today");
     EXPECT_EQ(tests::Bytes(copy + u"-wal"_s), "the last commands");
 
@@ -79,9 +105,9 @@ TEST_F(Copies, HoldWhatAKilledProgramLeftBesideTheFileOrAreNotMade) {
     const auto real = sys::seams().copyFile;
     for (const QString& fails : {of_.file, of_.file + u"-wal"_s}) {
         sys::seams().copyFile = [&](const QString& from, const QString& to) {
-            return from != fails && real(from, to);
+            return from == fails ? u"refused"_s : real(from, to);
         };
-        EXPECT_EQ(sys::KeepDatedCopy(of_), QString());
+        EXPECT_EQ(sys::KeepDatedCopy(of_).failure, u"refused"_s);
         EXPECT_EQ(Names(), before) << fails.toStdString();
     }
 }
