@@ -2,6 +2,7 @@
 
 #include "accounts/entry_form.h"
 #include "accounts/ledger_form.h"
+#include "admin/backup.h"
 #include "admin/operators.h"
 #include "admin/password.h"
 #include "admin/restore.h"
@@ -50,6 +51,7 @@ Registry FilledRegistry() {
     forms.modals[u"S01"_s] = Modal<S01>();
     forms.modals[u"S2"_s] = Modal<S2>();
     forms.modals[u"S32"_s] = Modal<S32>();
+    forms.commands[u"Backup"_s] = BackUp;
     return forms;
 }
 
