@@ -5,6 +5,7 @@
 #include "admin/backup.h"
 #include "admin/operators.h"
 #include "admin/password.h"
+#include "admin/reset.h"
 #include "admin/restore.h"
 #include "app/about.h"
 #include "app/login.h"
@@ -49,6 +50,7 @@ Registry FilledRegistry() {
     forms.modals[u"Login"_s] = Modal<Login>();
     forms.modals[u"AboutUS"_s] = Modal<AboutUS>();
     forms.modals[u"S01"_s] = Modal<S01>();
+    forms.modals[u"S03"_s] = Modal<S03>();
     forms.modals[u"S2"_s] = Modal<S2>();
     forms.modals[u"S32"_s] = Modal<S32>();
     forms.commands[u"Backup"_s] = BackUp;

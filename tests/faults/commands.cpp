@@ -148,6 +148,11 @@ void PressIn(QWidget& dialog, const QString& button) {
     Press(Qt::Key_Return);
 }
 
+void ClearAll(QWidget& dialog) {
+    for (int i = 0; i < 4; ++i) Find<controls::CheckBox>(dialog, u"Chk(%1)"_s.arg(i)).SetValue(1);
+    PressIn(dialog, u"Cmd(0)"_s);
+}
+
 void TypeNewPassword(QWidget& dialog) {
     for (const QString& text : {u""_s, u"新密码"_s, u"新密码"_s}) {
         Type(text);
@@ -215,6 +220,7 @@ std::vector<Command> Made() {
         {"S02_Add", "S2", "S02", Typed({}, {{0, u"8"_s}, {1, u"新人"_s}, {2, u"密码"_s}}), Save},
         {"S02_Edit", "S2", "S02", Typed(u"乙"_s, {{0, u"7"_s}, {1, u"旧人"_s}}), Save},
         {"S02_Delete", "S2", "S02", OnLine(u"乙"_s), Delete},
+        {"S03_Clear", "", "", {}, InDialog(u"S03"_s, u"S3"_s, ClearAll, u"Cmd(1)"_s)},
         {"S2_Change", "", "", {}, InDialog(u"S2"_s, u"H2"_s, TypeNewPassword, u"Cmd(1)"_s)},
         {"S32_Restore",
          "",
