@@ -390,9 +390,12 @@ void MForm::closeEvent(QCloseEvent* event) {
     event->ignore();
     sys::Guarded([&] {
         if (WarnOfEdit()) return;
+        const Registry& registry = state_->registry;
+        if (registry.closing) registry.closing();
         if (Db) Db->Close();
         Db.reset();
         while (!state_->open.empty()) state_->RemovePage(*state_->open.back());
+        if (registry.closed) registry.closed();
         event->accept();
     });
 }

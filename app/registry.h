@@ -17,4 +17,9 @@ struct Registry {
     std::map<QString, std::function<void(QWidget* over)>> modals;
     /// Menu commands that are no form (the backup).
     std::map<QString, std::function<void()>> commands;
+
+    // At the end of the program in order, where there is something to do: before the database is closed, and
+    // when it is closed and the child forms are gone.
+    std::function<void()> closing = {};
+    std::function<void()> closed = {};
 };

@@ -56,6 +56,7 @@ void Run(const StartUpParts& parts, std::unique_ptr<MForm>& frame) {
     MsgTitle = LangText(u"提示"_s);
     AskWhenBusy();
     OpenData(parts);
+    if (parts.opened) parts.opened();
     CanSeeFigures = true;
     frame = std::make_unique<MForm>(parts.registry);
     SetTheFrame(frame.get());

@@ -14,6 +14,7 @@ struct StartUpParts {
     Registry registry;  ///< what the main window can open
     std::function<void(QWidget* over)> showLogin;
     std::function<void(QWidget* over)> showRestore;  ///< the way out when the database can't be opened
+    std::function<void()> opened = {};               ///< the data file is open, nothing is shown yet
     QString vfs = {};                                ///< the engine's storage layer, for tests
 };
 

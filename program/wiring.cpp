@@ -3,6 +3,7 @@
 #include "accounts/entry_form.h"
 #include "accounts/ledger_form.h"
 #include "admin/backup.h"
+#include "admin/end_of_day.h"
 #include "admin/operators.h"
 #include "admin/password.h"
 #include "admin/reset.h"
@@ -54,6 +55,9 @@ Registry FilledRegistry() {
     forms.modals[u"S2"_s] = Modal<S2>();
     forms.modals[u"S32"_s] = Modal<S32>();
     forms.commands[u"Backup"_s] = BackUp;
+    const auto endOfDay = std::make_shared<admin::EndOfDay>();
+    forms.closing = [endOfDay] { endOfDay->Before(); };
+    forms.closed = [endOfDay] { endOfDay->After(); };
     return forms;
 }
 
@@ -62,6 +66,11 @@ Registry FilledRegistry() {
 StartUpParts Wire(const QString& folder) {
     return {.folder = folder,
             .registry = FilledRegistry(),
-            .showLogin = Modal<Login>(),
-            .showRestore = Modal<S32>()};
+            .showLogin =
+                [](QWidget* over) {
+                    Login(over).ShowModal();
+                    admin::SessionCopies().Work();
+                },
+            .showRestore = Modal<S32>(),
+            .opened = admin::CatchUpCopies};
 }
