@@ -362,15 +362,6 @@ void PlayExport(Operator& op, const QString& file) {
     op.Command(u"R"_s);
 }
 
-void PlayRestore(Operator& op) {
-    op.Command(u"S5"_s);
-    op.ExpectWindow(u"S32"_s);
-    op.Picture(u"restore"_s, u"数据恢复；光标在“取消操作”上"_s);
-    op.Press(Qt::Key_Return);
-    op.ExpectWindow(u"MForm"_s);
-    op.ExpectRows(u"select count(*) from B01"_s, {u"605"_s});
-}
-
 /// An operator without the right to see figures.
 void PlayRestricted(Operator& op) {
     op.Command(u"H1"_s);
@@ -429,6 +420,80 @@ void PlayAbout(Operator& op) {
     op.ExpectWindow(u"MForm"_s);
 }
 
+void LogInAsAdministrator(Operator& op) {
+    LogIn(op, u"001.管理员"_s, {});
+    Confirm(op);
+    op.ExpectWindow(u"MForm"_s);
+}
+
+void TellOperators(Operator& op) {
+    op.Command(u"H1"_s);
+    LogInAsAdministrator(op);
+    op.Command(u"S2"_s);
+    op.Picture(u"operators"_s, u"操作员列表"_s);
+    op.Command(u"A"_s);
+    const QString texts[] = {u"008"_s, u"田会计"_s, u"t-8-kuai"_s};
+    for (int box = 0; box < 3; ++box) {
+        op.EnterTo(u"Txt(%1)"_s.arg(box));
+        op.TypeOver(texts[box]);
+    }
+    op.EnterTo(u"Chk(7)"_s);
+    op.Picture(u"operator-adding"_s, u"增加操作员；密码输入时变为大写"_s);
+    op.Command(u"S"_s);
+    op.ExpectRows(u"select F2,F3 from TE1 where F1='008'"_s, {u"田会计|T-8-KUAI"_s});
+    op.Command(u"R"_s);
+}
+
+void TellBackup(Operator& op, const QString& file) {
+    op.Do(u"移去上次的备份"_s, [file] { QFile::remove(file); });
+    op.Command(u"S4"_s);
+    op.ExpectWindow(u"FileDialog"_s);
+    op.Picture(u"backup-file"_s, u"系统数据备份：选择位置"_s);
+    op.TypeOver(file);
+    op.Press(Qt::Key_Return);
+    op.ExpectBox(u"备份完成！请重新启动系统！"_s, kTitle, u"backup-done"_s);
+    op.ExpectEnd();
+}
+
+void TellMishap(Operator& op, const QString& file) {
+    LogInAsAdministrator(op);
+    op.Command(u"S3"_s);
+    op.ExpectWindow(u"S03"_s);
+    for (int box = 0; box < 4; ++box) {
+        op.TabTo(u"Chk(%1)"_s.arg(box));
+        op.Press(Qt::Key_Space);
+    }
+    op.TabTo(u"Cmd(0)"_s);
+    op.Picture(u"reset"_s, u"清除数据"_s);
+    op.Press(Qt::Key_Return);
+    op.ExpectBox(u"数据清除后将无法恢复!真的继续吗?"_s, u"警告"_s, u"reset-question"_s);
+    op.ExpectBox(u"数据清除成功!"_s, kTitle);
+    op.TabTo(u"Cmd(1)"_s);
+    op.Press(Qt::Key_Return);
+    op.ExpectWindow(u"MForm"_s);
+    op.ExpectRows(u"select count(*) from B01"_s, {u"0"_s});
+
+    op.Command(u"S5"_s);
+    op.ExpectWindow(u"S32"_s);
+    op.TabTo(u"Command1"_s);
+    op.Press(Qt::Key_Return);
+    op.ExpectWindow(u"FileDialog"_s);
+    op.Type(file);
+    op.Press(Qt::Key_Return);
+    op.ExpectBox(u"数据恢复完成，请重新运行本系统！"_s, {}, u"restore-done"_s);
+    op.ExpectEnd();
+}
+
+void TellRestored(Operator& op) {
+    LogInAsAdministrator(op);
+    op.ExpectRows(u"select count(*) from B01"_s, {u"605"_s});
+    op.Command(u"S5"_s);
+    op.ExpectWindow(u"S32"_s);
+    op.Picture(u"restore"_s, u"数据恢复；光标在“取消操作”上"_s);
+    op.Press(Qt::Key_Return);
+    op.ExpectWindow(u"MForm"_s);
+}
+
 }  // namespace
 
 void PlayDay(Operator& op, const QString& folder) {
@@ -455,7 +520,6 @@ void PlayDay(Operator& op, const QString& folder) {
          [&] { TellAccounts(op); }},
         {u"查找"_s, u"按日期、客户和审核人三个条件查找。"_s, [&] { PlaySearch(op); }},
         {u"导出"_s, u"列表导出为 Excel 工作簿。"_s, [&] { PlayExport(op, folder + u"/速递单.xls"_s); }},
-        {u"数据恢复"_s, u"打开后放弃，什么也没有改变。"_s, [&] { PlayRestore(op); }},
         {u"另一位操作员"_s, u"看不到金额的操作员：金额以星号显示，已出货的单不能修改。"_s,
          [&] { PlayRestricted(op); }},
         {u"下班"_s, u"修改自己的密码，看一看系统信息，退出。"_s,
@@ -463,6 +527,12 @@ void PlayDay(Operator& op, const QString& folder) {
              PlayPassword(op);
              PlayAbout(op);
          }},
+        {u"操作员"_s, u"增加一位操作员：帐号、密码和八种权限。"_s, [&] { TellOperators(op); }},
+        {u"备份"_s, u"把整个数据文件备份到选定的位置；备份之后程序结束。"_s,
+         [&] { TellBackup(op, folder + u"/DataBak.dat"_s); }},
+        {u"第二天：一次失误"_s, u"全部数据被清除，再从昨天的备份恢复；恢复之后程序结束。"_s,
+         [&] { TellMishap(op, folder + u"/DataBak.dat"_s); }},
+        {u"恢复之后"_s, u"数据和备份时一样；程序每天自动保存的副本也可以恢复。"_s, [&] { TellRestored(op); }},
     };
     for (const auto& chapter : chapters) {
         op.Chapter(chapter.title, chapter.words);

@@ -77,10 +77,17 @@ void Steady(QApplication& app) {
     sys::seams().localeName = [] { return u"zh_CN"_s; };
 }
 
-/// The program on the company's folder, from its start to the closing of the main window.
+/// The program on the company's folder, from its start to the closing of the main window. Where it ends by
+/// itself, as after a backup, it is started again.
 void PlayOn(const QString& company, demo::Screen& screen, const Arguments& arguments) {
     demo::Operator op(screen, arguments.pause);
-    sys::seams().leave = [&op](int) { op.Fail(u"程序提前结束"_s); };
+    sys::seams().leave = [&op](int status) {
+        op.NoteEnd();
+        // Leaves the loops of the windows that are open as well, without asking them to close.
+        QMetaObject::invokeMethod(
+            qApp, [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
+        throw sys::ProgramEnded{status};
+    };
     demo::PlayDay(op, QDir(arguments.folder).absolutePath());
     op.Start();
     StartUpParts parts = Wire(company);
@@ -89,9 +96,12 @@ void PlayOn(const QString& company, demo::Screen& screen, const Arguments& argum
         screen.Fill(*frame);
         login(frame);
     };
-    std::unique_ptr<MForm> frame;
-    sys::Guarded([&] { frame = StartUp(parts); });
-    QApplication::exec();
+    do {
+        sys::ClearEnd();
+        std::unique_ptr<MForm> frame;
+        sys::Guarded([&] { frame = StartUp(parts); });
+        QApplication::exec();
+    } while (sys::HasEnded());
     if (!op.Done()) op.Fail(u"主窗口已关闭，还有步骤未完成"_s);
 }
 

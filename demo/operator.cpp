@@ -6,6 +6,7 @@
 #include "demo/rows.h"
 #include "platform/controls/box.h"
 #include "platform/errors.h"
+#include "platform/system/guard.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -178,6 +179,16 @@ void Operator::ExpectBox(const QString& text, const QString& title, const QStrin
         add(text, [this, picture, text](QMessageBox&) { screen_.Keep(picture, u"消息框："_s + text); });
     add(text, [this, answer](QMessageBox&) { keyboard::Press(KeyTarget(), answer); });
     Add(u"窗口重新激活"_s, WakeModalWindow, true);
+}
+
+void Operator::ExpectEnd() {
+    const int number = ++endsTold_;
+    const auto startedAgain = [this, number] { return ends_ >= number && !sys::HasEnded(); };
+    steps_.push_back({u"程序结束，重新启动"_s, startedAgain, true});
+}
+
+void Operator::NoteEnd() {
+    if (++ends_ > endsTold_) Fail(u"程序提前结束"_s);
 }
 
 void Operator::Chapter(const QString& title, const QString& words) {

@@ -50,6 +50,9 @@ class Operator {
     void ExpectBox(const QString& text, const QString& title, const QString& picture = {},
                    Qt::Key answer = Qt::Key_Return);
 
+    /// The program ends by itself here; what follows is told to the next start.
+    void ExpectEnd();
+
     /// What the pictures from here on belong to.
     void Chapter(const QString& title, const QString& words);
     /// The whole screen as it is then.
@@ -58,6 +61,8 @@ class Operator {
     /// Plays the steps told so far; call before the event loop. Whatever is left at its end is a failure.
     void Start();
     bool Done() const { return steps_.empty(); }
+    /// The program ends by itself. An end that nobody told of is a failure.
+    void NoteEnd();
     /// Tells where the day stands, leaves a picture of it and ends the process with status 1.
     [[noreturn]] void Fail(const QString& why);
 
@@ -82,6 +87,8 @@ class Operator {
     QString current_;
     int played_ = 0;
     int moves_ = 0;
+    int endsTold_ = 0;
+    int ends_ = 0;  ///< that have come
 };
 
 }  // namespace demo
