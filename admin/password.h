@@ -1,4 +1,4 @@
-// The logged-in operator changes his own password.
+// The logged-in operator changes their own password.
 #pragma once
 
 #include "platform/controls/box.h"

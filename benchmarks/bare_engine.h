@@ -1,5 +1,5 @@
-// The engine's own C interface, as thin as it gets: what every measure is compared with. A failure ends the
-// run with the engine's words.
+// A minimal wrapper of the engine's own C interface: the baseline of every measurement. A failure ends the
+// run with the engine's error message.
 #pragma once
 
 #include <QByteArray>
@@ -10,7 +10,7 @@
 
 namespace benchmarks {
 
-/// One statement, prepared from its text, finalized at the end.
+/// RAII prepared statement: the constructor prepares the text, the destructor finalizes it.
 class BareStatement {
   public:
     BareStatement(sqlite3* engine, const QByteArray& text);
@@ -24,7 +24,7 @@ class BareStatement {
     void Bind(int place, double value);
     void Bind(int place, sqlite3_int64 value);
     void Bind(int place, const QByteArray& value);
-    /// Binds the texts from place 1 on, beside what is bound already, steps and resets.
+    /// Binds the texts to the parameters from 1 on, keeps what is bound already, steps and resets.
     void Insert(std::initializer_list<QByteArray> texts);
 
     int Columns() const;
@@ -39,11 +39,11 @@ class BareStatement {
     sqlite3_stmt* statement_ = nullptr;
 };
 
-/// A company's data file under the same settings as the program opens it with.
+/// A company's data file, opened with the same settings as the program uses.
 class BareEngine {
   public:
     explicit BareEngine(const QString& path);
-    /// An engine that is open already and belongs to somebody else.
+    /// An engine that is already open and that somebody else owns.
     explicit BareEngine(sqlite3* engine) : engine_(engine), own_(false) {}
     ~BareEngine();
     BareEngine(const BareEngine&) = delete;
@@ -51,7 +51,7 @@ class BareEngine {
 
     void Run(const QByteArray& text);
     QString Answer(const QByteArray& select);
-    /// Reads the fields of the first row, from one up to before another, as numbers.
+    /// The sum of the numeric fields `from` to `to` - 1 of the first row.
     double SumOfRow(const QByteArray& select, int from, int to);
     sqlite3* Handle() const { return engine_; }
 

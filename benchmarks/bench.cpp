@@ -10,7 +10,7 @@ namespace benchmarks {
 namespace {
 
 constexpr int Rounds = 7;
-/// Another program on the machine can spoil a round; one that was above its limit gets more of them.
+/// Another program on the machine can distort a round; a measurement above its limit gets more rounds.
 constexpr int RoundsAtMost = 40;
 
 std::string Shown(double seconds) {

@@ -1,4 +1,4 @@
-// The balance chain of one counterparty, rebuilt from its beginning over 10,000 rows, with its one commit.
+// Rebuilds the balance chain of one counterparty from its beginning: 10,000 rows, one commit.
 #include "accounts/journal.h"
 #include "benchmarks/subjects.h"
 
@@ -12,7 +12,7 @@ void Ours(dao::Database& db) {
     db.CloseGroup();
 }
 
-/// As the dynaset does it: keys and values first, then one prepared write for each row.
+/// Works as the dynaset does: reads keys and values first, then executes one prepared write for each row.
 void Bare(BareEngine& engine) {
     const QByteArray name = CustomerName(LargeCustomer);
     engine.Run("begin immediate");

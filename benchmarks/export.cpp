@@ -1,5 +1,5 @@
-// The export of a list of 16,000 lines: pressing the form's button beside a bare loop that writes the same
-// records into a container of the same kind, and beside a converter at work on the same cells.
+// The export of a list of 16,000 lines: pressing the form's button, compared with a bare loop that writes the
+// same records into a container of the same kind, and with a converter at work on the same cells.
 #include "records/export.h"
 
 #include "app/session.h"
@@ -37,7 +37,7 @@ constexpr int Lines = 16'000;
     std::exit(2);
 }
 
-/// The form as it stands before its button is pressed, a file chosen.
+/// The form with a file chosen, before its button is pressed.
 class ReadyForm : public ToExcel {
   public:
     ReadyForm(const controls::FlexGrid& grid, const QString& file, int version) : ToExcel(&TheFrame()) {

@@ -1,5 +1,5 @@
-// How the program grows with the company: the same five years with 10,000 waybills and with 1,000,000. The
-// save must not feel it, the list may take longer by the row only.
+// How the program scales with the company: the same five years with 10,000 and with 1,000,000 waybills. The
+// time of a save must not depend on the number, the time of the list may only be proportional to the rows.
 #include "benchmarks/repeated_save.h"
 #include "benchmarks/subjects.h"
 
@@ -14,7 +14,7 @@ constexpr int Large = 1'000'000;
 struct Figures {
     double save;    ///< seconds, on the newest day
     double list;    ///< seconds, for all waybills
-    double memory;  ///< bytes a cell beyond the texts
+    double memory;  ///< bytes per cell beyond the texts
     double start;   ///< seconds to the login
 };
 

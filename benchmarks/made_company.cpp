@@ -13,7 +13,7 @@
 namespace benchmarks {
 namespace {
 
-/// Raise it when the recipe below changes.
+/// Increment it when the recipe below changes.
 constexpr int Recipe = 3;
 
 const QDate FirstDay(2019, 1, 1);
@@ -25,7 +25,7 @@ QByteArray Numbered(const char* head, int index) {
 constexpr const char* Places[] = {"纽约",   "洛杉矶", "东京", "大阪",     "伦敦", "巴黎",  "悉尼",
                                   "新加坡", "首尔",   "香港", "法兰克福", "米兰", "多伦多"};
 
-/// The tables' definitions; a file of other tables is made anew.
+/// The table definitions as one text; a file with other definitions is rebuilt.
 QString Shape(const QString& file) {
     return BareEngine(file).Answer("select group_concat(sql,';') from sqlite_master where name<>'made'");
 }
@@ -80,7 +80,8 @@ void FillTariffs(BareEngine& engine) {
     }
 }
 
-/// The waybills with their receivable and payable rows, places and balances as the journal gives them.
+/// Inserts the waybills and their receivable and payable rows, with `SN` and balances as the journal computes
+/// them.
 class LedgerMaker {
   public:
     explicit LedgerMaker(BareEngine& engine)

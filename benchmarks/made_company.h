@@ -1,6 +1,6 @@
-// A company of five years, made up: 2,000 customers with quotes, waybills by the thousand, each with its two
-// journal rows. The same at every making; kept under build/ and made anew only when the tables or the recipe
-// change.
+// A generated company of five years: 2,000 customers with quotes, waybills by the thousand, each with its two
+// journal rows. The data is deterministic. The file is cached under build/ and rebuilt only when the tables
+// or the recipe change.
 #pragma once
 
 #include "benchmarks/bare_engine.h"
@@ -15,7 +15,7 @@
 
 namespace benchmarks {
 
-constexpr int Waybills = 100'000;  ///< where nothing else is said
+constexpr int Waybills = 100'000;  ///< the default number
 constexpr int Customers = 2'000;
 constexpr int Channels = 20;
 constexpr int Zones = 10;
@@ -30,16 +30,16 @@ QByteArray ChannelName(int index);
 /// Each channel has a cost zone for every zone.
 QByteArray CostZoneCode(int channel, int zone);
 QByteArray CourierName(int index);
-/// The day of the newest waybill.
+/// The sending date of the newest waybill.
 QDate LastDay();
 
-/// The one customer with a tenth of all waybills: a chain of 10,000 rows. The channels' chains have 5,000
-/// each.
+/// The one customer with a tenth of all waybills: a chain of 10,000 rows. The chain of each channel has 5,000
+/// rows.
 constexpr int LargeCustomer = 0;
 
 class MadeCompany {
   public:
-    /// Makes the file in that folder, or takes the one that is there. A folder has one size, for good.
+    /// Creates the file in that folder, or opens the cached one. The size of a folder's company is fixed.
     explicit MadeCompany(const QString& folder, int waybills = Waybills);
 
     dao::Database& Db() { return *db_; }

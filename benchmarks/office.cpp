@@ -27,7 +27,7 @@ Control& Found(const QWidget& form, const QString& name) {
     std::exit(2);
 }
 
-/// A box means that the command did not do what is measured.
+/// A message box means that the command did not do what is measured; the run ends.
 void EndOnBoxes() {
     sys::seams().showBox = [](const sys::BoxRequest& request) -> sys::BoxAnswer {
         std::fprintf(stderr, "a box came: %s %s\n", qPrintable(request.text), qPrintable(request.detail));

@@ -1,5 +1,6 @@
-// The program at work, as far as a measure needs it: the frame and the waybill's form over a copy of the made
-// company, the administrator logged in. What a measure writes here is written for good and does no harm.
+// The running program, as far as a measurement needs it: the frame and the waybill form over a copy of the
+// generated company, the administrator logged in. A measurement writes to the copy only, so its writes are
+// committed.
 #pragma once
 
 #include "app/main_window.h"
@@ -10,13 +11,13 @@
 
 namespace benchmarks {
 
-/// The form itself, with its list's doors open.
+/// The form itself, with its list's protected members made public.
 class OpenForm : public B01 {
   public:
     using RecordForm::LoadGrid;
-    /// All waybills, as the form loads them when it opens.
+    /// Loads all waybills, as the form does when it opens.
     void LoadAll() { LoadGrid(ListStatement()); }
-    /// The first so many of them.
+    /// Loads the first `waybills` of them.
     void LoadFirst(int waybills);
     const controls::FlexGrid& Grid() const { return *GD; }
     controls::TextBox& Box(waybills::Box box) { return *Txt[box]; }
@@ -32,10 +33,10 @@ class Office {
     Office& operator=(const Office&) = delete;
 
     OpenForm& Form() { return *form_; }
-    /// What is posted happens, as it has long happened when an operator presses the next key.
+    /// Processes the posted events, which in use are processed before the operator presses the next key.
     static void Settle();
     BareEngine& Bare() { return *bare_; }
-    /// The engine underneath the session's database.
+    /// The engine of the session's database.
     sqlite3* Engine() { return engine_; }
 
   private:

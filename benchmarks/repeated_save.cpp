@@ -18,7 +18,7 @@ constexpr int Channel = 3;
 constexpr int Charge = 250;
 constexpr int Cost = 180;
 
-/// What the posting added to later balances of that party.
+/// Subtracts what the posting added to later balances of that party.
 void Lower(BareEngine& engine, const QByteArray& kind, const QByteArray& party, int amount) {
     const QString place = engine.Answer("select SN from TB1 where F1='" + kind + Number + "'");
     if (place.isEmpty()) return;

@@ -1,5 +1,5 @@
-// The save of one released waybill with its two postings, made again and again: each time the file and the
-// card are first brought to where an operator has just filled the card.
+// Saves one released waybill with its two postings repeatedly. Before each save the file and the card are
+// restored to the state in which an operator has just filled in the card.
 #pragma once
 
 #include "benchmarks/office.h"
@@ -10,14 +10,14 @@ namespace benchmarks {
 
 class RepeatedSave {
   public:
-    /// Saves once, so that what the engine reads once for a run has been read.
+    /// Saves once, so that data that the engine reads once for a run is already cached.
     RepeatedSave(Office& office, QDate day);
-    /// Takes back what the last save has written, for good.
+    /// Undoes the last save and commits that.
     ~RepeatedSave();
     RepeatedSave(const RepeatedSave&) = delete;
     RepeatedSave& operator=(const RepeatedSave&) = delete;
 
-    /// Takes the save before it back, through that engine, and fills the card.
+    /// Undoes the previous save through that engine and fills in the card.
     void MakeReady(BareEngine& engine);
     void MakeReady() { MakeReady(ours_); }
     /// From the key of the command to the durable commit.
@@ -27,7 +27,7 @@ class RepeatedSave {
     void Undo(BareEngine& engine) const;
 
     Office& office_;
-    BareEngine ours_;  ///< beneath the session's database
+    BareEngine ours_;  ///< the engine of the session's database
     QDate day_;
     QString counter_;  ///< of the journal, before the save
 };

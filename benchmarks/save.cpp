@@ -1,6 +1,7 @@
 // The save of a released waybill with its two postings, from the key of the command to the durable commit:
-// for the newest day, and dated back into the middle of the channel's chain of 5,000 rows. The bare loop runs
-// what the save itself sends to the engine, word for word, on the same state of the file.
+// for the newest day, and dated back into the middle of the channel's chain of 5,000 rows. The bare loop
+// executes the statements that the save itself sends to the engine, byte for byte, on the same state of the
+// file.
 #include "benchmarks/repeated_save.h"
 #include "benchmarks/sent.h"
 #include "benchmarks/subjects.h"

@@ -1,4 +1,4 @@
-// From the start of the process to a login that takes keys, the derivation of the key included.
+// From the start of the process to a login that accepts keys, key derivation included.
 #include "benchmarks/subjects.h"
 #include "schema/data_files.h"
 

@@ -1,5 +1,5 @@
-// The program as its main() starts it, on the company in the folder of its argument, up to the moment in
-// which the login takes keys. Then it says so and goes.
+// Starts the program as its main() does, on the company in the folder of its argument. When the login accepts
+// keys, it prints the form's name and exits.
 #include "app/product.h"
 #include "platform/controls/look.h"
 #include "platform/controls/modal_form.h"
@@ -19,7 +19,7 @@ void SayWhenReady(controls::ModalForm& form) {
         return form.isActiveWindow() && form.windowHandle()->isExposed() && form.focusWidget();
     };
     while (!takesKeys()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    QCoreApplication::processEvents();  // what is still to be painted
+    QCoreApplication::processEvents();  // processes the pending paint events
     std::puts(qPrintable(form.objectName()));
     std::fflush(stdout);
     std::_Exit(0);
