@@ -1,11 +1,11 @@
-// The day's work, told to the operator step by step.
+// The day's work as a sequence of operator steps.
 #pragma once
 
 #include "demo/operator.h"
 
 namespace demo {
 
-/// From the login to the closing of the main window; what is exported goes into the folder.
+/// Runs from the login to the closing of the main window; exports are written to the folder.
 void PlayDay(Operator& op, const QString& folder);
 
 }  // namespace demo

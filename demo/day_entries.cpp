@@ -9,7 +9,7 @@ const QDate kSaturday(2024, 11, 23);
 const QString kZone = u"D01.北美东岸"_s;
 constexpr int kSegments = 15;
 
-/// Of the new zone; each heavy segment is 1 yuan a kg below the one before.
+/// The list prices of the new zone; each heavy segment costs 1 yuan per kg less than the one before.
 QStringList ListPrices() {
     QStringList prices = {u"170"_s, u"52"_s, u"215"_s, u"66"_s};
     for (int segment = 0; segment < kSegments; ++segment) prices += QString::number(88 - segment);

@@ -1,5 +1,5 @@
-// What the day brings, as it is typed and as it has to come out: new masters, a zone, a channel, customers,
-// and the waybills of a Monday. Everything is invented. Weights in kg, prices in yuan.
+// The input of the day and its expected results: new masters, a zone, a channel, customers, and the waybills
+// of a Monday. All data is invented. Weights are in kg, prices in yuan.
 #pragma once
 
 #include <QDate>
@@ -19,10 +19,10 @@ struct MasterRow {
     QString name;
     QString note;
 };
-/// A small form, and who joins its list today.
+/// A small form and the row that is added to its list.
 struct SmallMaster {
     QString form;
-    QString keys;  ///< of its menu
+    QString keys;  ///< the key sequence of its menu command
     QString table;
     QString picture;
     QString caption;
@@ -36,43 +36,43 @@ struct Entry {
     QString text;
 };
 
-// The tariffs, in the order of Tab. A new zone, up to its days; then its places and its list prices.
+// The tariffs, in tab order. A new zone, up to its days; then its places and its list prices.
 std::vector<Entry> ZoneEntries();
 const std::vector<MasterRow>& ZoneAreas();
 std::vector<Entry> ZonePrices();
 std::vector<Entry> ChannelEntries();
 
-/// What the channel asks for a zone of its own.
+/// The cost standard of the channel for one of its own zones.
 struct CostZone {
     std::vector<Entry> entries;  ///< from the code on; the channel is chosen from the list
     std::vector<MasterRow> areas;
     std::vector<Entry> prices;
-    /// Check boxes to be turned: ticked is a segment that runs as first weight plus continuation. They begin
-    /// as the zone before had them.
+    /// Check boxes to be toggled: a ticked segment is priced as first weight plus continuation. Their initial
+    /// state is that of the zone before.
     QStringList turned;
     QString stored;  ///< F2, F3, F4, F6, P101 to P301, P3, A30, A31
 };
 const std::vector<CostZone>& CostZones();
 
-// What the customer is quoted: the zones beginning with D at one coefficient, all others at another.
+// The customer's quotes: the zones beginning with D at one coefficient, all others at another.
 inline const QString kQuotedPrefix = QStringLiteral("D");
 inline const QString kCoefficient = QStringLiteral("1.08");
 inline const QString kOtherCoefficient = QStringLiteral("1.06");
 
 struct Customer {
     QString code, name, company;
-    std::vector<Entry> entries;  ///< behind the three
+    std::vector<Entry> entries;  ///< the entries after code, name and company
 };
 const std::vector<Customer>& Customers();
 
-/// A waybill as it is typed, and what has to come of it. Money in yuan, weights in kg.
+/// A waybill as it is typed, and its expected amounts. Amounts are in yuan, weights in kg.
 struct Consignment {
     QString number;
-    QString rule;  ///< how the customer's quote prices it
+    QString rule;  ///< the quote rule that prices it
     QDate date;    ///< the sending date
     bool released = false;
-    std::vector<Entry> entries;  ///< in the order of Tab, from the destination on
-    QString basic;               ///< what entering the box of the basic charge computes
+    std::vector<Entry> entries;  ///< in tab order, from the destination on
+    QString basic;               ///< the amount that entering the text box of the basic charge computes
     QString total;
 };
 const std::vector<Consignment>& Consignments();

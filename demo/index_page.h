@@ -1,5 +1,5 @@
-// The pictures of the day as one page, in the order of the day, by chapters, each with its caption: a file of
-// its own beside the pictures that any browser opens, without anything from elsewhere.
+// The pictures of the day on one page: in the order of the day, grouped by chapter, each with its caption.
+// The page is a file beside the pictures; it opens in any browser and loads no external resource.
 #pragma once
 
 #include "demo/screen.h"
@@ -8,7 +8,7 @@
 
 namespace demo {
 
-/// summary: what the day has left, set in letters of one width at the page's end.
+/// `summary`: the data at the end of the day, in a monospaced font at the end of the page.
 QString IndexPage(const std::vector<Screen::Kept>& pictures, const QString& summary);
 
 }  // namespace demo

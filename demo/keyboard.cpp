@@ -23,7 +23,7 @@ void Press(QWidget& target, Qt::Key key, Qt::KeyboardModifiers modifiers) {
 void Character(QWidget& target, QChar character) {
     if (character.unicode() < 0x80)
         QTest::keyClick(&target, character.toLatin1());
-    else  // no key makes it, so it comes as an input method sends it
+    else  // no key produces it, so it is sent as an input method sends it
         QTest::sendKeyEvent(QTest::Click, &target, Qt::Key_unknown, QString(character), Qt::NoModifier);
 }
 

@@ -1,5 +1,5 @@
-// make-sample-company FOLDER: makes the sample company in a folder; one that is there already is not touched.
-// Ends with 0 when it is there, 1 when it could not be made, 2 when it was called wrongly.
+// make-sample-company FOLDER: creates the sample company in a folder; an existing one is not changed. The
+// exit code is 0 if the company exists afterwards, 1 if it could not be created, 2 for wrong arguments.
 #include "demo/platform_messages.h"
 #include "demo/sample_clerk.h"
 #include "platform/controls/look.h"
@@ -13,7 +13,7 @@
 using namespace Qt::StringLiterals;
 
 int main(int argc, char** argv) {
-    // It is nobody's to look at.
+    // Nobody watches the forms while they run.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     demo::SilencePlatform();
     QApplication app(argc, argv);

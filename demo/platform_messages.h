@@ -1,11 +1,12 @@
-// What a display without a screen says at every window.
+// Messages that a display without a screen prints for every window.
 #pragma once
 
 #include <QString>
 
 namespace demo {
 
-/// Drops its words about what it can't do, and that nobody is logged in there.
+/// Installs a message handler that drops the messages about unsupported functions and about a missing login
+/// session (XDG_RUNTIME_DIR).
 inline void SilencePlatform() {
     using namespace Qt::StringLiterals;
     static QtMessageHandler others = nullptr;

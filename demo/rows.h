@@ -1,4 +1,4 @@
-// What stands in the file, as text.
+// The rows of the data file, as text.
 #pragma once
 
 #include "platform/dao/database.h"

@@ -10,10 +10,11 @@ namespace sample {
 namespace {
 
 constexpr int HeavySegments = 15;
-constexpr double FallOfPrice = 0.02;  // a heavy segment to the next, of the first one's price
+// From a heavy segment to the next, as fractions of the first one's price.
+constexpr double FallOfPrice = 0.02;
 constexpr double FallOfCost = 0.03;
 
-/// Per kg in that segment, to one decimal.
+/// The rate per kg in that segment, to one decimal.
 QString HeavyRate(double first, double fall, int segment) {
     return text::GeneralText(text::Val(text::FormatFixed(first * (1 - fall * segment), 1)));
 }
@@ -255,7 +256,7 @@ const std::vector<Zone>& Zones() {
          62,
          84,
          {{u"迪拜"_s, u"Dubai"_s}, {u"利雅得"_s, u"Riyadh"_s}}},
-        // The longest code and the longest name that a zone gets.
+        // The longest code and the longest name that a zone has.
         {u"F02-EAST"_s,
          u"非洲东部及印度洋岛国（偏远地区除外）"_s,
          u"East Africa and the Indian Ocean Islands"_s,
@@ -447,7 +448,7 @@ const std::vector<Customer>& Customers() {
          u"苏州工业园区样例街 66 号"_s, u"No.66 Sample St, SIP, Suzhou"_s, li, u"0.9"_s, u"0.95"_s},
         {u"SZ002"_s, u"样例丝绸"_s, u"苏州样例丝绸有限公司"_s, u"Suzhou Sample Silk Co., Ltd."_s,
          u"苏州市姑苏区样例巷 7 号"_s, u"No.7 Sample Lane, Gusu, Suzhou"_s, li, u"1"_s, u"1"_s},
-        // The longest code, short name and full name that a customer gets.
+        // The longest code, short name and full name that a customer has.
         {u"SZ2024-VIP-3"_s, u"样例精密模具"_s, u"样例精密模具与自动化装备制造（苏州工业园区）有限责任公司"_s,
          u"Sample Precision Moulds and Automation (SIP)"_s,
          u"江苏省苏州工业园区样例大道 8888 号样例科技园 16 号楼 A 座 1208 室"_s,
@@ -466,10 +467,10 @@ const std::vector<Customer>& Customers() {
 
 QStringList OperatorStatements() {
     const QString head = u"insert into TE1 (F1,F2,F3,F60,F61,F62,F63,F64,F65,F66,F67) VALUES ("_s;
-    return {head + u"'002','何开单','2',0,1,0,0,1,1,0,0)"_s,   // waybills, released ones and figures too
-            head + u"'003','许会计','3',0,0,1,0,0,1,1,1)"_s,   // reports and the accounts
-            head + u"'004','魏主管','4',1,1,1,0,1,1,1,1)"_s,   // all but the administration
-            head + u"'005','蒋录单','5',0,1,0,0,0,0,0,0)"_s};  // waybills alone, without figures
+    return {head + u"'002','何开单','2',0,1,0,0,1,1,0,0)"_s,  // waybills, including released ones and figures
+            head + u"'003','许会计','3',0,0,1,0,0,1,1,1)"_s,  // reports and the accounts
+            head + u"'004','魏主管','4',1,1,1,0,1,1,1,1)"_s,  // everything except the administration
+            head + u"'005','蒋录单','5',0,1,0,0,0,0,0,0)"_s};  // waybills only, without figures
 }
 
 }  // namespace sample

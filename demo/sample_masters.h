@@ -1,8 +1,8 @@
-// The tables of the sample company: who works there, what it sells and what it pays. Everything is invented
-// and says so where the program has room for a remark. Weights are in kg, prices in yuan.
+// The tables of the sample company: its staff, its services and its costs. All data is invented and marked as
+// such where the program has a field for a remark. Weights are in kg, prices in yuan.
 //
-// Always holds: names of couriers and origins have at most 4 characters; prices per kg fall with the weight;
-// every zone is served by at least one channel.
+// Always holds: names of couriers and origins have at most 4 characters; prices per kg fall as the weight
+// rises; every zone is served by at least one channel.
 #pragma once
 
 #include <QString>
@@ -40,7 +40,7 @@ struct Zone {
     QString code, name, english;
     int days;
     int document, documentMore, parcel, parcelMore;
-    int heavy;  ///< of the first heavy segment, per kg
+    int heavy;  ///< price of the first heavy segment, per kg
     std::vector<Place> places;
     bool Domestic() const { return code.startsWith(u'A'); }
 };
@@ -51,16 +51,16 @@ QStringList ListPrices(const Zone& zone);
 struct Channel {
     QString code, name, remark;
     QStringList weights;  ///< first weight and step of documents, then of parcels
-    QStringList bounds;   ///< of its heavy segments; none, up to ten
+    QStringList bounds;   ///< lower bounds of its heavy segments; none, up to ten
 };
 const std::vector<Channel>& Channels();
 
 struct CostZone {
     QString channel, code, name, english;
     int days;
-    QStringList serves;  ///< zones of our own
+    QStringList serves;  ///< the company's own zones
     double document, documentMore, parcel, parcelMore;
-    double heavy;      ///< of the channel's first segment, per kg
+    double heavy;      ///< price of the channel's first segment, per kg
     unsigned flagged;  ///< bit s: segment s is priced as first weight plus continuation
 };
 const std::vector<CostZone>& CostZones();
@@ -73,7 +73,7 @@ struct Customer {
 };
 const std::vector<Customer>& Customers();
 
-/// Operators beside the administrator, as statements: they have no form yet.
+/// Operators other than the administrator, as statements: no form for them is implemented yet.
 QStringList OperatorStatements();
 
 }  // namespace sample

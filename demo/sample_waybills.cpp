@@ -19,14 +19,14 @@ const QDate FirstDay(2024, 9, 23);
 const QDate LastDay(2024, 11, 23);
 constexpr int OnWeekday = 13;
 constexpr int OnSaturday = 6;
-constexpr int FirstHeavyBound = 4;  // among the standard's figures
+constexpr int FirstHeavyBound = 4;  // index among the standard's figures
 constexpr int HeavySegments = 15;
 
 bool IsHoliday(QDate day) {
     return day.dayOfWeek() == Qt::Sunday || (day >= QDate(2024, 10, 1) && day <= QDate(2024, 10, 3));
 }
 
-/// Announced monthly.
+/// The rates change monthly.
 QString CustomersRate(QDate day) {
     const QString rates[] = {u"1.145"_s, u"1.16"_s, u"1.135"_s};
     return rates[day.month() - 9];
@@ -76,7 +76,7 @@ class Planner {
 
     double DocumentWeight() { return Chance(10) ? (30 + UpTo(50)) / 10.0 : (3 + UpTo(23)) / 10.0; }
     double ParcelWeight() { return Chance(6) ? 0.5 : (5 + UpTo(196)) / 10.0; }
-    /// Light ones come more often, and every segment comes.
+    /// Light weights are more frequent, and every segment occurs.
     double HeavyWeight() {
         const auto bound = [](int segment) { return Standard()[FirstHeavyBound + segment].toInt(); };
         const int segment = ++heavy_ % 4 == 0 ? heavy_ / 4 % HeavySegments
@@ -174,8 +174,8 @@ class Planner {
     }
 
     std::mt19937 random_{20241123};
-    int heavy_ = 0;  ///< parcels so far, and incidents
-    int incidents_ = 0;
+    int heavy_ = 0;      ///< heavy parcels so far
+    int incidents_ = 0;  ///< incidents so far
     Waybill now_;
     std::vector<Waybill> plan_;
 };

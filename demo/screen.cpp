@@ -13,22 +13,22 @@ using namespace Qt::StringLiterals;
 namespace demo {
 namespace {
 
-// Measures and colours of the look.
+// Sizes and colours of the look.
 constexpr int kBar = 32;        // title bar of the main window
-constexpr int kDialogBar = 30;  // of what stands over it
+constexpr int kDialogBar = 30;  // title bar of a window above the main window
 constexpr QRgb kBarColor = 0xFFE1E5EE;
 constexpr QRgb kLineColor = 0xFFD5DCE3;
 constexpr QRgb kTextColor = 0xFF1B2733;
 constexpr QRgb kBorderColor = 0xFF8A949E;
 
-/// One device pixel at every scaling.
+/// A pen of one device pixel at every scale factor.
 QPen Thin(QRgb color) {
     QPen pen(QColor::fromRgb(color), 1);
     pen.setCosmetic(true);
     return pen;
 }
 
-/// The marks of a title bar, the rightmost first: close, then size, then minimize.
+/// The buttons of a title bar, the rightmost first: close, then size, then minimize.
 void DrawMarks(QPainter& painter, const QRectF& bar, int count) {
     painter.setPen(QPen(QColor::fromRgb(kTextColor), 1));
     QPointF at(bar.right() - 20, bar.center().y());
@@ -68,7 +68,7 @@ int Depth(const QWidget* window) {
     return depth;
 }
 
-/// What is seen over the main window, the lowest first.
+/// The visible windows above the main window, the lowest first.
 QWidgetList Over(const QWidget* frame) {
     QWidgetList over;
     for (QWidget* window : QApplication::topLevelWidgets())
@@ -119,7 +119,7 @@ void Screen::Keep(const QString& name, const QString& caption) {
     if (!frame_) return;
     const auto number = u"%1"_s.arg(static_cast<int>(kept_.size()) + 1, 2, 10, QChar(u'0'));
     const QString file = number + u'-' + name + suffix_ + u".png"_s;
-    // The smallest file that the toolkit writes.
+    // The smallest file that the toolkit can write.
     if (!Take().save(folder_ + u'/' + file, "PNG", 0)) throw RuntimeError(u"无法写入图片 "_s + file);
     kept_.push_back({file, caption, chapter_, words_});
 }

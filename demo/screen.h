@@ -1,6 +1,5 @@
-// The screen of the demonstration and the pictures of it. A display without a window manager draws no title
-// bars and lays no window over another, so both are done here: what a picture shows inside the windows is
-// what the program painted.
+// The screen of the demonstration and its pictures. A display without a window manager draws no title bars
+// and does not stack windows, so this class does both. The program itself paints the content of the windows.
 #pragma once
 
 #include <QImage>
@@ -13,15 +12,15 @@ namespace demo {
 
 class Screen {
   public:
-    /// size in device-independent pixels; pictures go into the folder as
-    /// NUMBER-NAME + suffix + ".png", numbered in the order of their taking.
+    /// `size` is in device-independent pixels. Pictures are written to the folder as NUMBER-NAME + suffix +
+    /// ".png", numbered in the order in which they are taken.
     Screen(QSize size, const QString& folder, const QString& suffix);
 
-    /// Gives the main window the whole screen beneath its title bar.
+    /// Resizes the main window to the whole screen below its title bar.
     void Fill(QWidget& frame);
-    /// What the pictures from now on belong to: a title, and a sentence on what is done.
+    /// The chapter of the following pictures: a title and a sentence on what is done.
     void Begin(const QString& chapter, const QString& words);
-    /// Writes a picture of the main window and all that stands over it.
+    /// Writes a picture of the main window and of all windows above it.
     void Keep(const QString& name, const QString& caption);
 
     struct Kept {

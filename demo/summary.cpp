@@ -14,7 +14,7 @@ namespace {
 
 struct Column {
     QString title;
-    int width;  ///< in letters; a Chinese character takes two
+    int width;  ///< in Latin characters; a Chinese character counts as two
     bool right = false;
     bool money = false;
 };
@@ -75,7 +75,8 @@ QString Waybills(dao::Database& db) {
     return Table(columns, rows);
 }
 
-/// The chain in the order of the journal. Every row has to open with what the one before it closed with.
+/// The chain in the order of the journal. The opening balance of every row must equal the closing balance of
+/// the row before.
 QString Chain(dao::Database& db, const QString& counterparty) {
     const QStringList rows = Rows(db, u"select SN,F1,F2,S2,QC,YF,QM from TB1 where F3='"_s + counterparty +
                                           u"' and SN<>0 order by SN"_s);

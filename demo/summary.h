@@ -1,4 +1,4 @@
-// What the day has left in the company's file, in Chinese and figures.
+// The content of the company's file at the end of the day, in Chinese and figures.
 #pragma once
 
 #include "demo/screen.h"
@@ -7,8 +7,8 @@
 
 namespace demo {
 
-/// Reads the file, which the program has closed. Raises RuntimeError where the balances of a chain do not
-/// follow one from the other, DatabaseError where the file cannot be read.
+/// Reads the file, which the program must have closed. Raises RuntimeError if the balances of a chain do not
+/// follow from one another, DatabaseError if the file cannot be read.
 QString Summary(const QString& file, const std::vector<Screen::Kept>& pictures);
 
 }  // namespace demo

@@ -11,11 +11,11 @@ namespace demo {
 namespace {
 
 const QString kTitle = u"提示"_s;
-/// Of the quote grid: the heavy segment of 46 to 70 kg.
+/// The column of the quote grid for the heavy segment of 46 to 70 kg.
 constexpr int kGapColumn = 7;
 constexpr int kGapRow = 2;  ///< the first quote
 
-/// Tab, since Enter would press a button on the way.
+/// Moves by Tab, since Enter would press a button on the way.
 void Fill(Operator& op, const std::vector<Entry>& entries) {
     for (const Entry& entry : entries) {
         op.TabTo(entry.control);
@@ -32,7 +32,7 @@ void AddAreas(Operator& op, const std::vector<MasterRow>& areas) {
     }
 }
 
-/// The list anew, and the card of that record in it.
+/// Reloads the list and shows the card of that record.
 void ShowCard(Operator& op, const QString& keys, int record) {
     op.Command(u"R"_s);
     op.Command(keys);
@@ -42,7 +42,7 @@ void ShowCard(Operator& op, const QString& keys, int record) {
     op.Press(Qt::Key_Right);
 }
 
-/// Quotes all zones with the prefix that are not quoted yet.
+/// Quotes all zones with the prefix that have no quote yet.
 void QuoteZones(Operator& op, const QString& prefix, const QString& coefficient, bool picture) {
     op.TabTo(u"TxtHPBM"_s);
     op.TypeOver(prefix);
@@ -59,7 +59,7 @@ void QuoteZones(Operator& op, const QString& prefix, const QString& coefficient,
     op.ExpectFocus(u"TxtHPBM"_s);
 }
 
-/// The customer has no price for one heavy segment between two that he has, so that a waybill falls back.
+/// Clears the customer's price for one heavy segment between two others, so that a waybill uses the fallback.
 void TakeAPriceOut(Operator& op) {
     op.TabTo(u"GdMx"_s);
     op.Press(Qt::Key_Home);
@@ -128,7 +128,7 @@ void PlayZone(Operator& op) {
     op.ExpectBox(u"区域编号不能为空!"_s, kTitle, u"zone-refused"_s);
     Fill(op, ZoneEntries());
     op.TabTo(u"cmbFw"_s);
-    op.ExpectText(u"cmbFw"_s, u"国内"_s);  // as the zone before
+    op.ExpectText(u"cmbFw"_s, u"国内"_s);  // the value of the zone before
     op.Press(Qt::Key_Down);
     AddAreas(op, ZoneAreas());
     Fill(op, ZonePrices());
@@ -162,7 +162,7 @@ void PlayChannel(Operator& op) {
     op.Command(u"R"_s);
 }
 
-/// The second one's channel is left as it is proposed; its segments are numbered then.
+/// The second zone keeps the proposed channel; its segments are then numbered.
 void PlayCostZones(Operator& op) {
     op.Command(u"A2"_s);
     op.ExpectStatus(u"共 15 条记录 当前为第 1 条"_s);
@@ -199,7 +199,7 @@ void PlayCostZones(Operator& op) {
     op.Command(u"R"_s);
 }
 
-/// Two new customers, the first with quotes; then the list, and his card.
+/// Two new customers, the first with quotes; then the list and the card with the longest code.
 void PlayCustomers(Operator& op) {
     op.Command(u"A5"_s);
     op.ExpectStatus(u"客户资料列表：共 12 条记录 当前为第 1 条"_s);
@@ -213,8 +213,8 @@ void PlayCustomers(Operator& op) {
         op.ExpectRows(u"select F2,F301,F8 from M03 where F1='"_s + customer.code + u"'"_s,
                       {customer.name + u'|' + customer.company + u"|孙雨晴"_s});
     }
-    // List price times the coefficient, to one decimal: 150, 45, 190, 58, 80, 76.8 yuan times 1.08; 155
-    // times 1.06.
+    // List price times the coefficient, to one decimal: 150, 45, 190, 58, 80, 76.8 yuan times 1.08; 155 times
+    // 1.06.
     op.ExpectRows(u"select F2,F3,F4,F5,F6,F7,F8 from M031 where F0='C0012' and F1='D01'"_s,
                   {u"162|48.6|205.2|62.6|86.4|0|82.9"_s});
     op.ExpectRows(

@@ -1,5 +1,5 @@
-// How the company sets up what it sells, each form by its keys: the pricing standard, a zone with its places
-// and list prices, a channel with what it asks for its own zones, and the customers with their quotes.
+// Sets up the tariffs, each form by its keys: the pricing standard, a zone with its places and list prices, a
+// channel with its costs for its own zones, and the customers with their quotes.
 #pragma once
 
 #include "demo/operator.h"
@@ -10,7 +10,7 @@ void PlayStandard(Operator& op);
 void PlayZone(Operator& op);
 void PlayChannel(Operator& op);
 void PlayCostZones(Operator& op);
-/// Takes the salespersons and the zones as entered.
+/// Requires that the salespersons and the zones are entered.
 void PlayCustomers(Operator& op);
 
 }  // namespace demo
