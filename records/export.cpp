@@ -23,16 +23,16 @@ using workbook::Format;
 
 namespace {
 
-const QString SettingsEntry = u"ToExcel"_s;  // in the user's settings: the version chosen last, by its place
+const QString SettingsEntry = u"ToExcel"_s;  // in the user's settings: the index of the version chosen last
 const QString SheetName = u"mysheet"_s;
 const QString ExportCaption = u"导出数据"_s;
 const QString OpenCaption = u"打开文件"_s;
 const QString Extension = u".xls"_s;
 
 constexpr int LastColumn = 29;
-constexpr int ShownWidth = 2;   // fifteenths of a pixel; a column that is narrower counts as hidden
-constexpr int RowPause = 50;    // ms between two rows in the caption: faster than that nobody reads
-constexpr int FormWidth = 520;  // a path is long
+constexpr int ShownWidth = 2;   // fifteenths of a pixel; a narrower column counts as hidden
+constexpr int RowPause = 50;    // ms between two rows in the caption; nobody reads faster
+constexpr int FormWidth = 520;  // wide enough for a path
 
 constexpr struct {
     QStringView name;
@@ -40,7 +40,7 @@ constexpr struct {
 } Versions[] = {{u"EXCEL 8.0", Format::Biff8}, {u"EXCEL 7.0", Format::Biff7}, {u"EXCEL 5.0", Format::Biff5}};
 constexpr int VersionCount = static_cast<int>(std::size(Versions));
 
-/// The first column always goes out, of the others those that are shown.
+/// The first column is always exported, of the others only the visible ones.
 std::vector<int> ExportedColumns(const controls::FlexGrid& grid) {
     std::vector<int> columns{0};
     for (int col = 1; col < std::min(grid.Cols(), LastColumn + 1); ++col)
@@ -52,10 +52,10 @@ QString Stored() {
     return sys::seams().readSetting(SettingsEntry);
 }
 
-/// Names the row as the list counts it, and the column by its header.
+/// The message: it gives the row as the list counts it, and the column by its header.
 QString Words(const workbook::DoesNotFit& refusal, const controls::FlexGrid& grid, int version) {
     const auto& [name, format] = Versions[version];
-    const int row = refusal.row - 1;  // the field names stand above the grid's rows
+    const int row = refusal.row - 1;  // the row of field names is above the grid's rows
     const QString other = format == Format::Biff8 ? QString() : u"\r请选择 EXCEL 8.0 再导出。"_s;
     if (refusal.reason == workbook::DoesNotFit::Reason::TooManyRows)
         return u"从第 %1 行起放不下：%2 的工作表最多 %3 行（含字段名一行）！"_s.arg(row).arg(name).arg(
@@ -98,14 +98,14 @@ void ToExcel::MakeControls() {
     Cmb->KeyPressed = controls::EnterMovesOn;
     Txt = new controls::LineBox(this);
     Txt->setObjectName(u"Txt"_s);
-    Txt->SetLocked(true);  // filled by the dialog alone, which looks for a file of that name
+    Txt->SetLocked(true);  // only the dialog fills it, since the dialog checks for a file of that name
     Txt->KeyPressed = controls::EnterMovesOn;
     CmdSaveTo = new controls::Button(u"浏览"_s, this);
     CmdSaveTo->setObjectName(u"CmdSaveTo"_s);
     Cmd = {new controls::Button(ExportCaption, this), new controls::Button(u"返回上层"_s, this)};
     Cmd[0]->setObjectName(u"Cmd(0)"_s);
     Cmd[1]->setObjectName(u"Cmd(1)"_s);
-    Cmd[0]->setDefault(true);  // its colour only
+    Cmd[0]->setDefault(true);  // for its colour only
     CmdSaveTo->setProperty("kind", u"inline"_s);
     CmdSaveTo->Click = [this] { ChooseFile(); };
     Cmd[0]->Click = [this] { Press(); };
@@ -145,7 +145,7 @@ void ToExcel::Press() {
 
 void ToExcel::Export() {
     if (Txt->Text().isEmpty()) return sys::Inform(u"请首先选择文件保存位置!"_s, MsgTitle);
-    // The rows need no such file any more; that it is there says that the program's folder is whole.
+    // The export no longer uses this file; its presence shows that the program's folder is complete.
     if (!QFileInfo::exists(AppFolder + schema::kExportFile.toString()))
         return sys::Inform(u"Korvane系统文件excel.dat丢失,无法执行操作!"_s, MsgTitle);
     if (!WriteFile()) return;

@@ -1,8 +1,8 @@
-// What a list shows, as a workbook: its header rows and all its lines, hidden columns left out.
+// Exports a list as a workbook: its header rows and all its lines, without hidden columns.
 //
-// Always holds: the first row are the field names F1 and so on, without gaps; at most 30 columns; every cell
-// is a text as the grid shows it. A file that is there is never overwritten, and one that could not be
-// finished is not left behind.
+// Always holds: the first row holds the field names F1, F2 and so on, without gaps; there are at most 30
+// columns; every cell is text as the grid shows it. An existing file is never overwritten, and an incomplete
+// file is deleted.
 #pragma once
 
 #include "platform/controls/box.h"
@@ -11,16 +11,17 @@
 
 #include <QElapsedTimer>
 
-/// Lets the operator export the grid; returns when the form has gone.
+/// Lets the operator export the grid; returns when the form is closed.
 void ExportGrid(const controls::FlexGrid& grid);
 
-/// 导出数据到EXCEL. After an export its button opens the file; another export needs the form opened anew.
+/// 导出数据到EXCEL. After an export its button opens the file; another export requires opening the form
+/// again.
 class ToExcel : public controls::ModalForm {
     Q_OBJECT
   public:
     explicit ToExcel(QWidget* over);
 
-    const controls::FlexGrid* GD = nullptr;  ///< set by whoever shows the form
+    const controls::FlexGrid* GD = nullptr;  ///< set by the caller that shows the form
 
   protected:
     void Load() override;
@@ -31,7 +32,7 @@ class ToExcel : public controls::ModalForm {
     void ChooseFile();
     void Press();
     void Export();
-    /// False, with a message, when there is no file afterwards.
+    /// False, after a message, if the file was not written.
     bool WriteFile();
     void WriteRows(const QString& path);
     void OpenFile();
@@ -41,5 +42,5 @@ class ToExcel : public controls::ModalForm {
     controls::LineBox* Txt = nullptr;
     controls::Button* CmdSaveTo = nullptr;
     std::array<controls::Button*, 2> Cmd{};
-    QElapsedTimer reported_;  ///< since the caption last showed a row
+    QElapsedTimer reported_;  ///< time since the caption last showed a row
 };

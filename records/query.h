@@ -1,8 +1,8 @@
-// The one search dialog. It knows no table: what can be searched is what its caller gives it, and what it
-// hands back is a statement's text, which the caller runs itself.
+// The only search dialog. It depends on no table: its caller supplies the searchable fields, and the dialog
+// returns the text of a statement, which the caller executes itself.
 //
-// Always holds: PubSql is "" unless the operator pressed 查 找; with no condition it is the bare base
-// statement, so the caller shows all its records.
+// Always holds: PubSql is "" unless the operator pressed 查 找; without conditions it is the base statement
+// alone, so the caller shows all its records.
 #pragma once
 
 #include "platform/controls/box.h"
@@ -20,7 +20,7 @@
 /// A form that can be searched.
 class QueryCaller {
   public:
-    /// Receives the finished statement; "" means nothing was chosen.
+    /// Receives the finished statement; "" means that the operator started no search.
     QString PubSql;
 
   protected:
@@ -34,19 +34,19 @@ struct SearchField {
     int column;     ///< its caption is the header of this column of the caller's list; or OwnCaption
     QString field;  ///< qualified: "M04.F1"
     search::Kind kind = search::Kind::Text;
-    QString caption = {};  ///< where it is not a header
-    QString offered = {};  ///< where the list of fields spells it differently
+    QString caption = {};  ///< the caption, if it is not a header
+    QString offered = {};  ///< the spelling in the list of fields, if it differs
 };
 
-/// What a form hands to the dialog.
+/// The input of the dialog, supplied by a form.
 struct SearchTable {
-    QString base;  ///< a SELECT with its whole FROM, without WHERE, a blank at its end
+    QString base;  ///< a SELECT with its whole FROM, without WHERE, with a blank at its end
     std::vector<SearchField> fields;
-    int first = 0;  ///< the field that is chosen at the beginning
+    int first = 0;  ///< index of the field that is selected at first
 };
 
-/// A search as every form does it: empties PubSql, fills the dialog, shows it over the form and, if a
-/// statement came back, runs the form's own load with it.
+/// The search of every form: clears PubSql, fills the dialog, shows it over the form and, if it returned a
+/// statement, calls the form's own `load` with it.
 void RunQuery(QueryCaller& caller, const controls::FlexGrid& list, const SearchTable& table,
               const std::function<void(const QString& sql)>& load);
 
@@ -60,7 +60,7 @@ class Query : public controls::ModalForm {
     QueryCaller* Caller = nullptr;
     QString BaseStatement;
 
-    /// Empties the field table and gives it so many rows.
+    /// Clears the field table and sets its number of rows.
     void ClearFields(int rows);
     void SetField(int row, const QString& caption, const QString& field, search::Kind kind,
                   const QString& offered);
@@ -90,8 +90,8 @@ class Query : public controls::ModalForm {
     controls::LineBox* Txt;                    ///< value of a text or a number
     controls::DTPicker* DTP;                   ///< value of a date
     controls::ListBox* Lst;                    ///< the conditions
-    controls::ListBox* LstSql;                 ///< out of sight, line by line beside Lst: their pieces
-    controls::FlexGrid* GD;  ///< out of sight, line by line beside CmbF: caption, field, kind
+    controls::ListBox* LstSql;                 ///< hidden, parallel to Lst: the pieces of the statement
+    controls::FlexGrid* GD;                    ///< hidden, parallel to CmbF: caption, field, kind
     std::array<QLabel*, 3> CPT{};
     controls::Button *CmdAdd, *CmdRemove, *CmdQuery, *CmdCancel;
     search::Conditions conditions_;

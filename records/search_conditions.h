@@ -1,9 +1,9 @@
-// A search as its conditions: of each the line that the operator reads and the piece of statement that it
-// stands for. Without a screen; the dialog over it is in query.h.
+// The conditions of a search: for each, the line that the operator reads and the corresponding piece of the
+// statement. Without a screen; the dialog is in query.h.
 //
-// Always holds: the two texts are kept side by side, line for line, because a removal cuts characters and not
-// meaning. Nothing is validated and nothing escaped: what the engine cannot read fails when the caller runs
-// it.
+// Always holds: the two texts are kept in parallel, line for line, because a removal replaces a fixed number
+// of characters and does not parse the text. Nothing is validated or escaped: a statement that the engine
+// cannot parse fails when the caller executes it.
 #pragma once
 
 #include <QString>
@@ -14,9 +14,9 @@ namespace search {
 /// A field's type code.
 enum class Kind { Text = 0, Number = 1, Date = 2 };
 
-/// What binds a condition to those before it, as it is offered: "并且".
+/// The words that join a condition to those before it, as the combo lists them: "并且".
 QStringList Connectives();
-/// How a field of that kind can be compared, as it is offered: "等于(=)".
+/// The comparisons for a field of that kind, as the combo lists them: "等于(=)".
 QStringList Relations(Kind kind);
 
 struct Condition {
@@ -32,12 +32,12 @@ struct Conditions {
     QStringList shown;
     QStringList pieces;
 
-    /// A number's value is what can be read of it as a number, 0 if nothing can; one that is too large for
-    /// any number raises.
+    /// The value of a number field is the number that its text begins with, 0 if there is none; a number that
+    /// is too large raises RuntimeError.
     void Add(const Condition& condition);
-    /// Takes a line and its piece away; -1 takes none. The line that is then the first becomes the head.
+    /// Removes a line and its piece; -1 removes none. The line that is then the first becomes the head.
     void Remove(int line);
-    /// The base statement with all pieces behind it.
+    /// The base statement followed by all pieces.
     QString Statement(const QString& base) const { return base + pieces.join(QString()); }
 };
 

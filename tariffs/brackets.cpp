@@ -18,14 +18,14 @@ float Weight(const Standard& standard, int field, double ifNull) {
     return text::ToSingle(standard.at(static_cast<std::size_t>(field)).value_or(ifNull));
 }
 
-/// "0.5Kg". The single's own seven digits are rounded, not what it becomes as a double: 0.35 is 0.4 here as
-/// where it is set.
+/// "0.5Kg". Rounds the seven digits of the single, not its value as a double: 0.35 becomes 0.4 here, as in
+/// the form where it is set.
 QString ChargedWeight(const Standard& standard, int bracket) {
     const float weight = Weight(standard, bracket, WeightIfNull);
     return text::FormatFixed(text::Val(text::GeneralText(weight)), 1) + u"Kg"_s;
 }
 
-/// From a segment's lower bound to one kilogram below the next one's; the last is open.
+/// From a segment's lower bound to one kilogram below the next one's; the last segment has no upper bound.
 QString Segment(const Standard& standard, int bracket, const QString& joiner) {
     const QString from = text::GeneralText(Weight(standard, bracket, 0));
     if (bracket == Brackets - 1) return from + u"Kg以上"_s;

@@ -1,9 +1,9 @@
-// The outbound channels: through whom consignments leave, and the weight brackets of each one's own cost
-// standard.
+// The outbound channels: the carriers that consignments are handed to, and the weight brackets of each one's
+// own cost standard.
 //
 // Always holds: the bounds are read from the table when the card is shown, never from the list. A bound of 0
-// ends them; the segment before it is the open last one. The number of segments (JFD) and the bounds are kept
-// in step by the card alone: a hidden bound is stored as it stands. Weights are in kg.
+// ends the bounds; the segment before it is the last and has no upper bound. Only the card keeps the number
+// of segments (JFD) and the bounds consistent: a hidden bound is stored unchanged. Weights are in kg.
 #pragma once
 
 #include "platform/controls/card.h"
@@ -30,9 +30,9 @@ class A01 : public RecordForm {
     QWidget* Segments();
     void WireCard();
 
-    /// A bound and the caption behind it.
+    /// Shows or hides a bound and the caption after it.
     void ShowBound(int box, bool shown);
-    /// The caption that tells the top of the segment before this bound.
+    /// Sets the caption with the upper end of the segment before this bound.
     void CaptionTop(int box);
     void FillBounds(const dao::Recordset& row);
     void LeaveCount();

@@ -1,8 +1,8 @@
-// The customers: who sends, who looks after them, and what each has been quoted.
+// The customers: the senders, their salespersons, and the quotes of each.
 //
-// Always holds: an edit is a delete followed by an insert of the customer and of all its quotes, with no
-// transaction, so an insert that fails loses them. The markup coefficient (Txt(11)) works while the card is
-// edited and is stored as 1: what it did is in the quotes.
+// Always holds: an edit deletes the customer and all its quotes and then inserts them, with no transaction,
+// so an insert that fails loses them. The markup coefficient (Txt(11)) applies while the card is edited and
+// is stored as 1, since the quotes already contain its effect.
 #pragma once
 
 #include "platform/controls/card.h"

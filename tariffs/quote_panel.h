@@ -1,8 +1,8 @@
-// The quotes below a customer's card: the bar with the line through which zones are quoted, floated and
-// removed, and the grid of prices (quote_grid.h) that unfolds beneath it.
+// The quotes below a customer's card: the bar with the entry line, which adds, floats and removes quotes of
+// zones, and the grid of prices (quote_grid.h), which unfolds below the bar.
 //
-// Always holds: nothing reaches the table before the customer is saved, and then all quotes are written anew.
-// The job of CmdDel is what its caption says; it reads 批量增加 only while the drop-down is open.
+// Always holds: nothing is written to the table before the customer is saved; the save then writes all quotes
+// anew. The caption of CmdDel determines what it does; it is 批量增加 only while the drop-down is open.
 #pragma once
 
 #include "platform/controls/box.h"
@@ -16,23 +16,24 @@
 class QuotePanel : public QWidget {
     Q_OBJECT
   public:
-    /// What the panel needs of the form it stands in.
+    /// What the panel needs of the form that contains it.
     struct Host {
-        controls::TextBox* coefficient;        ///< Txt(11), which stands in the panel's bar
+        controls::TextBox* coefficient;        ///< Txt(11), in the panel's bar
         QLabel* coefficientCaption;            ///< Lab(10)
         std::function<int()> lastCustomerRow;  ///< of the customer list
-        std::function<void(bool)> unfolded;    ///< the panel takes the room below the card, or gives it back
+        std::function<void(bool)> unfolded;    ///< true: takes the space below the card; false: frees it
     };
     QuotePanel(QWidget* form, Host host);
 
-    /// Empties the grid and makes its captions anew from the pricing standard.
+    /// Clears the grid and rebuilds its captions from the pricing standard.
     void BuildQuoteGrid();
-    /// Reads a customer's quotes; without a code the grid stays empty. A failing statement is told in a box.
+    /// Reads a customer's quotes; without a code the grid stays empty. A message box reports a statement that
+    /// fails.
     void LoadQuotes(const QString& customer);
-    /// Writes what the grid shows, if the first row is a quote.
+    /// Writes the rows of the grid if the first row is a quote.
     void SaveQuotes(const QString& customer);
 
-    /// Add and edit state: the entry line comes and goes, the panel folds.
+    /// Switches the add and edit state: shows or hides the entry line and folds the panel.
     void OpenEntry();
     void CloseEntry();
 
@@ -41,10 +42,10 @@ class QuotePanel : public QWidget {
     bool Folded() const;
 
     void CloseDownList();
-    /// Finishes a cell edit. Whatever may come by a key of the menu bar calls it first.
+    /// Finishes a cell edit. Every command that a key of the menu bar can trigger calls it first.
     void FinishCell();
 
-    /// The controls in the order of Tab.
+    /// The controls in tab order.
     std::vector<QWidget*> TabOrder() const;
 
   protected:
@@ -73,7 +74,7 @@ class QuotePanel : public QWidget {
     void DeleteQuote();
     void RemoveQuoteRow(int row);
     void ReNewPrice();
-    /// What CmdDel does: it adds the zones of the open drop-down, or it deletes.
+    /// Sets what CmdDel does: it adds the zones of the open drop-down, or it deletes.
     void SetBatchJob(bool batch);
     bool BatchJob() const;
 

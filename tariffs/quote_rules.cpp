@@ -26,7 +26,7 @@ QString ListPriceSelect() {
 }
 
 QStringList QuoteLine(const dao::Recordset& zone, double coefficient) {
-    // A tab in a name would part the line where it must not.
+    // A tab in a name would split the line at the wrong place.
     QStringList cells{text::Trim(zone.Fields(ZoneColumn).Text()),
                       zone.Fields(NameColumn).Text().replace(u'\t', u' ')};
     for (int column = FirstPrice; column <= LastPrice; ++column)

@@ -1,9 +1,9 @@
-// The arithmetic of customers' quotes, and their statements; no screen.
+// The arithmetic of customers' quotes, and their statements; without a screen.
 //
-// A quote is a copy: the list prices of a zone (M02) times a coefficient, each rounded to one decimal, kept
-// as the customer's own figures (M031). Which price stands where is fixed by position alone: list price n of
-// the select, from 0, is column n+2 of the quote grid and field Fn+2 of M031. Prices are in yuan. A
-// coefficient is a factor, 1.1 raises by a tenth; it may be any number. Raises RuntimeError on overflow.
+// A quote is a copy: the list prices of a zone (M02) times a coefficient, each rounded to one decimal, stored
+// as the customer's own figures (M031). Only the position identifies a price: list price n of the select,
+// from 0, is column n+2 of the quote grid and field Fn+2 of M031. Prices are in yuan. A coefficient is a
+// factor, 1.1 raises by a tenth; any number is allowed. Raises RuntimeError on overflow.
 #pragma once
 
 #include "platform/dao/database.h"
@@ -18,35 +18,35 @@ enum QuoteColumn {
     ZoneColumn = 0,
     NameColumn = 1,
     FirstPrice = 2,
-    LastPlainPrice = 5,  ///< documents and small parcels up to here, heavy segments behind
+    LastPlainPrice = 5,  ///< documents and small parcels up to here, then heavy segments
     LastPrice = 20,
     QuoteColumns = 21
 };
 
-/// Columns 2 to 5 always show one decimal, the heavy segments the general text. An empty cell stays empty.
+/// Columns 2 to 5 always show one decimal, the heavy segments show general text. An empty cell stays empty.
 QString DressedPrice(int column, const QString& stored);
 
-constexpr int FirstQuoteRow = 2;  ///< two header rows stand above
+constexpr int FirstQuoteRow = 2;  ///< after two header rows
 
-/// A list price times the coefficient, as it enters the grid; null counts as 0.
+/// A list price times the coefficient, as the grid shows it; null counts as 0.
 QString NewPrice(int column, double listPrice, double coefficient);
 
-/// What stands in a cell times the coefficient, in general text: whole numbers lose their decimal.
+/// The value of a cell times the coefficient, in general text: whole numbers lose their decimal.
 QString FloatedPrice(const QString& cell, double coefficient);
 
-/// The zones with their list prices; ends in a blank, a condition may follow.
+/// Selects the zones with their list prices; ends in a blank, so that a condition can be appended.
 QString ListPriceSelect();
 
-/// A new quote's cells from a row of that select.
+/// The cells of a new quote from a row of that select.
 QStringList QuoteLine(const dao::Recordset& zone, double coefficient);
 
-/// The quotes of a customer whose zones exist, in the grid's columns.
+/// Selects the quotes of a customer whose zones exist, in the order of the grid's columns.
 QString QuoteSelect(const QString& customer);
 
-/// Stores one quote; the zone's name is not among what is stored. Cells that are no numbers are 0.
+/// Inserts one quote; the zone's name is not stored. A cell that is not a number is stored as 0.
 QString QuoteInsert(const QString& customer, const QStringList& cells);
 
-/// By how many percent a coefficient raises: 1.1 is "10".
+/// The percentage by which a coefficient raises: 1.1 is "10".
 QString PercentOf(double coefficient);
 
 }  // namespace tariffs

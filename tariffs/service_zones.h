@@ -1,5 +1,5 @@
-// The company's own selling zones with their list prices. A price means nothing without its place: its weight
-// bracket is the pricing standard's (tariffs/brackets.h).
+// The company's own selling zones with their list prices. The position of a price determines its weight
+// bracket, which is that of the pricing standard (tariffs/brackets.h).
 #pragma once
 
 #include "tariffs/zone_form.h"

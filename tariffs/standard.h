@@ -1,8 +1,8 @@
-// The pricing standard: the one row (table MS1) that says how the company's own price list is cut up by
-// weight. Changing it re-labels every stored price without touching it, and the dialog warns of that.
+// The pricing standard: the one row (table MS1) that divides the company's own price list into weight
+// brackets. Changing it relabels every stored price without changing it; the dialog warns of that.
 //
-// Always holds: saving deletes the row and then inserts it, with no transaction and the texts of the boxes as
-// they stand; an insert that fails leaves the table empty. Weights are in kg.
+// Always holds: saving deletes the row and then inserts it, with no transaction and with the unchanged texts
+// of the text boxes; an insert that fails leaves the table empty. Weights are in kg.
 #pragma once
 
 #include "platform/controls/box.h"
@@ -13,7 +13,7 @@
 
 #include <array>
 
-/// 本公司报价标准设定. Shown from its menu, and by whoever needs the row and finds none.
+/// 本公司报价标准设定. Opened from its menu, and by any code that needs the row and finds none.
 class S01 : public controls::ModalForm {
     Q_OBJECT
   public:

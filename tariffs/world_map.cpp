@@ -13,7 +13,8 @@ constexpr QSize WestSize(229, 182);
 
 }  // namespace
 
-/// A library's pictures are carried into the program only when they are asked for; outside any namespace.
+/// Qt links the resources of a static library only if they are initialised explicitly. Q_INIT_RESOURCE must
+/// be used outside any namespace.
 static void InitMaps() {
     Q_INIT_RESOURCE(maps);
 }

@@ -1,5 +1,5 @@
-// The map of the world that stands on a zone's card, one half of it in sight. Decoration: where it is clicked
-// is not asked, a click anywhere turns to the other half.
+// The world map on a zone's card; one half is visible. Decoration only: a click at any position shows the
+// other half.
 #pragma once
 
 #include "platform/system/guard.h"

@@ -1,8 +1,7 @@
-// The places that a zone contains: their list, and beneath it in an edit the boxes and buttons that change
-// it.
+// The places of a zone: their list and, below it while editing, the text boxes and buttons that change it.
 //
-// Always holds: the list always ends in one empty row that is no data; it is a copy, and reaches the table
-// with Store alone. A place is known by its Chinese name, trimmed.
+// Always holds: the list ends in one empty row that is not data. The list is a copy; only Store writes it to
+// the table. The key of a place is its Chinese name, trimmed.
 #pragma once
 
 #include "platform/controls/box.h"
@@ -20,22 +19,22 @@ class ZoneAreas : public QWidget {
     };
     enum Column { ChineseName, EnglishName, Remark, Columns };
 
-    /// The boxes of the form that the places are typed into, in the order of the columns.
+    /// The form's text boxes for entering a place, in the order of the columns.
     explicit ZoneAreas(const std::array<Entry, Columns>& entries);
 
     void Clear();
     /// Reads the places of a zone. Raises DatabaseError.
     void Load(const QString& table, const QString& zone);
-    /// Writes the places, as the zone's. Raises DatabaseError.
+    /// Writes the places with the zone's code. Raises DatabaseError.
     void Store(const QString& table, const QString& zone) const;
 
     bool Empty() const { return GDdq->Rows() == 2; }
-    /// Of the first row, "" in an empty list.
+    /// The name in the first row, "" in an empty list.
     QString FirstName() const;
 
     void ShowEntry(bool shown);
     void GoToAdd() { Cmd[0]->SetFocus(); }
-    /// The controls in the order of Tab.
+    /// The controls in tab order.
     std::vector<QWidget*> TabOrder() const;
 
   private:

@@ -1,10 +1,10 @@
-// A zone with its places and its prices: the record form that the company's own selling zones and the
-// carriers' cost zones have in common. What differs is a row of settings (zone_settings.cpp) and a few
-// routines of the form.
+// A zone with its places and its prices: the record form shared by the company's own selling zones and the
+// carriers' cost zones. They differ in a row of settings (zone_settings.cpp) and a few member functions of
+// the form.
 //
 // Always holds: an edit deletes the zone and its places and then inserts them, with no transaction, so an
-// insert that fails loses them. Prices are in yuan. Whatever refers to a zone keeps its own code: no
-// reference is looked up or followed.
+// insert that fails loses them. Prices are in yuan. Records that refer to a zone keep their own code: no
+// reference is looked up or updated.
 #pragma once
 
 #include "platform/controls/card.h"
@@ -20,14 +20,14 @@ class ZoneForm : public RecordForm {
   protected:
     explicit ZoneForm(const ZoneSettings& settings);
 
-    // What a form says of its own.
+    // Specific to each form.
     virtual QString InsertStatement() const = 0;
     /// The saved zone as a line of the list.
     virtual QStringList SavedLine() const = 0;
-    /// What a save asks of the choice, between the names and the places; false after a message.
+    /// Checks the choice on saving, after the names and before the places; returns false after a message.
     virtual bool RequireChoice() { return true; }
     void Menu_Add() override;
-    /// What is never locked looks as the rest of the card does.
+    /// Shows the text boxes that are never locked in the same state as the rest of the card.
     virtual void LookLocked(bool locked);
 
     QStringList Headers() const override { return zone_.headers; }
@@ -38,12 +38,12 @@ class ZoneForm : public RecordForm {
     void ClearAreas() { areas_->Clear(); }
     /// Reads the places of the zone in Txt(0).
     void LoadAreas() { areas_->Load(zone_.areaTable, TrimmedBox(0)); }
-    /// A control right of a price, behind it for Tab.
+    /// Places a control to the right of a price and after it in the tab order.
     void PutBeside(int price, QWidget* part) { prices_->PutBeside(Txt[price]->Widget(), part); }
     controls::Card& TheCard() const { return *card_; }
 
     QString TrimmedBox(int box) const;
-    /// The box's number in general form, for a statement.
+    /// The number in the text box in general form, for a statement.
     QString NumberBox(int box) const;
 
     controls::ComboBox* choice_;

@@ -1,5 +1,6 @@
-// What a computation on the waybill's card comes to. The computations show nothing themselves: the form puts
-// the amount into its box, or shows the box that says why there is none and leaves the amount as it was.
+// The result of a computation on the waybill's card. The computations show nothing themselves. The form puts
+// the amount into its text box, or shows the message box that says why there is no amount and keeps the old
+// one.
 #pragma once
 
 #include "platform/system/seams.h"
@@ -10,16 +11,16 @@ namespace waybills {
 
 struct Computed {
     enum class Kind {
-        Amount,          ///< `amount` is the new text of the box, yuan
-        Refused,         ///< `box` says why; the amount stays
-        Unchanged,       ///< nothing to compute and nothing to say; the amount stays
-        StandardMissing  ///< as Refused, and the pricing standard has to be set after the box
+        Amount,          ///< `amount` is the new text of the text box, in yuan
+        Refused,         ///< the message box `box` says why; the amount is unchanged
+        Unchanged,       ///< nothing to compute and no message; the amount is unchanged
+        StandardMissing  ///< as Refused; after the message box the operator must set the pricing standard
     };
 
     Kind kind = Kind::Refused;
-    QString amount;  ///< "" but for Amount
+    QString amount;  ///< "" unless the kind is Amount
     sys::BoxRequest box;
-    /// The channel's fuel factor read as 0 and was taken as 1; its box shows that.
+    /// The channel's fuel factor reads as 0, so 1 is used; its text box then shows 1.
     bool fuelFactorDefaulted = false;
 };
 

@@ -14,7 +14,8 @@ using namespace Qt::StringLiterals;
 namespace waybills {
 namespace {
 
-/// Bracket b is field b of the standard (tariffs/brackets.h), its price is field b+2 of the quote.
+/// Field b of the standard is the weight of bracket b (tariffs/brackets.h); field b+2 of the quote is its
+/// price.
 constexpr std::int16_t FirstHeavy = tariffs::FirstHeavy;
 constexpr std::int16_t LastHeavy = tariffs::Brackets - 1;
 
@@ -29,7 +30,7 @@ Computed RefuseForStandard() {
                   Computed::Kind::StandardMissing);
 }
 
-/// What the card itself lacks, before anything is asked of the database.
+/// Checks that the card is complete, before any query to the database.
 std::optional<Computed> CheckCard(const ChargeInput& input, double weight) {
     if (text::Trim(input.customer).isEmpty())
         return Refuse(u"未输入发件客户，系统无法根据报价计算发件费用！"_s);
@@ -44,14 +45,13 @@ std::optional<Computed> CheckCard(const ChargeInput& input, double weight) {
 Bracket ChooseBracket(const dao::Recordset& standard, double weight, bool document) {
     Bracket chosen = PlainBracket(standard, weight, document, tariffs::WeightIfNull);
     if (chosen.stepWeight == 0) chosen.stepWeight = text::ToSingle(tariffs::WeightIfNull);
-    // The last bound that the weight reaches wins, for documents too; an empty bound is reached by every
-    // weight.
+    // The last bound that the weight reaches applies, to documents too; every weight reaches an empty bound.
     for (std::int16_t i = FirstHeavy; i <= LastHeavy; ++i)
         if (standard.Fields(i).Number() <= weight) chosen.index = i;
     return chosen;
 }
 
-/// Continuation steps, always rounded up: the floor of the negated quotient, without its sign.
+/// Continuation steps, always rounded up: the negated quotient is rounded down, then its sign is removed.
 double CountSteps(const Bracket& chosen, double weight) {
     const double over = weight - static_cast<double>(chosen.firstWeight);
     return std::abs(std::floor(-over / static_cast<double>(chosen.stepWeight)));
@@ -63,7 +63,7 @@ QString ApplyBracket(const dao::Recordset& quote, const Bracket& chosen, double 
     if (index >= FirstHeavy) {
         const QString amount = text::GeneralText(price(index + 2) * weight);
         if (text::Val(amount) != 0) return amount;
-        // The customer has no price for that segment.
+        // The customer has no price for that segment, so the fallback applies.
         index = chosen.fallback;
     }
     if (index == bracket::DocumentFirst || index == bracket::ParcelFirst)

@@ -1,6 +1,6 @@
-// The customer charge: what a consignment costs the customer by the received weight, the pricing standard and
-// the customer's quote for the destination zone; and the total over the boxes of the card. Weights are in kg,
-// amounts in yuan. Nothing is written to the database and no box is shown here.
+// The customer charge: the price of a consignment to the customer, from the received weight, the pricing
+// standard and the customer's quote for the destination zone; and the total of the charges on the card.
+// Weights are in kg, amounts in yuan. This module writes nothing to the database and shows no message box.
 #pragma once
 
 #include "platform/dao/database.h"
@@ -10,7 +10,7 @@
 
 namespace waybills {
 
-/// The card's boxes as they stand.
+/// The texts of the card.
 struct ChargeInput {
     QString customer;     ///< `Cmb(31)`: code, point, name
     QString zone;         ///< `Cmb(6)`: code, point, name
@@ -18,13 +18,13 @@ struct ChargeInput {
     QString serviceType;  ///< `Cmb(17)`: its first character, D document or S parcel
 };
 
-/// The text for `Txt(26)`, in general number text, not rounded. Raises DatabaseError for a text that breaks
-/// its statement and RuntimeError on overflow.
+/// The text for `Txt(26)`, in general number text, not rounded. Raises DatabaseError if a text makes its
+/// statement invalid, and RuntimeError on overflow.
 Computed ComputeCustomerCharge(dao::Database& db, const ChargeInput& input);
 
 /// The text for `Txt(28)`, "#0.00": (additional + basic) times the fuel factor, plus the other fees. An empty
-/// factor counts as 0, so that the other fees alone remain; the channel's factor defaults to 1, this one does
-/// not. Takes the texts of `Txt(27)`, `Txt(26)`, `Txt(33)`, `Txt(43)`.
+/// factor counts as 0, so that only the other fees remain; unlike the channel's factor, it does not default
+/// to 1. Takes the texts of `Txt(27)`, `Txt(26)`, `Txt(33)`, `Txt(43)`.
 QString ChargeTotal(const QString& additional, const QString& basic, const QString& fuelFactor,
                     const QString& otherFees);
 

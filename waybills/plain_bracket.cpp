@@ -13,7 +13,7 @@ float Weight(const dao::Field& field, double ifNull) {
 
 Bracket PlainBracket(const dao::Recordset& row, double weight, bool document, double ifNull) {
     Bracket chosen{};
-    // A weight exactly on the first weight stays within it.
+    // A weight equal to the first weight is within it.
     if (document) {
         const bool within = !(weight > row.Fields(0).Number());
         chosen.index = within ? bracket::DocumentFirst : bracket::DocumentContinued;
@@ -23,8 +23,9 @@ Bracket PlainBracket(const dao::Recordset& row, double weight, bool document, do
         chosen.index = within ? bracket::ParcelFirst : bracket::ParcelContinued;
         chosen.fallback = bracket::ParcelContinued;
     }
-    // Half the index, so a parcel reads the document's step as its first weight and its own first weight as
-    // its step, unlike the comparison above. Charges and costs have always been computed so.
+    // Half the index is used, so a parcel reads the document's step as its first weight and its own first
+    // weight as its step, unlike the comparison above. Kept on purpose: the operator sees charges and costs
+    // computed this way.
     const int k = chosen.index / 2;
     chosen.firstWeight = Weight(row.Fields(k), ifNull);
     chosen.stepWeight = Weight(row.Fields(k + 1), ifNull);

@@ -1,6 +1,6 @@
-// What the customer charge and the shipping cost have in common: the four weight brackets of documents and
-// small parcels, and what their steps count with. The heavy segments behind them are each computation's own.
-// Weights are in kg.
+// Shared by the customer charge and the shipping cost: the four weight brackets of documents and small
+// parcels, and the weights from which their steps are counted. Each computation has its own heavy segments
+// after them. Weights are in kg.
 #pragma once
 
 #include "platform/dao/recordset.h"
@@ -9,7 +9,7 @@
 
 namespace waybills {
 
-/// Which price applies, by position.
+/// The position of the price that applies.
 namespace bracket {
 constexpr std::int16_t DocumentFirst = 0;
 constexpr std::int16_t DocumentContinued = 1;
@@ -17,16 +17,16 @@ constexpr std::int16_t ParcelFirst = 2;
 constexpr std::int16_t ParcelContinued = 3;
 }  // namespace bracket
 
-/// What a set of brackets says about one weight.
+/// The bracket of one weight in a set of brackets.
 struct Bracket {
     std::int16_t index;     ///< `BracketIndex`
-    std::int16_t fallback;  ///< where a heavy segment without a price falls back to
-    float firstWeight;      ///< `FirstWeight`, kg; single precision decides the count of steps
+    std::int16_t fallback;  ///< the bracket to use if a heavy segment has no price
+    float firstWeight;      ///< `FirstWeight`, kg; single precision determines the number of steps
     float stepWeight;       ///< `StepWeight`, kg; may be 0
 };
 
 /// Fields 0 to 3 of the row are first weight and step of documents, then of small parcels; a weight that is
-/// null counts as `ifNull`. Raises RuntimeError for one too large for a single.
+/// null counts as `ifNull`. Raises RuntimeError for a weight too large for a single.
 Bracket PlainBracket(const dao::Recordset& row, double weight, bool document, double ifNull);
 
 }  // namespace waybills

@@ -14,8 +14,8 @@ using namespace Qt::StringLiterals;
 namespace waybills {
 namespace {
 
-/// From here on the lower bound of bracket b is field b of the channel and its rate field b of the zone; the
-/// flag of that rate stands FlagOffset further on.
+/// From here on field b of the channel is the lower bound of bracket b, field b of the zone is its rate, and
+/// field b + FlagOffset of the zone is the flag of that rate.
 constexpr std::int16_t FirstHeavy = 5;
 
 constexpr int SegmentCount = 4;      // field of the channel
@@ -43,9 +43,10 @@ std::optional<Computed> CheckCard(const CostInput& input, double weight) {
 }
 
 Bracket ChooseBracket(const dao::Recordset& channel, double weight, bool document) {
-    // No default here as the standard has one: an empty weight is 0, and a step of 0 counts no continuation.
+    // There is no default here, unlike in the standard: an empty weight is 0, and a step of 0 counts no
+    // continuation.
     Bracket chosen = PlainBracket(channel, weight, document, 0);
-    // Of the channel's own segments the last one that the weight reaches wins, for documents too.
+    // The last of the channel's own segments that the weight reaches applies, to documents too.
     const int segments = text::ToInteger16(channel.Fields(SegmentCount).Number());
     for (int i = FirstHeavy; i <= segments + SegmentCount; ++i)
         if (channel.Fields(i).Number() <= weight) chosen.index = static_cast<std::int16_t>(i);
@@ -61,10 +62,10 @@ Computed FirstWeightCost(const dao::Recordset& zone, const Bracket& chosen, cons
     return Amount(extras.other + extras.additional * extras.fuel + extras.fuel * price);
 }
 
-/// The other fees are never added here, and any that are there take the continuation out of the cost
-/// altogether: the price counts only where the fees and the null test of the price (-1) sum up to 0. Stored
-/// costs and margins rest on it. Fees of 1 with an empty price come out as that empty price, which no amount
-/// can be made of.
+/// The other fees are never added here. Other fees exclude the continuation from the cost: the continued
+/// price counts only if the fees plus the null test of the price (-1) are 0. Kept on purpose: stored costs
+/// and margins depend on it. With fees of 1 and an empty price, the empty price counts, from which no amount
+/// can be computed.
 Computed ContinuedCost(const dao::Recordset& zone, const Bracket& chosen, double weight,
                        const Extras& extras) {
     if (chosen.stepWeight == 0) return {.kind = Computed::Kind::Unchanged};
@@ -81,8 +82,8 @@ Computed ContinuedCost(const dao::Recordset& zone, const Bracket& chosen, double
 Computed HeavyCost(const dao::Recordset& zone, const Bracket& chosen, double weight, const Extras& extras) {
     const double rate = zone.Fields(chosen.index).Number();
     double weightCost = rate * weight;
-    // With the flag the parcel's first-weight price applies, to documents as well, and the weight above the
-    // first weight is not rounded.
+    // With the flag set, the parcel's first-weight price applies, to documents as well, and the weight above
+    // the first weight is not rounded.
     if (zone.Fields(chosen.index + FlagOffset).Number() != 0)
         weightCost = zone.Fields(ParcelFirstPrice).Number() +
                      rate * (weight - static_cast<double>(chosen.firstWeight));
@@ -95,8 +96,8 @@ Computed PlainCost(const dao::Recordset& zone, const Bracket& chosen, double wei
     return ContinuedCost(zone, chosen, weight, extras);
 }
 
-/// A heavy segment that costs nothing gives way to the plain bracket; where that has no amount of its own,
-/// the nothing stands.
+/// A heavy segment whose cost is 0 falls back to the plain bracket; if that gives no amount, the cost remains
+/// 0.
 Computed ApplyBracket(const dao::Recordset& zone, Bracket chosen, double weight, const Extras& extras) {
     if (chosen.index < FirstHeavy) return PlainCost(zone, chosen, weight, extras);
     const Computed heavy = HeavyCost(zone, chosen, weight, extras);
@@ -116,7 +117,8 @@ Computed ComputeShippingCost(dao::Database& db, const CostInput& input) {
 
     auto channel = db.OpenRecordset(u"select "_s + tariffs::ChannelBracketColumns + u" FROM M01 WHERE F1="_s +
                                     Quoted(CodePart(typed)));
-    // The text has always begun with the standard's caption.
+    // The text begins with the caption of the pricing standard. Kept on purpose: the operator sees both texts
+    // joined.
     if (channel.Eof()) return Refuse(u"本公司报价标准设定您填写的出货渠道编码无效,请从下拉列表中选择！"_s);
     const Bracket chosen = ChooseBracket(channel, weight, input.serviceType.startsWith(u'D'));
     channel.Close();

@@ -1,8 +1,8 @@
-// The shipping cost: what the company pays the channel for a consignment, by the shipped weight, the
-// channel's brackets and the cost zone's prices. The sibling of the customer charge, with a shape of its own:
-// the fuel factor and the fees are inside, the channel counts its own segments, a flag lets a segment run as
-// first weight plus continuation, and the result is always "#0.00". Weights are in kg, amounts in yuan. No
-// box is shown here.
+// The shipping cost: the company's payment to the channel for a consignment, from the shipped weight, the
+// channel's brackets and the cost zone's prices. It differs from the customer charge: the fuel factor and the
+// fees are included, the channel has its own number of segments, a flag prices a segment as first weight plus
+// continuation, and the result is always "#0.00". Weights are in kg, amounts in yuan. This module shows no
+// message box.
 #pragma once
 
 #include "platform/dao/database.h"
@@ -12,7 +12,7 @@
 
 namespace waybills {
 
-/// The card's boxes as they stand.
+/// The texts of the card.
 struct CostInput {
     QString channel;         ///< `Cmb(5)`: code, point, name
     QString zone;            ///< `Cmb(40)`: code, point, name
@@ -20,11 +20,11 @@ struct CostInput {
     QString serviceType;     ///< `Cmb(17)`: its first character, D document or S parcel
     QString fuelFactor;      ///< `Txt(35)`: 0 or empty counts as 1
     QString additionalFees;  ///< `Txt(45)`: multiplied by the fuel factor
-    QString otherFees;       ///< `Txt(44)`: outside it
+    QString otherFees;       ///< `Txt(44)`: not multiplied by it
 };
 
-/// The text for `Txt(34)`. Without a channel nothing is computed and nothing said. Raises DatabaseError for a
-/// text that breaks its statement, RuntimeError on overflow and for a channel with more segments than it has
+/// The text for `Txt(34)`. Without a channel it computes nothing and gives no message. Raises DatabaseError
+/// if a text makes its statement invalid, RuntimeError on overflow and for a channel with more segments than
 /// bounds.
 Computed ComputeShippingCost(dao::Database& db, const CostInput& input);
 

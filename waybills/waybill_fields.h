@@ -1,9 +1,9 @@
-// The boxes of the waybill's card, laid on the columns of table B01 by position: one row of one table says a
-// box, its column, its kind and its caption. Without a screen, so that the save's statement and the card read
-// the same.
+// The text boxes of the waybill's card and the columns of table B01, matched by position. Each row of one
+// table gives a text box, its column, its kind and its caption. Without a screen: the save's statement and
+// the card use the same table.
 //
-// Always holds: boxes 0 to 42 stand in the order of the table's first 43 columns. Weights are in kg, lengths
-// in cm, amounts in yuan; a fuel rate is a multiplying factor.
+// Always holds: text boxes 0 to 42 are in the order of the table's first 43 columns. Weights are in kg,
+// lengths in cm, amounts in yuan; a fuel rate is a factor.
 #pragma once
 
 #include <QString>
@@ -68,7 +68,7 @@ enum Box {
     BoxCount
 };
 
-/// Up to here the card reads the row by position, beyond it by name.
+/// The number of text boxes that the card reads by column position; it reads the later ones by name.
 constexpr int BoxesByPosition = DeliveryTime + 1;
 
 enum class Kind { Text, Number };
@@ -82,15 +82,16 @@ struct BoxRow {
     bool figure = false;
 };
 
-/// In the order of the boxes.
+/// In the order of the text boxes.
 const std::array<BoxRow, BoxCount>& Boxes();
 
-// Words of the release mark while a waybill is not released; any other text is the name of who released it.
+// The texts of the release mark of a waybill that is not released; any other text is the name of the operator
+// who released it.
 inline const QString NotChecked = u"未审核"_s;  ///< new
-inline const QString NotShipped = u"未出货"_s;  ///< unmarked by hand
+inline const QString NotShipped = u"未出货"_s;  ///< the operator removed the mark
 bool IsReleased(const QString& releaseMark);
 
-/// A word that the card shows dressed ("月结.Account") for the code that is stored ("月结").
+/// A code as it is stored ("月结"), and the dressed text that the card shows for it ("月结.Account").
 struct CodedWord {
     QString code;
     QString shown;

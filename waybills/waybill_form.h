@@ -1,8 +1,8 @@
-// The consignment note: the form in which a waybill is entered, priced and posted.
+// The waybill: the form in which the operator enters, prices and posts a consignment.
 //
-// Always holds: the card shows dressed texts (code, point, name); the save cuts them back to codes. A
-// released waybill is told by its release mark (Txt[ReleaseMark]), and ChkChuHuo only mirrors that box. An
-// operator who may not see figures reads "*" in those boxes and can enter none of them.
+// Always holds: the card shows dressed texts (code, point, name); the save reduces them to codes. The release
+// mark (Txt[ReleaseMark]) determines whether a waybill is released; ChkChuHuo only mirrors that text box. An
+// operator who may not see figures sees "*" in those text boxes and cannot enter any of them.
 #pragma once
 
 #include "platform/controls/card.h"
@@ -33,9 +33,9 @@ class B01 : public RecordForm {
     void OpenCard() override;
     void CloseCard() override;
 
-    /// What the list and a search show of a waybill, in the order of the headers: a SELECT's columns.
+    /// The columns of a SELECT that the list and a search show of a waybill, in the order of the headers.
     static QString ListColumns();
-    /// All waybills by the text of their date.
+    /// Selects all waybills, ordered by the text of their date.
     static QString ListStatement();
 
   private:
@@ -43,7 +43,7 @@ class B01 : public RecordForm {
     void PlaceFields(controls::Card& card);
     void MakeCombo(waybills::Box box);
     void WireCard();
-    /// A combo stands in its box's place, or the box does.
+    /// Shows the combo in place of its text box, or the text box.
     void ShowCombo(waybills::Box box, bool shown);
     void FillCombos();
     void FillCombo(waybills::Box box, const QString& sql, bool withName);
@@ -57,7 +57,8 @@ class B01 : public RecordForm {
     void LeaveCustomer();
     void MirrorRelease();
     void ClickRelease();
-    /// Puts a computation's outcome into its box, which is locked meanwhile; or shows why there is none.
+    /// Puts the result of a computation into its text box, which is locked meanwhile; or shows the message
+    /// box that says why there is none.
     void Compute(waybills::Box box, const std::function<waybills::Computed()>& computation);
     void EnterBasicCharge();
     void EnterTotal();
@@ -89,7 +90,7 @@ class B01 : public RecordForm {
 
     controls::ComboBox& Combo(waybills::Box box) const { return *Cmb.at(box); }
 
-    std::map<waybills::Box, controls::ComboBox*> Cmb;  ///< over the boxes of the same index
+    std::map<waybills::Box, controls::ComboBox*> Cmb;  ///< over the text boxes of the same index
     controls::DTPicker* DTP = nullptr;                 ///< over Txt[SendDate]
     controls::CheckBox* ChkChuHuo = nullptr;
     QString customerAtEntry_;  ///< trimmed text of Cmb(31) when it got the focus

@@ -1,4 +1,4 @@
-// What waybills can be searched for.
+// The searchable fields of a waybill.
 #include "waybills/waybill_form.h"
 
 using namespace Qt::StringLiterals;
@@ -6,7 +6,7 @@ using search::Kind;
 
 void B01::Menu_query() {
     constexpr int Own = SearchField::OwnCaption;
-    // The list's columns without its order: what a search finds stands in the order of entry.
+    // The list's columns without its ORDER BY: a search lists its results in the order of entry.
     static const SearchTable table = {
         .base = ListColumns() +
                 u"FROM (B01 LEFT JOIN M03 ON B01.F603=M03.F1)  left join M01 on M01.F1=B01.F202 "_s,
@@ -19,7 +19,7 @@ void B01::Menu_query() {
                    {8, u"B01.F602"_s},
                    {Own, u"B01.F201"_s, Kind::Text, u"始发地"_s},
                    {Own, u"B01.F202"_s, Kind::Text, u"渠道编码"_s},
-                   // Two spellings: the second is the one that is offered.
+                   // The caption and the spelling in the list of fields differ.
                    {Own, u"B01.F203"_s, Kind::Text, u"区域区码"_s, u"区域编码"_s},
                    {Own, u"B01.F102"_s, Kind::Text, u"转单号"_s},
                    {Own, u"B01.F601"_s, Kind::Text, u"制单人"_s},
