@@ -13,7 +13,7 @@
 using namespace Qt::StringLiterals;
 
 int main(int argc, char** argv) {
-    // Nobody watches the forms while they run.
+    // The forms are not meant to be seen.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     demo::SilencePlatform();
     QApplication app(argc, argv);

@@ -5,8 +5,8 @@
 
 namespace demo {
 
-/// Installs a message handler that drops the messages about unsupported functions and about a missing login
-/// session (XDG_RUNTIME_DIR).
+/// Installs a message handler that drops the messages about unsupported functions and about XDG_RUNTIME_DIR,
+/// which is not set where nobody is logged in.
 inline void SilencePlatform() {
     using namespace Qt::StringLiterals;
     static QtMessageHandler others = nullptr;

@@ -2,7 +2,7 @@
 //
 // Always holds: the first row holds the field names F1, F2 and so on, without gaps; there are at most 30
 // columns; every cell is text as the grid shows it. An existing file is never overwritten, and an incomplete
-// file is deleted.
+// file is not left behind.
 #pragma once
 
 #include "platform/controls/box.h"
