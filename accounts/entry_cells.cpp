@@ -27,7 +27,7 @@ QString EntryForm::NewKey() const {
     return Kind().keyPrefix + sys::Now().toString(u"yyMMddHHmmss"_s);
 }
 
-// ---------------------------------------------------------------- where the cursor stands
+// ---------------------------------------------------------------- where the cursor is
 
 /// The cell routine: after a click, and after each key that leaves an editor.
 void EntryForm::EnterCell() {
@@ -117,8 +117,8 @@ void EntryForm::KeyInGrid(controls::KeyPress& key) {
     const std::pair<int, int> moves[] = {{Qt::Key_Up, GD->Row() - 1}, {Qt::Key_Down, GD->Row() + 1},
                                          {Qt::Key_PageUp, first_},    {Qt::Key_PageDown, BlockEnd()},
                                          {Qt::Key_Home, first_},      {Qt::Key_End, BlockEnd()}};
-    for (const auto& [arrow, row] : moves) {
-        if (key.key != arrow) continue;
+    for (const auto& [direction, row] : moves) {
+        if (key.key != direction) continue;
         key.taken = true;
         return GoToRow(row);
     }
@@ -127,7 +127,7 @@ void EntryForm::KeyInGrid(controls::KeyPress& key) {
 
 // ---------------------------------------------------------------- what was typed
 
-/// The editor's text stands in the cell; `before` is what stood there.
+/// The editor's text is in the cell; `before` is what was there.
 void EntryForm::Commit(int row, int col, const QString& before) {
     if (FormMode == Browsing) return;
     QString typed = Cell(row, col);

@@ -188,7 +188,7 @@ void EntryForm::ShowRow() {
                                                   QString::number(CurRow) + u" 条"_s);
 }
 
-/// While rows are entered the cell routine says where the cursor stands.
+/// While rows are entered the cell routine says where the cursor is.
 void EntryForm::RowChanged() {
     if (FormMode != Browsing) return;
     CurRow = GD->Row();

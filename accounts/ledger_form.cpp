@@ -278,7 +278,7 @@ void LedgerForm::Build() {
 
 // ---------------------------------------------------------------- the status
 
-/// After a build and a click: the last line, which sums up, is not a place to stand.
+/// After a build and a click: the last line, which sums up, cannot be the current one.
 void LedgerForm::ShowStatus() {
     if (GD->Row() == GD->Rows() - 1) GD->SetRow(1);
     PlayRow();

@@ -29,7 +29,7 @@ QString Conditions(const LedgerScope& scope) {
 }
 
 /// The lines of the detail ledger as they grow. A first group without a name has no opening balance, since
-/// nothing tells it from no group; required by the business.
+/// nothing distinguishes it from no group; required by the business.
 class Detail {
   public:
     explicit Detail(LedgerLines& lines) : lines_(lines) {}

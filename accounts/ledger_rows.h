@@ -25,7 +25,7 @@ struct LedgerScope {
     QString unit;  ///< the counterparty's name, with the wildcards of `like`; blank for all
 };
 
-/// The two tell the side from LB in different ways; required by the business.
+/// The two derive the side from LB in different ways; required by the business.
 QString DetailStatement(const LedgerScope& scope);
 QString SummaryStatement(const LedgerScope& scope);
 

@@ -77,7 +77,7 @@ void ReKuanFrm::MakeChoices() {
         Opt[i] = new QRadioButton(captions[i], this);
         Opt[i]->setObjectName(u"Opt(%1)"_s.arg(i));
         Opt[i]->setFocusPolicy(Qt::ClickFocus);
-        // Tab stops at the chosen one alone, the arrows go to the other.
+        // Tab reaches only the chosen one, Up and Down the other.
         connect(Opt[i], &QRadioButton::toggled, Opt[i], [choice = Opt[i]](bool chosen) {
             choice->setFocusPolicy(chosen ? Qt::StrongFocus : Qt::ClickFocus);
         });

@@ -11,7 +11,7 @@ class ReKuanFrm : public controls::ModalForm {
   public:
     explicit ReKuanFrm(QWidget* over);
 
-    /// Set by the caller before the form is shown: its list of counterparties, the first item of which stands
+    /// Set by the caller before the form is shown: its list of counterparties, the first item of which is
     /// for all of them.
     const controls::ComboBox* Units = nullptr;
 

@@ -16,7 +16,7 @@ QStringList MakeCopies(const DailyCopies& copies) {
     return copies.Make();
 }
 
-void Tell(const QStringList& faults) {
+void ShowFaults(const QStringList& faults) {
     if (!faults.isEmpty()) sys::Warn(u"自动备份没有完成！\r\r"_s + faults.join(u'\r'), MsgTitle);
 }
 
@@ -41,7 +41,7 @@ void CatchUpCopies() {
     QStringList faults;
     Db->WhileClosed([&] { faults = MakeCopies(copies); });
     copies.Rest();
-    Tell(faults);
+    ShowFaults(faults);
 }
 
 void EndOfDay::Before() {
@@ -53,7 +53,7 @@ void EndOfDay::After() const {
     const DailyCopies copies = SessionCopies();
     const QStringList faults = MakeCopies(copies);
     copies.Rest();
-    Tell(faults);
+    ShowFaults(faults);
 }
 
 }  // namespace admin

@@ -1,5 +1,5 @@
 // When the copies of each day are made: at the end of the program or, where it did not end in order, before
-// the next login. What goes wrong is told and holds nobody up.
+// the next login. What goes wrong is reported and holds nobody up.
 //
 // While another program has the data file open no copy is made: the last one to end makes it.
 #pragma once

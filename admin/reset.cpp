@@ -35,7 +35,7 @@ const GroupRow Rows[] = {
     {u"清除所有往来帐", {u"tb1"}, {}},
 };
 
-/// Gives the words of what stood in the way.
+/// Gives the words of what was in the way.
 QString KeepCopy() {
     const controls::WaitPointer waiting;
     QString failure;

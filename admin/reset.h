@@ -1,7 +1,7 @@
 // Emptying whole groups of tables, for a fresh set of books.
 //
 // Always holds: nothing is emptied before a dated copy of the data file lies beside it. Forms that are open
-// are not told: they go on showing the rows that they have read.
+// are not notified: they go on showing the rows that they have read.
 #pragma once
 
 #include "platform/controls/box.h"

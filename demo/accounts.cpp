@@ -33,7 +33,7 @@ void Save(Operator& op) {
     op.Expect(u"已保存"_s, [] { return !EditInProgress; });
 }
 
-void TellCharges(Operator& op) {
+void PlayCharges(Operator& op) {
     op.Command(u"D2"_s);
     ExpectForm(op, u"zhLst"_s, u"增加应收款"_s);
     op.Command(u"A"_s);
@@ -60,7 +60,7 @@ void TellCharges(Operator& op) {
 }
 
 /// Dated on Saturday: what was sent on Monday opens with less.
-void TellPayment(Operator& op) {
+void PlayPayment(Operator& op) {
     op.Command(u"D4"_s);
     ExpectForm(op, u"PayLst"_s, u"收款"_s);
     op.Command(u"A"_s);
@@ -76,7 +76,7 @@ void TellPayment(Operator& op) {
     op.Command(u"R"_s);
 }
 
-void TellLedgers(Operator& op) {
+void PlayLedgers(Operator& op) {
     op.Command(u"D8"_s);
     ExpectForm(op, u"KuanMx"_s, u"应收帐款明细"_s);
     op.Picture(u"ledger-detail"_s, u"应收帐款明细：所有关系单位"_s);
@@ -97,7 +97,7 @@ void TellLedgers(Operator& op) {
 }
 
 /// The balances behind a deleted row are stale until the refresh.
-void TellRefresh(Operator& op) {
+void PlayRefresh(Operator& op) {
     op.Command(u"D4"_s);
     op.Press(Qt::Key_End);
     op.Command(u"D"_s);
@@ -124,11 +124,11 @@ void TellRefresh(Operator& op) {
 
 }  // namespace
 
-void TellAccounts(Operator& op) {
-    TellCharges(op);
-    TellPayment(op);
-    TellLedgers(op);
-    TellRefresh(op);
+void PlayAccounts(Operator& op) {
+    PlayCharges(op);
+    PlayPayment(op);
+    PlayLedgers(op);
+    PlayRefresh(op);
 }
 
 }  // namespace demo

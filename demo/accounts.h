@@ -6,6 +6,6 @@
 
 namespace demo {
 
-void TellAccounts(Operator& op);
+void PlayAccounts(Operator& op);
 
 }  // namespace demo

@@ -139,7 +139,7 @@ void BeginWaybill(Operator& op, const Consignment& c) {
     op.Type(c.number);
 }
 
-/// The calendar, as the keys walk in it.
+/// The calendar, as the keys move in it.
 void PickDate(Operator& op, const Consignment& c) {
     if (c.date == kToday) return;
     op.EnterTo(u"DTP"_s);
@@ -217,7 +217,7 @@ void PlayWaybills(Operator& op) {
     PlayTakenNumber(op);
     EnterWaybill(op, day[3], u"waybill-no-price"_s);
     EnterWaybill(op, day[4], u"waybill-back-dated"_s);
-    // What was sent on Saturday stands before Monday's, and the balances behind it have followed.
+    // What was sent on Saturday is before Monday's, and the balances behind it have followed.
     op.ExpectRows(
         u"select F1,QC,QM from TB1 where F3='"_s + kCustomer + u"' order by SN"_s,
         {u"YSKV2411230005|0|185.49"_s, u"YSKV2411250001|185.49|482.27"_s, u"YSKV2411250002|482.27|1135.68"_s,
@@ -225,7 +225,7 @@ void PlayWaybills(Operator& op) {
     op.Command(u"R"_s);
 }
 
-/// The line that stands so many above the last.
+/// The line that is so many above the last.
 void GoUpFromTheEnd(Operator& op, int lines) {
     op.TabTo(u"GD"_s);
     op.Press(Qt::Key_End);
@@ -426,7 +426,7 @@ void LogInAsAdministrator(Operator& op) {
     op.ExpectWindow(u"MForm"_s);
 }
 
-void TellOperators(Operator& op) {
+void PlayOperators(Operator& op) {
     op.Command(u"H1"_s);
     LogInAsAdministrator(op);
     op.Command(u"S2"_s);
@@ -444,7 +444,7 @@ void TellOperators(Operator& op) {
     op.Command(u"R"_s);
 }
 
-void TellBackup(Operator& op, const QString& file) {
+void PlayBackup(Operator& op, const QString& file) {
     op.Do(u"移去上次的备份"_s, [file] { QFile::remove(file); });
     op.Command(u"S4"_s);
     op.ExpectWindow(u"FileDialog"_s);
@@ -455,7 +455,7 @@ void TellBackup(Operator& op, const QString& file) {
     op.ExpectEnd();
 }
 
-void TellMishap(Operator& op, const QString& file) {
+void PlayMishap(Operator& op, const QString& file) {
     LogInAsAdministrator(op);
     op.Command(u"S3"_s);
     op.ExpectWindow(u"S03"_s);
@@ -484,7 +484,7 @@ void TellMishap(Operator& op, const QString& file) {
     op.ExpectEnd();
 }
 
-void TellRestored(Operator& op) {
+void PlayRestored(Operator& op) {
     LogInAsAdministrator(op);
     op.ExpectRows(u"select count(*) from B01"_s, {u"605"_s});
     op.Command(u"S5"_s);
@@ -499,7 +499,7 @@ void TellRestored(Operator& op) {
 void PlayDay(Operator& op, const QString& folder) {
     const struct {
         QString title, words;
-        std::function<void()> tell;
+        std::function<void()> play;
     } chapters[] = {
         {u"早上：登录"_s, u"密码错误时留在登录窗口；登录后按字母键打开菜单。"_s, [&] { PlayLogin(op); }},
         {u"报价标准"_s, u"二十个数字决定所有价格的重量段，修改前先警告。"_s, [&] { PlayStandard(op); }},
@@ -517,7 +517,7 @@ void PlayDay(Operator& op, const QString& folder) {
         {u"出货"_s, u"出货后从列表中移去；补上成本再保存，应付款记入渠道的往来。"_s,
          [&] { PlayRelease(op); }},
         {u"帐款"_s, u"录入应收款和补录的收款，看明细帐和总帐，删除一行后刷新余额。"_s,
-         [&] { TellAccounts(op); }},
+         [&] { PlayAccounts(op); }},
         {u"查找"_s, u"按日期、客户和审核人三个条件查找。"_s, [&] { PlaySearch(op); }},
         {u"导出"_s, u"列表导出为 Excel 工作簿。"_s, [&] { PlayExport(op, folder + u"/速递单.xls"_s); }},
         {u"另一位操作员"_s, u"看不到金额的操作员：金额以星号显示，已出货的单不能修改。"_s,
@@ -527,16 +527,16 @@ void PlayDay(Operator& op, const QString& folder) {
              PlayPassword(op);
              PlayAbout(op);
          }},
-        {u"操作员"_s, u"增加一位操作员：帐号、密码和八种权限。"_s, [&] { TellOperators(op); }},
+        {u"操作员"_s, u"增加一位操作员：帐号、密码和八种权限。"_s, [&] { PlayOperators(op); }},
         {u"备份"_s, u"把整个数据文件备份到选定的位置；备份之后程序结束。"_s,
-         [&] { TellBackup(op, folder + u"/DataBak.dat"_s); }},
+         [&] { PlayBackup(op, folder + u"/DataBak.dat"_s); }},
         {u"第二天：一次失误"_s, u"全部数据被清除，再从昨天的备份恢复；恢复之后程序结束。"_s,
-         [&] { TellMishap(op, folder + u"/DataBak.dat"_s); }},
-        {u"恢复之后"_s, u"数据和备份时一样；程序每天自动保存的副本也可以恢复。"_s, [&] { TellRestored(op); }},
+         [&] { PlayMishap(op, folder + u"/DataBak.dat"_s); }},
+        {u"恢复之后"_s, u"数据和备份时一样；程序每天自动保存的副本也可以恢复。"_s, [&] { PlayRestored(op); }},
     };
     for (const auto& chapter : chapters) {
         op.Chapter(chapter.title, chapter.words);
-        chapter.tell();
+        chapter.play();
     }
     op.Command(u"H3"_s);
 }

@@ -76,7 +76,8 @@ void AfterTurns(int turns, QObject* context, const std::function<void()>& act) {
 Operator::Operator(Screen& screen, int pause) : screen_(screen), pause_(pause) {
 }
 
-// ------------------------------------------------------------------------------------------------- telling
+// ------------------------------------------------------------------------------------------------- the
+// script
 
 void Operator::Add(const QString& what, std::function<void()> play, bool answersBox) {
     steps_.push_back({what,
@@ -220,8 +221,8 @@ void Operator::Next() {
                        [this] { AfterTurns(kTurnsToSettle, &context_, [this] { Play(); }); });
 }
 
-/// The next step is on its way before this one is played, since a key may open a box or a form that waits in
-/// a loop of its own.
+/// The next step is on its way before this one is played, since a key may open a message box or a form that
+/// waits in a loop of its own.
 void Operator::Play() {
     if (steps_.empty()) Fail(u"最后一步之后主窗口仍未关闭"_s);
     const Step step = std::move(steps_.front());

@@ -3,7 +3,7 @@
 // window.
 //
 // Always holds: a step is done when everything that it posted has happened. A step that finds the program in
-// another state than the one told, a message box that nobody told of and an early end of the program are
+// another state than the expected one, a message box that is not expected and an early end of the program are
 // reported, with a picture of the screen, and end the demonstration with status 1.
 #pragma once
 
@@ -25,10 +25,10 @@ class Operator {
     /// pause: milliseconds between the steps, for who watches; 0 plays as fast as it goes.
     Operator(Screen& screen, int pause);
 
-    // Keys, told now and pressed when their turn comes.
+    // Keys, queued now and pressed when their turn comes.
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void Type(const QString& text);
-    /// In place of what stands in the box.
+    /// In place of what is in the box.
     void TypeOver(const QString& text);
     /// Alt and the first letter, then the others: "A6" opens a menu and takes the sixth command.
     void Command(const QString& letters);
@@ -46,11 +46,11 @@ class Operator {
     /// The rows of a SELECT, fields joined by "|", as everything up to here has left them in the file.
     void ExpectRows(const QString& select, const QStringList& rows);
     void Expect(const QString& what, std::function<bool()> holds);
-    /// A message box stands there: its picture if it has a name, then the key that answers it.
+    /// A message box is there: its picture if it has a name, then the key that answers it.
     void ExpectBox(const QString& text, const QString& title, const QString& picture = {},
                    Qt::Key answer = Qt::Key_Return);
 
-    /// The program ends by itself here; what follows is told to the next start.
+    /// The program ends by itself here; what follows belongs to the next start.
     void ExpectEnd();
 
     /// What the pictures from here on belong to.
@@ -58,12 +58,12 @@ class Operator {
     /// The whole screen as it is then.
     void Picture(const QString& name, const QString& caption);
 
-    /// Plays the steps told so far; call before the event loop. Whatever is left at its end is a failure.
+    /// Plays the steps queued so far; call before the event loop. Whatever is left at its end is a failure.
     void Start();
     bool Done() const { return steps_.empty(); }
-    /// The program ends by itself. An end that nobody told of is a failure.
+    /// The program ends by itself. An end that is not expected is a failure.
     void NoteEnd();
-    /// Tells where the day stands, leaves a picture of it and ends the process with status 1.
+    /// Reports the current step, leaves a picture of it and ends the process with status 1.
     [[noreturn]] void Fail(const QString& why);
 
   private:

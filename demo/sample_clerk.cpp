@@ -386,7 +386,7 @@ void Clerk::EnterPaid(const QString& item, const std::vector<Payment>& payments)
     Close();
 }
 
-/// Over what stands in the cell, and Enter.
+/// Over what is in the cell, and Enter.
 void Clerk::Type(const QString& text) {
     for (const QChar c : text) keyboard::Character(*keyboard::Target(), c);
     keyboard::Press(*keyboard::Target(), Qt::Key_Return);

@@ -1,7 +1,7 @@
 // When the sample company's customers pay and its channels are paid, over its two months: a part of what is
 // owed, in whole hundreds of yuan.
 //
-// Always holds: a payment is entered on its own day, after that day's waybills, so that it stands last in its
+// Always holds: a payment is entered on its own day, after that day's waybills, so that it is last in its
 // chain.
 #pragma once
 

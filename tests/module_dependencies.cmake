@@ -66,6 +66,6 @@ foreach(folder IN ITEMS text system dao controls workbook)
 endforeach()
 
 if(faults OR NOT modules)
-    list(JOIN faults "\n  " told)
-    message(FATAL_ERROR "The includes are not as the diagram in docs/architecture.md:\n  ${told}")
+    list(JOIN faults "\n  " text)
+    message(FATAL_ERROR "The includes are not as the diagram in docs/architecture.md:\n  ${text}")
 endif()

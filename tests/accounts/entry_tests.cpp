@@ -106,7 +106,7 @@ TEST_F(Entry, KeysMoveWithinTheBlockOnly) {
     Type(u"7"_s);
     Press(Qt::Key_Up);
     EXPECT_EQ(Where(), u"2,5"_s);
-    EXPECT_EQ(desk.Grid().TextMatrix(3, 5), u"7"_s) << "the arrow commits";
+    EXPECT_EQ(desk.Grid().TextMatrix(3, 5), u"7"_s) << "Down commits";
     Press(Qt::Key_Up);
     EXPECT_EQ(Where(), u"2,5"_s) << "not above the block";
     Type(u"99"_s);

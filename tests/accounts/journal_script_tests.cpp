@@ -114,7 +114,7 @@ TEST(JournalScript, ComesOutAsTheSecondImplementationSays) {
     EXPECT_EQ(clerk.Journal(), LinesOf(u"after.txt"_s));
 }
 
-/// 10,000 rows in no order with balances that are wrong; a few are not posted, and some names stand in no
+/// 10,000 rows in no order with balances that are wrong; a few are not posted, and some names are in no
 /// master.
 void FillAtRandom(dao::Database& db, const QStringList& names) {
     std::mt19937 random(17);

@@ -119,7 +119,7 @@ TEST_F(Journal, SlotsByDateAndPresentPlace) {
         QString key;
         double present;
         double slot;
-        const char* counter;  // what the counter shows afterwards; it stood at 100
+        const char* counter;  // what the counter shows afterwards; it was at 100
         const char* why;
     } rows[] = {
         {5, u"新"_s, 0, 102.5 + (131 - 102.5) / 4, "100", "between its own day and the next"},
@@ -147,7 +147,7 @@ TEST_F(Journal, SlotsByDateAndPresentPlace) {
     SetCounter(500);
     accounts::SlotSequenceForDate(company_.Db(), Day(9), u"新"_s, 0);
     EXPECT_EQ(Counter(), "133") << "the counter is set, lower too";
-    // A newer row that stands below the place is passed over: places ascend from the highest of the day.
+    // A newer row that is below the place is passed over: places ascend from the highest of the day.
     Lay(u"D"_s, 10, u"50"_s);
     EXPECT_EQ(accounts::SlotSequenceForDate(company_.Db(), Day(9), u"新"_s, 0), 133);
 }

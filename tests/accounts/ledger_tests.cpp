@@ -91,7 +91,7 @@ TEST_F(Ledger, TheDetailShowsThePeriodLineByLine) {
     EXPECT_EQ(back(3, 0), u"#000000"_s);
     EXPECT_EQ(back(4, 9), u"#000000"_s);
     EXPECT_FALSE(desk.Grid().model()->index(6, 9).isValid());
-    // The last line is no place to stand, after a click.
+    // The last line cannot be the current one, after a click either.
     ClickAt(*desk.Grid().viewport(), desk.Grid().CellRect(6, 0).center());
     EXPECT_EQ(desk.Grid().Row(), 1);
 }

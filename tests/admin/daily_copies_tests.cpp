@@ -1,4 +1,4 @@
-// The copies that the program makes by itself: which are kept, what a copy has to pass, what is told.
+// The copies that the program makes by itself: which are kept, what a copy has to pass, what is reported.
 #include "admin/daily_copies.h"
 #include "platform/system/dated_copies.h"
 #include "schema/engine.h"

@@ -43,7 +43,7 @@ class RestoreRun : public FrameRun {
         Settle();
     }
 
-    /// From the menu: picks the file, is told that it is done, and the program ends.
+    /// From the menu: picks the file, sees that it is done, and the program ends.
     void Restore(const QString& backup) {
         script.File(kDialog, backup);
         script.Box(kDone, QString());
@@ -53,7 +53,7 @@ class RestoreRun : public FrameRun {
         EXPECT_TRUE(sys::HasEnded());
     }
 
-    /// A backup that is told from the company's own by one courier.
+    /// A backup that differs from the company's own file by one courier.
     QString Backup() {
         const QString path = elsewhere.filePath(u"DataBak.dat"_s);
         schema::MakeDatabase(path);

@@ -72,7 +72,7 @@ class Boxes : public testing::Test {
         tests::Press(Qt::Key_V, Qt::ControlModifier);
     }
 
-    /// The widget of a box that the mouse meets.
+    /// The widget of a text box that receives mouse events.
     static QWidget* Surface(TextBox& box) {
         auto* area = qobject_cast<QAbstractScrollArea*>(box.Widget());
         return area ? area->viewport() : box.Widget();

@@ -104,7 +104,7 @@ TEST_F(Cards, BoxesShareTheirEdgesAndAreBlindToTheirContent) {
     EXPECT_EQ(whole->x(), one->x());
     EXPECT_EQ(whole->geometry().right(), three->geometry().right());
     EXPECT_EQ(mirror->width(), one->width());
-    EXPECT_EQ(alone->x(), mirror->x()) << "without a caption it stands under the others";
+    EXPECT_EQ(alone->x(), mirror->x()) << "without a caption it is under the others";
     EXPECT_EQ(wide->y() - one->y(), 32);
     const QRect before = one->geometry();
     one->SetText(QString(500, u'宽'));

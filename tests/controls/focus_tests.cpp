@@ -1,4 +1,4 @@
-// What the forms are told about the focus: what counts as leaving a control and entering another.
+// Which focus events the forms get: what counts as leaving a control and entering another.
 #include "platform/controls/box.h"
 #include "platform/controls/focus_tracker.h"
 #include "platform/controls/keys.h"
@@ -21,7 +21,7 @@ using namespace controls;
 
 namespace {
 
-/// A form with a line, a combo, a picker and a second line, and a diary of what it is told.
+/// A form with a line, a combo, a picker and a second line, and a log of its events.
 class Focus : public testing::Test {
   protected:
     Focus() {
@@ -44,13 +44,13 @@ class Focus : public testing::Test {
         control.LostFocus = [this, name] { reported << u'-' + name; };
     }
 
-    /// Lets everything happen and gives what was told since the last call.
+    /// Lets everything happen and returns the events since the last call.
     std::string Emitted() {
         tests::Settle();
         return std::exchange(reported, {}).join(u' ').toStdString();
     }
 
-    /// Brings the focus there and forgets what is told of it.
+    /// Brings the focus there and drops the events of it.
     template <class Control>
     void Go(Control& control) {
         control.SetFocus();
@@ -58,7 +58,7 @@ class Focus : public testing::Test {
     }
 
     /// A message box of the toolkit's, answered by Enter.
-    static void Tell() {
+    static void EmitAll() {
         QTimer::singleShot(0, qApp, [] {
             tests::Settle();
             if (QWidget* box = QApplication::activeModalWidget()) QTest::keyClick(box, Qt::Key_Return);
@@ -157,7 +157,7 @@ TEST_F(Focus, PopupsMenusAndActivationAreNoChange) {
 }
 
 TEST_F(Focus, BoxesAndModalFormsAreNoChange) {
-    Tell();
+    EmitAll();
     EXPECT_EQ(Emitted(), "");
     EXPECT_EQ(tests::FocusName(), u"a"_s) << "the window beneath is active again";
 
@@ -273,7 +273,7 @@ TEST_F(Focus, AMessageFromALossIsShownOnce) {
     a.LostFocus = [&] {
         reported << u"-a"_s;
         ++shown;
-        Tell();
+        EmitAll();
         reported << u"."_s;
     };
     tests::Press(Qt::Key_Tab);
@@ -281,7 +281,7 @@ TEST_F(Focus, AMessageFromALossIsShownOnce) {
     EXPECT_EQ(shown, 1);
     a.LostFocus = [&] {
         ++shown;
-        Tell();
+        EmitAll();
         a.SetFocus();
     };
     Go(a);

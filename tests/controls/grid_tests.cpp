@@ -22,7 +22,8 @@ using controls::FlexGrid;
 
 namespace {
 
-/// A grid in a window with a box beside it to go to, checked by the toolkit's model tester all the while.
+/// A grid in a window with a text box beside it to go to, checked by the toolkit's model tester all the
+/// while.
 class GridTest : public testing::Test {
   protected:
     GridTest() {
@@ -563,7 +564,7 @@ TEST_F(GridEditorTest, AComboOfTheFormIsAnEditorToo) {
     ASSERT_TRUE(grid.Editing()) << "choosing an item leaves the editor open";
     QTest::keyClick(combo, Qt::Key_Down);
     EXPECT_EQ(reported, (QStringList{u"2,1 2/1>z"_s, u"3,1 3/1>乙"_s}));
-    EXPECT_EQ(grid.Row(), 2) << "the arrow leaves the combo and moves in the grid";
+    EXPECT_EQ(grid.Row(), 2) << "Down leaves the combo and moves in the grid";
     grid.EditCell(4, 1, combo);
     grid.EditCell(5, 1);
     EXPECT_FALSE(combo->isVisible());

@@ -97,7 +97,7 @@ TEST_F(Commands, AKeyGivenTwiceWalksAndEnterTakesOne) {
     };
     for (const auto& row : rows) {
         for (const char* key = row.keys; *key != '\0'; ++key) {
-            EXPECT_EQ(Run(), "") << "walking runs nothing: " << row.keys;
+            EXPECT_EQ(Run(), "") << "moving runs nothing: " << row.keys;
             if (*key == '-')
                 tests::Press(Qt::Key_Return);
             else
@@ -107,7 +107,7 @@ TEST_F(Commands, AKeyGivenTwiceWalksAndEnterTakesOne) {
         EXPECT_EQ(tests::FocusName(), u"box"_s);
     }
     tests::AltKey(u'S');
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "walking opens nothing";
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "moving opens nothing";
     tests::Press(Qt::Key_Escape);
     tests::AltKey(u'C');
     tests::Press(Qt::Key_C);

@@ -176,7 +176,7 @@ TEST_F(SampleCompany, EveryChainOpensWithWhatItClosedWith) {
     for (const QStringList& row : Rows(u"select F3,SN,F2,QC,YF,FK,QM,F1 from TB1 order by SN"_s)) {
         const std::string which = row[7].toStdString();
         EXPECT_TRUE(places.insert(row[1]).second) << which << " shares its place";
-        EXPECT_GE(row[2], day) << which << " stands behind a later day";
+        EXPECT_GE(row[2], day) << which << " is behind a later day";
         day = row[2];
         double& before = balance[row[0]];
         EXPECT_EQ(Shown(row[3]), Shown(before)) << which;

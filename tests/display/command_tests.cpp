@@ -1,4 +1,4 @@
-// A command runs once, however it is called, and on what stands in the boxes.
+// A command runs once, however it is called, and on what is in the boxes.
 #include "tests/display/input_method.h"
 #include "tests/display/waybill_scripts.h"
 
@@ -45,7 +45,7 @@ QRect LitUp(ProgramRun& run, const QImage& atRest, const QRect& before) {
     return lit;
 }
 
-/// The middle of an entry of the menu bar: the keys walk there, and what lights up is looked for.
+/// The middle of an entry of the menu bar: the keys move there, and what lights up is looked for.
 QPoint PlaceOnBar(ProgramRun& run, int entry) {
     const QImage atRest = run.Client().Picture(kMenuBar);
     QRect lit;

@@ -21,7 +21,7 @@ constexpr int kTurnsToSettle = 3;
 // For a row, once the keys are worked off: an input method works on them in a process of its own.
 constexpr int kRowMilliseconds = 20'000;
 
-constexpr int kLookMilliseconds = 400;       // before a box is answered; it ignores keys for the first 300
+constexpr int kLookMilliseconds = 400;  // before a message box is answered; it ignores keys for the first 300
 constexpr int kAnswerMilliseconds = 10'000;  // until an answer counts as ignored
 constexpr int kAnswers = 3;
 

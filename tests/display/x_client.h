@@ -32,7 +32,7 @@ class XClient {
 
     /// Presses or releases the key that bears this symbol; Shift is the caller's.
     void Key(Keysym key, bool down);
-    /// Whether the symbol stands on the shifted level of its key.
+    /// Whether the symbol is on the shifted level of its key.
     bool NeedsShift(Keysym key) const;
     void MoveTo(QPoint place);
     void LeftButton(bool down);

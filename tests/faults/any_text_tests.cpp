@@ -1,4 +1,4 @@
-// Every box takes any text. Whatever is pasted into a box of the waybill's card and
+// Every box takes any text. Whatever is pasted into a text box of the waybill's card and
 // saved ends as a stored value by the rules of the box, as a message, or as the report of the failing
 // statement.
 #include "platform/text/numbers.h"
@@ -54,8 +54,8 @@ const std::vector<Sample>& Samples() {
     return samples;
 }
 
-/// What is in a box after pasting: `lineBreak` for each line break, a blank for any other control character,
-/// U+FFFD for half of a pair, unless it was the limit that cut it.
+/// What is in a text box after pasting: `lineBreak` for each line break, a blank for any other control
+/// character, U+FFFD for half of a pair, unless it was the limit that cut it.
 QString Pasted(QString text, int limit, QChar lineBreak) {
     text = text.left(limit);
     if (!text.isEmpty() && text.back().isHighSurrogate()) text.chop(1);
@@ -78,7 +78,7 @@ void Paste(const QString& text) {
     Press(Qt::Key_V, Qt::ControlModifier);
 }
 
-/// What the operator was told, each box by the beginning of its text; the report of a failing statement as
+/// What the operator was shown, each box by the beginning of its text; the report of a failing statement as
 /// "report".
 QStringList Emitted(tests::RecordedProgram& program) {
     QStringList reported;

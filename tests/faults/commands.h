@@ -2,7 +2,7 @@
 // them has something to do.
 //
 // In every master table 甲 is used by a waybill and 乙 by none. W1 is released and W2 is not; both are in the
-// journal. What stands before the key that writes may be set by the program: lines are chosen, a waybill's
+// journal. What is before the key that writes may be set by the program: lines are chosen, a waybill's
 // boxes are filled (waybill_entry.h), and nothing is computed by that.
 #pragma once
 

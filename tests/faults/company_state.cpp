@@ -54,7 +54,7 @@ QList<Rule> Rules() {
         {"a payable that differs from its waybill",
          "select TB1.F1 from TB1 join B01 on TB1.F1='YF'||B01.F1 left join M01 on M01.F1=B01.F202 "
          "where not (LB=9 and YF=F507 and TB1.F2=F101 and TB1.F3=M01.F2)"},
-        {"a payable that does not stand behind its receivable",
+        {"a payable that is not behind its receivable",
          "select b.F1 from TB1 a join TB1 b on substr(a.F1,3)=substr(b.F1,3) where a.LB=-9 and b.LB=9 "
          "and b.SN<>a.SN+1"},
         {"a balance that does not add up",

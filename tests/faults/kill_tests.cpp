@@ -27,7 +27,7 @@ namespace {
 constexpr int kPatience = 60'000;  // milliseconds until the program must have done anything at all
 const QStringList kSteady = {u"华兴"_s, u"环洋"_s};
 
-/// The program at its work, told by the lines that it writes.
+/// The program at its work, identified by the lines that it writes.
 class Day {
   public:
     Day(const QString& folder, unsigned seed, int first, int end, const QString& states = {})

@@ -208,7 +208,7 @@ class Engine {
         } catch (const PlatformError& error) {
             EXPECT_FALSE(error.Text().isEmpty());
         }
-        // What was written is taken back, so that there is always something to find.
+        // What was written is rolled back, so that there is always something to find.
         if (sqlite3_get_autocommit(engine_) == 0)
             sqlite3_exec(engine_, "rollback; begin", nullptr, nullptr, nullptr);
         try {
@@ -225,7 +225,7 @@ class Engine {
 
 // ---------------------------------------------------------------- numbers
 
-/// The engine room's own reading of a number, or nothing where it is too large.
+/// The engine's own reading of a number, or nothing where it is too large.
 std::optional<double> ReadPlainly(const QString& text) {
     static const QRegularExpression number(
         u"\\A *([+-]?(?:[0-9]+\\.?[0-9]*|\\.[0-9]+)(?:[eE][+-]?[0-9]+)?)"_s);

@@ -39,16 +39,16 @@ TEST(RestoreOnAFullDisk, LeavesTheOldFileWholeOrPutsTheNewOneThere) {
     const QString backup = Backup(elsewhere);
     const QStringList fresh = tests::StateOf(backup);
     const qint64 size = QFileInfo(backup).size();
-    for (const qint64 room : {qint64{0}, qint64{4096}, size / 2, size - 1, size}) {
-        SCOPED_TRACE(room);
+    for (const qint64 space : {qint64{0}, qint64{4096}, size / 2, size - 1, size}) {
+        SCOPED_TRACE(space);
         Restoring program(backup);
         const QStringList before = program.StateLeft();
         {
-            const tests::FullDisk full(room);
+            const tests::FullDisk full(space);
             tests::CommandOf("S32_Restore").give(program);
         }
         EXPECT_EQ(program.status, 0);
-        EXPECT_EQ(program.StateLeft(), room < size ? before : fresh);
+        EXPECT_EQ(program.StateLeft(), space < size ? before : fresh);
     }
 }
 

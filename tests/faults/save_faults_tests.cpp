@@ -1,6 +1,6 @@
 // Every command that writes, on storage that fails: at each change of a file and at each reading, once and
 // for ever after, with the file in memory and with hardly any of it there. Afterwards the file must hold all
-// of the command or nothing, and the operator must have been told.
+// of the command or nothing, and the operator must have been informed.
 #include "app/data_access.h"
 #include "tests/faults/commands.h"
 #include "tests/faults/recorded_program.h"
@@ -37,7 +37,7 @@ QString Backup() {
     return fresh.File();
 }
 
-/// A program that stands right before the key of a command.
+/// A program right before the key of a command.
 class Ready : public tests::RecordedProgram {
   public:
     Ready(const Command& command, Memory memory)
@@ -219,7 +219,7 @@ TEST(ACommand, IsThereOrNotWheneverTheProcessDies) {
     }
 }
 
-// Two boxes stand in the middle of a save, which goes on behind them. Whoever is called away while one of
+// Two boxes are in the middle of a save, which goes on behind them. Whoever is called away while one of
 // them waits finds all of the save afterwards, or nothing.
 TEST(ACommand, IsNotHalfKeptWhileABoxInItsMiddleWaits) {
     const tests::FailingStorage storage;

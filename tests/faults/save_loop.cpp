@@ -1,12 +1,13 @@
 // A mixed day that never ends by itself: the program as it is wired, on a given folder, takes in waybill
-// after waybill, edits, releases and deletes them, quotes a customer and keeps the couriers' list, and tells
-// each command, until somebody kills it. What it does depends on the seed, on the command's number and on
-// what is there alone, so that a run that was killed can be taken up and compared with one that was not.
+// after waybill, edits, releases and deletes them, quotes a customer and keeps the couriers' list, and
+// reports each command, until somebody kills it. What it does depends on the seed, on the command's number
+// and on what is there alone, so that a run that was killed can be taken up and compared with one that was
+// not.
 //
 //   save-loop FOLDER SEED FIRST END [STATES]
 //
 // Commands number FIRST up to, not including, END; with STATES it writes what the file holds after each
-// into a file of that folder. Ends with status 3 when a box comes that should not.
+// into a file of that folder. Ends with status 3 when a message box comes that should not.
 #include "app/main_window.h"
 #include "app/session.h"
 #include "platform/controls/look.h"

@@ -120,7 +120,7 @@ class RealProgram {
         EXPECT_TRUE(process_.waitForStarted());
         QElapsedTimer waiting;
         waiting.start();
-        // It stands beside the file as long as somebody has that open.
+        // It is beside the file as long as somebody has that open.
         while (!QFile::exists(File() + u"-shm"_s) && !waiting.hasExpired(60'000)) QThread::msleep(10);
     }
     ~RealProgram() {

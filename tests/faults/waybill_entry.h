@@ -1,4 +1,4 @@
-// A waybill as an operator enters it, put into the boxes of the form B01 that stands in add or edit state.
+// A waybill as an operator enters it, put into the boxes of the form B01 in add or edit state.
 // Every box that a new card keeps from the one before is set, so that what is saved depends on nothing else.
 #pragma once
 

@@ -258,7 +258,7 @@ TEST_F(Dialect, LeavesConditionsThatAnIndexServes) {
         {u"select SN from TB1 where F3 like '甲*' order by F3,SN"_s, u"INDEX TB1_F3_SN (F3>? AND F3<?)"_s},
         {u"select top 1 SN from TB1 where F3='甲' and SN<20 order by SN desc"_s,
          u"TB1_F3_SN (F3=? AND SN<?)"_s},
-        // The first row of an order: the order is walked, and nothing sorted.
+        // The first row of an order: the index is read in order, and nothing sorted.
         {u"select top 1 F2,SN from TB1 where  datediff('d','2024-03-10',F2 ) < 0 and F1<>'A1' order by sn desc "_s,
          u"SCAN TABLE TB1 USING INDEX TB1_SN"_s},
         {u"select top 1 F2,SN from TB1 where 0<=datediff('d',F2,'2024-03-10') and SN>9 order by TB1.SN asc"_s,

@@ -1,4 +1,4 @@
-// Every form of the menu table that stands is visited by keys, in every state that its commands bring it to.
+// Every form of the menu table is visited by keys, in every state that its commands bring it to.
 // A form that is added to the registry is visited by itself.
 #include "app/main_menu.h"
 #include "platform/controls/modal_form.h"
@@ -53,7 +53,7 @@ bool Cut(const QLabel& caption) {
     });
 }
 
-/// Boxes that show fewer than eight digits, captions that are cut or lie under a box.
+/// Boxes that show fewer than eight digits, captions that are cut or lie under a text box.
 QStringList TooNarrow(const QWidget& form) {
     QStringList names;
     for (const auto* box : form.findChildren<QLineEdit*>())
@@ -174,7 +174,7 @@ class Tour {
 
 class Menus : public testing::TestWithParam<MenuRow> {};
 
-TEST_P(Menus, AreWalkedWithoutAMouseAndReadOut) {
+TEST_P(Menus, AreUsedWithoutAMouseAndReadOut) {
     Tour tour(GetParam());
     if (!tour.IsImplemented()) GTEST_SKIP() << "not built yet";
     tour.Take();
@@ -187,7 +187,7 @@ std::vector<MenuRow> Commands() {
     return rows;
 }
 
-INSTANTIATE_TEST_SUITE_P(House, Menus, testing::ValuesIn(Commands()),
+INSTANTIATE_TEST_SUITE_P(Program, Menus, testing::ValuesIn(Commands()),
                          [](const auto& row) { return row.param.name.toString().toStdString(); });
 
 }  // namespace

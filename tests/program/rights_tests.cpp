@@ -74,7 +74,7 @@ class Rights : public Program {
     }
     QMenuBar& Bar() { return *qobject_cast<QMenuBar*>(Frame().MenuItem(u"Menu_b"_s)->parent()); }
 
-    /// Whether the key of a top menu opens it, or what it stands for; closes that again.
+    /// Whether the key of a top menu opens it, or what it means; closes that again.
     bool OpensByKey(const QString& menu) {
         const QString text = Frame().MenuItem(menu)->text();
         AltKey(text.at(text.indexOf(u'&') + 1).toLower().unicode());

@@ -103,7 +103,7 @@ TEST(A04, ARefusalLosesNothingAndCancelReadsTheRow) {
     form.SetBox(1, u"改了"_s);
     AltKey(u'S');
     EXPECT_EQ(form.Lines(), (QStringList{u"李四|晚班"_s, u"王五|"_s, u"张三|改了"_s}))
-        << "the edited row stands last";
+        << "the edited row is last";
     // The saved record is the next command's, though the highlight stayed.
     AltKey(u'E');
     EXPECT_EQ(form.Box(0), u"张三"_s);

@@ -46,7 +46,7 @@ struct Dialog {
         for (int i = 0; i < 14 && At(combo).Text() != item; ++i) Press(Qt::Key_Down);
         ASSERT_EQ(At(combo).Text(), item);
     }
-    /// "" for the first connective, field or relation as they stand.
+    /// "" for the first connective, field or relation as they are.
     void Add(const QString& connective, const QString& field, const QString& relation, const QString& value) {
         if (!connective.isEmpty()) Choose(u"CmbLG"_s, connective);
         if (!field.isEmpty()) Choose(u"CmbF"_s, field);
@@ -122,7 +122,7 @@ TEST(Query, AsksInConditionsAndHandsTheStatementBack) {
         EXPECT_EQ(FocusName(), u"CmbF"_s);
         dialog.GoTo(u"Txt"_s);
         Type(u"赵"_s);
-        EXPECT_EQ(dialog.At<controls::LineBox>(u"Txt"_s).Text(), u"赵"_s) << "what stood there was selected";
+        EXPECT_EQ(dialog.At<controls::LineBox>(u"Txt"_s).Text(), u"赵"_s) << "what was there was selected";
         dialog.Find();
     });
     EXPECT_EQ(form.PubSql(),
@@ -223,7 +223,7 @@ TEST(Query, AChannelsZoneWithTwoPlacesIsOneHit) {
                     u"insert into M0111 (F0,F1,F2) VALUES ('H1-1','波士顿','Boston')"_s});
     form.script.Box(u"在此集合中找不到该项目"_s, u"提示"_s);
     form.Search([](Dialog& dialog) {
-        // The headers go by place, whatever field stands beside them.
+        // The headers go by place, whatever field is beside them.
         QStringList fields;
         auto& table = dialog.At<controls::FlexGrid>(u"GD"_s);
         for (int row = 0; row < table.Rows(); ++row)

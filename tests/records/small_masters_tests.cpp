@@ -135,7 +135,7 @@ TEST_P(SmallMasters, LooksForUseInItsColumn) {
     Type(u"丙"_s);
     EXPECT_EQ(program->Box(0), u"乙"_s) << "locked";
     AltKey(u'C');
-    // What stands in any other column of the waybills is no use.
+    // What is in any other column of the waybills is no use.
     GoTo(u"甲"_s);
     program->script.Question(u"真的要删除一吗?"_s, Title, true);
     AltKey(u'D');

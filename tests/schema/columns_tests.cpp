@@ -53,7 +53,7 @@ TEST_F(Columns, TakeWhatTheirKindTakesAndNothingElse) {
             for (const QString& value : kind.refused)
                 EXPECT_FALSE(Takes(table, name, value)) << value.toStdString();
             if (parts[2] != u"TEXT") continue;
-            // Texts compare case-blind, whatever table they stand in.
+            // Texts compare case-blind, whatever table they are in.
             Takes(table, name, u"'aBc'"_s);
             EXPECT_EQ(file_.Rows(u"select count(*) from %1 where %2 = 'AbC'"_s.arg(table, name)),
                       QStringList{u"1"_s});

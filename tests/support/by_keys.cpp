@@ -25,7 +25,7 @@ namespace {
 constexpr int kLongestTabOrder = 120;
 
 /// Buttons whose own key is another control's, so that Tab need not stop at them.
-const QStringList kReachedOtherwise = {u"CmdDownList"_s};  // the arrow down in the box beside it
+const QStringList kReachedOtherwise = {u"CmdDownList"_s};  // Down in the text box beside it
 
 QWidget* FocusedControl() {
     for (QWidget* w = QApplication::focusWidget(); w; w = w->parentWidget())
@@ -39,7 +39,7 @@ bool TakesInput(QWidget* control, bool browsing) {
     if (dynamic_cast<controls::FlexGrid*>(control) || qobject_cast<QPushButton*>(control)) return true;
     if (browsing) return false;
     if (const auto* box = dynamic_cast<controls::TextBox*>(control)) return !box->Locked();
-    // The arrows go from the chosen one to the others.
+    // Up and Down go from the chosen one to the others.
     if (const auto* choice = qobject_cast<QRadioButton*>(control)) return choice->isChecked();
     return qobject_cast<QComboBox*>(control) || qobject_cast<QAbstractSpinBox*>(control) ||
            qobject_cast<QAbstractButton*>(control);
@@ -53,7 +53,7 @@ bool IsPartOfAnother(const QWidget& widget) {
     return false;
 }
 
-/// What stands on the screen to be used; frames, captions and the parts of a control need no name.
+/// What is on the screen to be used; frames, captions and the parts of a control need no name.
 bool NeedsName(const QAccessibleInterface& item) {
     const QAccessible::State state = item.state();
     if (state.invisible || item.role() == QAccessible::Separator) return false;

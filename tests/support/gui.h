@@ -30,7 +30,7 @@ void Show(QWidget& window);
 void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 /// Types a text into the control that has the focus, character by character.
 void Type(const QString& text);
-/// The same in place of what stands there.
+/// The same in place of what is there.
 void TypeOver(const QString& text);
 /// Alt and a letter: the command of a menu bar; in an open menu the letter alone.
 void AltKey(char16_t letter);

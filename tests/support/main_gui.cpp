@@ -8,7 +8,7 @@
 
 namespace {
 
-/// A box, a dialog or a modal form that no script expects would wait for an operator for ever.
+/// A message box, a dialog or a modal form that no script expects would wait for an operator for ever.
 void RefuseWindows() {
     auto& seams = sys::seams();
     seams.showBox = [](const sys::BoxRequest& request) {

@@ -39,7 +39,7 @@ class Desk {
     controls::TextBox& TextBoxAt(int index);
     controls::ComboBox& ComboAt(int index);
     QString Box(int index);                       ///< text of Txt(index)
-    void SetBox(int index, const QString& text);  ///< goes there and types over what stands
+    void SetBox(int index, const QString& text);  ///< goes there and types over its text
     QString Combo(int index);
     void SetCombo(int index, const QString& text);
     /// Presses Enter until that control has the focus.
@@ -76,7 +76,7 @@ class Program : public Desk {
 
     Script script;
 
-    /// Saves, is told this and goes on editing.
+    /// Saves, gets this refusal and goes on editing.
     void RefusesToSave(const QString& message);
     /// The next statement that fails has this in its report; the program ends with status 1.
     void EndsWith(const QString& report);

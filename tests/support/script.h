@@ -23,19 +23,19 @@ namespace tests {
 
 class Script {
   public:
-    /// Takes every seam; the clock stands at 2024-03-15 10:00:00.
+    /// Takes every seam; the clock is at 2024-03-15 10:00:00.
     Script();
     /// Puts the seams back; a step left over fails the test.
     ~Script();
     Script(const Script&) = delete;
     Script& operator=(const Script&) = delete;
 
-    /// A box with one button. The text is compared exactly; character 13 included.
+    /// A message box with one button. The text is compared exactly; character 13 included.
     void Box(const QString& text, const QString& title, sys::BoxIcon icon = sys::BoxIcon::Information);
     /// A question of two buttons and its answer: Yes or OK, or the other one.
     void Question(const QString& text, const QString& title, bool yes,
                   sys::BoxIcon icon = sys::BoxIcon::Question);
-    /// A box whose text contains this, whatever else: for the report of a failing statement.
+    /// A message box whose text contains this, whatever else: for the report of a failing statement.
     void BoxContaining(const QString& text);
     /// A file dialog: its title, and the path that the operator picks ("" gives up).
     void File(const QString& title, const QString& answer);

@@ -13,7 +13,7 @@ using tariffs::Standard;
 
 namespace {
 
-/// Each row is one price. The quote holds 100 + bracket as its price, so that a charge tells where it was
+/// Each row is one price. The quote holds 100 + bracket as its price, so that a charge shows where it was
 /// read.
 struct Bracket {
     int index;

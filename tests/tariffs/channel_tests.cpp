@@ -31,7 +31,7 @@ class Channels : public Program {
     QStringList Stored() {
         return Rows(u"select F1,F2,F3,D0,D1,S0,S1,JFD,J0,J1,J2,J3,J4,J5,J6,J7,J8,J9 from M01"_s);
     }
-    /// Types a text into a box and leaves it by Enter.
+    /// Fills a text box and leaves it by Enter.
     void EnterBox(int box, const QString& text) {
         SetBox(box, text);
         Press(Qt::Key_Return);

@@ -163,7 +163,7 @@ TEST(A011, ANewZoneIsEnteredByKeys) {
     EXPECT_FALSE(EditInProgress);
     EXPECT_EQ(form.Rows(Stored)[1],
               u"H12|区域H12|H1|Zone H12|5||0|0|0|12.5|9|0|0|0|0|0|0|0|-3|0|3|-1|-1|0|0|0|0|0|0|0|-1")
-        << "the ticks of the zone before stand until they are taken away";
+        << "the ticks of the zone before remain until they are removed";
     EXPECT_TRUE(form.LooksLocked(13));
     EXPECT_EQ(form.Rows(u"select F0,F1,F2,F8 from M0111"_s).back(), u"H12|区域H12|Zone H12|");
     EXPECT_EQ(form.Lines().back(), u"环洋|H12|区域H12|5||H1|Zone H12||||12.50|9元||||||||-3||3");

@@ -64,7 +64,7 @@ class CustomerForm : public Program {
         TypeOver(code);
         Press(Qt::Key_Return);
     }
-    /// The road of the operator: code, Enter, coefficient, Enter.
+    /// The operator's keys: code, Enter, coefficient, Enter.
     void AddQuote(const QString& code, const QString& coefficient) {
         EnterCode(code);
         TypeOver(coefficient);

@@ -135,7 +135,7 @@ TEST(A03, ARecodedCustomerTakesItsQuotesAlong) {
         << "the one without zone is gone";
     EXPECT_EQ(form.Rows(u"select F7 from M031 where F0='C8'"_s), QStringList{u"0"_s})
         << "a null is stored as 0";
-    EXPECT_EQ(form.Grid().TextMatrix(2, 0), u"C8"_s) << "the edited line stands last";
+    EXPECT_EQ(form.Grid().TextMatrix(2, 0), u"C8"_s) << "the edited line is last";
     EXPECT_EQ(form.Zones(), u"B01"_s) << "the card shows the quotes afresh";
     AltKey(u'E');
     EXPECT_EQ(form.Box(Code), u"C8"_s) << "and is the current one";

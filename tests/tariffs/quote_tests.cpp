@@ -77,7 +77,7 @@ TEST(Quotes, OneZoneAtATime) {
               u"A01|东亚|12.3|10.0|20.0|15.1|9|8|7|6|5|4|3|2|1.9|1.8|1.7|1.6|1.5|1.4|1.3"_s)
         << "each list price in its own column";
     EXPECT_EQ(form.Status(), u"报价单：共 1 条记录 当前为第 1 条"_s);
-    Type(u"b01"_s);  // typed over the code that stood there; the table does not mind small letters
+    Type(u"b01"_s);  // typed over the code that was there; the table does not mind small letters
     Press(Qt::Key_Return);
     TypeOver(u"1.05"_s);
     Press(Qt::Key_Return);
@@ -207,7 +207,7 @@ TEST(Quotes, TwentyZonesWithoutTheMouse) {
     Press(Qt::Key_Tab);
     Press(Qt::Key_Return);
     EXPECT_EQ(form.Quotes().Rows(), 2 + 21);
-    // The drop-down looks for the text without its blanks, what is added goes by the text as it stands.
+    // The drop-down looks for the text without its blanks, what is added goes by the text as it is.
     TypeOver(u" N0"_s);
     Press(Qt::Key_Down);
     Press(Qt::Key_Tab);
@@ -257,7 +257,7 @@ TEST(Quotes, APriceIsEditedByMouseAndByKeys) {
         EXPECT_FALSE(form.Quotes().Editing()) << "codes and names are not edited";
         EXPECT_EQ(form.Line(u"TxtHPBM"_s), u"B01"_s);
     }
-    // By keys: a digit begins, Tab and the arrows go on to the next price.
+    // By keys: a digit begins, Tab and Up and Down go on to the next price.
     form.Quotes().SetCol(2);
     Type(u"7"_s);
     Press(Qt::Key_Tab);

@@ -40,7 +40,7 @@ class Standard : public Program {
         return texts;
     }
     QString Label(int label) { return Find<QLabel>(*dialog, u"Lab(%1)"_s.arg(label)).text(); }
-    /// What stands behind the heavy boxes.
+    /// What is behind the heavy boxes.
     QStringList Tops() {
         QStringList tops;
         for (int label = 7; label <= 21; ++label) tops += Label(label);
@@ -125,7 +125,7 @@ TEST(S01, PutsABoundRightWithoutAWord) {
             EXPECT_EQ(form.Text(row.box).toStdString(), row.after) << row.why;
             EXPECT_EQ(form.Label(row.box + 2).toStdString(), row.top) << row.why;
         }
-        // The first bound has no such check, and what is right of a box that is left stays.
+        // The first bound has no such check, and what is right of a text box that is left stays.
         form.Enter(4, u"900"_s);
         Press(Qt::Key_Tab);
         EXPECT_EQ(form.Text(4), u"900");
@@ -166,7 +166,7 @@ TEST(S01, ChecksTheFirstNineBoxesAndNoOther) {
         form.Push(u"CmdOK"_s);
         EXPECT_EQ(form.Row(), before);
     });
-    // From the tenth on anything that the engine takes goes in as it stands.
+    // From the tenth on anything that the engine takes goes in as it is.
     form.Visit([&] {
         for (const auto& [box, typed] : {std::pair{9, u"0"_s}, {18, u"-7.50"_s}, {19, u"1+0.25"_s}})
             form.LineAt(box).SetText(typed);

@@ -116,7 +116,7 @@ TEST(A02, ProposesAsTheBoxesAreEntered) {
     Type(u"5"_s);
     form.GoTo(u"Txt(6)"_s);
     EXPECT_EQ(form.Box(6), u"新区");
-    EXPECT_EQ(form.Box(7), u"5") << "the days stand for the English name";
+    EXPECT_EQ(form.Box(7), u"5") << "the days replace the English name";
     form.SetBox(7, u"City"_s);
     form.GoTo(u"Txt(8)"_s);
     Press(Qt::Key_Return);

@@ -76,7 +76,7 @@ TEST(B01, AConsignmentTravelsFromTheKeysToTheBalance) {
               QStringList{u"增加应收|131|-9|YSW1|2024-03-15|华兴|115|0|0|115|张师傅|管理员|管理员||"
                           u"2024-03-15 10:00:00|0"_s});
     EXPECT_EQ(form.Lines(), QStringList{u"W1|2024-03-15|纽约|S||月结||C1.华兴|张三|未审核|"_s})
-        << "until the next load the customer stands as code and name";
+        << "until the next load the customer shows as code and name";
     EXPECT_EQ(form.Status(), u"速递单：共 1 条记录 当前为第 1 条"_s);
 
     // The same day 2 above the one before; a newer day 31; a day in between a quarter of the way.
@@ -262,7 +262,7 @@ TEST(B01, CostIsAskedByEnteringItsBox) {
     form.script.Box(u"无效使用 Null"_s, Title);
     EXPECT_EQ(enter(u"1.3"_s), u"46.00"_s) << "nothing to format: the box stays and the program goes on";
     Type(u"77"_s);
-    EXPECT_EQ(form.Box(ShippingCost), u"77"_s) << "an amount typed afterwards stands";
+    EXPECT_EQ(form.Box(ShippingCost), u"77"_s) << "an amount typed afterwards remains";
     AltKey(u'C');
 }
 
