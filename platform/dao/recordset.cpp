@@ -116,6 +116,12 @@ int Recordset::FieldCount() const {
     return Require(data_).ColumnCount();
 }
 
+QString Recordset::FieldName(int ordinal) const {
+    const RecordsetData& data = Require(data_);
+    if (ordinal < 0 || ordinal >= data.ColumnCount()) throw RuntimeError(u"在此集合中找不到该项目"_s);
+    return data.names[static_cast<size_t>(ordinal)];
+}
+
 Field Recordset::Fields(int ordinal) const {
     const RecordsetData& data = Require(data_);
     if (ordinal < 0 || ordinal >= data.ColumnCount()) throw RuntimeError(u"在此集合中找不到该项目"_s);

@@ -50,6 +50,8 @@ class Recordset {
     int RecordCount() const;
 
     int FieldCount() const;
+    /// The name of a field as the statement gives it. Raises RuntimeError for one that is not there.
+    QString FieldName(int ordinal) const;
     Field Fields(int ordinal) const;
     Field Fields(QStringView name) const;
 
