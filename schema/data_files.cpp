@@ -17,10 +17,20 @@
 #include <QSaveFile>
 #include <QSvgRenderer>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
+
+/// The layouts lie in a static library, so the linker has to be told that they are wanted. Outside of any
+/// namespace, as the toolkit's macro asks.
+static void InitLayouts() {
+    Q_INIT_RESOURCE(layouts);
+}
 
 namespace schema {
 namespace {
+
+constexpr QStringView kLayouts = u":/layouts/";
 
 constexpr QSize kPictureSize(1920, 1080);  // pixels
 
@@ -107,22 +117,43 @@ void MakePicture(const QString& path) {
     MakeWhole(path, WritePicture);
 }
 
+QStringList LayoutFiles() {
+    InitLayouts();
+    return QDir(kLayouts.toString()).entryList(QDir::Files, QDir::Name);
+}
+
+void MakeLayout(const QString& path) {
+    InitLayouts();
+    MakeWhole(path, [&](const QString& temporary) {
+        QFile layout(kLayouts.toString() + QFileInfo(path).fileName());
+        QSaveFile file(temporary);
+        const bool read = layout.open(QIODevice::ReadOnly);
+        if (!read) throw RuntimeError(u"没有报表文件“%1”！"_s.arg(QFileInfo(path).fileName()));
+        const QByteArray bytes = layout.readAll();
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
+            !file.commit())
+            throw RuntimeError(u"无法写入“%1”：%2"_s.arg(path, file.errorString()));
+    });
+}
+
 QStringList MakeDataFiles(const QString& folder, const QString& company) {
     if (!QFileInfo(folder).isDir()) throw RuntimeError(u"文件夹“%1”不存在！"_s.arg(folder));
-    const struct {
-        QStringView name;
+    struct DataFile {
+        QString name;
         std::function<void(const QString&)> make;
-    } files[] = {
-        {kDatabaseFile, [&](const QString& path) { MakeDatabase(path, company); }},
-        {kExportFile, MakeExportFile},
-        {kPictureFile, MakePicture},
     };
+    std::vector<DataFile> files = {
+        {kDatabaseFile.toString(), [&](const QString& path) { MakeDatabase(path, company); }},
+        {kExportFile.toString(), MakeExportFile},
+        {kPictureFile.toString(), MakePicture},
+    };
+    for (const QString& layout : LayoutFiles()) files.push_back({layout, MakeLayout});
     QStringList made;
     for (const auto& file : files) {
-        const QString path = QDir(folder).filePath(file.name.toString());
+        const QString path = QDir(folder).filePath(file.name);
         if (sys::IsThere(path)) continue;
         file.make(path);
-        made += file.name.toString();
+        made += file.name;
     }
     return made;
 }

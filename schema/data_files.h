@@ -1,4 +1,5 @@
-// Making the files that stand beside the program: the database, the export's helper, the wallpaper.
+// Making the files that stand beside the program: the database, the export's helper, the wallpaper, the layouts of
+// the reports.
 //
 // Always holds: a file that is there is never touched; a file bears its name only when it is whole, and its
 // owner alone can read it.
@@ -21,7 +22,12 @@ void MakeExportFile(const QString& path);
 /// The wallpaper, a PNG picture of 1920 by 1080 pixels. Raises like the above.
 void MakePicture(const QString& path);
 
-/// Makes what is missing of the three in a folder that exists. Gives the names of those it made. Raises
+/// The layouts of the reports with the schema by which an editor helps to change them: their file names.
+QStringList LayoutFiles();
+/// One of them, as it comes with the program. Raises like the above.
+void MakeLayout(const QString& path);
+
+/// Makes what is missing of all these in a folder that exists. Gives the names of those it made. Raises
 /// RuntimeError at the first that can't be made; those made before it stay.
 QStringList MakeDataFiles(const QString& folder, const QString& company = {});
 

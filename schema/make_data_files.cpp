@@ -14,7 +14,10 @@ namespace {
 int Make(const QString& folder, const QString& company) {
     QTextStream out(stdout);
     const QStringList made = schema::MakeDataFiles(folder, company);
-    for (const QStringView name : {schema::kDatabaseFile, schema::kExportFile, schema::kPictureFile}) {
+    QStringList names{schema::kDatabaseFile.toString(), schema::kExportFile.toString(),
+                      schema::kPictureFile.toString()};
+    names += schema::LayoutFiles();
+    for (const QString& name : names) {
         out << name << (made.contains(name) ? u"：已生成\n"_s : u"：已存在，未改动\n"_s);
     }
     if (!company.isEmpty() && !made.contains(schema::kDatabaseFile)) {

@@ -20,7 +20,8 @@ using namespace Qt::StringLiterals;
 namespace tests {
 namespace {
 
-const QStringList kNames = {u"tessik.dat"_s, u"excel.dat"_s, u"syspic.dat"_s};
+const QStringList kNames =
+    QStringList{u"tessik.dat"_s, u"excel.dat"_s, u"syspic.dat"_s} + schema::LayoutFiles();
 
 class DataFiles : public testing::Test {
   protected:
@@ -97,7 +98,9 @@ TEST_F(DataFiles, TheExportFileHoldsAnEmptySheetForEveryone) {
 
 TEST_F(DataFiles, ASecondRunMakesWhatIsMissingAndNothingElse) {
     EXPECT_EQ(schema::MakeDataFiles(folder(), u"甲"_s), kNames);
-    EXPECT_EQ(Listing(), QStringList({u"excel.dat"_s, u"syspic.dat"_s, u"tessik.dat"_s}));
+    QStringList sorted = kNames;
+    sorted.sort();
+    EXPECT_EQ(Listing(), sorted);
     for (const QString& name : kNames) EXPECT_EQ(RightsOf(Path(name)), 0600) << name.toStdString();
     const QByteArray database = Bytes(Path());
     Write(Path(u"syspic.dat"_s), "a picture of the user's");
@@ -119,6 +122,7 @@ TEST_F(DataFiles, WhatFailsHalfWayLeavesNothing) {
         {"database", [&] { schema::MakeDatabase(Path()); }},
         {"export file", [&] { schema::MakeExportFile(Path()); }},
         {"picture", [&] { schema::MakePicture(Path()); }},
+        {"layout", [&] { schema::MakeLayout(Path(u"report.xsd"_s)); }},
     };
     for (const auto& row : rows) {
         {
