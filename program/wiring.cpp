@@ -11,6 +11,7 @@
 #include "app/about.h"
 #include "app/login.h"
 #include "records/small_master.h"
+#include "reports/printing.h"
 #include "tariffs/channel_zones.h"
 #include "tariffs/channels.h"
 #include "tariffs/customers.h"
@@ -48,6 +49,7 @@ Registry FilledRegistry() {
     forms.children[u"PayLst"_s] = Child<PayLst>();
     forms.children[u"zhLst"_s] = Child<zhLst>();
     forms.children[u"S02"_s] = Child<S02>();
+    forms.children[u"Prnt"_s] = Child<Prnt>();
     forms.modals[u"Login"_s] = Modal<Login>();
     forms.modals[u"AboutUS"_s] = Modal<AboutUS>();
     forms.modals[u"S01"_s] = Modal<S01>();
