@@ -14,6 +14,7 @@ void MeasureDateRange(Bench& bench, MadeCompany& company);
 void MeasureCustomers(Bench& bench, Office& office);
 void MeasureExport(Bench& bench, Office& office);
 void MeasureList(Bench& bench, Office& office);
+void MeasureReports(Bench& bench, Office& office);
 void MeasureSaves(Bench& bench, Office& office);
 void MeasureSearches(Bench& bench, Office& office);
 void MeasureStart(Bench& bench, MadeCompany& company);
