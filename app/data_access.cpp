@@ -27,8 +27,8 @@ double FirstNumber(dao::Database& db, const QString& sql) {
     return First(db, sql, &dao::Field::Number);
 }
 
-/// An error that has taken the whole command with it ends that command; no asker may go on with an empty
-/// answer.
+/// Rethrows the current error if it rolled back the commit group of the running command: the caller must not
+/// continue with an empty value.
 void PassOnLoss(const PlatformError& error) {
     const auto* failure = dynamic_cast<const DatabaseError*>(&error);
     if (failure && failure->GroupLost()) throw;
@@ -36,13 +36,14 @@ void PassOnLoss(const PlatformError& error) {
 
 void ReportFailure(const QString& helper, const PlatformError& error) {
     PassOnLoss(error);
-    // The question may stand inside a save, which goes on behind the box: nothing of it is kept meanwhile.
+    // A save may call this and continues afterwards: what it wrote so far is not committed while the message
+    // box is open.
     sys::MsgBox({.text = helper + u"执行错误!系统返回如下信息："_s + u'\r' + error.Text(),
                  .title = MsgTitle,
                  .keepsGroup = true});
 }
 
-/// What the question gives, or an empty value after a box that names the helper and tells the error.
+/// The result of the query; after an error, an empty value, and a message box shows the helper and the error.
 template <class Question>
 auto AskOrTell(const QString& helper, const Question& question) -> decltype(question()) {
     try {
@@ -72,7 +73,7 @@ double GetVal(dao::Database& db, const QString& sql) {
     return AskOrTell(u"GetVal"_s, [&] { return FirstNumber(db, sql); });
 }
 
-// That there is no session's database any more is told like any other error.
+// After a backup or restore there is no session database; these report that like any other error.
 
 QString GetStr(const QString& sql) {
     return AskOrTell(u"GetStr"_s, [&] { return FirstText(*Db, sql); });

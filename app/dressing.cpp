@@ -19,7 +19,8 @@ namespace paint = controls::paint;
 
 constexpr QSize kMark(40, 40);
 
-constexpr int kCaption = 54;  // the least; its gap to the box is the sheet's padding
+constexpr int kCaption =
+    54;  // the least width; the style sheet's padding is the gap to the text box or combo
 constexpr int kBesideGap = 8;
 enum Column { Caption, Box, Gap, Beside };
 

@@ -1,5 +1,5 @@
-// What the small windows over the frame have in common: the product's head, rows of caption and box, a row of
-// buttons at the right.
+// Layout shared by the small windows over the frame: the product's head, rows of a caption and a text box or
+// combo, and a row of buttons at the right.
 #pragma once
 
 #include <QGridLayout>
@@ -11,19 +11,20 @@
 
 namespace dressing {
 
-/// The product's mark and name on white, the given line beneath the name.
+/// The product's mark and name on white; the given line is below the name.
 QWidget* ProductHead(QLabel* subtitle);
 
-/// A row for each box, its caption at the left; the captions are as wide as the widest of them.
+/// One row per text box or combo, with its caption at the left. All captions have the width of the widest
+/// one.
 class CaptionRows : public QGridLayout {
   public:
     CaptionRows();
-    /// Makes the caption, with a control's name of its own. What stands beside the box keeps its width.
+    /// Creates the caption, whose object name is `name`. The widget `beside` keeps its width.
     void Add(const QString& caption, const QString& name, QWidget* box, QWidget* beside = nullptr);
 };
 
 QLayout* ButtonRow(const QList<QPushButton*>& buttons);
-/// A head, a hairline and what stands beneath.
+/// Lays out the window: the head, a hairline, the body below it.
 void Stack(QWidget& window, QWidget& head, QLayout* body);
 
 }  // namespace dressing

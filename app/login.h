@@ -1,7 +1,8 @@
-// Who works: the login, shown by start-up and again by the frame's menu.
+// The login form, shown at start-up and again from the frame's menu.
 //
-// Always holds: the form goes by a good login or ends the program; it has no close box, and Esc and Alt+F4 do
-// nothing. The code that counts stands in Txt(0), out of sight; it gets there only when the combo is left.
+// Always holds: the form closes after a valid login or ends the program; it has no close button, and Esc and
+// Alt+F4 do nothing. The operator code that is checked is the text of the hidden Txt(0), which is set only
+// when the combo loses the focus.
 #pragma once
 
 #include "platform/controls/box.h"

@@ -5,7 +5,7 @@ namespace {
 constexpr bool kTop = true;
 constexpr bool kItem = false;
 
-// Two items of the last menu share the key 2; the key walks from one to the other.
+// Two items of the last menu share the access key 2: pressing it selects them in turn.
 constexpr MenuRow kMenus[] = {
     {u"Menu_A", u"&A.基本资料", kTop},
     {u"Menu_A01", u"&1.出货渠道计价标准", kItem, Opens::Child, u"A01"},
@@ -48,7 +48,7 @@ constexpr MenuRow kMenus[] = {
     {u"Quit", u"&3.退出系统", kItem, Opens::Unload},
 };
 
-// d3 runs nothing and is refused to everyone, the administrator included.
+// d3 has no menu row, so it is refused to every operator, the administrator included.
 constexpr ToolRow kTools[] = {
     {u" 客户报价", u"d1", u"Menu_A", u"Menu_A03", u"quote"},
     {u" 业务开单", u"d2", u"Menu_b", u"Menu_b", u"waybill"},

@@ -1,7 +1,7 @@
-// The frame's menus and tool bar as two tables: what stands where, what it opens, and which right it needs.
+// The frame's menus and tool bar as two tables: the order, what each row opens, and the right it requires.
 //
-// Always holds: the order of the rows is the order on the screen; a row that is no top menu belongs to the
-// last top menu above it.
+// Always holds: the order of the rows is the order on the screen; a row that is not a top menu belongs to
+// the nearest top menu above it.
 #pragma once
 
 #include <QStringView>
@@ -12,19 +12,19 @@ enum class Opens { Nothing, Child, Modal, Command, Unload };
 
 struct MenuRow {
     QStringView name;
-    QStringView caption;  ///< "-" is a separator
+    QStringView caption;  ///< "-" for a separator
     bool top = false;
     Opens opens = Opens::Nothing;
-    QStringView target = {};       ///< the form or command by its name in the registry
-    int LB = 0;                    ///< the document kind that is set before the form is shown; 0 sets none
+    QStringView target = {};       ///< the name of the form or command in the registry
+    int LB = 0;                    ///< the document kind, set before the form is shown; 0 sets none
     QStringView formCaption = {};  ///< set with LB
 };
 
 struct ToolRow {
     QStringView caption;
     QStringView key;
-    QStringView right = {};  ///< the top menu that has to be shown; none: whoever presses it
-    QStringView item = {};   ///< the menu row that it runs; none: always refused
+    QStringView right = {};  ///< the top menu that must be visible; empty: no right is required
+    QStringView item = {};   ///< the menu row it triggers; empty: always refused
     QStringView icon = {};
     bool gapBefore = false;
 };

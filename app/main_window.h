@@ -1,8 +1,8 @@
 // The one top-level window: menu bar, tool bar, status bar and wallpaper; all other forms open from it.
 //
 // Always holds: the menus are the rows of one table (main_menu.cpp); a row whose form is not in the registry
-// is shown and disabled. The visibility of the five top menus is the operator's rights, and the tool bar asks
-// the same.
+// is shown and disabled. The operator's rights set the visibility of five top menus, and the tool bar checks
+// that visibility.
 #pragma once
 
 #include "app/child_form.h"
@@ -21,11 +21,11 @@ class MForm : public QMainWindow {
     explicit MForm(const Registry& registry);
     ~MForm() override;
 
-    /// The picture, the panels, the date; errors are ignored throughout.
+    /// Loads the picture and fills the panels and the date. Ignores all errors.
     void Load();
 
-    /// A menu item by its name in the system ("Menu_A04"), top menus included; none if there is no such name.
-    /// The two below presume that there is (std::out_of_range).
+    /// The menu item of that name ("Menu_A04"), top menus included; null if there is none. For an unknown
+    /// name the next two raise std::out_of_range.
     QAction* MenuItem(const QString& name) const;
     bool MenuVisible(const QString& name) const;
     void SetMenuVisible(const QString& name, bool visible);
@@ -39,14 +39,14 @@ class MForm : public QMainWindow {
     void ShowToolBar(bool shown);
     bool ToolBarShown() const;
 
-    /// Shows a modal form of the registry over the frame and returns when it has gone. This one and the next
-    /// raise RuntimeError for a form that is not in the registry.
+    /// Shows a modal form of the registry over the frame and returns after it is closed. This function and
+    /// the next raise RuntimeError for a form that is not in the registry.
     void ShowModal(const QString& form);
-    /// Shows the single instance of a child form, made and loaded if it is not there.
+    /// Shows the single instance of a child form; creates and loads it if it does not exist.
     ChildForm& ShowChild(const QString& form);
-    /// The instance if it is there.
+    /// The instance; null if it does not exist.
     ChildForm* Child(const QString& form) const;
-    /// The child in front, or none.
+    /// The child form in front; null if there is none.
     ChildForm* Front() const;
 
   protected:
@@ -57,10 +57,10 @@ class MForm : public QMainWindow {
     std::unique_ptr<State> state_;
 };
 
-/// While a record is being edited: warns the operator who wants to leave, and says so.
+/// While a record is being edited: shows the operator a warning and returns true. Otherwise returns false.
 bool WarnOfEdit();
 
 /// The main window of this run. Raises RuntimeError when there is none.
 MForm& TheFrame();
-/// For start-up and for tests that set a frame up without one.
+/// For start-up, and for tests that create a frame without start-up.
 void SetTheFrame(MForm* frame);

@@ -1,4 +1,4 @@
-// What the product says of itself, on the frame, the login and the information box.
+// The product's own texts, shown on the frame, the login and the form 关于本系统.
 #pragma once
 
 #include <QString>

@@ -14,13 +14,13 @@ namespace {
 
 struct Right {
     QStringView field;
-    QStringView menu;     ///< a top menu that is shown, or
-    bool* flag;           ///< a flag of the session
-    bool administrators;  ///< set by the administrator's login as well
+    QStringView menu;     ///< the top menu to show or hide; empty if `flag` is set
+    bool* flag;           ///< the session flag to set; null if `menu` is set
+    bool administrators;  ///< also granted when the administrator logs in
 };
 
-// The accounts menu keeps its state when the administrator takes over from another operator, and that is
-// meant; the ledger flag is true for him before his row is looked at.
+// Required by the business: when the administrator logs in after another operator, Menu_wanglai keeps the
+// visibility that operator had. CanEditLedger is already true for the administrator: ApplyRights() sets it.
 const Right kRights[] = {
     {u"F60", u"Menu_A", nullptr, true},        {u"F61", u"Menu_b", nullptr, true},
     {u"F62", u"Menu_C", nullptr, true},        {u"F63", u"Menu_S", nullptr, true},

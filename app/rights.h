@@ -1,6 +1,7 @@
-// What the operator may do, read from his row of TE1 (F60 to F67) and spread over the frame's menus and the
-// session's flags. The administrator is known by his code alone; his row is not asked.
+// The operator's rights: read from the operator's row of TE1 (F60 to F67) and applied to the frame's menus
+// and the session's flags. The operator code alone identifies the administrator, whose row is not read.
 #pragma once
 
-/// After each good login. Sets the frame's title too, by the company's name. Raises DatabaseError.
+/// Call after each valid login. Also sets the frame's title, which shows the company's name. Raises
+/// DatabaseError.
 void ApplyRights();

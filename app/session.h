@@ -1,5 +1,5 @@
-// The session's globals, alive for the whole run: who works, what that operator may do, the one open
-// database. Forms read and write them directly; platform/ and the computations know none of them.
+// The session's globals, valid for the whole run: the operator, the operator's rights, the one open database.
+// Forms read and write them directly; platform/ and the computations do not use them.
 #pragma once
 
 #include "platform/dao/database.h"
@@ -9,8 +9,8 @@
 #include <cstdint>
 #include <memory>
 
-/// The session's database. After a backup or restore there is none; whoever uses it then gets a RuntimeError,
-/// so that the session ends with a word and not with a crash.
+/// The session's database; empty after a backup or restore. Using it while empty raises RuntimeError, so that
+/// the session ends with a message and not with a crash.
 class SessionDatabase {
   public:
     SessionDatabase& operator=(std::unique_ptr<dao::Database> opened);
@@ -36,7 +36,7 @@ extern bool CanEditReleased;  ///< may edit a waybill that is already released
 extern bool CanSeeFigures;    ///< sees weights, cost and prices on the waybill
 extern bool CanEditLedger;    ///< may edit and delete ledger entries
 
-/// The administrator is told by his code alone.
+/// The operator code alone identifies the administrator.
 inline bool IsAdministrator() {
     return OperatorCode == u"001";
 }

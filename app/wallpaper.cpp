@@ -5,7 +5,7 @@
 
 namespace {
 
-/// Larger pictures than this help no screen, and the reader of a damaged file may ask for any size.
+/// Pixels. No screen needs a larger picture, and a damaged file may declare any size.
 constexpr int kLongestSide = 16'384;
 
 }  // namespace
@@ -33,6 +33,6 @@ void Wallpaper::paintEvent(QPaintEvent*) {
     }
     scaled_.setDevicePixelRatio(devicePixelRatioF());
     const QSizeF shown = scaled_.deviceIndependentSize();
-    // Cut at the left and the top, so that what the picture shows keeps its place at the lower right.
+    // The left and the top are cropped, so that the picture's subject stays at the lower right.
     QPainter(this).drawPixmap(QPointF(width() - shown.width(), height() - shown.height()), scaled_);
 }

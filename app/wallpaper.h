@@ -1,4 +1,4 @@
-// The page that the frame shows while no form is open: a picture that covers it whatever its shape.
+// The frame's background while no form is open: a picture that covers it at any aspect ratio.
 #pragma once
 
 #include <QPixmap>
@@ -8,7 +8,7 @@ class Wallpaper : public QWidget {
     Q_OBJECT
   public:
     explicit Wallpaper(QWidget* parent = nullptr);
-    /// A picture of any format. What cannot be read leaves the page empty.
+    /// Loads a picture of any format Qt reads. A file that cannot be read leaves the background empty.
     void LoadPicture(const QString& path);
 
   protected:
@@ -16,5 +16,5 @@ class Wallpaper : public QWidget {
 
   private:
     QImage picture_;
-    QPixmap scaled_;  ///< as last painted
+    QPixmap scaled_;  ///< the picture at the size last painted
 };
