@@ -19,8 +19,7 @@ namespace paint = controls::paint;
 
 constexpr QSize kMark(40, 40);
 
-constexpr int kCaption =
-    54;  // the least width; the style sheet's padding is the gap to the text box or combo
+constexpr int kCaption = 54;  // the least width; the style sheet's padding is the gap
 constexpr int kBesideGap = 8;
 enum Column { Caption, Box, Gap, Beside };
 

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace dao {
 namespace {
 
-/// Booleans read 0 or -1 whatever non-zero number is stored; they are known by their declaration.
+/// Which columns are declared BOOLEAN. They read as 0, or as -1 for any stored number that is not 0.
 std::vector<bool> BooleanColumns(sqlite3_stmt* statement, int columns) {
     std::vector<bool> boolean(static_cast<size_t>(columns));
     for (int i = 0; i < columns; ++i) {
@@ -52,7 +52,7 @@ std::unique_ptr<RecordsetData> ReadRows(const std::shared_ptr<Connection>& conne
     auto data = std::make_unique<RecordsetData>();
     const bool writable = !table.empty();
     const int columns = sqlite3_column_count(prepared) - (writable ? 1 : 0);
-    // Most sets have one row; its cells come without growing step by step.
+    // Most sets have one row; reserving its cells avoids repeated growth.
     data->names.reserve(static_cast<size_t>(columns));
     data->cells.reserve(static_cast<size_t>(columns));
     data->arena.reserve(static_cast<size_t>(columns) * sizeof(double));

@@ -1,4 +1,4 @@
-// What a Recordset holds: all rows in one arena, and for a dynaset the way back into the table.
+// The data of a Recordset: all rows in one arena, and for a dynaset the writer that updates its table.
 #pragma once
 
 #include "platform/dao/connection.h"
@@ -15,7 +15,7 @@ namespace dao {
 
 enum class CellKind : std::uint32_t { Null, Text, Real, Whole };
 
-/// One value: text lies in the arena as UTF-8, a number as its eight bytes.
+/// One value in the arena: text as UTF-8, a number as its eight bytes.
 struct Cell {
     std::uint32_t offset = 0;
     std::uint32_t kind : 2 = 0;
@@ -24,7 +24,7 @@ struct Cell {
     CellKind Kind() const { return static_cast<CellKind>(kind); }
 };
 
-/// Writes rows by their number, with one prepared statement as long as the same fields are set.
+/// Updates rows by their row number. Reuses one prepared statement while the same fields are set.
 class RowWriter {
   public:
     RowWriter(std::shared_ptr<Connection> connection, std::string table, QString statement);
@@ -41,7 +41,7 @@ class RowWriter {
     std::shared_ptr<Connection> connection_;
     std::string table_;
     QString statement_;
-    std::vector<int> columns_;  ///< what prepared_ sets
+    std::vector<int> columns_;  ///< the columns that prepared_ sets
     std::unique_ptr<Prepared> prepared_;
 };
 
@@ -54,16 +54,16 @@ struct RecordsetData {
     std::vector<Cell> cells;
     std::string arena;
 
-    // A dynaset that can be written to.
+    // Only for a writable dynaset.
     std::unique_ptr<RowWriter> writer;
     std::vector<std::int64_t> rowNumbers;
     bool editing = false;
     std::vector<RowWriter::Value> pending;
 
     int ColumnCount() const { return static_cast<int>(names.size()); }
-    /// The column of that name; raises RuntimeError.
+    /// The column of that name. Raises RuntimeError if there is none.
     int ColumnOf(QStringView name) const;
-    /// The cell of the current row; raises RuntimeError where no row is.
+    /// A cell of the current row. Raises RuntimeError if there is no current row.
     const Cell& CurrentCell(int column) const;
     void RequireRow() const;
 
@@ -79,7 +79,7 @@ struct RecordsetData {
     std::int64_t WholeOf(const Cell& cell) const;
 };
 
-/// Runs a SELECT to its end.
+/// Runs a SELECT and reads all its rows.
 std::unique_ptr<RecordsetData> ReadRows(const std::shared_ptr<Connection>& connection, Prepared& prepared,
                                         const QString& statement);
 

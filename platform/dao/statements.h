@@ -1,8 +1,7 @@
-// Statements ready for the engine: translated, prepared, and kept a while, since a save asks the same
-// questions several times and the next save asks them again.
+// The cache of translated and prepared statements. A save runs the same queries several times, and the next
+// save runs them again.
 //
-// Always holds: a kept statement stands at its beginning and holds nothing locked; one that failed is not
-// kept.
+// Always holds: a cached statement is reset and holds no lock; a statement that failed is not cached.
 #pragma once
 
 #include "platform/dao/dialect/translate.h"
@@ -21,8 +20,8 @@ class Connection;
 
 enum class Wording {
     System,         ///< the system's dialect
-    SystemDynaset,  ///< the same, with the row's number as a further column
-    Engine,         ///< the engine's own; not translated
+    SystemDynaset,  ///< the same, with the row number as an additional column
+    Engine,         ///< the engine's dialect; not translated
 };
 
 struct ReadyStatement {
@@ -33,12 +32,13 @@ struct ReadyStatement {
     sqlite3_stmt* prepared = nullptr;
 };
 
-/// The statements that came more than once, those that ran last. They end with their engine.
+/// LRU cache of the statements that ran more than once. Clear it before the engine closes.
 class StatementCache {
   public:
-    /// Has a statement of that hash come lately? It counts as come from now on.
+    /// Whether a statement of that hash is among the last 128 different ones. Records the hash.
     bool IsRepeated(std::size_t hash);
-    /// Takes the statement out, so that nobody else runs it meanwhile; nothing if it is not there.
+    /// Removes and returns the statement, so that no other caller runs it meanwhile; std::nullopt if not
+    /// cached.
     std::optional<ReadyStatement> Take(const QString& text, Wording wording, std::size_t hash);
     void Keep(ReadyStatement statement);
     void Clear() { kept_.clear(); }
@@ -46,22 +46,22 @@ class StatementCache {
   private:
     std::array<std::size_t, 128> seen_{};
     std::size_t nextSeen_ = 0;
-    std::list<ReadyStatement> kept_;  ///< the one that was kept last stands in front
+    std::list<ReadyStatement> kept_;  ///< most recently kept first
 };
 
-/// One statement on its way through the engine.
+/// RAII guard of one running statement: the destructor returns it to the cache or finalizes it.
 class Prepared {
   public:
-    /// Translates, unless that was done before. told is the text for an error report.
+    /// Translates the statement unless the cache has it. `reported` is the text shown in an error report.
     Prepared(Connection& connection, const QString& text, Wording wording, const QString& reported);
     ~Prepared();
     Prepared(const Prepared&) = delete;
     Prepared& operator=(const Prepared&) = delete;
 
     const dialect::Translation& Translation() const { return statement_.translation; }
-    /// Before the first step. Raises DatabaseError.
+    /// Call before the first step. Raises DatabaseError.
     void Prepare();
-    /// It ran to its end, so it can be kept.
+    /// Call after the last step: the statement ran to its end, so it can be cached.
     void Done() { done_ = true; }
     operator sqlite3_stmt*() const { return statement_.prepared; }
 

@@ -1,4 +1,5 @@
-// Dates in statements: the day difference as a range, and what is written to date columns.
+// Dates in statements: translates a day difference to a range and normalises the literals written to date
+// columns.
 #include "platform/dao/dialect/functions.h"
 #include "platform/dao/dialect/translations.h"
 
@@ -17,7 +18,7 @@ void NormaliseLiteral(Statement& statement, size_t token) {
     statement.Replace(token, Quoted(*date), TokenKind::Text);
 }
 
-/// Does an expression begin behind this token and not go on from before it?
+/// Whether an expression starts after this token and does not continue one from before it.
 bool BeginsBehind(const Token& token) {
     return token.kind == TokenKind::Removed || IsSign(token, "(") || IsSign(token, ",") ||
            IsOneOf(token, {"where", "and", "or", "not", "on", "having", "select"});
@@ -42,7 +43,7 @@ std::optional<Comparison> ComparisonOf(const Token& token) {
     return std::nullopt;
 }
 
-/// a < b is b > a.
+/// The comparison after its operands are swapped: a < b is b > a.
 Comparison Mirrored(Comparison comparison) {
     switch (comparison) {
         case Comparison::Less:
@@ -69,7 +70,8 @@ std::optional<int> WholeNumber(std::string_view sign, std::string_view digits) {
     return sign == "-" ? -value : value;
 }
 
-/// The whole comparison in the statement: difference operator days, turned so that the call stands left.
+/// A comparison of a datediff call with a number of days, in tokens [begin, end). `comparison` has the call
+/// as its left operand.
 struct Compared {
     size_t begin;
     size_t end;
@@ -101,11 +103,12 @@ std::optional<Compared> ComparedOnTheLeft(const Statement& s, size_t call, size_
     return Compared{begin, close + 1, Mirrored(*comparison), *days};
 }
 
-/// The day of the column, compared with a day: column >= day, column < the day after, and so on.
+/// The comparison of the column's day with a day, as a range: column >= day, column < the day after, and so
+/// on.
 std::string Range(const std::string& column, bool mayBeEmpty, Comparison comparison, const std::string& day,
                   const std::string& dayAfter) {
     const auto from = [&](const std::string& first) { return column + ">='" + first + "'"; };
-    // An empty date lies on no day, so it is not before one either.
+    // An empty date has no day, so it is not before any day.
     const auto before = [&](const std::string& end) {
         return (mayBeEmpty ? column + ">'' and " : "") + column + "<'" + end + "'";
     };
@@ -132,9 +135,10 @@ bool IsTextAlone(const Statement& s, const Piece& piece) {
     return piece.second == piece.first + 1 && s.At(piece.first).kind == TokenKind::Text;
 }
 
-/// The one row that an order puts first, out of a range with one end: left to itself the engine takes the
-/// range's index and sorts what it finds, for a day of this week the whole journal. Where an index gives the
-/// order, it is better walked to the first row that fits; at worst that is the whole index, once.
+/// Whether the engine should use the index of the order: the select wants the first row of an order within a
+/// range that has one end. By default the engine uses the index of the range and sorts all rows found, which
+/// for a day of this week is the whole journal. Scanning the index of the order ends at the first row within
+/// the range; the worst case is one scan of the whole index.
 bool FollowsOrder(const Statement& s, const ColumnRef& ranged, Comparison comparison, const Tables& tables) {
     if (comparison == Comparison::Equal || comparison == Comparison::NotEqual) return false;
     const Scope& scope = s.ScopeOf(ranged.begin);
@@ -173,7 +177,7 @@ void TranslateDatediff(Statement& s, size_t call, const Tables& tables) {
     const auto dayText = DayText(day);
     const auto dayAfter = DayText(day + 1);
     if (!dayText || !dayAfter) return;
-    // A sign before the column keeps the engine from its index and changes nothing else.
+    // A sign before the column prevents the engine from using the column's index and has no other effect.
     const std::string sign = FollowsOrder(s, ref, comparison, tables) ? "+" : "";
     std::string range =
         Range(sign + s.Written(ref), column->kind == ColumnKind::DateText, comparison, *dayText, *dayAfter);

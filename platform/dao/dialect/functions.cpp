@@ -8,7 +8,7 @@
 namespace dao::dialect {
 namespace {
 
-/// Reads digits of a fixed width; -1 if something else stands there.
+/// Reads digits of a fixed width; -1 if any character is not a digit.
 int Digits(std::string_view text, size_t from, size_t width) {
     int value = 0;
     for (size_t i = from; i < from + width; ++i) {
@@ -18,12 +18,12 @@ int Digits(std::string_view text, size_t from, size_t width) {
     return value;
 }
 
-/// yyyy-MM-dd[ HH:mm:ss], as the file holds it; everything else is read slowly.
+/// yyyy-MM-dd[ HH:mm:ss], as the file stores it: the fast path. ReadMoment() reads other forms more slowly.
 std::optional<Moment> ReadFullForm(std::string_view text) {
     if (text.size() != 10 && text.size() != 19) return std::nullopt;
     if (text[4] != '-' || text[7] != '-') return std::nullopt;
     Moment moment{Digits(text, 0, 4), Digits(text, 5, 2), Digits(text, 8, 2), 0};
-    // The calendar itself would take -1, what is no number, for the year before the first.
+    // Digits() returns -1 for no number, and QDate accepts the year -1.
     if (moment.year < 1 || !QDate::isValid(moment.year, moment.month, moment.day)) return std::nullopt;
     if (text.size() == 19) {
         if (text[10] != ' ' || text[13] != ':' || text[16] != ':') return std::nullopt;
@@ -41,7 +41,7 @@ struct Character {
     size_t length;
 };
 
-/// Reads one character; a stray byte stands for itself.
+/// Reads one UTF-8 character; a byte that is not valid there is a character of its own.
 Character Read(std::string_view text, size_t at) {
     const auto byte = [&](size_t i) { return static_cast<unsigned char>(text[i]); };
     const unsigned char first = byte(at);
@@ -65,7 +65,7 @@ bool InRange(char32_t c, char32_t low, char32_t high) {
            (low <= Upper(c) && Upper(c) <= high);
 }
 
-/// [abc], [a-z], [!a]: the set without its brackets.
+/// Whether c is in the set of [abc], [a-z] or [!a]; `set` excludes the brackets.
 bool InSet(char32_t c, std::string_view set) {
     const bool without = set.size() > 1 && set[0] == '!';
     if (without) set.remove_prefix(1);
@@ -82,7 +82,7 @@ bool InSet(char32_t c, std::string_view set) {
     return without;
 }
 
-/// Where in a pattern the element that begins at a place ends.
+/// The end of the pattern element that begins at `at`.
 size_t ElementEnd(std::string_view pattern, size_t at) {
     if (pattern[at] == '[') {
         const size_t close = pattern.find(']', at);
@@ -118,7 +118,7 @@ std::optional<std::string> NormalDate(std::string_view text) {
     if (!moment) return std::nullopt;
     char buffer[80];
     const int second = moment->second;
-    // A time of day that was written is kept, midnight included.
+    // A time of day in the text is kept, even midnight.
     if (text.find(':') == std::string_view::npos)
         std::snprintf(buffer, sizeof buffer, "%04d-%02d-%02d", moment->year, moment->month, moment->day);
     else
@@ -136,7 +136,7 @@ std::optional<std::string> DayText(std::int64_t dayNumber) {
 std::optional<std::int64_t> Datediff(std::string_view unit, const Moment& first, const Moment& second) {
     const auto months = [](const Moment& m) { return std::int64_t{m.year} * 12 + m.month - 1; };
     const auto seconds = [](const Moment& m) { return m.DayNumber() * 86400 + m.second; };
-    // Borders that lie between the two. Years begin with 1, so no count is below 0.
+    // The number of unit boundaries between the two moments. Years start at 1, so no count is negative.
     const auto between = [&](auto count, std::int64_t by) { return count(second) / by - count(first) / by; };
     const std::int64_t days = second.DayNumber() - first.DayNumber();
     if (SameText(unit, "d") || SameText(unit, "y")) return days;
@@ -156,7 +156,7 @@ bool Like(std::string_view text, std::string_view pattern) {
     size_t t = 0;
     size_t p = 0;
     size_t retryText = 0;
-    size_t retryPattern = std::string_view::npos;  // behind the last *
+    size_t retryPattern = std::string_view::npos;  // the position after the last *
     while (t < text.size() || p < pattern.size()) {
         if (p < pattern.size() && pattern[p] == '*') {
             retryPattern = ++p;
@@ -166,7 +166,7 @@ bool Like(std::string_view text, std::string_view pattern) {
         if (p < pattern.size()) {
             const size_t end = ElementEnd(pattern, p);
             const std::string_view element = pattern.substr(p, end - p);
-            if (element == "[]") {  // nothing at all
+            if (element == "[]") {  // an empty set matches the empty text
                 p = end;
                 continue;
             }
@@ -178,7 +178,7 @@ bool Like(std::string_view text, std::string_view pattern) {
             }
         }
         if (retryPattern == std::string_view::npos || retryText >= text.size()) return false;
-        retryText += Read(text, retryText).length;  // the * takes one more
+        retryText += Read(text, retryText).length;  // the * matches one more character
         t = retryText;
         p = retryPattern;
     }

@@ -1,4 +1,4 @@
-// The functions of the dialect that the engine lacks, as plain functions over texts (UTF-8).
+// The functions of the dialect that the engine lacks, as plain functions on UTF-8 text.
 #pragma once
 
 #include <cstdint>
@@ -19,21 +19,21 @@ struct Moment {
     std::int64_t DayNumber() const;
 };
 
-/// Reads what text::ReadDateTime reads, and its full form quickly.
+/// Reads what text::ReadDateTime reads; the full form takes a fast path.
 std::optional<Moment> ReadMoment(std::string_view text);
 
-/// yyyy-MM-dd, and the time of day if the text has one. Nothing for a text that is no date.
+/// yyyy-MM-dd, followed by the time of day if the text has one. std::nullopt for a text that is not a date.
 std::optional<std::string> NormalDate(std::string_view text);
 
-/// The text of a day: yyyy-MM-dd. Nothing beyond the years 1 to 9999.
+/// The text of a day: yyyy-MM-dd. std::nullopt outside the years 1 to 9999.
 std::optional<std::string> DayText(std::int64_t dayNumber);
 
-/// How many units lie between two moments, second less first: yyyy, q, m, y, d, w, ww, h, n, s. Counts the
-/// borders that are passed, as days at midnight; w counts whole weeks. Nothing for an unknown unit.
+/// The number of units from `first` to `second`; units: yyyy, q, m, y, d, w, ww, h, n, s. Counts the unit
+/// boundaries crossed, for days the midnights; w counts whole weeks. std::nullopt for an unknown unit.
 std::optional<std::int64_t> Datediff(std::string_view unit, const Moment& first, const Moment& second);
 
-/// *, ?, #, [a-z], [!a]; % and _ are ordinary; case-blind in ASCII. A bracket without partner stands for
-/// itself. Linear but for the last *.
+/// Wildcards: *, ?, #, [a-z], [!a]; % and _ are ordinary characters. ASCII is case-insensitive. An unmatched
+/// bracket is an ordinary character. Takes linear time except for backtracking to the last *.
 bool Like(std::string_view text, std::string_view pattern);
 
 constexpr const char* kTypeMismatch = "标准表达式中数据类型不匹配";

@@ -1,10 +1,10 @@
-// like on a text column, where an index can help.
+// Translates like on a text column to = or a range, which can use an index.
 #include "platform/dao/dialect/translations.h"
 
 namespace dao::dialect {
 namespace {
 
-/// The largest character there is: no code or name goes on with it.
+/// U+10FFFF, the largest code point, as UTF-8: no code or name contains it.
 constexpr const char* kLastCharacter = "\xF4\x8F\xBF\xBF";
 
 constexpr const char* kWildcards = "*?#[";

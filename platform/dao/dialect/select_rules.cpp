@@ -1,4 +1,4 @@
-// What concerns a select as a whole: words, order, number of rows.
+// Translations of a whole select: literals, order, number of rows.
 #include "platform/dao/dialect/translations.h"
 
 #include <algorithm>
@@ -33,7 +33,7 @@ void TrueAndFalse(Statement& statement) {
 
 namespace {
 
-/// Can its rows be told apart by the row number of its first table?
+/// Whether the row number of the first table identifies the rows of the scope.
 bool HasRowNumber(const Scope& scope) {
     return scope.isSelect && !scope.summary && !scope.fromSelect && !scope.tables.empty();
 }
@@ -46,13 +46,13 @@ std::string RowNumber(const Scope& scope) {
 
 void OrderByRow(Statement& statement) {
     for (const Scope& scope : statement.Scopes()) {
-        // The rows of a select inside another have no order to be seen, unless only the first of them count.
+        // The order of an inner select has no effect unless top limits its rows.
         if (!HasRowNumber(scope) || (scope.parent != kNone && scope.top == kNone)) continue;
         if (scope.order == kNone) {
             statement.Insert(scope.end, " order by " + RowNumber(scope));
         } else {
-            // Descending is ascending turned round, equal rows included: so an index serves both ways, and
-            // the last of several equal rows is the first one found from the end.
+            // Descending is the exact reverse of ascending, equal rows included: one index serves both, and
+            // the last of several equal rows comes first in descending order.
             const bool down = IsWord(statement.At(scope.end - 1), "desc");
             statement.Insert(scope.end, "," + RowNumber(scope) + (down ? " desc" : ""));
         }

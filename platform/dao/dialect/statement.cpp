@@ -30,7 +30,7 @@ const Column* Table::Find(std::string_view column) const {
     return found == columns.end() ? nullptr : &*found;
 }
 
-/// Walks over the tokens once and notes the scopes, their clauses and their tables.
+/// Reads the tokens in one pass and records the scopes, their clauses and their tables.
 class ScopeReader {
   public:
     explicit ScopeReader(Statement& statement) : s_(statement) {}
@@ -92,7 +92,7 @@ class ScopeReader {
     }
 
     void Close(size_t i) {
-        if (levels_.size() == 1) return;  // the engine says what it thinks of it
+        if (levels_.size() == 1) return;  // unmatched: the engine reports the error
         const Level level = levels_.back();
         levels_.pop_back();
         s_.partners_[level.open] = i;
@@ -172,7 +172,7 @@ Statement::Statement(std::string_view text) : tokens_(Tokenize(text)) {
 }
 
 const Scope& Statement::ScopeOf(size_t token) const {
-    // Scopes stand in the order of their beginnings, so the last one that holds the token is the innermost.
+    // Scopes are sorted by begin, so the last one that contains the token is the innermost.
     const auto found = std::find_if(scopes_.rbegin(), scopes_.rend(), [&](const Scope& scope) {
         return scope.begin <= token && token < scope.end;
     });

@@ -1,5 +1,5 @@
-// A statement on its way to the engine: its tokens, the selects in it with their clauses and tables, and what
-// the translations have changed so far.
+// A statement under translation: its tokens, its selects with their clauses and tables, and the changes made
+// by the translations so far.
 //
 // Always holds: token numbers do not change. A translation replaces or removes tokens and inserts text before
 // one; Render writes the result.
@@ -21,15 +21,15 @@ enum class Verb { Select, Insert, Update, Delete };
 
 struct TableRef {
     std::string_view name;
-    std::string_view alias;    ///< the name itself if there is none
-    std::string_view written;  ///< the alias as it stands in the statement, brackets included
+    std::string_view alias;    ///< the table's name if it has no alias
+    std::string_view written;  ///< the alias as written in the statement, brackets included
 };
 
-/// One select (or the whole of another statement) with what belongs to it and not to a select inside it.
+/// One select, or a whole insert, update or delete. Clauses and tables of inner selects are not included.
 struct Scope {
     size_t parent = kNone;
     size_t begin = 0;
-    size_t end = 0;  ///< one behind its last token
+    size_t end = 0;  ///< one past its last token
     size_t from = kNone;
     size_t into = kNone;
     size_t set = kNone;
@@ -42,10 +42,10 @@ struct Scope {
     std::vector<TableRef> tables;
 };
 
-/// A column as it stands in the statement, with its table's name before it or without.
+/// A column as written in the statement; `table` is empty if the column is not qualified.
 struct ColumnRef {
     size_t begin = 0;
-    size_t end = 0;  ///< one behind its last token
+    size_t end = 0;  ///< one past its last token
     std::string_view table;
     std::string_view column;
 };
@@ -61,24 +61,26 @@ class Statement {
     const std::vector<Scope>& Scopes() const { return scopes_; }
     /// The innermost scope of a token.
     const Scope& ScopeOf(size_t token) const;
-    /// The closing parenthesis of an opening one; kNone if it has none.
+    /// The closing parenthesis that matches an opening one; kNone if unmatched.
     size_t PartnerOf(size_t open) const { return partners_[open]; }
-    /// The pieces between the commas of a stretch, those in parentheses uncut, as pairs of
-    /// first and one-behind-last.
+    /// Splits the range [begin, end) at its commas outside parentheses. Each piece is a pair of its first
+    /// token and one past its last.
     std::vector<std::pair<size_t, size_t>> Pieces(size_t begin, size_t end) const;
 
-    /// The column that begins at a token and fills the tokens up to end; an empty name if it is none.
+    /// The column that consists of exactly the tokens [begin, end); its name is empty if they are no column.
     ColumnRef ColumnBetween(size_t begin, size_t end) const;
-    /// The column whose last token stands before end.
+    /// The column whose last token is just before end.
     ColumnRef ColumnBefore(size_t end) const;
-    /// What is known of a column, by the tables of its scope and the scopes around it; null if nothing.
+    /// The definition of a column, looked up in the tables of its scope and the enclosing scopes; null if
+    /// unknown.
     const Column* Resolve(const ColumnRef& column, const Tables& tables) const;
-    /// A column as the engine shall read it.
+    /// The column's text for the engine.
     std::string Written(const ColumnRef& column) const;
 
     void Replace(size_t token, std::string text, TokenKind kind);
     void Remove(size_t begin, size_t end);
-    /// Text of the engine's own, before a token (Size() is the end). In order of the calls.
+    /// Inserts engine text before a token; Size() is the end. Texts before the same token keep the call
+    /// order.
     void Insert(size_t before, std::string text);
     std::string Render() const;
 
@@ -94,7 +96,7 @@ class Statement {
     std::vector<Token> tokens_;
     std::vector<Scope> scopes_;
     std::vector<size_t> partners_;
-    std::deque<std::string> own_;  ///< what replaced tokens point to
+    std::deque<std::string> own_;  ///< owns the text of replaced tokens
     std::vector<Insertion> insertions_;
     Token nothing_{TokenKind::Removed, {}, false};
 };

@@ -1,4 +1,4 @@
-// What the translations know of the tables: which columns hold dates and which texts.
+// The table definitions that the translations use: which columns hold dates and which hold text.
 #pragma once
 
 #include <algorithm>
@@ -10,7 +10,7 @@ namespace dao::dialect {
 
 enum class ColumnKind {
     Text,
-    Other,     ///< numbers and booleans, as the engine holds them
+    Other,     ///< numbers and booleans, as the engine stores them
     Date,      ///< declared DATE: written as yyyy-MM-dd[ HH:mm:ss] or null
     DateText,  ///< a text column that holds dates written by a picker, or ''
 };
@@ -27,16 +27,16 @@ struct Table {
         return std::any_of(columns.begin(), columns.end(),
                            [](const Column& column) { return column.kind == ColumnKind::Date; });
     }
-    /// Case-blind; null when there is no such column.
+    /// Case-insensitive; null if there is no such column.
     const Column* Find(std::string_view column) const;
 };
 
 class Tables {
   public:
     virtual ~Tables() = default;
-    /// Case-blind; null when there is no such table.
+    /// Case-insensitive; null if there is no such table.
     virtual const Table* Find(std::string_view table) const = 0;
-    /// Is it the first column of an index? Case-blind.
+    /// Whether the column is the first one of an index. Case-insensitive.
     virtual bool LeadsIndex(std::string_view /*table*/, std::string_view /*column*/) const { return false; }
 };
 
