@@ -1,5 +1,5 @@
-// The two kinds of failure that the platform tells: a statement that the database refuses, and what fails for
-// another reason. Both carry their text in Chinese or in the engine's own words, ready to be shown.
+// The two exceptions of the platform: DatabaseError for a statement that the database rejects, RuntimeError
+// for any other failure. The text of both is ready to be shown, in Chinese or as the engine reports it.
 #pragma once
 
 #include <QString>
@@ -18,20 +18,20 @@ class PlatformError : public std::exception {
     QByteArray narrow_;
 };
 
-/// A field that is not there, a row out of range, a whole number too large, nothing to format.
+/// For example an unknown field, a row out of range, a whole number too large, no value to format.
 class RuntimeError : public PlatformError {
   public:
     using PlatformError::PlatformError;
 };
 
-/// A failing statement. Statement() is the text as the caller gave it.
+/// A statement that failed. Statement() is the text that the caller passed.
 class DatabaseError : public PlatformError {
   public:
     DatabaseError(const QString& text, QString statement, bool groupLost = false)
         : PlatformError(text), statement_(std::move(statement)), groupLost_(groupLost) {}
     const QString& Statement() const { return statement_; }
-    /// True after a full disk, an I/O error or a failed commit: the command's earlier statements are gone
-    /// too.
+    /// True after a full disk, an I/O error or a failed commit: the whole commit group is rolled back,
+    /// earlier statements of the command included.
     bool GroupLost() const { return groupLost_; }
 
   private:

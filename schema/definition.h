@@ -1,4 +1,4 @@
-// The database's definition as the program carries it: the texts of tables.sql and first_rows.sql.
+// The database definition built into the program: the texts of tables.sql and first_rows.sql.
 #pragma once
 
 #include <QByteArray>
@@ -7,17 +7,17 @@ struct sqlite3;
 
 namespace schema {
 
-/// The version of tables.sql, kept in the file as user_version. A changed table raises it by one and adds a
-/// step to UpgradeSteps(), which brings older files to the same shape.
+/// The version of tables.sql, stored in the file as user_version. A change to a table increments it and adds
+/// a step to UpgradeSteps(), which upgrades older files to the same tables.
 inline constexpr int kVersion = 1;
 
-/// UTF-8, several statements.
+/// Several statements, in UTF-8.
 QByteArray TablesSql();
 QByteArray FirstRowsSql();
 
-/// Creates every table and index in an empty file and stamps it with kVersion. Raises RuntimeError.
+/// Creates every table and index in an empty file and sets its user_version to kVersion. Raises RuntimeError.
 void CreateTables(sqlite3* db);
-/// The rows that a new company starts with. Raises RuntimeError.
+/// Inserts the initial rows of a new company. Raises RuntimeError.
 void InsertFirstRows(sqlite3* db);
 
 }  // namespace schema

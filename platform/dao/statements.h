@@ -32,7 +32,7 @@ struct ReadyStatement {
     sqlite3_stmt* prepared = nullptr;
 };
 
-/// LRU cache of the statements that ran more than once. Clear it before the engine closes.
+/// LRU cache of the statements that ran more than once. Closing the engine finalizes them.
 class StatementCache {
   public:
     /// Whether a statement of that hash is among the last 128 different ones. Records the hash.

@@ -17,7 +17,7 @@ std::optional<QDateTime> ReadDateTime(QStringView value) {
     const QDate date(match.captured(1).toInt(), match.captured(3).toInt(), match.captured(4).toInt());
     const QTime time(match.captured(5).toInt(), match.captured(6).toInt(), match.captured(7).toInt());
     if (!date.isValid() || !time.isValid()) return std::nullopt;
-    // A day has every minute here, whatever a time zone did to it.
+    // UTC has every time of day; a local time zone may skip some.
     return QDateTime(date, time, Qt::UTC);
 }
 

@@ -25,7 +25,7 @@ bool IsDigit(QChar c) {
     throw RuntimeError(u"溢出"_s);
 }
 
-/// A number as its significant digits and the decimal exponent of the first one: 12.5 is "125", 1.
+/// A number as its significant digits and the decimal exponent of the first digit: 12.5 is "125" and 1.
 struct Decimal {
     bool negative = false;
     QByteArray digits;
@@ -34,11 +34,11 @@ struct Decimal {
 
 Decimal ToDecimal(double value, int precision) {
     if (!std::isfinite(value)) Overflow();
-    // Not printf, whose point the workstation's locale decides.
-    std::array<char, 40> room;
-    const auto written = std::to_chars(room.data(), room.data() + room.size(), value,
+    // Not printf: its decimal point depends on the workstation's locale.
+    std::array<char, 40> buffer;
+    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
                                        std::chars_format::scientific, precision - 1);
-    const QByteArray shown(room.data(), written.ptr - room.data());
+    const QByteArray shown(buffer.data(), written.ptr - buffer.data());
     const qsizetype e = shown.indexOf('e');
     Decimal decimal;
     decimal.negative = shown.startsWith('-');
@@ -49,7 +49,7 @@ Decimal ToDecimal(double value, int precision) {
     return decimal;
 }
 
-/// The digits with a point behind the one whose exponent is 0, zeros filled in on either side.
+/// The digits with a point after the digit whose exponent is 0, padded with zeros on either side.
 QByteArray Plain(const Decimal& decimal) {
     QByteArray digits = decimal.digits;
     int whole = decimal.exponent + 1;  // digits before the point
@@ -78,7 +78,8 @@ QString General(double value, int precision) {
     return QString::fromLatin1(shown);
 }
 
-/// Whether an unsigned number ("0.05e400") is above 1, told by where its first digit but zeros stands.
+/// Whether an unsigned number that is out of range ("0.05e400") is above 1, by the position of its first
+/// nonzero digit.
 bool IsLarge(const QByteArray& number) {
     const qsizetype e = number.indexOf('e');
     const QByteArray digits = number.mid(0, e);
@@ -93,8 +94,9 @@ bool IsLarge(const QByteArray& number) {
 constexpr int kQuickDecimals = 4;
 constexpr std::array<std::int64_t, kQuickDecimals + 1> kPowers = {1, 10, 100, 1'000, 10'000};
 
-/// The ten thousandths of a size that consists of them, as nearly every number here does. A text of at most
-/// 15 digits that reads as a number is that number's 15-digit text, so these are its digits.
+/// A non-negative number in ten thousandths if it is a whole number of them, as nearly every number here is.
+/// A text of at most 15 digits that is read as a number is the 15-digit text of that number, so the result
+/// has its digits.
 std::optional<std::int64_t> TenThousandths(double size) {
     constexpr double kMost = 1e15;
     const double scaled = std::nearbyint(size * 1e4);
@@ -102,17 +104,17 @@ std::optional<std::int64_t> TenThousandths(double size) {
     return static_cast<std::int64_t>(scaled);
 }
 
-/// A whole number of tenths, hundredths and so on as a text with so many digits behind the point.
+/// A number scaled by 10 to the power of `decimals`, as a text with that many digits after the point.
 QString WithPoint(bool negative, std::int64_t scaled, int decimals) {
-    std::array<char16_t, 24> room;
-    std::size_t at = room.size();
+    std::array<char16_t, 24> buffer;
+    std::size_t at = buffer.size();
     const bool minus = negative && scaled != 0;
     for (int digit = 0; digit <= decimals || scaled > 0; ++digit, scaled /= 10) {
-        if (digit == decimals && decimals > 0) room[--at] = u'.';
-        room[--at] = static_cast<char16_t>(u'0' + scaled % 10);
+        if (digit == decimals && decimals > 0) buffer[--at] = u'.';
+        buffer[--at] = static_cast<char16_t>(u'0' + scaled % 10);
     }
-    if (minus) room[--at] = u'-';
-    return QStringView(room.data() + at, static_cast<qsizetype>(room.size() - at)).toString();
+    if (minus) buffer[--at] = u'-';
+    return QStringView(buffer.data() + at, static_cast<qsizetype>(buffer.size() - at)).toString();
 }
 
 template <class Whole>
@@ -161,8 +163,8 @@ double Val(QStringView value) {
     double result = 0;
     const auto [end, error] = std::from_chars(number.constData(), number.constData() + number.size(), result);
     if (error == std::errc::result_out_of_range) {
-        // Both ends of the range answer alike, and leave the result as it was: what is too small to hold is
-        // nothing, what is too large fails.
+        // from_chars reports the same error for both ends of the range and leaves the result unchanged. A
+        // number that is too small is 0; a number that is too large is an overflow.
         result = IsLarge(number) ? HUGE_VAL : 0;
     }
     if (!std::isfinite(result)) Overflow();
@@ -193,7 +195,7 @@ QString FormatFixed(double value, int decimals) {
         return WithPoint(value < 0, (*quick + unit / 2) / unit, decimals);
     }
     Decimal decimal = ToDecimal(value, 15);
-    // Number of digits that stay; the next one decides.
+    // The number of digits kept; the next digit decides the rounding.
     const int kept = decimal.exponent + 1 + decimals;
     if (kept < 0) {
         decimal.digits = "0";
@@ -201,7 +203,7 @@ QString FormatFixed(double value, int decimals) {
     } else if (kept < decimal.digits.size()) {
         const bool up = decimal.digits[kept] >= '5';
         decimal.digits.truncate(kept);
-        decimal.digits.prepend('0');  // room for a carry
+        decimal.digits.prepend('0');  // a leading zero for the carry
         ++decimal.exponent;
         if (up) {
             qsizetype i = decimal.digits.size() - 1;

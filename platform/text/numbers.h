@@ -1,5 +1,5 @@
-// How numbers become text and texts become numbers. Everything that reaches a statement or a box as a number
-// goes through here, so that 12.50 is the same text on the card, in the file and in a report.
+// Conversions between numbers and text. Every number in a statement or a text box is converted here, so that
+// 12.50 is the same text on the card, in the file and in a report.
 #pragma once
 
 #include <QString>
@@ -12,13 +12,14 @@ namespace text {
 /// Removes U+0020 at both ends and nothing else.
 QString Trim(QStringView value);
 
-/// The leading number of a text: "12kg" is 12, "" is 0. Leading blanks are skipped; a sign, ASCII digits, one
-/// point and a complete exponent are read; anything else ends the number. Raises RuntimeError on overflow.
+/// The number at the start of a text: "12kg" is 12, "" is 0. Skips leading blanks, then reads a sign, ASCII
+/// digits, one point and a complete exponent; any other character ends the number. Raises RuntimeError on
+/// overflow.
 double Val(QStringView value);
 
 /// General text: at most 15 significant digits (7 for a single), no trailing zeros, a 0 before the point;
-/// plain while it fits in 15 (7) digits, else "1E+15". Minus zero is "0". Raises RuntimeError on what is no
-/// number.
+/// plain if it fits in 15 (7) digits, otherwise "1E+15". Minus zero is "0". Raises RuntimeError if the value
+/// is not finite.
 QString GeneralText(double value);
 QString GeneralText(float value);
 QString GeneralText(int value);
@@ -27,10 +28,10 @@ QString GeneralText(int value);
 /// "-0.00".
 QString FormatFixed(double value, int decimals);
 
-/// Whole number by rounding half to even. Raises RuntimeError where the result does not fit.
+/// Rounds half to even to a whole number. Raises RuntimeError if the result does not fit the type.
 std::int16_t ToInteger16(double value);
 std::int32_t ToInteger32(double value);
-/// The nearest single. Raises RuntimeError where none is large enough.
+/// The nearest single. Raises RuntimeError if the value is too large for a single.
 float ToSingle(double value);
 
 /// True if the trimmed text is a plain decimal number: a sign, digits, at most one point, at least one digit.

@@ -13,14 +13,15 @@ namespace {
 constexpr uchar kOutside = '?';
 constexpr int kAscii = 0x80;
 
-// The bytes that begin and end a character.
+// The ranges of the first and second byte of a character.
 constexpr int kFirstLead = 0x81;
 constexpr int kLastLead = 0xFE;
 constexpr int kFirstTrail = 0x40;
 constexpr int kLastTrail = 0xFE;
 
-/// The two bytes of every character beyond ASCII, lead byte high; 0 where the page has none. The single byte
-/// 0x80, which later became the euro sign, is left out: programs of those formats stumble over it.
+/// The two bytes of every character beyond ASCII, lead byte high; 0 if the page does not have the character.
+/// The single byte 0x80, which later became the euro sign, is omitted: programs of those formats do not
+/// handle it.
 using Table = std::array<quint16, 0x10000>;
 
 Table ReadTable() {
@@ -34,10 +35,10 @@ Table ReadTable() {
             char* from = in;
             char* to = out;
             gsize left = sizeof in;
-            gsize room = sizeof out;
+            gsize outLeft = sizeof out;
             g_iconv(converter, nullptr, nullptr, nullptr, nullptr);
-            const bool known = g_iconv(converter, &from, &left, &to, &room) != static_cast<gsize>(-1);
-            if (!known || room != sizeof out - 2) continue;
+            const bool known = g_iconv(converter, &from, &left, &to, &outLeft) != static_cast<gsize>(-1);
+            if (!known || outLeft != sizeof out - 2) continue;
             table[qFromLittleEndian<quint16>(out)] = static_cast<quint16>(lead << 8 | trail);
         }
     }

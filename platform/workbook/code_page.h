@@ -1,4 +1,4 @@
-// Code page 936, the Chinese one of the formats that know no Unicode: ASCII in one byte, all else in two.
+// Code page 936, used by the formats without Unicode: ASCII in one byte, all other characters in two.
 #pragma once
 
 #include "platform/workbook/records.h"
@@ -7,8 +7,8 @@
 
 namespace workbook {
 
-/// Appends the text; a character that the page does not have becomes "?". Raises RuntimeError when the
-/// system does not know the page.
+/// Appends the text; a character that the page does not have becomes "?". Raises RuntimeError if the system
+/// does not support the page.
 void PutInCodePage(Bytes& bytes, QStringView text);
 
 }  // namespace workbook

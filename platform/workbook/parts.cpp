@@ -25,8 +25,8 @@ constexpr quint16 kWorksheet = 0x0010;
 constexpr quint16 kUnicode = 1200;
 constexpr quint16 kChinese = 936;
 
-constexpr int kFonts = 4;        // programs count on so many
-constexpr int kStyleLooks = 15;  // and on so many looks of styles before the first of a cell
+constexpr int kFonts = 4;        // the number that programs expect
+constexpr int kStyleLooks = 15;  // style looks that programs expect before the first cell look
 
 bool IsBiff8(Format format) {
     return format == Format::Biff8;
@@ -36,14 +36,13 @@ void PutBegin(Bytes& bytes, Format format, quint16 what) {
     if (IsBiff8(format))
         return PutRecord(bytes, kBegin, quint16(0x0600), what, quint16(3515), quint16(1996), quint32(0xC1),
                          quint32(0x0306));
-    // What a 7.0 file differs in from a 5.0 one: the build and the year of the program that writes such
-    // files.
+    // A 7.0 file differs from a 5.0 file in the build and the year of the program that writes it.
     const bool seven = format == Format::Biff7;
     PutRecord(bytes, kBegin, quint16(0x0500), what, quint16(seven ? 4323 : 2412),
               quint16(seven ? 1995 : 1993));
 }
 
-/// A name of at most 255 characters or bytes, with its length before it.
+/// A name of at most 255 characters or bytes, preceded by its length.
 void PutName(Bytes& bytes, Format format, const QString& name) {
     if (IsBiff8(format)) {
         Put(bytes, static_cast<uchar>(name.size()), uchar(1));
@@ -68,7 +67,7 @@ void PutFont(Bytes& bytes, Format format) {
     PutRecord(bytes, kFont, font);
 }
 
-/// protection: which kind of look it is and whether its cells are locked.
+/// `protection` gives the kind of the look and whether its cells are locked.
 void PutLook(Bytes& bytes, Format format, quint16 protection, uchar used) {
     constexpr uchar kAtBottom = 0x20;
     constexpr quint16 kNoPattern = 0x20C0;
@@ -83,7 +82,7 @@ void PutLook(Bytes& bytes, Format format, quint16 protection, uchar used) {
 void PutLooks(Bytes& bytes, Format format) {
     constexpr quint16 kStyleLook = 0xFFF5;
     constexpr quint16 kCell = 0x0001;
-    constexpr quint16 kMarkedAsText = 0x0008;  // digits stay a text when somebody edits the cell
+    constexpr quint16 kMarkedAsText = 0x0008;  // digits remain text after the cell is edited
     for (int i = 0; i < kStyleLooks; ++i) PutLook(bytes, format, kStyleLook, i == 0 ? 0 : 0xF4);
     PutLook(bytes, format, kCell, 0);
     PutLook(bytes, format, kCell | kMarkedAsText, 0);
@@ -107,7 +106,7 @@ Bytes BookRecords(Format format, const QString& sheet, ByteSpan sharedStrings) {
     Bytes entry;
     Put(entry, quint32(0), quint16(0));
     PutName(entry, format, sheet);
-    const std::size_t place = book.size() + 4;  // of the number that says where the sheet begins
+    const std::size_t place = book.size() + 4;  // the position of the field that holds the sheet's offset
     PutRecord(book, kSheet, entry);
     book.insert(book.end(), sharedStrings.begin(), sharedStrings.end());
     PutRecord(book, kEnd);

@@ -1,4 +1,5 @@
-// What stands round the cells: the workbook's own records and the sheet's beginning and end, for each format.
+// The records around the cells: the workbook's own records and the start and end of the sheet, for each
+// format.
 #pragma once
 
 #include "platform/workbook/records.h"
@@ -6,11 +7,11 @@
 
 namespace workbook {
 
-/// The look of a cell: a text, also when it is typed into.
+/// The look of a cell whose content is text, also after it is edited.
 inline constexpr quint16 kTextCell = 16;
 
-/// The workbook's records up to the end of the book, with the shared strings (none: an empty span) among
-/// them; the sheet begins right behind.
+/// The workbook's records up to its end record, including the shared strings (an empty span for none). The
+/// sheet follows immediately.
 Bytes BookRecords(Format format, const QString& sheet, ByteSpan sharedStrings);
 Bytes SheetBegin(Format format, int rows, int columns);
 Bytes SheetEnd(Format format);

@@ -1,4 +1,4 @@
-// A stream of the workbook's records in memory: each a kind, a length and its content, all little-endian.
+// Builds the workbook's records in memory. A record is a kind, a length and a content, all little-endian.
 #pragma once
 
 #include <QtEndian>
@@ -13,7 +13,7 @@ namespace workbook {
 using Bytes = std::vector<uchar>;
 using ByteSpan = std::span<const uchar>;
 
-/// Appends numbers in as many bytes as their types have.
+/// Appends numbers, each in the size of its type.
 template <class... Numbers>
 void Put(Bytes& bytes, Numbers... numbers) {
     std::array<uchar, (sizeof(Numbers) + ...)> packed;
@@ -22,7 +22,7 @@ void Put(Bytes& bytes, Numbers... numbers) {
     bytes.insert(bytes.end(), packed.begin(), packed.end());
 }
 
-/// A record whose content is these numbers.
+/// Appends a record whose content is these numbers.
 template <class... Numbers>
 void PutRecord(Bytes& bytes, quint16 kind, Numbers... numbers) {
     Put(bytes, kind, static_cast<quint16>((sizeof(Numbers) + ... + 0)), numbers...);
@@ -33,7 +33,7 @@ inline void PutRecord(Bytes& bytes, quint16 kind, const Bytes& content) {
     bytes.insert(bytes.end(), content.begin(), content.end());
 }
 
-/// Overwrites a number that was put before its value was known.
+/// Overwrites a number that was appended before its value was known.
 template <class Number>
 void Patch(Bytes& bytes, std::size_t at, Number number) {
     qToLittleEndian(number, bytes.data() + at);

@@ -13,10 +13,10 @@ constexpr quint16 kContinue = 0x003C;
 constexpr std::size_t kRecordHead = 4;
 constexpr std::size_t kLongestRecord = 8224;
 constexpr std::size_t kTextHead = 3;
-constexpr uchar kWide = 1;  // option: two bytes a character
+constexpr uchar kWide = 1;  // option: two bytes per character
 constexpr std::size_t kFirstSlots = 4096;
 
-/// Eight bytes at a time; a list has hundred thousands of texts.
+/// A hash of the text. Processes eight bytes at a time because a list has hundreds of thousands of texts.
 quint32 Mix(QStringView text) {
     constexpr quint64 kOdd = 0x9E3779B97F4A7C15;
     const auto* at = reinterpret_cast<const char*>(text.utf16());
@@ -40,7 +40,7 @@ bool IsWide(QStringView text) {
     return all > 0xFF;
 }
 
-/// Half of a pair becomes the character that stands for what cannot be read; a reader would refuse the file.
+/// Replaces each unpaired surrogate by U+FFFD; a reader would reject the file otherwise.
 QString Whole(const QString& text) {
     if (text.isValidUtf16()) return text;
     QString whole;
@@ -57,7 +57,7 @@ SharedStrings::SharedStrings() : slots_(kFirstSlots) {
 
 quint32 SharedStrings::Use(const QString& text) {
     ++uses_;
-    // Equal texts of a grid are often one and the same; the table holds it, so it has not changed.
+    // Equal texts of a grid often share their data. The table holds a reference, so the data has not changed.
     quint32& seen = lately_[reinterpret_cast<quintptr>(text.constData()) / 16 % lately_.size()];
     if (seen != 0 && texts_[seen - 1].constData() == text.constData() &&
         texts_[seen - 1].size() == text.size())
@@ -113,7 +113,7 @@ void SharedStrings::CloseRecord() {
 
 void SharedStrings::Append(QStringView text) {
     const bool wide = IsWide(text);
-    const std::size_t least = kTextHead + (text.isEmpty() ? 0 : wide ? 4 : 1);  // a pair of halves fits
+    const std::size_t least = kTextHead + (text.isEmpty() ? 0 : wide ? 4 : 1);  // a surrogate pair fits
     if (Room() < least) {
         CloseRecord();
         StartRecord(kContinue);

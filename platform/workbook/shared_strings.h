@@ -1,8 +1,8 @@
-// The table of a workbook's distinct texts, which the cells of the 8.0 format refer to by number.
+// The table of a workbook's distinct texts. Cells of the 8.0 format refer to a text by its number.
 //
-// Always holds: a record is at most 8,224 bytes long, what is more goes into CONTINUE records; a text that is
-// split between two begins its second part with its option byte again; its head of three bytes, a character
-// and a pair of halves are never split.
+// Always holds: a record is at most 8,224 bytes long, and longer data continues in CONTINUE records. If a
+// text is split between two records, its second part starts with its option byte again. The text's head of
+// three bytes, a character and a surrogate pair are never split.
 #pragma once
 
 #include "platform/workbook/records.h"
@@ -17,16 +17,16 @@ class SharedStrings {
   public:
     SharedStrings();
 
-    /// The number of a text, counting from 0; every call counts as one use. At most 65,535 characters.
+    /// The number of a text, counted from 0. Every call counts as one use. At most 65,535 characters.
     quint32 Use(const QString& text);
-    /// Gives the finished records. Nothing can be added any more.
+    /// Returns the finished records. Do not call Use() afterwards.
     const Bytes& Finish();
 
   private:
-    /// Where a text is found by a mix of its bits.
+    /// A slot of the hash table; `mix` is the hash of the text.
     struct Slot {
         quint32 mix;
-        quint32 text;  ///< its number + 1; 0 is a free slot
+        quint32 text;  ///< the text's number + 1; 0 in a free slot
     };
 
     quint32 Find(const QString& text);
@@ -38,11 +38,11 @@ class SharedStrings {
     void AppendCharacters(QStringView text, bool wide);
 
     std::vector<QString> texts_;
-    std::vector<Slot> slots_;             ///< a power of two of them, at most half in use
-    std::array<quint32, 1024> lately_{};  ///< numbers + 1, by the place of the text in memory
+    std::vector<Slot> slots_;             ///< hash table; its size is a power of two, at most half is used
+    std::array<quint32, 1024> lately_{};  ///< cache by the address of the text's data: its number + 1, or 0
     quint32 uses_ = 0;
     Bytes bytes_;
-    std::size_t record_ = 0;  ///< where the record that is open begins
+    std::size_t record_ = 0;  ///< offset of the open record
 };
 
 }  // namespace workbook

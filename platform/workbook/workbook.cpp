@@ -12,11 +12,11 @@ using namespace Qt::StringLiterals;
 namespace workbook {
 namespace {
 
-constexpr quint16 kLabel = 0x0204;        // a cell that holds its text
+constexpr quint16 kLabel = 0x0204;        // a cell that contains its text
 constexpr quint16 kSharedLabel = 0x00FD;  // a cell that refers to the table of texts
-constexpr std::size_t kLabelHead = 12;    // of the first kind, up to its text
+constexpr std::size_t kLabelHead = 12;    // bytes before the text of a kLabel record
 
-constexpr std::size_t kRoom = 1 << 22;  // bytes; what a large list takes
+constexpr std::size_t kRoom = 1 << 22;  // bytes reserved, enough for a large list
 
 constexpr ClassId kOpenerOf8{0x20, 0x08, 0x02, 0, 0, 0, 0, 0, 0xC0, 0, 0, 0, 0, 0, 0, 0x46};
 constexpr ClassId kOpenerOf5{0x10, 0x08, 0x02, 0, 0, 0, 0, 0, 0xC0, 0, 0, 0, 0, 0, 0, 0x46};
@@ -43,11 +43,11 @@ DoesNotFit::DoesNotFit(Reason why, int atRow, int atColumn)
 struct Writer::State {
     Format format;
     QString sheet;
-    SharedStrings texts;  ///< of the 8.0 format
+    SharedStrings texts;  ///< only in the 8.0 format
     Bytes cells;
     int rows = 0;
-    int columns = 0;  ///< of the widest row
-    int column = 0;   ///< where the next cell goes
+    int columns = 0;  ///< the columns of the widest row
+    int column = 0;   ///< the column of the next cell
 
     [[noreturn]] void Refuse(DoesNotFit::Reason reason) const {
         throw DoesNotFit(reason, reason == DoesNotFit::Reason::TooManyRows ? rows : rows - 1, column);

@@ -1,8 +1,9 @@
-// Writing a workbook of one sheet of texts, in the three formats that old spreadsheet programs read: an 8.0
-// file is a compound file with the stream "Workbook", 7.0 and 5.0 have the stream "Book" in code page 936.
+// Writes a workbook of one sheet of texts, in the three formats that old spreadsheet programs read. An 8.0
+// file is a compound file with the stream "Workbook"; 7.0 and 5.0 files have the stream "Book" in code page
+// 936.
 //
-// Always holds: every cell is a text, digits too; rows and columns count from 0. Nothing is on the disk
-// before Save, and a Save that fails leaves nothing there under the chosen name.
+// Always holds: every cell is a text, even one of digits; rows and columns count from 0. Nothing is written
+// to the disk before Save, and a Save that fails leaves no file under the chosen name.
 #pragma once
 
 #include "platform/errors.h"
@@ -15,22 +16,22 @@ namespace workbook {
 
 enum class Format {
     Biff8,  ///< 65,536 rows, texts of up to 32,767 characters
-    Biff7,  ///< 16,384 rows, texts of up to 255 bytes; what code page 936 does not have becomes "?"
+    Biff7,  ///< 16,384 rows, texts of up to 255 bytes; characters outside code page 936 become "?"
     Biff5   ///< likewise
 };
 
-/// Rows that a sheet holds.
+/// The maximum number of rows of a sheet.
 int MostRows(Format format);
 /// The longest text of a cell: characters for Biff8, bytes of code page 936 for the others.
 int LongestText(Format format);
 
-/// What does not fit into the format. The writer must not be used any more.
+/// Raised for a row or text that does not fit into the format. Do not use the writer afterwards.
 class DoesNotFit : public RuntimeError {
   public:
     enum class Reason { TooManyRows, TextTooLong };
     DoesNotFit(Reason reason, int row, int column);
     const Reason reason;
-    const int row;  ///< of the sheet
+    const int row;  ///< the row of the sheet, counted from 0
     const int column;
 };
 
@@ -41,13 +42,13 @@ class Writer {
     Writer(const Writer&) = delete;
     Writer& operator=(const Writer&) = delete;
 
-    /// The next row, the first one to begin with. Raises DoesNotFit.
+    /// Starts the next row; the first call starts the first row. Raises DoesNotFit.
     void NextRow();
-    /// The next cell of the row. An empty text takes no room but in the first column, so that every row is
-    /// there. At most 256 columns. Raises DoesNotFit.
+    /// Adds the next cell of the row, at most 256. An empty text is written only in the first column, so that
+    /// every row exists. Raises DoesNotFit.
     void Add(const QString& text);
-    /// Writes the file; one that is there already is never overwritten. Raises RuntimeError, with the reason
-    /// in words for the operator. Ends the writer's work.
+    /// Writes the file; never overwrites an existing one. Raises RuntimeError with the reason in a text for
+    /// the operator. Do not use the writer afterwards.
     void Save(const QString& path);
 
   private:
