@@ -10,7 +10,7 @@ using namespace paint;
 namespace {
 
 constexpr int kOneRow = 28;
-constexpr int kRow = 24;     // each of several rows
+constexpr int kRow = 24;     // for each of several rows
 constexpr int kPadding = 1;  // captions of narrow columns need the width
 constexpr int kTextPixels = 12;
 

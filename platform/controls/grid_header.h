@@ -1,4 +1,4 @@
-// Draws the header rows of a grid over its columns; they stay while the data rows scroll.
+// Draws the header rows of a grid above its columns; they do not scroll with the data rows.
 #pragma once
 
 #include <QHeaderView>
@@ -19,7 +19,7 @@ struct HeaderCell {
 
 /// The header cells, row by row from left to right. With merging, equal neighbours in a row become one cell,
 /// except in the last of several rows. Equal cells above each other become one cell. Blank cells never merge.
-/// Hidden columns are left out.
+/// Hidden columns have no cells.
 std::vector<HeaderCell> HeaderCells(const GridModel& model, bool merge, const std::vector<bool>& hidden);
 
 class GridHeader : public QHeaderView {
@@ -28,8 +28,8 @@ class GridHeader : public QHeaderView {
     GridHeader(const GridModel& model, QWidget* parent);
 
     void SetMerge(bool merge);
-    /// Sets the height for the model's header rows: 28 pixels for one, 24 each for several. Hidden without
-    /// rows.
+    /// Sets the height for the model's header rows: 28 pixels for one, 24 each for several. Hides the header
+    /// if there are none.
     void Fit();
 
   protected:

@@ -43,7 +43,7 @@ void ListBox::SetListIndex(int index) {
 void ListBox::keyPressEvent(QKeyEvent* event) {
     const auto left = OfferKey(this, KeyPressed, *event);
     if (!left) return event->accept();
-    // Without a selection the toolkit would move on from the first line instead of selecting it.
+    // Without a selection the toolkit would move from the first line instead of selecting it.
     if (Moves(left->key()) && ListIndex() < 0 && count() > 0) {
         event->accept();
         return SetListIndex(left->key() == Qt::Key_End ? count() - 1 : 0);

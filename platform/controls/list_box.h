@@ -1,6 +1,6 @@
 // A list of lines, one of which may be selected.
 //
-// Always holds: filling selects nothing; only the operator or SetListIndex selects. Without a selection, End
+// Always holds: SetLines selects nothing; only the operator or SetListIndex selects. Without a selection, End
 // selects the last line and every other movement key the first. Lines keep their blanks and are never elided.
 #pragma once
 
