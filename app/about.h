@@ -1,4 +1,5 @@
-// The form 关于本系统: the product's name, its copyright notice and buttons for the maker's mail and site.
+// The form 关于本系统: the product's name, the copyright notice and buttons that open a mail and the web
+// site.
 #pragma once
 
 #include "platform/controls/modal_form.h"

@@ -41,7 +41,7 @@ struct Character {
     size_t length;
 };
 
-/// Reads one UTF-8 character; a byte that is not valid there is a character of its own.
+/// Reads one UTF-8 character; a stray byte is a character of its own.
 Character Read(std::string_view text, size_t at) {
     const auto byte = [&](size_t i) { return static_cast<unsigned char>(text[i]); };
     const unsigned char first = byte(at);
