@@ -45,7 +45,7 @@ void ReportFailure(const QString& helper, const PlatformError& error) {
 
 /// The result of the query; after an error, an empty value, and a message box shows the helper and the error.
 template <class Question>
-auto AskOrTell(const QString& helper, const Question& question) -> decltype(question()) {
+auto AskOrReport(const QString& helper, const Question& question) -> decltype(question()) {
     try {
         return question();
     } catch (const PlatformError& error) {
@@ -57,7 +57,7 @@ auto AskOrTell(const QString& helper, const Question& question) -> decltype(ques
 }  // namespace
 
 QString GetStr(dao::Database& db, const QString& sql) {
-    return AskOrTell(u"GetStr"_s, [&] { return FirstText(db, sql); });
+    return AskOrReport(u"GetStr"_s, [&] { return FirstText(db, sql); });
 }
 
 QString GetStrQuiet(dao::Database& db, const QString& sql) {
@@ -70,13 +70,13 @@ QString GetStrQuiet(dao::Database& db, const QString& sql) {
 }
 
 double GetVal(dao::Database& db, const QString& sql) {
-    return AskOrTell(u"GetVal"_s, [&] { return FirstNumber(db, sql); });
+    return AskOrReport(u"GetVal"_s, [&] { return FirstNumber(db, sql); });
 }
 
 // After a backup or restore there is no session database; these report that like any other error.
 
 QString GetStr(const QString& sql) {
-    return AskOrTell(u"GetStr"_s, [&] { return FirstText(*Db, sql); });
+    return AskOrReport(u"GetStr"_s, [&] { return FirstText(*Db, sql); });
 }
 
 QString GetStrQuiet(const QString& sql) {
@@ -84,7 +84,7 @@ QString GetStrQuiet(const QString& sql) {
 }
 
 double GetVal(const QString& sql) {
-    return AskOrTell(u"GetVal"_s, [&] { return FirstNumber(*Db, sql); });
+    return AskOrReport(u"GetVal"_s, [&] { return FirstNumber(*Db, sql); });
 }
 
 int CountRows(dao::Recordset& rows) {

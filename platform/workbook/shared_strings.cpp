@@ -98,7 +98,7 @@ const Bytes& SharedStrings::Finish() {
     return bytes_;
 }
 
-std::size_t SharedStrings::Room() const {
+std::size_t SharedStrings::Remaining() const {
     return kLongestRecord - (bytes_.size() - record_ - kRecordHead);
 }
 
@@ -114,13 +114,13 @@ void SharedStrings::CloseRecord() {
 void SharedStrings::Append(QStringView text) {
     const bool wide = IsWide(text);
     const std::size_t least = kTextHead + (text.isEmpty() ? 0 : wide ? 4 : 1);  // a surrogate pair fits
-    if (Room() < least) {
+    if (Remaining() < least) {
         CloseRecord();
         StartRecord(kContinue);
     }
     Put(bytes_, static_cast<quint16>(text.size()), wide ? kWide : uchar(0));
     for (;;) {
-        auto fits = std::min<qsizetype>(text.size(), static_cast<qsizetype>(Room() / (wide ? 2 : 1)));
+        auto fits = std::min<qsizetype>(text.size(), static_cast<qsizetype>(Remaining() / (wide ? 2 : 1)));
         if (fits < text.size() && text[fits].isLowSurrogate()) --fits;
         AppendCharacters(text.first(fits), wide);
         text = text.sliced(fits);

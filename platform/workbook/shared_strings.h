@@ -31,7 +31,7 @@ class SharedStrings {
 
     quint32 Find(const QString& text);
     void Grow();
-    std::size_t Room() const;
+    std::size_t Remaining() const;
     void StartRecord(quint16 kind);
     void CloseRecord();
     void Append(QStringView text);

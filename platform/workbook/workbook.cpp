@@ -16,7 +16,7 @@ constexpr quint16 kLabel = 0x0204;        // a cell that contains its text
 constexpr quint16 kSharedLabel = 0x00FD;  // a cell that refers to the table of texts
 constexpr std::size_t kLabelHead = 12;    // bytes before the text of a kLabel record
 
-constexpr std::size_t kRoom = 1 << 22;  // bytes reserved, enough for a large list
+constexpr std::size_t kReserve = 1 << 22;  // bytes reserved, enough for a large list
 
 constexpr ClassId kOpenerOf8{0x20, 0x08, 0x02, 0, 0, 0, 0, 0, 0xC0, 0, 0, 0, 0, 0, 0, 0x46};
 constexpr ClassId kOpenerOf5{0x10, 0x08, 0x02, 0, 0, 0, 0, 0, 0xC0, 0, 0, 0, 0, 0, 0, 0x46};
@@ -72,7 +72,7 @@ struct Writer::State {
 
 Writer::Writer(Format format, const QString& sheet)
     : state_(std::make_unique<State>(State{.format = format, .sheet = sheet})) {
-    state_->cells.reserve(kRoom);
+    state_->cells.reserve(kReserve);
 }
 
 Writer::~Writer() = default;
