@@ -13,6 +13,7 @@ void MeasureChain(Bench& bench, MadeCompany& company);
 void MeasureDateRange(Bench& bench, MadeCompany& company);
 void MeasureCustomers(Bench& bench, Office& office);
 void MeasureExport(Bench& bench, Office& office);
+void MeasureLedgers(Bench& bench, Office& office);
 void MeasureList(Bench& bench, Office& office);
 void MeasureReports(Bench& bench, Office& office);
 void MeasureSaves(Bench& bench, Office& office);
