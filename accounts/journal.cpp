@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace accounts {
 namespace {
 
-/// Room that is left below the newest row for rows that come late.
+/// The gap that is left below the newest row for rows that come late.
 constexpr double GapWithinDay = 2;
 constexpr double GapBetweenDays = 30;
 
@@ -133,7 +133,7 @@ double SlotSequenceForDate(dao::Database& db, QDate date, const QString& key, do
     if (!next.found) return present > before ? present : PlaceAtEnd(db, last);
     if (present > before && present < next.sequence) return present;
 
-    // A quarter of the way, not half: more room stays above for the rows that come next.
+    // A quarter of the way, not half: the larger gap remains above for the rows that come next.
     const double slot = (next.sequence - last.sequence) / 4 + last.sequence;
     if (slot == last.sequence) WarnThatGapRanOut();
     return slot;

@@ -1,7 +1,7 @@
-// The base of every form that stands inside the main window.
+// The base of every form that is shown inside the main window.
 //
 // Always holds: a form exists at most once, from its first showing until it unloads; it fills the frame;
-// while it is in front its own menu bar, if it has one, stands in place of the frame's. When it unloads, the
+// while it is in front its own menu bar, if it has one, replaces the frame's. When it unloads, the
 // tool bar shows again and the last panel of the status bar shows the date.
 #pragma once
 
@@ -37,7 +37,7 @@ class ChildForm : public QWidget {
     /// The form came to the front.
     virtual void Activated() {}
 
-    /// Given by the frame that the form stands in: takes it away.
+    /// Set by the frame that shows the form: removes the form from it.
     std::function<void()> LeaveFrame;
 
     /// The document kind that a menu row sets before the form is shown: positive the payable side, negative

@@ -12,7 +12,7 @@
 #include <QString>
 
 /// First field of the first row as text; "" when there is no row, the field is null or the statement fails (a
-/// box then tells the error).
+/// message box then shows the error).
 QString GetStr(const QString& sql);
 /// The same, silent on error.
 QString GetStrQuiet(const QString& sql);
@@ -44,5 +44,5 @@ QString NameOf(dao::Database& db, const QString& table, const QString& code);
 /// The trimmed text before its first point, or all of it: the code of a combo text.
 QString CodePart(const QString& comboText);
 
-/// The true number of rows; the set stands at its first row again, if it has one.
+/// The true number of rows; the set is at its first row again, if it has one.
 int CountRows(dao::Recordset& rows);

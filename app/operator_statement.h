@@ -11,10 +11,10 @@
 
 class OperatorStatement {
   public:
-    /// How the statement begins, taken as it stands.
+    /// How the statement begins, taken unchanged.
     explicit OperatorStatement(const QString& head) : statement_(head), reported_(head) {}
 
-    /// A part of the statement, taken as it stands: never what an operator typed.
+    /// A part of the statement, taken unchanged: never what an operator typed.
     OperatorStatement& Words(const QString& words);
     /// A value between apostrophes.
     OperatorStatement& Text(const QString& value);

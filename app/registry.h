@@ -1,5 +1,5 @@
 // The forms that the main window can open, by the names that the menu table uses. The composition root fills
-// it, so that the main window includes no form of the rooms above it.
+// it, so that the main window includes no form of the modules above it.
 #pragma once
 
 #include <QString>

@@ -18,6 +18,6 @@ struct StartUpParts {
     QString vfs = {};                                ///< the engine's storage layer, for tests
 };
 
-/// Returns when the login has gone; the program then lives on in the main window's events. Whatever fails is
-/// told, the restore form is shown, and the program ends.
+/// Returns when the login has gone; the program then lives on in the main window's events. Any failure is
+/// reported, the restore form is shown, and the program ends.
 std::unique_ptr<MForm> StartUp(const StartUpParts& parts);

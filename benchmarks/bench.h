@@ -23,7 +23,7 @@ void Keep(const Value& value) {
     asm volatile("" : : "r"(&value) : "memory");
 }
 
-/// The shortest of that many runs, in seconds; what makes ready for a run stands outside of its time.
+/// The shortest of that many runs, in seconds; preparing a run does not count in its time.
 double BestOf(int runs, const std::function<void()>& makeReady, const std::function<void()>& body);
 
 class Bench {

@@ -13,7 +13,7 @@ struct Catch {
     const void* last = nullptr;
 };
 
-/// The numbers that stand where the text has its question marks. Our writers bind nothing else.
+/// The numbers in place of the text's question marks. Our writers bind nothing else.
 std::vector<double> ValuesIn(std::string_view expanded, std::string_view text) {
     std::vector<double> values;
     const char* at = expanded.data();

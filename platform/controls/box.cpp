@@ -43,10 +43,10 @@ void ClickAfterFocus(QWidget* control, const sys::Event<>& click) {
 LineBox::LineBox(QWidget* parent) : QLineEdit(parent) {
     FocusTracker::Get();
     connect(this, &QLineEdit::textEdited, this, [this] { TidyLine(this); });
-    connect(this, &QLineEdit::textChanged, this, [this] { Tell(); });
+    connect(this, &QLineEdit::textChanged, this, [this] { EmitChange(); });
 }
 
-void LineBox::Tell() {
+void LineBox::EmitChange() {
     if (text() == last_) return;
     last_ = text();
     Change();
@@ -103,7 +103,7 @@ RowsBox::RowsBox(int rows, QWidget* parent) : QPlainTextEdit(parent) {
     setTabChangesFocus(true);
     document()->setDocumentMargin(2);
     setFixedHeight(rows * kRowHeight);
-    connect(this, &QPlainTextEdit::textChanged, this, [this] { Tell(); });
+    connect(this, &QPlainTextEdit::textChanged, this, [this] { EmitChange(); });
 }
 
 QString RowsBox::Text() const {
@@ -118,7 +118,7 @@ void RowsBox::CutToLength() {
     const QString now = Text();
     const int excess = static_cast<int>(now.size()) - maxLength_;
     if (excess <= 0) return;
-    QTextCursor cursor = textCursor();  // stands behind what has just come in
+    QTextCursor cursor = textCursor();  // behind what has just come in
     const int end = cursor.position();
     int from = qMax(0, end - excess);
     if (from > 0 && from < now.size() && now[from].isLowSurrogate()) --from;
@@ -128,7 +128,7 @@ void RowsBox::CutToLength() {
     cursor.removeSelectedText();
 }
 
-void RowsBox::Tell() {
+void RowsBox::EmitChange() {
     CutToLength();
     const QString now = Text();
     if (now == last_) return;
@@ -215,9 +215,9 @@ Button::Button(const QString& caption, QWidget* parent) : QPushButton(parent) {
 
 void Button::SetCaption(const QString& caption) {
     setText(caption);
-    const bool arrow = caption == u"5" || caption == u"6";
-    setAccessibleName(!arrow ? QString() : caption == u"5" ? u"向上"_s : u"向下"_s);
-    if (arrow && property("role").toString() != u"fold") Mark(this, "role", u"fold"_s);
+    const bool drawn = caption == u"5" || caption == u"6";
+    setAccessibleName(!drawn ? QString() : caption == u"5" ? u"向上"_s : u"向下"_s);
+    if (drawn && property("role").toString() != u"fold") Mark(this, "role", u"fold"_s);
 }
 
 void Button::paintEvent(QPaintEvent* event) {

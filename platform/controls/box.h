@@ -1,8 +1,8 @@
 // The boxes of a card: text box, combo, date picker, check box. What a form sees of them is the same: a text,
 // a locked and an enabled state, and the events of the focus and the keys.
 //
-// Always holds: what is pasted or dropped goes only into a box that is not locked and keeps the focus when it
-// gets it.
+// Always holds: what is pasted or dropped goes only into a text box that is not locked and keeps the focus
+// when it gets it.
 #pragma once
 
 #include "platform/controls/control_events.h"
@@ -56,7 +56,7 @@ class LineBox : public QLineEdit, public TextBox {
     void dropEvent(QDropEvent* event) override;
 
   private:
-    void Tell();
+    void EmitChange();
 
     QString last_;
 };
@@ -85,7 +85,7 @@ class RowsBox : public QPlainTextEdit, public TextBox {
 
   private:
     void CutToLength();
-    void Tell();
+    void EmitChange();
 
     int maxLength_ = 32767;
     bool masked_ = false;
@@ -207,7 +207,7 @@ void Repolish(QWidget* control);
 /// "kind" "total", "role" "danger", "kind" "inline" for a button in a row of boxes.
 void Mark(QWidget* control, const char* property, const QString& value);
 
-/// The caption of a box: muted, right-aligned, buddy and accessible name of it. Its text is the Lab's
+/// The caption of a control: muted, right-aligned, buddy and accessible name of it. Its text is the Lab's
 /// Caption.
 QLabel* MakeCaption(const QString& caption, QWidget* box, QWidget* parent);
 

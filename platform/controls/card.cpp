@@ -19,7 +19,7 @@ namespace {
 // The layout grammar, in device-independent pixels.
 struct Measures {
     int margin;        // left and right
-    int firstCaption;  // first caption of a half; the group's title stands in it too
+    int firstCaption;  // first caption of a half; it holds the group's title too
     int caption;       // second and third caption
     int columnGap;     // box to the next caption
     int halfGap;
@@ -29,7 +29,7 @@ constexpr Measures kTight{.margin = 8, .firstCaption = 115, .caption = 50, .colu
 constexpr int kMarginV = 12;    // top and bottom
 constexpr int kCaptionGap = 6;  // caption to its box, padding of the caption in the sheet
 constexpr int kBoxShare[] = {19, 10, 10};
-constexpr int kBoxMinimum[] = {92, 76, 78};  // eight digits: beside an arrow, plain, bold
+constexpr int kBoxMinimum[] = {92, 76, 78};  // eight digits: beside a combo's button, plain, bold
 constexpr int kBandMin = 13;                 // height of the band that holds a rule
 constexpr int kBandMax = 33;
 constexpr int kColumns = 13;
@@ -71,7 +71,7 @@ QLabel* MakeTitle(const QString& text, QWidget* parent) {
     return title;
 }
 
-/// The columns decide how wide a box is, never its content.
+/// The columns decide how wide a control is, never its content.
 void PrepareBox(QWidget* box) {
     if (qobject_cast<QCheckBox*>(box) || qobject_cast<QPushButton*>(box) || qobject_cast<QLabel*>(box))
         return;
@@ -110,7 +110,7 @@ void SetHalfColumns(QGridLayout& grid, int first) {
 struct Card::State {
     QGridLayout* grid = nullptr;
     bool tight = false;
-    int groupRow = -1;  ///< the layout's row in which the group's first row stands
+    int groupRow = -1;  ///< the layout's row that holds the group's first row
     int last = -1;      ///< the layout's last row in use
     std::vector<QWidget*> bands;
     std::map<QObject*, QWidget*> covered;  ///< cover to box

@@ -32,17 +32,17 @@ class Card : public QWidget {
     explicit Card(QWidget* parent = nullptr);
     ~Card() override;
 
-    /// A new group with its title on its first row in the left half, or in both halves; a rule stands above
-    /// it unless it is the first.
+    /// A new group with its title on its first row in the left half, or in both halves; a rule is drawn
+    /// above it unless it is the first.
     void Group(const QString& leftTitle, const QString& rightTitle = {});
     /// Places caption and box in the half's pair(s) of the given row of the group (0 the first). pair 0 to 2
     /// is where it starts, span how many pairs it covers. Without a caption the caption's place stays free,
-    /// so that the box stands under the others.
+    /// so that the box is under the others.
     void Field(Half half, int row, int pair, int span, QLabel* caption, QWidget* box);
     /// A second widget on the same place (a combo or a picker over its box). While the cover is shown the box
     /// is hidden and no stop of the focus; hiding the cover shows the box.
     void Over(QWidget* box, QWidget* cover);
-    /// The same for a box that takes several rows of the card; the caption stands on the first.
+    /// The same for a control that takes several rows of the card; the caption is on the first.
     void TallField(Half half, int row, int rows, int pair, int span, QLabel* caption, QWidget* box);
     /// A panel with columns of its own over several rows, from the first box's edge to the right edge of the
     /// card.

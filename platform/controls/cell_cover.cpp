@@ -116,7 +116,7 @@ void CellCover::Hide() {
 void CellCover::Finish(bool keep) {
     Write(keep);
     Hide();
-    Tell();
+    EmitEdited();
 }
 
 void CellCover::DropFrom(int row) {
@@ -125,7 +125,7 @@ void CellCover::DropFrom(int row) {
     Hide();
 }
 
-void CellCover::Tell() {
+void CellCover::EmitEdited() {
     const std::optional<Edited> edited = std::exchange(notEmitted_, std::nullopt);
     if (edited && edited->row < model_.Rows() && edited->col < model_.Cols())  // it may have gone meanwhile
         grid_.CellEdited(edited->row, edited->col, edited->before);
@@ -145,8 +145,8 @@ bool CellCover::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-/// Taken before the editor: a combo would walk through its items, and the toolkit would look for the next
-/// control, which from inside the grid would be anything.
+/// Handled before the editor gets it: a combo would move through its items, and the toolkit would look for
+/// the next control, which from inside the grid would be anything.
 bool CellCover::OnKey(QKeyEvent& key) {
     if (const std::optional<CellStep> step = StepOf(key)) {
         key.accept();
@@ -196,7 +196,7 @@ void CellCover::OnFocusOut(Qt::FocusReason reason) {
         this,
         [this] {
             if (!editing_) Hide();
-            Tell();
+            EmitEdited();
         },
         Qt::QueuedConnection);
 }

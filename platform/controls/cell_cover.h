@@ -55,7 +55,7 @@ class CellCover : public QObject {
     void OnFocusOut(Qt::FocusReason reason);
     void Write(bool keep);
     void Hide();
-    void Tell();
+    void EmitEdited();
 
     FlexGrid& grid_;
     GridModel& model_;

@@ -71,7 +71,7 @@ int ComboBox::ListIndex() const {
     return findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive);
 }
 
-/// Where the arrow keys walk from: the item chosen last, so that they get past two equal ones.
+/// Where the arrow keys start: the item chosen last, so that they get past two equal ones.
 int ComboBox::CurrentItem() const {
     return currentIndex() >= 0 && itemText(currentIndex()) == currentText() ? currentIndex() : ListIndex();
 }
@@ -140,8 +140,8 @@ void ComboBox::keyPressEvent(QKeyEvent* event) {
     const auto left = OfferKey(this, KeyPressed, *event);
     if (!left) return event->accept();
     const bool plain = !(left->modifiers() & (Qt::AltModifier | Qt::ControlModifier));
-    const bool walks = left->key() == Qt::Key_Down || left->key() == Qt::Key_Up;
-    if (!walks || !plain) {
+    const bool upOrDown = left->key() == Qt::Key_Down || left->key() == Qt::Key_Up;
+    if (!upOrDown || !plain) {
         QComboBox::keyPressEvent(left.get());
         return event->setAccepted(left->isAccepted());
     }

@@ -71,7 +71,7 @@ QDate DTPicker::Value() {
 }
 
 void DTPicker::OpenCalendar() {
-    // The toolkit opens it for a press on the arrow and for nothing else.
+    // The toolkit opens it for a press on the drop-down button and for nothing else.
     QStyleOptionComboBox option;
     option.initFrom(this);
     option.editable = true;
@@ -85,7 +85,7 @@ void DTPicker::OpenCalendar() {
     }
 }
 
-/// Past the toolkit's own walk through year, month and day.
+/// Leaves the control at once; the toolkit's own Tab moves through year, month and day first.
 bool DTPicker::focusNextPrevChild(bool next) {
     return QWidget::focusNextPrevChild(next);
 }

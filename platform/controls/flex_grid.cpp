@@ -305,7 +305,7 @@ void FlexGrid::resizeEvent(QResizeEvent* event) {
 
 void FlexGrid::scrollContentsBy(int dx, int dy) {
     QTableView::scrollContentsBy(dx, dy);
-    if (dx != 0) viewport()->update();  // the bar at the left edge stands still
+    if (dx != 0) viewport()->update();  // the bar at the left edge does not scroll
     BeginWithWholeRow();
     if (state_->fitting)
         state_->cover.Place();
@@ -318,8 +318,8 @@ void FlexGrid::updateGeometries() {
     BeginWithWholeRow();
 }
 
-/// At its end the toolkit lays the last row on the lower edge and cuts the first; TopRow would not be what
-/// stands on top.
+/// At its end the toolkit lays the last row on the lower edge and cuts the first; TopRow would not be the
+/// row at the top.
 void FlexGrid::BeginWithWholeRow() {
     QHeaderView* heads = verticalHeader();
     const int offset = verticalScrollBar()->value() * kRowHeight;

@@ -8,7 +8,7 @@
 // (下标越界). Row 0 is legal: then no row is highlighted. Widths are fifteenths of a logical pixel.
 //
 // Where rows come or go, Row keeps its number, limited to the last row: after RemoveItem(Row) the row that
-// followed is the current one. After a load Row is the first data row and stands at the top.
+// followed is the current one. After a load Row is the first data row and is at the top.
 #pragma once
 
 #include "platform/controls/control_events.h"
@@ -105,7 +105,7 @@ class FlexGrid : public QTableView, public FocusEvents {
     /// Rows that are being entered: a line above them, a bar at their left, all other rows muted. Row 0 as
     /// the first ends it; rows that come and go do not move it.
     void SetEntryBlock(int first, int last);
-    /// A line around the grid, for one that stands on a card; without it the grid runs from edge to edge.
+    /// A line around the grid, for a grid on a card; without it the grid runs from edge to edge.
     void SetFramed(bool framed);
 
     /// Fast filling: BeginLoad(rows) drops the data rows and sets their new number (0 leaves one blank row),
@@ -116,7 +116,7 @@ class FlexGrid : public QTableView, public FocusEvents {
     void EndLoad();
 
     /// Lays an editor over a data cell with its text, all of it selected: the grid's own line, or a combo of
-    /// the form, which becomes a part of the grid. Enter, Tab, the arrows up and down, leaving and scrolling
+    /// the form, which becomes a part of the grid. Enter, Tab, Up and Down, leaving and scrolling
     /// commit it, Esc drops it; F4 and Alt+Down open the list of a combo. It is dropped too when its row
     /// goes. A command that may come by its key while an editor is open calls CommitEditor first: a key to
     /// the menu bar does not leave the editor.
@@ -130,7 +130,7 @@ class FlexGrid : public QTableView, public FocusEvents {
     /// The grid's own line, for its name and its length limit.
     QLineEdit* Editor() const;
 
-    /// Where a cell stands in the viewport.
+    /// The place of a cell in the viewport.
     QRect CellRect(int row, int col) const;
 
     void SetFocus() { MoveFocus(this); }

@@ -95,7 +95,7 @@ void FocusTracker::Settle() {
     }
 }
 
-/// Tells one event, the loss before the gain; false when there is nothing to tell. The focus is looked at
+/// Emits one event, the loss before the gain; false when there is nothing to emit. The focus is looked at
 /// again after each, so that what a handler asked for wins.
 bool FocusTracker::EmitNext(QWidget* now) {
     QWidget* window = now->window();
@@ -103,11 +103,11 @@ bool FocusTracker::EmitNext(QWidget* now) {
     if (known.emitting || now == known.current || now == known.notEmitted) return false;
     const bool loses = known.current;
     const QPointer<QWidget> reported = loses ? known.current.data() : now;
-    const bool tells = !loses || known.left || Usable(reported);
+    const bool emits = !loses || known.left || Usable(reported);
     known.current = loses ? nullptr : now;
     known.left = false;
     auto* events = dynamic_cast<FocusEvents*>(reported.data());
-    if (!events || !tells) return true;
+    if (!events || !emits) return true;
     known.emitting = true;
     (loses ? events->LostFocus : events->GotFocus)();
     for (Window& w : windows_)  // the handler may have opened windows, so the list may have moved

@@ -171,7 +171,7 @@ void GridModel::BeginLoad(int dataRows) {
     cells_.resize(Cells(fixed_));
     rows_ = fixed_ + dataRows;
     if (cells_.capacity() > 2 * Cells(rows_ + kRoomForLines)) cells_.shrink_to_fit();
-    // Room for the lines of a working day, so that the first of them does not move the whole list.
+    // Capacity for the lines of a working day, so that the first of them does not move the whole list.
     cells_.reserve(Cells(rows_ + kRoomForLines));
     cells_.resize(Cells(rows_));
     marks_.erase(marks_.lower_bound(fixed_), marks_.end());

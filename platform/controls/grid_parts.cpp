@@ -38,13 +38,13 @@ void GridDelegate::PaintInked(QPainter* painter, const QStyleOptionViewItem& opt
     const QStyle* style = own.widget ? own.widget->style() : QApplication::style();
     style->drawControl(QStyle::CE_ItemViewItem, &own, painter, own.widget);
     const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, &own, own.widget) + 1;
-    const QRect room =
+    const QRect available =
         style->subElementRect(QStyle::SE_ItemViewItemText, &own, own.widget).adjusted(margin, 0, -margin, 0);
     painter->save();
     painter->setFont(own.font);
     painter->setPen(ink);
-    painter->drawText(room, static_cast<int>(own.displayAlignment) | Qt::TextSingleLine,
-                      own.fontMetrics.elidedText(text, own.textElideMode, room.width()));
+    painter->drawText(available, static_cast<int>(own.displayAlignment) | Qt::TextSingleLine,
+                      own.fontMetrics.elidedText(text, own.textElideMode, available.width()));
     painter->restore();
 }
 

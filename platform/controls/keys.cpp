@@ -42,7 +42,7 @@ void EnterMovesOn(KeyPress& key) {
 namespace {
 
 /// The toolkit runs the first of two commands with the same key, and minds neither which are disabled. Here
-/// the key runs a command that is alone; among several it walks, and Enter takes one.
+/// the key runs a command that is alone; among several it selects the next, and Enter runs the selected one.
 class HotKeys : public QObject {
   public:
     static void Watch(QWidget* commands) {
@@ -69,7 +69,7 @@ class HotKeys : public QObject {
   private:
     using QObject::QObject;
 
-    /// Arrows and their like go on while they are held; letters and Enter run something.
+    /// Arrow keys and their like go on while they are held; letters and Enter run something.
     static bool SelectsWhileHeld(const QEvent& event) {
         if (event.type() != QEvent::KeyPress) return false;
         const int key = static_cast<const QKeyEvent&>(event).key();
@@ -150,7 +150,7 @@ class HotKeys : public QObject {
     static bool SelectNext(QMenuBar& bar, const QList<QAction*>& candidates) {
         QAction* next = After(bar.activeAction(), candidates);
         if (!bar.hasFocus()) EnterByAlt(bar);
-        // By the arrow key, since a command that is made active by name opens its menu.
+        // By arrow key, since a command that is made active by name opens its menu.
         for (int step = 0; step < bar.actions().size() && bar.activeAction() != next; ++step)
             Press(bar, Qt::Key_Right);
         return true;

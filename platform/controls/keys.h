@@ -1,7 +1,8 @@
 // Keystrokes that the program sends itself, and commands that hang on a menu bar.
 //
 // Always holds: a command's key runs it, on the bar with Alt, in an open menu alone. Where several commands
-// that can be used share a key, it walks through them and Enter takes one; a disabled command does not count.
+// that can be used share a key, it selects the next and Enter runs the selected one; a disabled command does
+// not count.
 #pragma once
 
 #include "platform/controls/control_events.h"

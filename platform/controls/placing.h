@@ -1,4 +1,4 @@
-// Where a dialog stands when it is shown.
+// Where a dialog is placed when it is shown.
 #pragma once
 
 #include <QDialog>

@@ -14,7 +14,7 @@ class TabStrip : public QTabBar, public FocusEvents {
     int SelectedItem() const { return currentIndex() + 1; }
     /// Selects a tab; fires Click when it was not selected before.
     void SelectItem(int item);
-    /// Whether Tab stops here. A click enters it in any case.
+    /// Whether this control is in the tab order. A click enters it in any case.
     void SetInTabOrder(bool stop) { setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus); }
     void SetFocus() { MoveFocus(this); }
 

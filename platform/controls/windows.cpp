@@ -162,7 +162,7 @@ class FileList : public QIdentityProxyModel {
     }
 };
 
-/// A file's address holds its path as it stands, whatever characters an address would read otherwise.
+/// A file's address holds its path as it is, whatever characters an address would read otherwise.
 QUrl Url(const QString& address) {
     const QString file = u"file://"_s;
     return address.startsWith(file) ? QUrl::fromLocalFile(address.sliced(file.size())) : QUrl(address);

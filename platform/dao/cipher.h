@@ -8,7 +8,7 @@
 namespace dao {
 
 /// To be run right after the key, in this order. What an engine does not know it ignores: the one of today
-/// hashes with SHA1 and has no word for it, later ones have, and hash otherwise unless they are told.
+/// hashes with SHA1 and has no word for it, later ones have, and hash otherwise unless a setting says so.
 inline constexpr const char* kCipherSettings[] = {
     "pragma cipher_page_size=4096",  // bytes
     "pragma cipher_use_hmac=on",

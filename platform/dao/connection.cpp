@@ -259,7 +259,7 @@ void Connection::Fail(int code, const QString& statement) {
     if (inGroup_) {
         const int kind = code & 0xff;
         // Some errors take the engine's transaction with them; a full disk and an I/O error always take ours,
-        // since nobody can tell how much of the command would reach the file.
+        // since nobody knows how much of the command would reach the file.
         if (sqlite3_get_autocommit(engine_) == 0 && (kind == SQLITE_FULL || kind == SQLITE_IOERR))
             sqlite3_exec(engine_, "rollback", nullptr, nullptr, nullptr);
         if (sqlite3_get_autocommit(engine_) != 0) {

@@ -45,12 +45,12 @@ class Connection {
     /// Raises when the file is closed. When this command has lost its group, raises once more what lost it.
     sqlite3* Engine(const QString& statement) const;
 
-    /// told is the text for an error report.
+    /// reported is the text for an error report.
     dialect::Translation Translate(const QString& statement, Wording wording, const QString& reported) const;
     StatementCache& Kept() { return kept_; }
 
     bool InGroup() const { return inGroup_; }
-    /// Waits for another program that is writing (busy.h). Raises what stands there.
+    /// Waits for another program that is writing (busy.h). Raises what busy.h says.
     void BeginGroup(const QString& statement);
     void CloseGroup();
     /// Raises what the engine says of its last call, and gives the group up where the engine did or must.

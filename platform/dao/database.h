@@ -1,10 +1,10 @@
-// The one door to the database file: statements are text in the system's own dialect, translated by tokens
-// for the engine underneath.
+// The only interface to the database file: statements are text in the system's own dialect, translated by
+// tokens for the engine underneath.
 //
 // Always holds: the first write opens a commit group; the end of the command closes it (sys::CloseCommand). A
-// group is never rolled back because a statement failed: what ran, stays. A full disk, an I/O error or a
-// failed commit loses the group, and the DatabaseError says so (GroupLost). A group waits for its turn while
-// another program is writing to the file (busy.h).
+// group is never rolled back because a statement failed: what was executed before it remains. A full disk, an
+// I/O error or a failed commit loses the group, and the DatabaseError says so (GroupLost). A group waits for
+// its turn while another program is writing to the file (busy.h).
 #pragma once
 
 #include "platform/dao/recordset.h"
@@ -36,7 +36,7 @@ class Database {
 
     /// Runs an INSERT, UPDATE or DELETE. Raises DatabaseError.
     void Execute(const QString& statement) { Execute(statement, statement); }
-    /// The same; `told` is what an error shows in place of the statement, for one that holds a secret.
+    /// The same; `reported` is what an error shows in place of the statement, for one that holds a secret.
     void Execute(const QString& statement, const QString& reported);
     /// Runs a SELECT. A snapshot is a copy of the rows at that moment; a dynaset can be written to.
     Recordset OpenRecordset(const QString& statement, RecordsetType type = RecordsetType::Snapshot);

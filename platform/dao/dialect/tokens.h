@@ -31,7 +31,7 @@ enum class TokenKind {
 struct Token {
     TokenKind kind;
     std::string_view text;  ///< as it will be written for the engine
-    bool blankBefore;       ///< stood apart from the token before it
+    bool blankBefore;       ///< blanks separate it from the token before it
 };
 
 /// Cuts a statement (UTF-8). A closing semicolon is dropped. The tokens point into the statement.
