@@ -16,14 +16,13 @@ QString WithoutBlanksAtEnd(QString text) {
     return text;
 }
 
-/// Text elements with their lines, and how far each of them makes room for more than one.
+/// Text elements with their lines, and how far the lines after the first move down what is below.
 class Growth {
   public:
     void Add(double y, double line, double extra) {
         if (extra > 0) grown_.push_back({y + line, extra});
     }
-    /// How far down a thing moves that stands at that height. Of texts that grow side by side the longest
-    /// counts.
+    /// How far down a thing at that height moves. Of texts that grow side by side the longest counts.
     double At(double y) const {
         double shift = 0;
         for (const Grown& one : grown_)

@@ -49,9 +49,9 @@ QSize Desk::PageSize() const {
 /// In the view.
 QRect Desk::PlaceOf(int page) const {
     const QSize size = PageSize();
-    const int room = viewport()->width() - 2 * kGap;
-    const int left = size.width() <= room ? (viewport()->width() - size.width()) / 2
-                                          : kGap - horizontalScrollBar()->value();
+    const int available = viewport()->width() - 2 * kGap;
+    const int left = size.width() <= available ? (viewport()->width() - size.width()) / 2
+                                               : kGap - horizontalScrollBar()->value();
     return {{left, kGap + page * (size.height() + kGap) - verticalScrollBar()->value()}, size};
 }
 
@@ -65,7 +65,7 @@ void Desk::SetDocument(std::shared_ptr<const Document> document) {
     UpdateBars();
     GoToPage(page);
     toldPage_ = -1;
-    Tell();
+    EmitMoved();
     viewport()->update();
 }
 
@@ -79,10 +79,10 @@ void Desk::GoToPage(int page) {
     if (Pages() == 0) return;
     page = std::clamp(page, 0, Pages() - 1);
     const int height = PageSize().height() + kGap;
-    // A page that is lower than the view stands in its middle, so that it is the current one.
+    // A page that is lower than the view is placed in its middle, so that it is the current one.
     const int spare = std::max(viewport()->height() - height - kGap, 0);
     verticalScrollBar()->setValue(page * height - spare / 2);
-    Tell();
+    EmitMoved();
 }
 
 void Desk::SetZoom(double zoom) {
@@ -149,7 +149,7 @@ void Desk::SetHits(std::vector<Hit> hits, int current) {
         horizontalScrollBar()->setValue(horizontalScrollBar()->value() + left - kGap);
 }
 
-void Desk::Tell() {
+void Desk::EmitMoved() {
     if (CurrentPage() == toldPage_) return;
     toldPage_ = CurrentPage();
     if (Moved) Moved();
@@ -226,7 +226,7 @@ void Desk::DrawHits(QPainter& painter, int page, const QRect& place) {
 void Desk::resizeEvent(QResizeEvent*) {
     ApplyFit();
     UpdateBars();
-    Tell();
+    EmitMoved();
 }
 
 void Desk::wheelEvent(QWheelEvent* event) {
@@ -254,7 +254,7 @@ void Desk::keyPressEvent(QKeyEvent* event) {
 
 void Desk::scrollContentsBy(int, int) {
     viewport()->update();
-    Tell();
+    EmitMoved();
 }
 
 }  // namespace report

@@ -61,7 +61,7 @@ class Desk : public QAbstractScrollArea {
     void UpdateBars();
     void DrawPage(QPainter& painter, int page, const QRect& place);
     void DrawHits(QPainter& painter, int page, const QRect& place);
-    void Tell();
+    void EmitMoved();
 
     std::shared_ptr<const Document> document_;
     double zoom_ = 1;

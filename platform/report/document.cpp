@@ -125,10 +125,10 @@ void PageMaker::DrawGroupHead(const Block& block, bool again) {
     const Fonts& fonts = *layout_.fonts;
     QString note = again ? QString() : Evaluate(group.note, context);
     const double noteWidth = fonts.Width(note, look::kNoteSize, false);
-    const double room =
+    const double available =
         layout_.AreaWidth() - 2 * look::kPad - (note.isEmpty() ? 0 : noteWidth + 2 * look::kPad);
     QString head =
-        fonts.Wrap(Evaluate(group.head, context), std::max(room, 10.0), look::kGroupSize, true).first();
+        fonts.Wrap(Evaluate(group.head, context), std::max(available, 10.0), look::kGroupSize, true).first();
     if (again) head += group.again;
     AddText(page_, fonts, {left + look::kPad, 0, head, look::kGroupSize, true, look::kAccent}, Align::Left,
             middle);

@@ -1,9 +1,9 @@
-// A report laid out: pages that know what stands on them. A page's texts are made only when the page is asked
+// A report laid out: pages that know what is on them. A page's texts are made only when the page is asked
 // for.
 //
 // Always holds: the document keeps its rows, so it stays as it is whatever changes in the file. No row is cut
-// at the edge of a page, unless it is higher than a page. A heading of a group stands above two rows of it
-// (or all it has), a total below the last two rows, what follows the last total with it, as far as a page can
+// at the edge of a page, unless it is higher than a page. A heading of a group has two of its rows below it
+// (or all it has), a total the last two rows above it, the last total what follows it, as far as a page can
 // hold that.
 #pragma once
 

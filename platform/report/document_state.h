@@ -1,4 +1,4 @@
-// How a document is held: its rows, and for each page what stands where. For the document's own files.
+// How a document is held: its rows, and for each page what is where. For the document's own files.
 #pragma once
 
 #include "platform/report/document.h"
@@ -14,7 +14,7 @@ struct Span {
     int Count() const { return to - from; }
 };
 
-/// What stands on a page at a height, counted from the top of the type area.
+/// What is on a page at a height, counted from the top of the type area.
 struct Block {
     enum class Kind : unsigned char {
         Head,
@@ -115,7 +115,7 @@ void DrawHead(const Layout& layout, const Context& context, double x, double y, 
 struct RowDrawing {
     double x = 0, y = 0, height = 0;
     int firstLine = 0, lines = -1;
-    bool separated = false;         ///< a stronger line stands above it
+    bool separated = false;         ///< a stronger line is drawn above it
     std::vector<bool> hidden = {};  ///< cells that repeat the one above
 };
 void DrawRow(const Layout& layout, Line line, const Context& context, const RowDrawing& drawing, Page& page);

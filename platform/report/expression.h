@@ -1,4 +1,4 @@
-// What stands between braces in a layout: fields, formulas, sums, small computations. A template is a text
+// The content of braces in a layout: fields, formulas, sums, small computations. A template is a text
 // with such pieces in it.
 //
 // Always holds: an expression that was read and bound (data.h) can't fail when it is evaluated; a division by
@@ -16,7 +16,7 @@
 
 namespace report {
 
-/// Where a sum or a count runs over. Default: as the band says in which it stands.
+/// Where a sum or a count runs over. Default: as the band that contains it says.
 enum class Scope { Default, Report, Group, Page, SoFar };
 
 struct Expression {
@@ -58,7 +58,7 @@ struct Template {
     bool IsEmpty() const { return pieces.empty(); }
 };
 
-/// A text with pieces in braces; "{{" and "}}" stand for braces. Raises RuntimeError with the place.
+/// A text with pieces in braces; "{{" and "}}" are braces in the text. Raises RuntimeError with the place.
 Template ReadTemplate(const QString& text, const Place& place);
 /// A condition or a group's key: the expression alone. An empty text is no piece at all.
 Template ReadExpression(const QString& text, const Place& place);
@@ -77,7 +77,7 @@ class Answers {
 
 Value Evaluate(const Expression& expression, const Answers& answers);
 QString Evaluate(const Template& text, const Answers& answers);
-/// The value of an expression that stands alone; an empty text where there is none.
+/// The value of an expression without text around it; an empty text where there is none.
 Value ValueOf(const Template& expression, const Answers& answers);
 
 }  // namespace report

@@ -181,7 +181,7 @@ double Fonts::Width(QStringView text, double size, bool bold) const {
 
 namespace {
 
-/// The pieces of one paragraph that no line break may stand within, as the places where they end.
+/// The pieces of one paragraph that no line break may divide, as the places where they end.
 std::vector<qsizetype> PieceEnds(QStringView text) {
     std::vector<qsizetype> ends;
     char32_t before = 0;
@@ -204,9 +204,9 @@ QStringView WithoutBlanksAtEnd(QStringView line) {
 
 }  // namespace
 
-QStringList Fonts::Wrap(const QString& text, double room, double size, bool bold) const {
-    if (!text.contains(u'\n') && Width(text, size, bold) <= room) return {text};
-    const double most = room / (size * kPoint) + 1e-9;
+QStringList Fonts::Wrap(const QString& text, double available, double size, bool bold) const {
+    if (!text.contains(u'\n') && Width(text, size, bold) <= available) return {text};
+    const double most = available / (size * kPoint) + 1e-9;
     QStringList lines;
     for (const QStringView paragraph : QStringView(text).split(u'\n')) {
         qsizetype lineStart = 0, pieceStart = 0;

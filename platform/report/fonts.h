@@ -42,10 +42,10 @@ class Fonts {
     const Glyph& GlyphOf(char32_t character, bool bold) const;
     /// Of a line, in millimetres; the size is in points.
     double Width(QStringView text, double size, bool bold) const;
-    /// The lines of a text that has that many millimetres to its disposal. A line breaks at a line break, at
+    /// The lines of a text for an available width in millimetres. A line breaks at a line break, at
     /// blanks and between Chinese characters; a closing mark begins no line, an opening one ends none. A word
     /// that is too long for a line breaks anywhere. Blanks at the end of a line are dropped.
-    QStringList Wrap(const QString& text, double room, double size, bool bold) const;
+    QStringList Wrap(const QString& text, double available, double size, bool bold) const;
 
   private:
     explicit Fonts(const QString& family);

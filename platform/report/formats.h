@@ -1,7 +1,7 @@
 // How a value of a report is shown: "#,##0.00" and its like for numbers, "0.0%" for rates, "yyyy-MM-dd" for
 // dates.
 //
-// Always holds: a text that is no number passes a number format as it stands, a text that is no date a date
+// Always holds: a text that is no number passes a number format as it is, a text that is no date a date
 // format; a text that is empty stays empty.
 #pragma once
 

@@ -60,7 +60,7 @@ struct Column {
     bool rule = false;  ///< a line down at its left edge
     QString group = {};
     Template head = {}, value = {}, carry = {}, subtotal = {}, total = {};
-    double Room() const;
+    double TextWidth() const;  ///< millimetres that are left for a text
 };
 
 struct Table {

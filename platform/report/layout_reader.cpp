@@ -328,7 +328,7 @@ void LayoutReader::FinishTable(const Place& place) {
         const bool behindNumber =
             i > 0 && columns[i - 1].align == Align::Right && column.align == Align::Left;
         if (behindNumber) column.left += look::kAfterNumber * (columns[i - 1].soft ? 0.5 : 1);
-        if (column.Room() < 1) Fail(place, u"第 %1 栏太窄"_s.arg(i + 1));
+        if (column.TextWidth() < 1) Fail(place, u"第 %1 栏太窄"_s.arg(i + 1));
         width += column.width;
     }
     if (width > layout_->AreaWidth() + 0.01)
@@ -446,7 +446,7 @@ void LayoutReader::Check() {
 
 }  // namespace
 
-double Column::Room() const {
+double Column::TextWidth() const {
     return width - left - look::kPad;
 }
 

@@ -1,4 +1,4 @@
-// Where each row, heading and total stands: only heights are found here, nothing is drawn.
+// The page and height of each row, heading and total: only heights are found here, nothing is drawn.
 #include "platform/report/document_state.h"
 
 #include <algorithm>
@@ -6,8 +6,8 @@
 namespace report {
 namespace {
 
-constexpr int kRowsBelowHeading = 2;  // stand on a page with the heading of their group
-constexpr int kRowsAboveTotal = 2;    // stand on a page with the total that follows them
+constexpr int kRowsBelowHeading = 2;  // are on a page with the heading of their group
+constexpr int kRowsAboveTotal = 2;    // are on a page with the total that follows them
 
 class Pager {
   public:
@@ -52,7 +52,7 @@ class Pager {
     double carryHeight_ = 0;
     double total_ = 0;    ///< height of the total with the gap above it
     double summary_ = 0;  ///< height of what follows it
-    int open_ = 0;        ///< groups whose heading stands on an earlier page
+    int open_ = 0;        ///< groups whose heading is on an earlier page
     int row_ = -1;        ///< the last one that was placed
 };
 
@@ -95,7 +95,7 @@ void Pager::BeginPage() {
     state_.pages.push_back({.firstBlock = state_.blocks.size(), .rows = {row_ + 1, row_ + 1}});
     y_ = 0;
     const bool first = state_.pages.size() == 1;
-    // The first page's head stands on every page of a layout that has no running head.
+    // The first page's head is on every page of a layout that has no running head.
     const bool whole = first || layout_.running.empty();
     const Section& head = whole ? layout_.head : layout_.running;
     const Context context = At(std::min(row_ + 1, state_.data.rows - 1), Scope::Report);
@@ -134,7 +134,7 @@ void Pager::MeasureEnd() {
     summary_ = LaySection(layout_, layout_.summary, At(last, Scope::Report), 0, 0).height;
 }
 
-/// What must stand on the page of a row behind it, if it is one of the last above a total.
+/// The height of what must follow a row on its page, if it is one of the last above a total.
 double Pager::KeepAfter(int row) const {
     const Span group = Innermost(row);
     const bool reportEnds = group.to == state_.data.rows;
@@ -173,8 +173,8 @@ void Pager::PlaceRow(int row) {
     double keep = KeepAfter(row);
     if (height + keep > Capacity()) keep = 0;  // no page can hold it together
     Need(height + keep);
-    const double room = bottom_ - y_ - (carries_ ? carryHeight_ : 0);
-    if (height > room + 1e-6 && layout_.table) return PlaceTallRow(row, height);
+    const double available = bottom_ - y_ - (carries_ ? carryHeight_ : 0);
+    if (height > available + 1e-6 && layout_.table) return PlaceTallRow(row, height);
     Put(layout_.table ? Kind::Row : Kind::Detail, height, row);
     row_ = row;
     fresh_ = false;
@@ -185,8 +185,8 @@ void Pager::PlaceTallRow(int row, double height) {
     const double pitch = table::HeightOf(layout_, 2) - table::HeightOf(layout_, 1);
     const int lines = 1 + static_cast<int>((height - layout_.table->row) / pitch + 0.5);
     for (int line = 0; line < lines;) {
-        const double room = bottom_ - y_ - (carries_ ? carryHeight_ : 0) - layout_.table->row;
-        const int fit = std::clamp(1 + static_cast<int>(room / pitch), 1, lines - line);
+        const double available = bottom_ - y_ - (carries_ ? carryHeight_ : 0) - layout_.table->row;
+        const int fit = std::clamp(1 + static_cast<int>(available / pitch), 1, lines - line);
         Put(Kind::Row, table::HeightOf(layout_, fit), row);
         state_.blocks.back().firstLine = line;
         state_.blocks.back().lines = fit;

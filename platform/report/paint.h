@@ -17,7 +17,7 @@ class Canvas {
     virtual ~Canvas() = default;
     virtual void FillRect(double x, double y, double width, double height, Ink ink) = 0;
     virtual void DashedLine(double x1, double y1, double x2, double y2, double weight, Ink ink) = 0;
-    /// Glyphs of one face on one baseline, each with its place and the character that it stands for.
+    /// Glyphs of one face on one baseline, each with its place and the character that it shows.
     struct Glyphs {
         const Face* face;
         double size;  ///< of the type, in dots

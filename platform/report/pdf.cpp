@@ -64,7 +64,7 @@ class PdfCanvas : public Canvas {
     std::map<qint64, int> pictures_;  ///< objects by the pictures' keys
 };
 
-/// The glyphs follow each other by their own widths. One that stands for another character elsewhere says
+/// The glyphs follow each other by their own widths. One that shows another character elsewhere says
 /// here which it is: a radical and the character that looks like it share a glyph.
 void PdfCanvas::DrawGlyphs(const Glyphs& glyphs, Ink ink) {
     if (!glyphs.face) return;

@@ -16,7 +16,7 @@ class PdfFile {
     int Reserve();
     void Write(int object, const QByteArray& content);
     int Write(const QByteArray& content);
-    /// A stream, compressed. The dictionary is what stands in it beside its length and its filter.
+    /// A stream, compressed. The dictionary is its entries apart from the length and the filter.
     void WriteStream(int object, const QByteArray& dictionary, const QByteArray& bytes);
     int WriteStream(const QByteArray& dictionary, const QByteArray& bytes);
     /// Ends the file.

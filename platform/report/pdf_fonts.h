@@ -1,4 +1,4 @@
-// The fonts of a PDF: of each face the glyphs that were used, with the characters that they stand for.
+// The fonts of a PDF: of each face the glyphs that were used, with the characters that they show.
 #pragma once
 
 #include "platform/report/fonts.h"
@@ -16,8 +16,8 @@ class PdfFonts {
     int NumberOf(const Face& face);
     struct Code {
         std::uint32_t code;  ///< of the glyph in the file
-        bool says;  ///< false: the glyph stands for another character already; the text has to be said beside
-                    ///< it
+        bool says;  ///< false: the glyph is mapped to another character already; the text has to be said
+                    ///< beside it
     };
     /// Notes that a glyph is used.
     Code Use(const Face& face, std::uint32_t glyph, char32_t character);

@@ -35,8 +35,8 @@ class Filler : public QObject {
 
   private:
     void Fill() {
-        const QSize room = window_.parentWidget()->size();
-        window_.setGeometry(QRect(corner_, room - QSize(corner_.x(), corner_.y())));
+        const QSize available = window_.parentWidget()->size();
+        window_.setGeometry(QRect(corner_, available - QSize(corner_.x(), corner_.y())));
     }
     QWidget& window_;
     QPoint corner_;
@@ -162,7 +162,7 @@ void ReportControl::SaveAsPdf() {
     }
 }
 
-/// The layout anew, over the same data file. A fault is told, and the pages stay as they are.
+/// The layout anew, over the same data file. A fault is reported, and the pages stay as they are.
 void ReportControl::Reload() {
     try {
         document_ = LayOut();

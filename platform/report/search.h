@@ -1,4 +1,4 @@
-// Where a text stands on the pages of a document.
+// Where a text is found on the pages of a document.
 #pragma once
 
 #include "platform/report/document.h"

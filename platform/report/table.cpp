@@ -25,7 +25,7 @@ double TextX(const Column& column, double x) {
 }
 
 QStringList HeadLines(const Layout& layout, const Column& column, const Context& context) {
-    return layout.fonts->Wrap(Evaluate(column.head, context), column.Room(), look::kHeadSize, true);
+    return layout.fonts->Wrap(Evaluate(column.head, context), column.TextWidth(), look::kHeadSize, true);
 }
 
 void Across(Page& page, double x, double y, double width, double weight, Ink ink) {
@@ -63,7 +63,8 @@ int LinesOf(const Layout& layout, Line line, const Context& context) {
         if (cell.IsEmpty()) continue;
         const QString text = Evaluate(cell, context);
         most = std::max(
-            most, layout.fonts->Wrap(text, column.Room(), layout.table->size, IsBold(column, line)).size());
+            most,
+            layout.fonts->Wrap(text, column.TextWidth(), layout.table->size, IsBold(column, line)).size());
     }
     return static_cast<int>(most);
 }
@@ -153,7 +154,8 @@ void DrawRow(const Layout& layout, Line line, const Context& context, const RowD
         if (!cell.IsEmpty() && !hidden) {
             const bool bold = IsBold(column, line);
             const bool soft = line == Line::Carry || (column.soft && !bold);
-            QStringList lines = layout.fonts->Wrap(Evaluate(cell, context), column.Room(), table.size, bold);
+            QStringList lines =
+                layout.fonts->Wrap(Evaluate(cell, context), column.TextWidth(), table.size, bold);
             if (d.lines >= 0) lines = lines.mid(d.firstLine, d.lines);
             double middle = d.y + table.row / 2;  // text begins on the first line of the row
             for (const QString& one : lines) {

@@ -45,7 +45,7 @@ void Remove(const QString& copy) {
     for (const QLatin1StringView part : kPartsBeside) QFile::remove(copy + part);
 }
 
-/// What stands beside the file comes first: a copy that has its name is whole.
+/// The side files are copied first: a copy that has its name is whole.
 QString CopyAll(const DatedCopies& copies, const QString& copy) {
     for (const QLatin1StringView part : kPartsBeside) {
         if (!QFileInfo::exists(copies.file + part)) continue;

@@ -21,7 +21,7 @@ namespace sys {
 struct DatedCopies {
     QString file;    ///< what is copied
     QString folder;  ///< where the copies lie; must exist
-    QString label;   ///< tells the copies of one purpose from those of another
+    QString label;   ///< distinguishes the copies of one purpose from those of another
     int most = 1;    ///< how many are kept, where `spare` says nothing else
     /// Looks at a copy before it gets its name; gives words when it is not as it should be.
     std::function<QString(const QString& path)> check = {};

@@ -16,7 +16,7 @@ struct ProgramEnded {
 };
 
 /// Thrown where the operator gives a command up before its first write. Everything it says is said; the guard
-/// ends the event without a report, and the program goes on with what stands in the windows.
+/// ends the event without a report, and the program goes on with what the windows show.
 struct CommandGivenUp {};
 
 /// Runs one event. Does nothing any more once the program has ended (which only a test outlives).
@@ -30,8 +30,8 @@ void ThrowIfEnded();
 /// For tests: forget the recorded end.
 void ClearEnd();
 
-/// Called at the end of every guarded event and before a box or a modal form waits. Returns a handle for
-/// removal.
+/// Called at the end of every guarded event and before a message box or a modal form waits. Returns a handle
+/// for removal.
 int AddCommandEndHook(std::function<void()> hook);
 void RemoveCommandEndHook(int handle);
 /// Runs the hooks: commits what the command has written so far. Ends the program instead when a signal has

@@ -59,7 +59,7 @@ Seams Real() {
     real.copyFile = CopyWhole;
     real.freeBytes = [](const QString& folder) { return QStorageInfo(folder).bytesAvailable(); };
     real.leave = LeaveProcess;
-    // Without a screen a box is a line on the error output, and the safe answer is taken.
+    // Without a screen a message box is a line on the error output, and the safe answer is taken.
     real.showBox = [](const BoxRequest& request) {
         std::fprintf(stderr, "%s\n", qUtf8Printable(request.text + u"\n"_s + request.detail));
         switch (request.buttons) {

@@ -22,7 +22,7 @@ struct BoxRequest {
     BoxAnswer defaultButton = BoxAnswer::Ok;
     QString detail;           ///< a failing statement, shown selectable beneath the text; mostly empty
     bool destroys = false;    ///< Yes or OK takes away what can't be had back, and looks like it
-    bool keepsGroup = false;  ///< stands inside a command: what was written so far is not yet committed
+    bool keepsGroup = false;  ///< shown inside a command: what was written so far is not yet committed
 };
 
 struct FileRequest {
@@ -73,7 +73,8 @@ QDate Today();
 
 /// Commits what is open, closes nothing else and leaves the process at once. Nothing after it runs.
 [[noreturn]] void EndProgram(int status);
-/// The same for a program that is told to go: what is not committed is rolled back, the files are closed.
+/// The same for a program that is asked to end from outside: what is not committed is rolled back, the files
+/// are closed.
 [[noreturn]] void AbandonProgram(int status);
 
 }  // namespace sys
