@@ -88,7 +88,7 @@ class RecordForm : public ChildForm, public QueryCaller {
     void DressGrid();
     /// A failure leaves in the list what was read before it.
     void LoadGrid(const QString& sql);
-    /// For the forms that tell a failure in a box and go on.
+    /// For the forms that show a failure in a message box and go on.
     void LoadGridOrTell(const QString& sql);
     void ShowRow();
     void EnterEdit();
@@ -118,7 +118,7 @@ class RecordForm : public ChildForm, public QueryCaller {
         QString refusal;                  ///< the message when that is another record's
         std::function<void()> deleteOld;  ///< deletes the stored rows of the record being edited
     };
-    /// False, with the message and the focus in Txt(0), when another record has the key. Else makes room for
+    /// False, with the message and the focus in Txt(0), when another record has the key. Else prepares
     /// the save: in an edit the stored rows and their line go, an addition is counted.
     bool PrepareSave(const KeyCheck& check);
     /// The key in that column of the line being edited; "" while adding.
@@ -128,7 +128,7 @@ class RecordForm : public ChildForm, public QueryCaller {
     void FinishSave();
 
     /// What CurRow stays within when a record goes. They differ for the last one: its list keeps a blank
-    /// line, and CurRow is 0 or stands on that.
+    /// line, and CurRow is 0 or on that.
     enum class CurRowLimit { Records, GridRows };
     /// After the record's row was deleted: its line goes, the counts follow, the list comes to the front.
     void RemoveCurrentRecord(CurRowLimit last);

@@ -22,7 +22,7 @@ const Connective ConnectiveRows[] = {
 const QString Head = u" Where "_s;
 const QString HeadPrefix = u"        "_s;
 
-/// A list may begin with this line in place of conditions; no piece stands beside it.
+/// A list may begin with this line in place of conditions; no piece belongs to it.
 const QString Everything = u"系统中存在的所有记录"_s;
 
 QString ConnectivePiece(const QString& offered) {
@@ -85,8 +85,8 @@ void Conditions::Remove(int line) {
         pieces.removeAt(line);
     }
     if (shown.isEmpty() || shown.front().startsWith(u"  "_s)) return;
-    // Five is the length of " And ", whatever stands there: " AND Not " leaves a sound "Where Not", and " Or
-    // " takes the first character of the field along. It has always done so.
+    // Kept on purpose: five is the length of " And ", whatever the piece begins with. " AND Not " leaves a
+    // sound "Where Not"; with " Or " the first character of the field is cut too.
     constexpr int HeadCut = 5;
     shown.front().replace(0, 2, u"  "_s);
     pieces.front().replace(0, HeadCut, Head);

@@ -33,5 +33,5 @@ class Prnt : public ChildForm {
 /// meanwhile. Raises what the report control raises.
 void RunReport(const QString& layout, const QStringList& formulas);
 
-/// Whether the layout is beside the program; else the operator is told by those words behind its name.
+/// Whether the layout is beside the program; else a message box shows those words behind its name.
 bool LayoutIsThere(const QString& layout, const QString& lost);

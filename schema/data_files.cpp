@@ -21,8 +21,8 @@
 
 using namespace Qt::StringLiterals;
 
-/// The layouts lie in a static library, so the linker has to be told that they are wanted. Outside of any
-/// namespace, as the toolkit's macro asks.
+/// The layouts lie in a static library, so they have to be requested by name, or the linker leaves them out.
+/// Outside of any namespace, as the toolkit's macro asks.
 static void InitLayouts() {
     Q_INIT_RESOURCE(layouts);
 }

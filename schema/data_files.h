@@ -1,5 +1,5 @@
-// Making the files that stand beside the program: the database, the export's helper, the wallpaper, the layouts of
-// the reports.
+// Making the files that lie beside the program: the database, the export's helper, the wallpaper, the layouts
+// of the reports.
 //
 // Always holds: a file that is there is never touched; a file bears its name only when it is whole, and its
 // owner alone can read it.

@@ -108,7 +108,7 @@ create table M021 (
 );
 create index M021_F0 on M021 (F0);
 
--- Customers. Read by place: the first fourteen columns stand as the customer list shows them.
+-- Customers. Read by place: the first fourteen columns are in the order of the customer list.
 create table M03 (
     F1 TEXT COLLATE NOCASE,                                   -- customer code, at most 12 characters
     F2 TEXT COLLATE NOCASE,                                   -- short name
@@ -260,7 +260,7 @@ create index M06_F1 on M06 (F1);
 
 -- -------------------- waybills ------------------------------------------------------------------------
 
--- Waybills. Read by place: the first 43 columns stand as the boxes of the card do.
+-- Waybills. Read by place: the first 43 columns are in the order of the card's boxes.
 create table B01 (
     F1 TEXT COLLATE NOCASE,                                     -- waybill number
     F101 TEXT COLLATE NOCASE,                                   -- sending date, yyyy-MM-dd

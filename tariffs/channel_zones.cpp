@@ -34,7 +34,7 @@ QString SegmentNumber(int box) {
     return QString::number(box - LastPlainPrice);
 }
 
-/// Unlike CodePart: what stands before a point is taken with its blanks.
+/// Unlike CodePart: the text before a point is taken with its blanks.
 QString ChannelCode(const QString& chosen) {
     const qsizetype point = chosen.indexOf(u'.');
     return point < 0 ? text::Trim(chosen) : chosen.left(point);

@@ -92,7 +92,7 @@ void A01::MakeBoxes() {
     Txt[SegmentCount]->Widget()->setToolTip(u"0-10之间的整数"_s);
 }
 
-/// The caption stands behind the box and is no name of it.
+/// The caption is behind the box and is no name of it.
 void A01::MakeNamedBox(const QString& caption, const QString& name, const QString& text) {
     controls::TextBox& box = MakeBox(caption, NoLimit);
     box.SetText(text);

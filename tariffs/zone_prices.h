@@ -1,5 +1,5 @@
 // The prices of a zone on its card: documents and small parcels in the first row, the heavy segments
-// below. Prices are in yuan; which weights they stand for is the captions' business.
+// below. Prices are in yuan; which weights they apply to is left to the captions.
 //
 // Always holds: a price that is hidden keeps its place.
 #pragma once
@@ -17,7 +17,7 @@ class ZonePrices : public QWidget {
         controls::TextBox* box;
         QLabel* caption;
     };
-    /// So many heavy prices in a row, four at least. The note stands below the prices; "" is none.
+    /// So many heavy prices in a row, four at least. The note is below the prices; "" is none.
     ZonePrices(const std::vector<Price>& prices, int inARow, const QString& note);
 
     /// Rows of the card that it takes.

@@ -9,13 +9,13 @@ const QString SellingSearch =
     u"select M02.F1,M02.F2,M02.F4,M02.F6,M02.F8,M02.P101,M02.P102,M02.P201,M02.P202,M02.P301,M02.P302,"_s +
     u"M02.P303,M02.P304,M02.P305 from M02 "_s;
 
-/// Blanks as they have always stood.
+/// The blanks are kept on purpose.
 const QString CostSearch =
     u"select M01.F2 AS LB,M011.F1,M011.F2,M011.F6,M011.F8,M01.F1,M011.F4 from (M011 left join M01 on  "_s +
     u"M011.F3=M01.F1) left join M0111 ON M0111.F0=M011.F1 "_s;
 
 /// The captions of the first four prices are cut when the standard is read: their tail has to be "0.5Kg". The
-/// heavy ones stand only while there is no standard.
+/// heavy ones are shown only while there is no standard.
 std::vector<QString> SellingCaptions() {
     using enum selling_zone::Box;
     std::vector<QString> captions{u"区域编号"_s,     u"区域概称(中文)"_s, u"区域概称(英文)"_s,
@@ -130,8 +130,8 @@ const ZoneSettings& CostZoneSettings() {
         .choiceCaption = {},
         .inputSwitches = {EnglishName, AreaEnglish},
         .cascades = {u"delete from M031 where F1="_s, u"delete from B01 where F203="_s},
-        // Fields in the order of the selling zones, headers in that of this list: from the fourth on a header
-        // offers another field than it names. It has always been so.
+        // Kept on purpose: the fields are in the order of the selling zones, the headers in that of this
+        // list. From the fourth on the operator picks a header and searches another field than it names.
         .search = {.base = CostSearch,
                    .fields = {{0, u"M01.F2"_s},
                               {1, u"M011.F1"_s},

@@ -9,7 +9,7 @@
 
 #include <vector>
 
-/// Where a box of the zone itself stands in the left half of the card.
+/// The place of a text box of the zone itself in the left half of the card.
 struct ZonePlace {
     int box;              ///< or ChoiceField
     int row, pair, span;  ///< as in controls::Card
@@ -43,10 +43,10 @@ struct ZoneSettings {
     QString choiceLabel, choiceCaption;  ///< that label's name and text
     std::vector<int> inputSwitches;      ///< boxes that Enter leaves with Ctrl+Space
     QStringList cascades;                ///< would take along what uses a zone, up to the code
-    /// Its statement has fewer columns than a load fills: of several hits the first is shown, and the
-    /// engine's message follows. So these searches have always been.
+    /// Kept on purpose: its statement has fewer columns than a load fills. Of several hits the operator sees
+    /// the first and then the engine's message.
     SearchTable search;
-    QString searchTail;  ///< stands behind the conditions
+    QString searchTail;  ///< follows the conditions
 };
 
 namespace selling_zone {

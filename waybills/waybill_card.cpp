@@ -1,4 +1,4 @@
-// The waybill's card: where its boxes stand, how they are filled, what the operator may see.
+// The waybill's card: where its boxes are placed, how they are filled, what the operator may see.
 #include "app/data_access.h"
 #include "app/main_window.h"
 #include "app/session.h"
@@ -36,7 +36,7 @@ constexpr int BoxLimit = 49;     // and of every other box
 constexpr Box ComboBoxes[] = {OriginName, IncidentReason, ServiceZoneCode, CustomerCode,    ChannelCode,
                               Courier,    ServiceType,    PaymentMode,     ChannelZoneCode, Destination};
 
-/// Where a box stands: row of its group, first pair of columns, how many pairs.
+/// The place of a text box or combo: row of its group, first pair of columns, how many pairs.
 struct Place {
     Box box;
     Card::Half half;

@@ -1,8 +1,8 @@
 // The save of a waybill: its tests in their order, the row, and the posting to the journal.
 //
-// No transaction stands around the steps; the command's end commits them together. An edit takes the old row
-// and its ledger rows away and lets them be born anew; the old counterparty's chain is not rolled at the old
-// place.
+// The steps begin no transaction; the command's end commits them together. Editing deletes and re-inserts the
+// waybill and its ledger rows; the balances of the former counterparty are not recomputed from the
+// former place.
 #include "accounts/journal.h"
 #include "app/data_access.h"
 #include "app/session.h"
@@ -132,7 +132,7 @@ bool B01::CheckNumber() {
 
 QString B01::InsertStatement() const {
     const QString mode = text::Trim(BoxText(PaymentMode));
-    // The total's text as it stands goes into the column of the payment mode.
+    // The total's text as it is goes into the column of the payment mode.
     const QString total = text::Trim(BoxText(TotalCharge));
     const auto share = [&](QStringView column) { return mode == column ? total : u"0"_s; };
     QStringList values;

@@ -222,7 +222,7 @@ TEST_F(Boxes, ChangeIsToldOncePerChange) {
     combo.SetText(u"x"_s);
     date.SetValue(QDate(2024, 3, 15));
     check.SetValue(1);
-    EXPECT_EQ(Emitted(), "") << "these tell the operator's changes only";
+    EXPECT_EQ(Emitted(), "") << "these emit the operator's changes only";
 }
 
 TEST_F(Boxes, ALockedBoxTakesNothingButTheFocus) {

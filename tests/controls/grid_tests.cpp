@@ -449,7 +449,7 @@ TEST_F(GridEditorTest, WaysToCommitAndToDrop) {
         {"Esc", [&] { QTest::keyClick(grid.Editor(), Qt::Key_Escape); }, {}},
         {"another control", [&] { other.setFocus(); }, written},
         {"Tab", [&] { QTest::keyClick(grid.Editor(), Qt::Key_Tab); }, written, &other},
-        {"arrow", [&] { QTest::keyClick(grid.Editor(), Qt::Key_Down); }, {written[0], u"row 3"_s}, &grid},
+        {"Down", [&] { QTest::keyClick(grid.Editor(), Qt::Key_Down); }, {written[0], u"row 3"_s}, &grid},
         {"a click in the grid", [&] { ClickCell(4, 0); }, {written[0], u"row 4"_s}, &grid},
         {"scrolling down", [&] { grid.verticalScrollBar()->setValue(3); }, written},
         {"scrolling sideways", [&] { grid.horizontalScrollBar()->setValue(9); }, written},

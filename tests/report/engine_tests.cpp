@@ -1,4 +1,4 @@
-// What stands on which page, and what is computed on the way.
+// What is on which page, and what is computed on the way.
 #include "platform/report/formats.h"
 #include "tests/report/report_lab.h"
 #include "tests/support/script.h"
@@ -78,7 +78,7 @@ TEST_F(Engine, RowsGrowWithTheirTextAndAreNotCut) {
     Fill(10);
     lab.company.Run(u"update PRNTC023 set F1='%1' where F1='10'"_s.arg(QString(u"长文字"_s).repeated(20)));
     const auto document = lab.LayOut(u"<data>select F1 from PRNTC023</data>"_s + TenRows.arg(QString()), Ten);
-    ASSERT_EQ(document->Pages(), 2);  // its five lines don't fit, and the last two rows stand together
+    ASSERT_EQ(document->Pages(), 2);  // its five lines don't fit, and the last two rows are together
     EXPECT_EQ(ReportLab::Texts(*document, 1).size(), 1 + 1 + 5);
     // Higher than a page: it goes on line by line, and nothing is lost.
     const QString endless = QString(u"长文字"_s).repeated(500);

@@ -18,7 +18,7 @@ class ReportLab {
 
     /// Lays out the file of a layout; formulas as "name='value'".
     std::shared_ptr<const report::Document> LayOutFile(const QString& path, const QStringList& formulas = {});
-    /// The same for a layout's text: what stands inside of <report>, with the attributes of that element.
+    /// The same for a layout's text: the content of <report>, with the attributes of that element.
     std::shared_ptr<const report::Document> LayOut(const QString& inside, const QString& attributes = {},
                                                    const QStringList& formulas = {});
     /// What a layout's text is refused with; "" if it is not.

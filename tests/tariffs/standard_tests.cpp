@@ -152,7 +152,7 @@ TEST(S01, ChecksTheFirstNineBoxesAndNoOther) {
         form.Enter(0, u"1.50kg"_s);
         form.script.Question(Question, u"提示"_s, false);
         form.Push(u"CmdOK"_s);
-        EXPECT_EQ(form.Text(0), u"1.50kg") << "No stops before anything is changed";
+        EXPECT_EQ(form.Text(0), u"1.50kg") << "No ends the save before anything is changed";
         form.Enter(2, u"x"_s);
         form.script.Question(Question, u"提示"_s, true);
         form.script.Box(NotPositive, u" 提示"_s);
