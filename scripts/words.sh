@@ -4,17 +4,20 @@
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 found=0
-forbid() { # extended regular expression, case as written; what to say instead
+forbid() { # Perl regular expression, case as written; what to say instead
     local lines
-    lines=$(git grep -nE "$1" -- '*.cpp' '*.h' '*.md' '*.cmake' '*.txt' '*.sh' '*.sql' ':!scripts/words.sh' || true)
+    lines=$(git grep -nP "$1" -- '*.cpp' '*.h' '*.md' '*.cmake' '*.txt' '*.sh' '*.sql' ':!scripts/words.sh') ||
+        [ $? -eq 1 ] # no such line
     [ -z "$lines" ] && return
     found=1
     printf '%s\n    say instead: %s\n' "$lines" "$2"
 }
 
-forbid '\b([Rr]ooms?|[Hh]ouses?|[Ff]loors?)\b' "module, layer; space"
-forbid '\b[Aa]rrows?\b' "dependency; arrow-key names (Up, Down), up, down"
-forbid '\b([Rr]oads?|[Ww]alk(s|ed|ing)?)\b' "data flow, call path; moves, visits"
+forbid '\b([Rr]ooms?|[Hh]ouses?|(?<!std::)[Ff]loors?)\b' "module, layer; space"
+# Allowed: the arrow keys.
+forbid '\b[Aa]rrows?\b(?! keys?\b)' "dependency; arrow-key names (Up, Down), up, down"
+# Allowed: a street in the text of an address.
+forbid '\b((?<!"Harbour )[Rr]oads?|[Ww]alk(s|ed|ing)?)\b' "data flow, call path; moves, visits"
 forbid '\b[Dd]oors?\b' "entry point, interface, seam"
 forbid '\b([Tt]ake|[Tt]akes|[Tt]aken|[Tt]ook) back\b|\bwhat ran\b' "commit group, transaction, roll back"
 forbid '\b([Ll]anded|[Ss]tands?|[Ss]tood)\b' "implemented; is, remains"

@@ -185,7 +185,7 @@ class CheckBox : public QCheckBox, public FocusEvents {
 };
 
 /// Never an auto-default button; Enter on a focused button presses it. The captions "5" and "6" are drawn as
-/// arrows up and down.
+/// chevrons, up and down.
 class Button : public QPushButton, public FocusEvents {
     Q_OBJECT
   public:
