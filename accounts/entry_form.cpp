@@ -147,6 +147,7 @@ bool EntryForm::QueryUnload() {
 void EntryForm::DressGrid() {
     GD->Clear();
     GD->SetRows(2);
+    CurRow = 1;
     for (int col = 0; col < Side().headers.size(); ++col) GD->SetTextMatrix(0, col, Side().headers[col]);
     GD->ShareWidths();
 }
@@ -206,6 +207,7 @@ bool EntryForm::MayEditLedger() const {
 void EntryForm::Menu_Add() {
     if (!Cell(CurRowLimit(), Key).isEmpty()) GD->AddItem({});
     first_ = CurRow = CurRowLimit();
+    target_ = Key;
     FormMode = Adding;
     EnterEdit();
     GD->SetRow(CurRow);

@@ -12,6 +12,7 @@
 #include "records/export.h"
 
 #include <QHBoxLayout>
+#include <QScopeGuard>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -257,11 +258,13 @@ void LedgerForm::Generate() {
     cancelfrm->adjustSize();
     cancelfrm->move((GD->width() - cancelfrm->width()) / 2, (GD->height() - cancelfrm->height()) / 2);
     cancelfrm->show();
+    controls::ShowProgress();
     Build();
 }
 
 void LedgerForm::Build() {
     DressGrid();
+    const auto hidden = qScopeGuard([this] { cancelfrm->hide(); });
     const controls::WaitPointer wait;
     auto rows = Db->OpenRecordset(
         settings_.statement({.LB = LB, .from = DTP[0]->Value(), .to = DTP[1]->Value(), .unit = unit_}));
@@ -273,7 +276,6 @@ void LedgerForm::Build() {
         ShowStatus();
     }
     rows.Close();
-    cancelfrm->hide();
 }
 
 // ---------------------------------------------------------------- the status

@@ -14,7 +14,6 @@
 #include <QKeyEvent>
 
 #include <algorithm>
-#include <benchmark/benchmark.h>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -96,7 +95,7 @@ void BareDetail(BareEngine& engine, const Period& period) {
         texts.push_back(closing);
     }
     total();
-    benchmark::DoNotOptimize(texts.data());
+    Keep(texts.data());
 }
 
 void BareSummary(BareEngine& engine, const Period& period) {
@@ -121,7 +120,7 @@ void BareSummary(BareEngine& engine, const Period& period) {
         closing = rows.Number(QM);
     }
     line();
-    benchmark::DoNotOptimize(texts.data());
+    Keep(texts.data());
 }
 
 void MeasureLedger(Bench& bench, Office& office, const std::string& name, const QString& item,

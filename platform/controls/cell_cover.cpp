@@ -1,8 +1,11 @@
 #include "platform/controls/cell_cover.h"
 
+#include "platform/controls/input_order.h"
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPointer>
 
 #include <utility>
 
@@ -192,13 +195,11 @@ void CellCover::OnFocusOut(Qt::FocusReason reason) {
     const auto* combo = qobject_cast<const QComboBox*>(editor_.data());
     if (combo && combo->view()->isVisible()) return;  // the focus is in its list
     Write(true);
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            if (!editing_) Hide();
-            EmitEdited();
-        },
-        Qt::QueuedConnection);
+    InputOrder::Get().Post([cover = QPointer<CellCover>(this)] {
+        if (!cover) return;
+        if (!cover->editing_) cover->Hide();
+        cover->EmitEdited();
+    });
 }
 
 }  // namespace controls
