@@ -166,10 +166,10 @@ bool S02::CheckCode() {
     const QString code = text::Trim(BoxText(Code));
     const QString old = OldKey();
     return PrepareSave({.key = code,
-                     .old = old,
-                     .found = GetStr(u"select F2 from TE1 where F1="_s + Quoted(code)),
-                     .refusal = u"["_s + BoxText(Code) + u"]已经使用了这个编号，请重新设置编号!"_s,
-                     .deleteOld = [&] { DeleteOperator(old); }});
+                        .old = old,
+                        .found = GetStr(u"select F2 from TE1 where F1="_s + Quoted(code)),
+                        .refusal = u"["_s + BoxText(Code) + u"]已经使用了这个编号，请重新设置编号!"_s,
+                        .deleteOld = [&] { DeleteOperator(old); }});
 }
 
 void S02::Insert() const {
