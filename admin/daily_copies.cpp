@@ -51,7 +51,8 @@ QString WriteList(const QString& folder, const QJsonObject& list) {
     const QString fresh = folder + ListName + u".new"_s;
     QFile::remove(fresh);
     QFile file(fresh);
-    if (!sys::CreateForOwner(fresh) || !file.open(QIODevice::WriteOnly)) return file.errorString();
+    static_cast<void>(sys::CreateForOwner(fresh));  // where it fails, opening gives the reason
+    if (!file.open(QIODevice::WriteOnly)) return file.errorString();
     const QByteArray text = QJsonDocument(list).toJson();
     if (file.write(text) != text.size() || !file.flush()) return file.errorString();
     file.close();

@@ -41,8 +41,8 @@ void TypeInUpperCase(controls::KeyPress& key) {
     controls::EnterMovesOn(key);
 }
 
-void DeleteOperator(const QString& code) {
-    OperatorStatement(u"delete from TE1 where F1="_s).Text(code).Execute(*Db);
+void DeleteOperator(const QString& head, const QString& code) {
+    OperatorStatement(head).Text(code).Execute(*Db);
 }
 
 }  // namespace
@@ -157,7 +157,7 @@ void S02::Menu_del() {
     if (code == u"001") return sys::Inform(u"001是管理员帐号，不能删除!"_s, MsgTitle);
     if (RecCount == 0) return;
     if (!sys::AskToDestroy(u"真的要删除"_s + CurrentCell(Name) + u"的资料吗?"_s, MsgTitle)) return;
-    DeleteOperator(code);
+    DeleteOperator(u"delete from TE1 WHERE F1="_s, code);
     RemoveCurrentRecord(CurRowLimit::Records);
 }
 
@@ -169,7 +169,7 @@ bool S02::CheckCode() {
                         .old = old,
                         .found = GetStr(u"select F2 from TE1 where F1="_s + Quoted(code)),
                         .refusal = u"["_s + BoxText(Code) + u"]已经使用了这个编号，请重新设置编号!"_s,
-                        .deleteOld = [&] { DeleteOperator(old); }});
+                        .deleteOld = [&] { DeleteOperator(u"delete from TE1 where F1="_s, old); }});
 }
 
 void S02::Insert() const {

@@ -49,8 +49,8 @@ void RestoreFrom(const QString& backup) {
     // its own the program cannot find out, and restores unasked.
     if (OthersAreAtWork(u"恢复数据"_s)) return;
     {
-        const controls::WaitPointer waiting;
         LetGoOfData();
+        const controls::WaitPointer waiting;
         ReplaceData(backup);
     }
     sys::Inform(u"数据恢复完成，请重新运行本系统！"_s, QString());

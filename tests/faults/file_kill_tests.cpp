@@ -106,8 +106,12 @@ class Killed {
         EXPECT_TRUE(state == meant || (!finished && state == old_)) << what.toStdString();
 
         const QString target = run + u"/DataBak.dat"_s;
-        if (finished && what == u"backup") EXPECT_TRUE(QFile::exists(target));
-        if (QFile::exists(target)) EXPECT_EQ(tests::StateOf(target), old_);
+        if (finished && what == u"backup") {
+            EXPECT_TRUE(QFile::exists(target));
+        }
+        if (QFile::exists(target)) {
+            EXPECT_EQ(tests::StateOf(target), old_);
+        }
         int copies = 0;
         for (const QString& folder : {run, run + u"/backup"_s})
             for (const QString& name : QDir(folder).entryList(QDir::Files)) {
@@ -117,7 +121,9 @@ class Killed {
                 ++copies;
                 EXPECT_EQ(tests::StateOf(folder + u'/' + name), old_) << name.toStdString();
             }
-        if (finished) EXPECT_EQ(copies, what == u"backup" ? 0 : 1) << what.toStdString();
+        if (finished) {
+            EXPECT_EQ(copies, what == u"backup" ? 0 : 1) << what.toStdString();
+        }
     }
     QStringList Emptied() {
         QStringList left;
