@@ -168,7 +168,7 @@ void RecordForm::FillGrid(dao::Recordset& rows) {
     GD->EndLoad();
 }
 
-void RecordForm::LoadGridOrTell(const QString& sql) {
+void RecordForm::LoadGridOrReport(const QString& sql) {
     try {
         LoadGrid(sql);
     } catch (const PlatformError& error) {

@@ -89,7 +89,7 @@ class RecordForm : public ChildForm, public QueryCaller {
     /// A failure leaves in the list what was read before it.
     void LoadGrid(const QString& sql);
     /// For the forms that show a failure in a message box and go on.
-    void LoadGridOrTell(const QString& sql);
+    void LoadGridOrReport(const QString& sql);
     void ShowRow();
     void EnterEdit();
     void LeaveEdit();

@@ -82,7 +82,7 @@ controls::CheckBox& A011::Chk(int box) const {
 void A011::Load() {
     FormMode = Browsing;
     FillChannels();
-    LoadGridOrTell(ListStatement);
+    LoadGridOrReport(ListStatement);
 }
 
 void A011::FillChannels() {

@@ -239,7 +239,7 @@ void A03::LeaveEnglishName() {
 
 void A03::Load() {
     FormMode = Browsing;
-    LoadGridOrTell(u"select M03.* FROM M03 ORDER BY M03.F1"_s);
+    LoadGridOrReport(u"select M03.* FROM M03 ORDER BY M03.F1"_s);
     FillSalespersons();
 }
 
@@ -313,7 +313,7 @@ void A03::Menu_query() {
                              u"F5"_s, u"F6"_s, u"F7"_s,   u"F8"_s,   u"F9"_s};
     SearchTable table{.base = u"select M03.* FROM M03 "_s};
     for (int col = Code; col <= Remark; ++col) table.fields.push_back({col, u"M03."_s + names[col]});
-    RunQuery(*this, *GD, table, [this](const QString& sql) { LoadGridOrTell(sql); });
+    RunQuery(*this, *GD, table, [this](const QString& sql) { LoadGridOrReport(sql); });
 }
 
 bool A03::CheckCode() {

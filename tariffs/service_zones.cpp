@@ -28,7 +28,7 @@ A02::A02() : ZoneForm(SellingZoneSettings()) {
 void A02::Load() {
     FormMode = Browsing;
     BuildBracketCaptions();
-    LoadGridOrTell(ListStatement);
+    LoadGridOrReport(ListStatement);
 }
 
 /// Once per opening, on the captions as designed.

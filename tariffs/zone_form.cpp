@@ -285,7 +285,7 @@ void ZoneForm::Menu_del() {
 
 void ZoneForm::Menu_query() {
     RunQuery(*this, *GD, zone_.search,
-             [this](const QString& sql) { LoadGridOrTell(sql + zone_.searchTail); });
+             [this](const QString& sql) { LoadGridOrReport(sql + zone_.searchTail); });
 }
 
 bool ZoneForm::RequireAreas() const {

@@ -128,7 +128,7 @@ class ComboBox : public QComboBox, public FocusEvents {
   private:
     void Choose(int index);
     int CurrentItem() const;
-    int FirstToWalkTo() const;
+    int FirstMatch() const;
     void WidenList();
 };
 

@@ -77,7 +77,7 @@ int ComboBox::CurrentItem() const {
 }
 
 /// Where an arrow key goes from a text that is no item.
-int ComboBox::FirstToWalkTo() const {
+int ComboBox::FirstMatch() const {
     const QString typed = currentText();
     return typed.isEmpty() ? 0 : std::max(0, findText(typed, Qt::MatchStartsWith));
 }
@@ -147,7 +147,7 @@ void ComboBox::keyPressEvent(QKeyEvent* event) {
     }
     event->accept();
     const int from = CurrentItem();
-    const int to = from < 0 ? FirstToWalkTo() : from + (left->key() == Qt::Key_Down ? 1 : -1);
+    const int to = from < 0 ? FirstMatch() : from + (left->key() == Qt::Key_Down ? 1 : -1);
     if (to < 0 || to >= count()) return;
     Choose(to);
     lineEdit()->selectAll();

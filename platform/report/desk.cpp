@@ -64,7 +64,7 @@ void Desk::SetDocument(std::shared_ptr<const Document> document) {
     ApplyFit();
     UpdateBars();
     GoToPage(page);
-    toldPage_ = -1;
+    emittedPage_ = -1;
     EmitMoved();
     viewport()->update();
 }
@@ -150,8 +150,8 @@ void Desk::SetHits(std::vector<Hit> hits, int current) {
 }
 
 void Desk::EmitMoved() {
-    if (CurrentPage() == toldPage_) return;
-    toldPage_ = CurrentPage();
+    if (CurrentPage() == emittedPage_) return;
+    emittedPage_ = CurrentPage();
     if (Moved) Moved();
 }
 

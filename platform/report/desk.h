@@ -68,7 +68,7 @@ class Desk : public QAbstractScrollArea {
     Fit fit_ = Fit::None;
     std::vector<Hit> hits_;
     int currentHit_ = -1;
-    int toldPage_ = -1;
+    int emittedPage_ = -1;
     QCache<int, QPixmap> drawn_;
 };
 
