@@ -1,0 +1,39 @@
+// The bar above a list that is built for what its boxes say: the boxes with their captions, the button that
+// builds, and at the right the form's caption.
+#pragma once
+
+#include "platform/controls/box.h"
+#include "platform/controls/keys.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QWidget>
+
+class FilterStrip : public QWidget {
+    Q_OBJECT
+  public:
+    /// Shows that form's title and follows its changes.
+    explicit FilterStrip(const QWidget& form);
+
+    /// Adds a combo or picker of that width behind the others; Enter in it acts as Tab. Returns its caption.
+    template <class Box>
+    QLabel* Add(const QString& caption, const QString& name, Box* box, int width);
+    /// Cmd, the button that builds.
+    controls::Button* AddButton(const QString& caption);
+
+    // Device-independent pixels.
+    static constexpr int kChoiceWidth = 220;  ///< of a combo with codes and names
+    static constexpr int kDateWidth = 118;
+
+  private:
+    QLabel* Place(const QString& caption, const QString& name, QWidget* box, int width);
+    void Append(QWidget* widget);
+
+    QHBoxLayout* row_;
+};
+
+template <class Box>
+QLabel* FilterStrip::Add(const QString& caption, const QString& name, Box* box, int width) {
+    box->KeyPressed = controls::EnterMovesOn;
+    return Place(caption, name, box, width);
+}
