@@ -12,6 +12,7 @@
 #include "app/login.h"
 #include "records/small_master.h"
 #include "reports/printing.h"
+#include "reports/report_form.h"
 #include "tariffs/channel_zones.h"
 #include "tariffs/channels.h"
 #include "tariffs/customers.h"
@@ -44,6 +45,7 @@ Registry FilledRegistry() {
     forms.children[u"A05"_s] = Child<A05>();
     forms.children[u"A06"_s] = Child<A06>();
     forms.children[u"B01"_s] = Child<B01>();
+    forms.children[u"C01"_s] = Child<C01>();
     forms.children[u"KuanHz"_s] = Child<KuanHz>();
     forms.children[u"KuanMx"_s] = Child<KuanMx>();
     forms.children[u"PayLst"_s] = Child<PayLst>();
