@@ -46,6 +46,8 @@ Registry FilledRegistry() {
     forms.children[u"A06"_s] = Child<A06>();
     forms.children[u"B01"_s] = Child<B01>();
     forms.children[u"C01"_s] = Child<C01>();
+    forms.children[u"C02"_s] = Child<C02>();
+    forms.children[u"C03"_s] = Child<C03>();
     forms.children[u"KuanHz"_s] = Child<KuanHz>();
     forms.children[u"KuanMx"_s] = Child<KuanMx>();
     forms.children[u"PayLst"_s] = Child<PayLst>();

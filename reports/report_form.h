@@ -49,3 +49,15 @@ class C01 : public ReportForm {
   public:
     C01() : ReportForm(reports::ManifestReport) {}
 };
+
+/// 客户对帐明细表: a customer's waybills on monthly account with their charges.
+class C02 : public ReportForm {
+  public:
+    C02() : ReportForm(reports::CustomerStatementReport) {}
+};
+
+/// 渠道对帐明细表: what went out through a channel with its cost.
+class C03 : public ReportForm {
+  public:
+    C03() : ReportForm(reports::ChannelStatementReport) {}
+};

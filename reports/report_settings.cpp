@@ -10,6 +10,14 @@ namespace {
 using Kind = Column::Kind;
 using Sum = Column::Sum;
 
+const QString AskForPeriod = u"请选择适当的日期范围及客户之后刷新数据"_s;
+
+/// Both days are inclusive.
+QString InPeriod(const Scope& scope, const QString& field) {
+    return u" datediff('d',"_s + Quoted(scope.from) + u',' + field + u" ) >= 0  And datediff('d',"_s +
+           Quoted(scope.to) + u',' + field + u" ) <= 0 "_s;
+}
+
 /// What is not released or not checked is left out.
 QString ManifestStatement(const Scope& scope) {
     return u"SELECT B01.F1,B01.F301,M03.F2,B01.F2031,B01.F401,B01.F404,B01.DF,B01.F103 FROM B01,M03 "
@@ -18,8 +26,31 @@ QString ManifestStatement(const Scope& scope) {
            Quoted(scope.from) + u",F101 ) = 0  AND f202="_s + Quoted(scope.code);
 }
 
+/// Waybills on monthly account alone, released or not.
+QString CustomerStatement(const Scope& scope) {
+    return u"select F101 ,F1,F301 ,F2031,F402,F502,F503,F505,F508,F504 from B01 where  "_s +
+           InPeriod(scope, u"F101"_s) + u" AND f603="_s + Quoted(scope.code) + u" AND F501='月结'"_s;
+}
+
+QString ChannelStatement(const Scope& scope) {
+    return u"select F101 as 日期,F1 as 运单号,F301 as [D/S],F2031 as 目的地,F404 as 重量,F507 as 运费 from "
+           u"B01 "
+           u"where  F604<>'未出货' AND F604<>'未审核' AND "_s +
+           InPeriod(scope, u"F101"_s) + u" AND f202="_s + Quoted(scope.code);
+}
+
 QStringList ManifestHeading(const Scope&, const QString& name) {
     return {u"TOWHO='TO:"_s + name + u"  出货明细 '"_s};
+}
+
+QStringList StatementHeading(const Scope& scope, const QString& name) {
+    return {u"RQ='对帐日期:"_s + scope.from + u"至"_s + scope.to + u"'"_s, u"KH='"_s + name + u"'"_s};
+}
+
+const WorkTable StatementTable(int money) {
+    return {.name = u"PRNTC023"_s,
+            .insert = u"insert into prntc023 (F1,F2,F3,F4,F5,F6) VALUES("_s,
+            .columns = {0, 1, 2, 3, 4, money}};
 }
 
 }  // namespace
@@ -46,6 +77,50 @@ const Settings ManifestReport = {
     .prints = {{u"menu_P1"_s, u"普通渠道出货"_s, u"prntc011.rpt"_s, ManifestHeading},
                {u"Menu_P2"_s, u"香港联盟出货"_s, u"prntc012.rpt"_s},
                {u"Menu_P3"_s, u"中外运出货"_s, u"prntc013.rpt"_s}},
+};
+
+const Settings CustomerStatementReport = {
+    .form = u"C02"_s,
+    .caption = u"对帐明细表"_s,
+    .choice = {.caption = u"客户"_s,
+               .table = u"M03"_s,
+               .missing = u"请先择客户!"_s,
+               .invalid = u"您输入的客户编码无效！"_s},
+    .columns = {{u"日期"_s},
+                {u"运单号"_s},
+                {u"D/S"_s, Kind::Letter},
+                {u"目的地"_s},
+                {u"重量"_s, Kind::Number, Sum::Plain},
+                {u"基本费用"_s, Kind::Number},
+                {u"附加费用"_s, Kind::Number},
+                {u"燃油费率"_s, Kind::Number},
+                {u"其它费用"_s, Kind::Number},
+                {u"运费"_s, Kind::Number, Sum::Plain}},
+    .statement = CustomerStatement,
+    .position = Position::Always,
+    .emptyStatus = AskForPeriod,
+    .work = StatementTable(9),
+    .prints = {{u"Menu_P"_s, u"&P.打印报表"_s, u"prntc023.rpt"_s, StatementHeading}},
+};
+
+const Settings ChannelStatementReport = {
+    .form = u"C03"_s,
+    .caption = u"渠道对帐明细"_s,
+    .choice = {.caption = u"渠道"_s,
+               .table = u"M01"_s,
+               .missing = u"请选择渠道!"_s,
+               .invalid = u"您输入的渠道编码无效！"_s},
+    .columns = {{u"日期"_s},
+                {u"运单号"_s},
+                {u"D/S"_s, Kind::Letter},
+                {u"目的地"_s},
+                {u"重量"_s, Kind::Number, Sum::Plain},
+                {u"运费"_s, Kind::Number, Sum::Plain}},
+    .statement = ChannelStatement,
+    .position = Position::Always,
+    .emptyStatus = AskForPeriod,
+    .work = StatementTable(5),
+    .prints = {{u"Menu_P"_s, u"&P.打印报表"_s, u"prntc023.rpt"_s, StatementHeading}},
 };
 
 }  // namespace reports

@@ -69,6 +69,8 @@ struct Settings {
     std::vector<Print> prints;  ///< several are entries of a menu 打印
 };
 
-extern const Settings ManifestReport;  ///< C01
+extern const Settings ManifestReport;           ///< C01
+extern const Settings CustomerStatementReport;  ///< C02
+extern const Settings ChannelStatementReport;   ///< C03
 
 }  // namespace reports
