@@ -48,6 +48,8 @@ Registry FilledRegistry() {
     forms.children[u"C01"_s] = Child<C01>();
     forms.children[u"C02"_s] = Child<C02>();
     forms.children[u"C03"_s] = Child<C03>();
+    forms.children[u"C04"_s] = Child<C04>();
+    forms.children[u"C06"_s] = Child<C06>();
     forms.children[u"KuanHz"_s] = Child<KuanHz>();
     forms.children[u"KuanMx"_s] = Child<KuanMx>();
     forms.children[u"PayLst"_s] = Child<PayLst>();

@@ -61,3 +61,15 @@ class C03 : public ReportForm {
   public:
     C03() : ReportForm(reports::ChannelStatementReport) {}
 };
+
+/// 月结表: every waybill with what it earned and cost.
+class C04 : public ReportForm {
+  public:
+    C04() : ReportForm(reports::MonthlyReport) {}
+};
+
+/// 毛利表: the gross margin by customer.
+class C06 : public ReportForm {
+  public:
+    C06() : ReportForm(reports::MarginReport) {}
+};

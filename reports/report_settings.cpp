@@ -1,5 +1,6 @@
 #include "reports/report_settings.h"
 
+#include "platform/text/dates.h"
 #include "platform/text/quoted.h"
 
 using namespace Qt::StringLiterals;
@@ -39,12 +40,44 @@ QString ChannelStatement(const Scope& scope) {
            InPeriod(scope, u"F101"_s) + u" AND f202="_s + Quoted(scope.code);
 }
 
+/// A waybill without a channel has no row.
+QString MonthlyStatement(const Scope& scope) {
+    return u"select B01.F101,M03.F2,B01.F1,B01.F301,B01.F402,B01.F2031,B01.XJ,B01.YJ,B01.DF,B01.F602,M01.F2,"
+           u"B01.F404,B01.F507,B01.F506,B01.F103 from B01,M01,M03 where    "
+           u" B01.F202=M01.F1 AND B01.F603=M03.F1 AND "_s +
+           InPeriod(scope, u"F101"_s) + u"ORDER BY B01.F603"_s;
+}
+
+/// HY, QK and KP are not shown; required by the business.
+QString MarginStatement(const Scope& scope) {
+    return u"select m03.f2,sum(B01.XJ) AS MXJ,SUM(B01.YJ) AS MYJ,SUM(B01.DF) AS MDF,SUM(B01.F504) AS ZZ,"
+           u"sum(B01.F507) AS CB,SUM(B01.F506) AS CF,SUM(B01.F508) AS HY,SUM(B01.F509) AS QK,"
+           u"SUM(B01.F510) AS KP,0 AS ML,M03.F8 AS YW  FROM B01,M03 WHERE M03.F1=B01.F603  AND "_s +
+           InPeriod(scope, u"B01.F101"_s) + u" group by M03.F2,M03.F8 ORDER BY M03.F8 "_s;
+}
+
 QStringList ManifestHeading(const Scope&, const QString& name) {
     return {u"TOWHO='TO:"_s + name + u"  出货明细 '"_s};
 }
 
 QStringList StatementHeading(const Scope& scope, const QString& name) {
     return {u"RQ='对帐日期:"_s + scope.from + u"至"_s + scope.to + u"'"_s, u"KH='"_s + name + u"'"_s};
+}
+
+QStringList MonthlyHeading(const Scope& scope, const QString&) {
+    return {u"RQ='"_s + scope.from + u"至"_s + scope.to + u"月结表'"_s};
+}
+
+QStringList MarginHeading(const Scope& scope, const QString&) {
+    return {u"RQ='"_s + scope.from + u"至"_s + scope.to + u"毛利表'"_s};
+}
+
+/// The day of the month alone is printed. The row of sums has no date and stays out.
+bool TakeDayOfMonth(QStringList& cells) {
+    const auto date = text::ReadDate(cells[0]);
+    if (!date) return false;
+    cells[0] = QString::number(date->day());
+    return true;
 }
 
 const WorkTable StatementTable(int money) {
@@ -121,6 +154,57 @@ const Settings ChannelStatementReport = {
     .emptyStatus = AskForPeriod,
     .work = StatementTable(5),
     .prints = {{u"Menu_P"_s, u"&P.打印报表"_s, u"prntc023.rpt"_s, StatementHeading}},
+};
+
+const Settings MonthlyReport = {
+    .form = u"C04"_s,
+    .caption = u"月结表"_s,
+    .columns = {{u"日期"_s},
+                {u"单位"_s},
+                {u"运单号"_s},
+                {u"D/S"_s, Kind::Letter},
+                {u"收重"_s, Kind::Number, Sum::Plain},
+                {u"目的地"_s},
+                {u"现金"_s, Kind::Number, Sum::Plain},
+                {u"月结"_s, Kind::Number, Sum::Plain},
+                {u"到付"_s, Kind::Number, Sum::Plain},
+                {u"收件"_s},
+                {u"出司"_s},
+                {u"出重"_s, Kind::Number, Sum::Plain},
+                {u"出费"_s, Kind::Number, Sum::Plain},
+                {u"车费"_s, Kind::Number, Sum::Plain},
+                {u"备注"_s}},
+    .statement = MonthlyStatement,
+    .position = Position::Never,
+    .work = {.name = u"PRNTC04"_s,
+             .insert = u"insert into prntc04 (F1,F2,F3,F4,F5,F6,F7,F8,F9,F10,F11,F12,F13,F14,F15) VALUES("_s,
+             .columns = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14},
+             .take = TakeDayOfMonth},
+    .prints = {{u"Menu_P"_s, u"&P.打印报表"_s, u"prntc04.rpt"_s, MonthlyHeading}},
+};
+
+// The columns without a header are blank in every row and yet summed up; required by the business.
+const Settings MarginReport = {
+    .form = u"C06"_s,
+    .caption = u"毛利表"_s,
+    .columns = {{u"客户"_s},
+                {u"现金"_s, Kind::Number, Sum::Plain},
+                {u"月结"_s, Kind::Number, Sum::Plain},
+                {u"到付"_s, Kind::Number, Sum::Plain},
+                {u"总量"_s, Kind::Number, Sum::Plain},
+                {u"出货"_s, Kind::Number, Sum::Plain},
+                {u"车费"_s, Kind::Number, Sum::Plain},
+                {u""_s, Kind::Blank, Sum::Plain},
+                {u""_s, Kind::Blank, Sum::Plain},
+                {u""_s, Kind::Blank, Sum::Plain},
+                {u"毛利"_s, Kind::Margin, Sum::TwoDecimals},
+                {u"业务员"_s}},
+    .statement = MarginStatement,
+    .position = Position::Never,
+    .work = {.name = u"PRNTC04"_s,
+             .insert = u"insert into prntc04 (F1,F2,F3,F4,F5,F6,F7,F8,F9,F10,F11,F12) VALUES("_s,
+             .columns = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}},
+    .prints = {{u"Menu_P"_s, u"&P.打印报表"_s, u"prntc06.rpt"_s, MarginHeading}},
 };
 
 }  // namespace reports

@@ -72,5 +72,7 @@ struct Settings {
 extern const Settings ManifestReport;           ///< C01
 extern const Settings CustomerStatementReport;  ///< C02
 extern const Settings ChannelStatementReport;   ///< C03
+extern const Settings MonthlyReport;            ///< C04
+extern const Settings MarginReport;             ///< C06
 
 }  // namespace reports
