@@ -12,6 +12,7 @@
 #include "app/login.h"
 #include "records/small_master.h"
 #include "reports/printing.h"
+#include "reports/problem_notice.h"
 #include "reports/report_form.h"
 #include "tariffs/channel_zones.h"
 #include "tariffs/channels.h"
@@ -49,6 +50,7 @@ Registry FilledRegistry() {
     forms.children[u"C02"_s] = Child<C02>();
     forms.children[u"C03"_s] = Child<C03>();
     forms.children[u"C04"_s] = Child<C04>();
+    forms.children[u"C05"_s] = Child<C05>();
     forms.children[u"C06"_s] = Child<C06>();
     forms.children[u"KuanHz"_s] = Child<KuanHz>();
     forms.children[u"KuanMx"_s] = Child<KuanMx>();
