@@ -1,7 +1,9 @@
 #include "tests/faults/commands.h"
 
+#include "schema/data_files.h"
 #include "tests/faults/waybill_entry.h"
 
+#include <QFile>
 #include <QRadioButton>
 
 #include <stdexcept>
@@ -161,6 +163,35 @@ void TypeNewPassword(QWidget& dialog) {
     PressIn(dialog, u"Cmd(0)"_s);
 }
 
+void MakeLayouts() {
+    for (const QString& layout : schema::LayoutFiles())
+        if (!QFile::exists(AppFolder + layout)) schema::MakeLayout(AppFolder + layout);
+}
+
+/// The list of a report over the days of both waybills, for that customer or channel.
+std::function<void(Desk&)> Listed(const QString& code) {
+    return [=](Desk& desk) {
+        MakeLayouts();
+        if (!code.isEmpty()) desk.At<controls::ComboBox>(u"Cmb"_s).SetText(code);
+        const bool oneDay = desk.Frame().Front()->findChild<QWidget*>(u"DTP"_s);
+        desk.At<controls::DTPicker>(oneDay ? u"DTP"_s : u"DTP(1)"_s)
+            .SetValue(QDate(2024, 3, oneDay ? 16 : 17));
+        desk.Push(u"Cmd"_s);
+    };
+}
+
+void NewNotice(Desk& desk) {
+    MakeLayouts();
+    const QStringList texts{u"W1"_s, u"重量:1"_s, u"无人接听"_s};
+    for (int box = 0; box < texts.size(); ++box) desk.TextBoxAt(box).SetText(texts[box]);
+}
+
+/// The entry of the bar, or the first of its menu.
+void Print(Desk& desk) {
+    AltKey(u'P');
+    if (desk.Frame().Front()->objectName() == u"C01") Press(Qt::Key_Return);
+}
+
 std::vector<Command> Made() {
     std::vector<Command> commands;
     const struct {
@@ -211,6 +242,12 @@ std::vector<Command> Made() {
         {"PayLst_Delete", "D3", "PayLst", OnLine(u"FK1"_s), Delete},
         {"ReKuan_All", "D8", "KuanMx", SpoilBalances, Refresh(0)},
         {"ReKuan_One", "D8", "KuanMx", SpoilBalances, Refresh(1)},
+        {"C01_Print", "C1", "C01", Listed(u"H1"_s), Print},
+        {"C02_Print", "C2", "C02", Listed(u"C1"_s), Print},
+        {"C03_Print", "C3", "C03", Listed(u"H1"_s), Print},
+        {"C04_Print", "C4", "C04", Listed({}), Print},
+        {"C05_Print", "C5", "C05", NewNotice, Print},
+        {"C06_Print", "C6", "C06", Listed({}), Print},
         {"S01_Save",
          "",
          "",

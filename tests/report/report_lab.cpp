@@ -71,7 +71,10 @@ QList<PdfWord> ReadPdf(const QString& path) {
             continue;
         }
         QString text = match.captured(5);
-        text.replace(u"&lt;"_s, u"<"_s).replace(u"&gt;"_s, u">"_s).replace(u"&quot;"_s, u"\""_s);
+        text.replace(u"&lt;"_s, u"<"_s)
+            .replace(u"&gt;"_s, u">"_s)
+            .replace(u"&quot;"_s, u"\""_s)
+            .replace(u"&apos;"_s, u"'"_s);
         words += {page,
                   match.captured(1).toDouble(),
                   match.captured(2).toDouble(),

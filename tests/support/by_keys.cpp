@@ -98,6 +98,15 @@ void PressLetter(const QList<QAction*>& among, const QAction& command, bool inMe
     if (candidates > 1) Press(Qt::Key_Return);
 }
 
+/// For an entry of a menu that has no letter.
+void PressDownTo(const QList<QAction*>& among, const QAction& command) {
+    for (const QAction* other : among) {
+        if (other == &command) break;
+        if (other->isVisible() && other->isEnabled() && !other->isSeparator()) Press(Qt::Key_Down);
+    }
+    Press(Qt::Key_Return);
+}
+
 }  // namespace
 
 std::vector<QWidget*> ControlsInTabOrder() {
@@ -149,7 +158,10 @@ bool RunByKeys(QMenuBar& bar, const QString& command) {
     });
     const bool inMenu = over != tops.end();
     if (inMenu) PressLetter(tops, **over, false);
-    PressLetter(inMenu ? (*over)->menu()->actions() : tops, *action, inMenu);
+    if (inMenu && LetterOf(*action) == u'\0')
+        PressDownTo((*over)->menu()->actions(), *action);
+    else
+        PressLetter(inMenu ? (*over)->menu()->actions() : tops, *action, inMenu);
     QObject::disconnect(watch);
     return ran;
 }

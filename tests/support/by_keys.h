@@ -24,7 +24,8 @@ QStringList WithoutNameOrRole(QWidget& window);
 /// The commands of a bar, those of its menus in the menu's place.
 QStringList CommandsOf(const QMenuBar& bar);
 
-/// Presses the keys of a command: Alt and its letter, in a menu the letter alone. Where several that can be
+/// Presses the keys of a command: Alt and its letter, in a menu the letter alone, or Down and Enter for an
+/// entry without one. Where several that can be
 /// used share the letter, it is pressed until the command's turn has come, and Enter takes it. False when the
 /// command was not run by that.
 bool RunByKeys(QMenuBar& bar, const QString& command);

@@ -14,10 +14,12 @@
 
 namespace tests {
 
-/// How the file is opened, for tests of what can go wrong in it: Database::Open's last two arguments.
+/// How the file is opened, for tests of what can go wrong in it: Database::Open's last two arguments. And
+/// which file is copied, where it is not the fresh one.
 struct OpenWith {
     QString vfs = {};
     std::function<void(sqlite3*)> prepare = {};
+    QString file = {};
 };
 
 class Company {
