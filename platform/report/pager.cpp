@@ -34,6 +34,7 @@ class Pager {
 
     void MeasureEnd();
     double KeepAfter(int row) const;
+    double HeadsHeight(int row, int fromLevel) const;
     void PlaceRows();
     void PlaceGroupHeads(int row);
     void PlaceRow(int row);
@@ -53,6 +54,7 @@ class Pager {
     double total_ = 0;    ///< height of the total with the gap above it
     double summary_ = 0;  ///< height of what follows it
     int open_ = 0;        ///< groups whose heading is on an earlier page
+    int openRow_ = 0;     ///< a row of theirs
     int row_ = -1;        ///< the last one that was placed
 };
 
@@ -104,7 +106,7 @@ void Pager::BeginPage() {
     if (carries_ && row_ >= 0) Put(Kind::BroughtForward, carryHeight_, row_);
     for (int level = 0; level < open_; ++level)
         if (!layout_.groups[static_cast<size_t>(level)].again.isEmpty())
-            Put(Kind::GroupAgain, look::kGroupGapOnTop + look::kGroupRow, row_, level);
+            Put(Kind::GroupAgain, look::kGroupGapOnTop + look::kGroupRow, openRow_, level);
     top_ = y_;
     fresh_ = true;
 }
@@ -147,20 +149,33 @@ double Pager::KeepAfter(int row) const {
     return reportEnds ? keep + total_ + summary_ : keep;
 }
 
+/// Of the groups that begin with a row, from that level on.
+double Pager::HeadsHeight(int row, int fromLevel) const {
+    double height = 0;
+    for (int level = fromLevel; level < state_.Levels(); ++level)
+        if (Begins(level, row) && !layout_.groups[static_cast<size_t>(level)].head.IsEmpty())
+            height += look::kGroupGap + look::kGroupRow;
+    return height;
+}
+
 void Pager::PlaceGroupHeads(int row) {
-    double below = 0;
-    for (int next = row; next < std::min(row + kRowsBelowHeading, Innermost(row).to); ++next)
+    double below = 0, together = 0;  // the rows below the heading; these and what they must be kept with
+    for (int next = row; next < std::min(row + kRowsBelowHeading, Innermost(row).to); ++next) {
         below += HeightOfRow(next);
+        together = std::max(together, below + KeepAfter(next));
+    }
+    if (HeadsHeight(row, 0) + together > Capacity()) together = below;  // no page can hold it all
     for (int level = 0; level < state_.Levels(); ++level) {
         if (!Begins(level, row)) continue;
         open_ = level;
+        openRow_ = row;
         const Group& group = layout_.groups[static_cast<size_t>(level)];
         if (group.newPage && row > 0 && !fresh_) {
             EndPage();
             BeginPage();
         }
         if (!group.head.IsEmpty()) {
-            Need(look::kGroupGap + look::kGroupRow + below);
+            Need(HeadsHeight(row, level) + together);
             Put(Kind::GroupHead, look::kGroupRow + (fresh_ ? look::kGroupGapOnTop : look::kGroupGap), row,
                 level);
         }
@@ -171,7 +186,7 @@ void Pager::PlaceGroupHeads(int row) {
 void Pager::PlaceRow(int row) {
     const double height = HeightOfRow(row);
     double keep = KeepAfter(row);
-    if (height + keep > Capacity()) keep = 0;  // no page can hold it together
+    if (HeadsHeight(row, 0) + height + keep > Capacity()) keep = 0;  // no page can hold it together
     Need(height + keep);
     const double available = bottom_ - y_ - (carries_ ? carryHeight_ : 0);
     if (height > available + 1e-6 && layout_.table) return PlaceTallRow(row, height);

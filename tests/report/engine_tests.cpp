@@ -74,6 +74,21 @@ TEST_F(Engine, KeepsHeadingsWithTheirRowsAndTotalsWithTheirs) {
               "H g0 4 1 2 3 4 s12.5 -- H g1 4 5 6 7 8 s32.5 -- H g2 1 9 s11.25 T56.25");
 }
 
+TEST_F(Engine, KeepsAHeadingWithRowsThatTheEndTakesToTheNextPage) {
+    Fill(11, 4);
+    const QString inside = u"<group by='F2' head='{F2}' note='{count()}' again='+'/>"_s +
+                           TenRows.arg(u"subtotal='s{sum(F6)}' total='T{sum(F6)}'"_s) +
+                           u"<summary><band height='%1'><text x='0' y='2'>end</text></band></summary>"_s;
+    for (int height = 4; height < 40; height += 3) {  // no page holds more of it together
+        const QStringList texts = Lay(inside.arg(height), Ten);
+        const QString all = texts.join(u' ');
+        for (const auto& [group, rows] : {std::pair{u"g1 4"_s, u"5 6"_s}, {u"g2 3"_s, u"9 10"_s}})
+            EXPECT_TRUE(all.contains(group + u' ' + rows)) << height << ": " << all.toStdString();
+        EXPECT_TRUE(all.contains(u"10 11 s"_s)) << height << ": " << all.toStdString();
+        EXPECT_LT(all.indexOf(u"g2 3"_s), all.indexOf(u" 9"_s));
+    }
+}
+
 TEST_F(Engine, RowsGrowWithTheirTextAndAreNotCut) {
     Fill(10);
     lab.company.Run(u"update PRNTC023 set F1='%1' where F1='10'"_s.arg(QString(u"长文字"_s).repeated(20)));
