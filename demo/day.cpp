@@ -4,6 +4,7 @@
 #include "app/session.h"
 #include "demo/accounts.h"
 #include "demo/day_entries.h"
+#include "demo/reports.h"
 #include "demo/sample_masters.h"
 #include "demo/tariffs.h"
 #include "platform/controls/box.h"
@@ -518,6 +519,8 @@ void PlayDay(Operator& op, const QString& folder) {
          [&] { PlayRelease(op); }},
         {u"帐款"_s, u"录入应收款和补录的收款，看明细帐和总帐，删除一行后刷新余额。"_s,
          [&] { PlayAccounts(op); }},
+        {u"统计报表"_s, u"六种报表：生成、预览、存为 PDF；每一页的图片在后面。"_s,
+         [&] { PlayReports(op, folder); }},
         {u"查找"_s, u"按日期、客户和审核人三个条件查找。"_s, [&] { PlaySearch(op); }},
         {u"导出"_s, u"列表导出为 Excel 工作簿。"_s, [&] { PlayExport(op, folder + u"/速递单.xls"_s); }},
         {u"另一位操作员"_s, u"看不到金额的操作员：金额以星号显示，已出货的单不能修改。"_s,

@@ -200,6 +200,16 @@ void Operator::Picture(const QString& name, const QString& caption) {
     Add(u"图片 "_s + name, [this, name, caption] { screen_.Keep(name, caption); });
 }
 
+void Operator::Pictures(const QString& name, const QString& caption,
+                        std::function<std::vector<QImage>()> make) {
+    Add(u"图片 "_s + name, [this, name, caption, make] {
+        const std::vector<QImage> images = make();
+        for (std::size_t i = 0; i < images.size(); ++i)
+            screen_.Keep(name, u"%1，第 %2 页，共 %3 页"_s.arg(caption).arg(i + 1).arg(images.size()),
+                         images[i]);
+    });
+}
+
 // ------------------------------------------------------------------------------------------------- playing
 
 void Operator::Compare(const QString& found, const QString& expected) {

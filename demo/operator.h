@@ -57,6 +57,8 @@ class Operator {
     void Chapter(const QString& title, const QString& words);
     /// The whole screen as it is then.
     void Picture(const QString& name, const QString& caption);
+    /// Others, which are made then.
+    void Pictures(const QString& name, const QString& caption, std::function<std::vector<QImage>()> make);
 
     /// Plays the steps queued so far; call before the event loop. Whatever is left at its end is a failure.
     void Start();

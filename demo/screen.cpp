@@ -116,11 +116,14 @@ void Screen::Begin(const QString& chapter, const QString& words) {
 }
 
 void Screen::Keep(const QString& name, const QString& caption) {
-    if (!frame_) return;
+    if (frame_) Keep(name, caption, Take());
+}
+
+void Screen::Keep(const QString& name, const QString& caption, const QImage& picture) {
     const auto number = u"%1"_s.arg(static_cast<int>(kept_.size()) + 1, 2, 10, QChar(u'0'));
     const QString file = number + u'-' + name + suffix_ + u".png"_s;
     // The smallest file that the toolkit can write.
-    if (!Take().save(folder_ + u'/' + file, "PNG", 0)) throw RuntimeError(u"无法写入图片 "_s + file);
+    if (!picture.save(folder_ + u'/' + file, "PNG", 0)) throw RuntimeError(u"无法写入图片 "_s + file);
     kept_.push_back({file, caption, chapter_, words_});
 }
 

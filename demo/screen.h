@@ -22,6 +22,8 @@ class Screen {
     void Begin(const QString& chapter, const QString& words);
     /// Writes a picture of the main window and of all windows above it.
     void Keep(const QString& name, const QString& caption);
+    /// Writes another picture in its turn.
+    void Keep(const QString& name, const QString& caption, const QImage& picture);
 
     struct Kept {
         QString file;
