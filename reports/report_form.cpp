@@ -119,7 +119,9 @@ void ReportForm::DressGrid() {
     GD->SetRows(2);
     for (int col = 0; col < GD->Cols(); ++col)
         GD->SetTextMatrix(0, col, settings_.columns[static_cast<std::size_t>(col)].header);
-    GD->ShareWidths();
+    std::vector<int> shares;
+    for (const Column& column : settings_.columns) shares.push_back(column.share);
+    GD->ShareWidths(shares);
     RecCount = 0;
 }
 

@@ -26,6 +26,7 @@ struct Column {
     QString header;
     Kind kind = Kind::Text;
     Sum sum = Sum::None;  ///< how its sum is written into the row below the last
+    int share = 10;       ///< of the list's width, in proportion to those of the other columns
 };
 
 /// The combo of customers or channels; a report over all waybills has none.

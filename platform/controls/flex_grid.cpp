@@ -427,8 +427,8 @@ bool FlexGrid::ColWidthByHand(int col) const {
     return state_->columns->ByHand(col);
 }
 
-void FlexGrid::ShareWidths() {
-    state_->columns->Share();
+void FlexGrid::ShareWidths(const std::vector<int>& shares) {
+    state_->columns->Share(shares);
     state_->cover.Place();
 }
 

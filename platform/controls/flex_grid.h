@@ -19,6 +19,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace controls {
 
@@ -90,8 +91,9 @@ class FlexGrid : public QTableView, public FocusEvents {
     int HeightOf(int dataRows) const;
     /// Every column that is not hidden gets an equal share of the grid's width, without a gap at the right,
     /// and keeps it when the grid is resized or a column is hidden. Once the operator has drawn a column to
-    /// another width, all columns keep theirs.
-    void ShareWidths();
+    /// another width, all columns keep theirs. With a number for each column the shares are in proportion to
+    /// these.
+    void ShareWidths(const std::vector<int>& shares = {});
     void SetColAlignment(int col, Qt::Alignment alignment);
     /// An invalid colour takes it away again.
     void SetCellColor(int row, int col, const QColor& back);

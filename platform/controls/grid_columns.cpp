@@ -5,6 +5,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <utility>
 
 namespace controls {
 namespace {
@@ -44,8 +45,9 @@ void GridColumns::SetWidth(int col, int width) {
     Show();
 }
 
-void GridColumns::Share() {
+void GridColumns::Share(std::vector<int> shares) {
     shared_ = true;
+    shares_ = std::move(shares);
     Show();
 }
 
@@ -65,17 +67,24 @@ void GridColumns::Show() {
     Refit();
 }
 
+int GridColumns::ShareOf(int col) const {
+    if (view_->isColumnHidden(col)) return 0;
+    return shares_.empty() ? 1 : shares_.at(static_cast<std::size_t>(col));
+}
+
 /// Whole pixels whose sum is the width exactly.
 void GridColumns::ShareOut() {
     const QScopedValueRollback quiet(showing_, true);
     const int count = static_cast<int>(widths_.size());
-    const int shown = count - header_->hiddenSectionCount();
+    int all = 0;
+    for (int col = 0; col < count; ++col) all += ShareOf(col);
     const int total = view_->viewport()->width();
-    int nth = 0;
+    int before = 0;
     for (int col = 0; col < count; ++col) {
         if (view_->isColumnHidden(col)) continue;
-        const int pixels = total * (nth + 1) / shown - total * nth / shown;
-        ++nth;
+        const int behind = before + ShareOf(col);
+        const int pixels = total * behind / all - total * before / all;
+        before = behind;
         view_->setColumnWidth(col, pixels);
         widths_[col] = std::max(1, pixels) * kUnits;
     }

@@ -23,7 +23,8 @@ class GridColumns : public QObject {
     int Width(int col) const { return widths_[col]; }
     /// Any width but 0 ends an equal sharing.
     void SetWidth(int col, int width);
-    void Share();
+    /// One number for each column, of which its width is in proportion; none for equal widths.
+    void Share(std::vector<int> shares = {});
     bool ByHand(int col) const { return byHand_[col]; }
     /// Brings the widths onto the screen.
     void Show();
@@ -32,6 +33,7 @@ class GridColumns : public QObject {
 
   private:
     void ShareOut();
+    int ShareOf(int col) const;
     bool Shares() const;
     void Drawn(int col, int width);
 
@@ -40,6 +42,7 @@ class GridColumns : public QObject {
     std::vector<int> widths_;
     std::vector<bool> byHand_;
     bool shared_ = false;
+    std::vector<int> shares_;
     bool showing_ = false;  ///< widths are changed by us and not by the operator
 };
 

@@ -360,6 +360,9 @@ TEST_F(GridTest, SharedWidthsLeaveNoGap) {
     grid.SetGridColWidth(5, 0);
     check("a column hidden later");
     EXPECT_EQ(grid.GridColWidth(3), 0);
+    grid.ShareWidths({1, 2, 4, 9, 1, 9, 2});
+    EXPECT_NEAR(grid.columnWidth(2), grid.columnWidth(0) * 4, 4);
+    EXPECT_EQ(grid.horizontalHeader()->length(), grid.viewport()->width());
 }
 
 TEST_F(GridTest, AColumnDrawnByHandKeepsItsWidth) {
