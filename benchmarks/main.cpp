@@ -25,6 +25,7 @@ void MeasureAll(benchmarks::Bench& bench, const QString& folder) {
         benchmarks::MeasureCustomers(bench, office);
         benchmarks::MeasureExport(bench, office);
         benchmarks::MeasureReports(bench, office);
+        benchmarks::MeasureListReports(bench, office);
         benchmarks::MeasureLedgers(bench, office);
     }
     benchmarks::MeasureStart(bench, company);

@@ -15,6 +15,7 @@ void MeasureCustomers(Bench& bench, Office& office);
 void MeasureExport(Bench& bench, Office& office);
 void MeasureLedgers(Bench& bench, Office& office);
 void MeasureList(Bench& bench, Office& office);
+void MeasureListReports(Bench& bench, Office& office);
 void MeasureReports(Bench& bench, Office& office);
 void MeasureSaves(Bench& bench, Office& office);
 void MeasureSearches(Bench& bench, Office& office);

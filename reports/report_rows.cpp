@@ -1,7 +1,8 @@
 #include "reports/report_rows.h"
 
 #include "platform/text/numbers.h"
-#include "platform/text/quoted.h"
+
+#include <QStringBuilder>
 
 using namespace Qt::StringLiterals;
 
@@ -48,7 +49,7 @@ void FillWorkTable(dao::Database& db, const WorkTable& table, int rows,
         cells.clear();
         for (const int column : table.columns) cells += cell(row, column);
         if (table.take && !table.take(cells)) continue;
-        db.Execute(table.insert + Quoted(cells.join(u"','"_s)) + u')');
+        db.Execute(table.insert % u'\'' % cells.join(u"','"_s) % u"')"_s);
     }
 }
 

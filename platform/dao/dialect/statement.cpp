@@ -181,6 +181,7 @@ const Scope& Statement::ScopeOf(size_t token) const {
 
 std::vector<std::pair<size_t, size_t>> Statement::Pieces(size_t begin, size_t end) const {
     std::vector<std::pair<size_t, size_t>> pieces;
+    pieces.reserve((end - begin) / 2 + 1);
     size_t from = begin;
     for (size_t i = begin; i < end; ++i) {
         if (IsSign(tokens_[i], "(") && partners_[i] != kNone) i = partners_[i];

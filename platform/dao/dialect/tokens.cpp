@@ -12,10 +12,6 @@ using namespace Qt::StringLiterals;
 namespace dao::dialect {
 namespace {
 
-char Lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
@@ -183,29 +179,14 @@ std::vector<Token> Tokenize(std::string_view statement) {
     return Cutter(statement).Run();
 }
 
-bool SameText(std::string_view a, std::string_view b) {
-    return a.size() == b.size() &&
-           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return Lower(x) == Lower(y); });
-}
-
-bool IsWord(const Token& token, std::string_view word) {
-    return token.kind == TokenKind::Word && SameText(token.text, word);
-}
-
-bool IsOneOf(const Token& token, std::initializer_list<std::string_view> words) {
-    return std::any_of(words.begin(), words.end(), [&](std::string_view w) { return IsWord(token, w); });
-}
-
-bool IsSign(const Token& token, std::string_view sign) {
-    return token.kind == TokenKind::Sign && token.text == sign;
-}
-
 std::string_view NameOf(const Token& token) {
     return token.kind == TokenKind::Bracketed ? token.text.substr(1, token.text.size() - 2) : token.text;
 }
 
 std::string ValueOf(const Token& token) {
     const char quote = token.text.front();
+    const size_t end = token.text.size() - 1;
+    if (token.text.find(quote, 1) == end) return std::string(token.text.substr(1, end - 1));
     std::string value;
     for (size_t i = 1; i + 1 < token.text.size(); ++i) {
         value += token.text[i];

@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -37,12 +38,27 @@ struct Token {
 /// Cuts a statement (UTF-8). A closing semicolon is dropped. The tokens point into the statement.
 std::vector<Token> Tokenize(std::string_view statement);
 
+// Asked of every token by every translation, so they are inline.
+
+inline char Lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 /// Case-blind in ASCII.
-bool SameText(std::string_view a, std::string_view b);
+inline bool SameText(std::string_view a, std::string_view b) {
+    return a.size() == b.size() &&
+           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return Lower(x) == Lower(y); });
+}
 /// True for a word of the language in any case: IsWord(token, "where").
-bool IsWord(const Token& token, std::string_view word);
-bool IsOneOf(const Token& token, std::initializer_list<std::string_view> words);
-bool IsSign(const Token& token, std::string_view sign);
+inline bool IsWord(const Token& token, std::string_view word) {
+    return token.kind == TokenKind::Word && SameText(token.text, word);
+}
+inline bool IsOneOf(const Token& token, std::initializer_list<std::string_view> words) {
+    return token.kind == TokenKind::Word &&
+           std::any_of(words.begin(), words.end(), [&](auto word) { return SameText(token.text, word); });
+}
+inline bool IsSign(const Token& token, std::string_view sign) {
+    return token.kind == TokenKind::Sign && token.text == sign;
+}
 
 /// The name in a Word or Bracketed token.
 std::string_view NameOf(const Token& token);
