@@ -89,7 +89,7 @@ QString C05::Trimmed(int box) const {
     return text::Trim(Txt[static_cast<std::size_t>(box)]->Text());
 }
 
-/// A text that a lookup fills in moves nothing.
+/// The text has just become that long by typing.
 void C05::MoveOnWhenFull(int box) {
     const auto index = static_cast<std::size_t>(box);
     const qsizetype length = Txt[index]->Text().size();
@@ -107,9 +107,13 @@ void C05::LookUp() {
         return sys::Inform(u"你输入的运单号不存在!"_s, MsgTitle);
     }
     const auto field = [&](int ordinal) { return rows.Fields(ordinal).Text(); };
-    Txt[Facts]->SetText(u" 重量:"_s + field(0) + u"    件数:"_s + field(1) + u"   D/S: "_s + field(2));
-    Txt[FirstReason]->SetText(field(3));
-    Txt[SecondReason]->SetText(field(4));
+    const auto fill = [&](std::size_t box, const QString& text) {
+        lengths_[box] = text.size();  // however long, it moves nothing
+        Txt[box]->SetText(text);
+    };
+    fill(Facts, u" 重量:"_s + field(0) + u"    件数:"_s + field(1) + u"   D/S: "_s + field(2));
+    fill(FirstReason, field(3));
+    fill(SecondReason, field(4));
     rows.Close();
 }
 

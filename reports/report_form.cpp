@@ -21,7 +21,8 @@ using reports::Column;
 
 namespace {
 
-/// What a search of a code gives that finds none; only who types it gets it.
+/// The one code that is refused as invalid; any other that no row has gives an empty list. Required by the
+/// business.
 const QString NotFound = u"NoFound"_s;
 
 Qt::Alignment AlignmentOf(Column::Kind kind) {

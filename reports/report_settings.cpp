@@ -80,7 +80,7 @@ bool TakeDayOfMonth(QStringList& cells) {
     return true;
 }
 
-const WorkTable StatementTable(int money) {
+WorkTable StatementTable(int money) {
     return {.name = u"PRNTC023"_s,
             .insert = u"insert into prntc023 (F1,F2,F3,F4,F5,F6) VALUES("_s,
             .columns = {0, 1, 2, 3, 4, money}};

@@ -37,6 +37,14 @@ TEST_F(ProblemNotice, LooksTheWaybillUpWhenItsNumberIsLeft) {
     Press(Qt::Key_Return);
     EXPECT_EQ(desk.Box(2).size(), 40);
     EXPECT_EQ(FocusName(), u"Txt(1)"_s) << "a looked up text moves nothing";
+    desk.Execute(u"update B01 set F402=123456.789,F401=1000000 where F1='KV2'"_s);
+    desk.SetBox(0, u"KV2"_s);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(desk.Box(1).size(), 36);
+    EXPECT_EQ(FocusName(), u"Txt(1)"_s);
+    desk.SetBox(0, u"KV9"_s);
+    AltKey(u'R');
+    EXPECT_EQ(desk.Frame().Front(), nullptr) << "leaving the form looks nothing up";
 }
 
 TEST_F(ProblemNotice, MovesOnWhenALineIsFull) {
