@@ -3,6 +3,7 @@
 #include "app/main_window.h"
 #include "app/session.h"
 #include "demo/accounts.h"
+#include "demo/customer_papers.h"
 #include "demo/day_entries.h"
 #include "demo/reports.h"
 #include "demo/sample_masters.h"
@@ -521,6 +522,8 @@ void PlayDay(Operator& op, const QString& folder) {
          [&] { PlayAccounts(op); }},
         {u"统计报表"_s, u"六种报表：生成、预览、存为 PDF；每一页的图片在后面。"_s,
          [&] { PlayReports(op, folder); }},
+        {u"给客户的单据"_s, u"两种报价表；发货单的一笔付款，销售帐款统计报表和客户月结单。"_s,
+         [&] { PlayCustomerPapers(op, folder); }},
         {u"查找"_s, u"按日期、客户和审核人三个条件查找。"_s, [&] { PlaySearch(op); }},
         {u"导出"_s, u"列表导出为 Excel 工作簿。"_s, [&] { PlayExport(op, folder + u"/速递单.xls"_s); }},
         {u"另一位操作员"_s, u"看不到金额的操作员：金额以星号显示，已出货的单不能修改。"_s,

@@ -5,6 +5,7 @@
 #include "app/session.h"
 #include "demo/keyboard.h"
 #include "demo/rows.h"
+#include "demo/sample_invoices.h"
 #include "demo/sample_masters.h"
 #include "demo/sample_payments.h"
 #include "demo/sample_waybills.h"
@@ -54,6 +55,7 @@ class Clerk {
 
     void EnterMasters();
     void EnterWaybills();
+    void EnterInvoices();
 
   private:
     void TakeSeams();
@@ -400,6 +402,26 @@ QString Clerk::Part(const Payment& payment) {
     return QString::number(100 * static_cast<int>(owed * payment.percent / 100 / 100));
 }
 
+// ------------------------------------------------------------------------------------------------ invoices
+
+void Clerk::EnterInvoices() {
+    for (const QString& statement : InvoiceStatements()) Db->Execute(statement);
+    Db->CloseGroup();
+    LogIn(u"001"_s);
+    Open(u"D2"_s);
+    for (const InvoicePayment& payment : PlanInvoicePayments()) {
+        now_ = QDateTime(payment.day, QTime(16, 0));
+        controls::ModalForm::Driver() = [&](controls::ModalForm& form) {
+            At<controls::ComboBox>(form, u"CmbKH"_s).SetText(payment.customer);
+            At<controls::LineBox>(form, u"Txt(0)"_s).SetText(payment.note);
+            At<controls::LineBox>(form, u"Txt(1)"_s).SetText(payment.amount);
+            At<controls::Button>(form, u"Command1"_s).click();
+        };
+        Press(u"Menu_Add"_s);
+    }
+    Close();
+}
+
 void Clerk::TickRelease() {
     At<controls::CheckBox>(u"ChkChuHuo"_s).click();
 }
@@ -417,6 +439,7 @@ void MakeSampleCompany(const QString& folder) {
         Clerk clerk(making.path());
         clerk.EnterMasters();
         clerk.EnterWaybills();
+        clerk.EnterInvoices();
     }
     if (!QFile::rename(making.filePath(schema::kDatabaseFile.toString()), file))
         throw RuntimeError(u"无法写入 "_s + file);

@@ -11,6 +11,8 @@
 #include "app/about.h"
 #include "app/login.h"
 #include "records/small_master.h"
+#include "reports/invoices/payments.h"
+#include "reports/invoices/sales.h"
 #include "reports/printing.h"
 #include "reports/problem_notice.h"
 #include "reports/report_form.h"
@@ -52,6 +54,8 @@ Registry FilledRegistry() {
     forms.children[u"C04"_s] = Child<C04>();
     forms.children[u"C05"_s] = Child<C05>();
     forms.children[u"C06"_s] = Child<C06>();
+    forms.children[u"D2"_s] = Child<D2>();
+    forms.children[u"D3"_s] = Child<D3>();
     forms.children[u"KuanHz"_s] = Child<KuanHz>();
     forms.children[u"KuanMx"_s] = Child<KuanMx>();
     forms.children[u"PayLst"_s] = Child<PayLst>();

@@ -5,6 +5,7 @@
 #include "platform/controls/wait.h"
 #include "platform/text/numbers.h"
 #include "records/export.h"
+#include "reports/printing.h"
 
 #include <QVBoxLayout>
 
@@ -89,8 +90,10 @@ A03::A03()
          .caption = u"&P.打印"_s,
          .when = When::Browsing,
          // Both have the same key, which selects the one after the other.
-         .items = {{u"Menu_print1"_s, u"&1.打印国际报价表"_s, When::Browsing},
-                   {u"Menu_print2"_s, u"&1.打印国内报价表"_s, When::Browsing}}},
+         .items = {{u"Menu_print1"_s, u"&1.打印国际报价表"_s, When::Browsing,
+                    [this] { PrintQuotes(InternationalSheet); }},
+                   {u"Menu_print2"_s, u"&1.打印国内报价表"_s, When::Browsing,
+                    [this] { PrintQuotes(DomesticSheet); }}}},
     });
     BuildCard();
     GD->SetCols(BoxCount);
@@ -362,4 +365,18 @@ void A03::Menu_save() {
     AppendSavedLine();
     LeaveEdit();
     RowToCard();
+}
+
+void A03::PrintQuotes(const QuoteSheet& sheet) {
+    if (NoCustomer()) {
+        sys::Inform(u"无数据可打印!"_s, MsgTitle);
+        return;
+    }
+    if (TabS->SelectedItem() == ListTab) TabS->SelectItem(CardTab);  // reads the customer's quotes
+    const controls::WaitPointer wait;
+    if (!LayoutIsThere(sheet.layout, u"丢失!"_s)) return;
+    FillQuoteSheet(sheet, FrmBtm->Quotes());
+    QStringList remarks{BoxText(Remark)};
+    for (const auto* memo : TxtMEMO) remarks += memo->Text();
+    RunReport(sheet.layout, QuoteSheetFormulas(BoxText(ShortName), FrmBtm->Quotes(), remarks));
 }

@@ -8,6 +8,7 @@
 #include "platform/controls/card.h"
 #include "records/record_form.h"
 #include "tariffs/quote_panel.h"
+#include "tariffs/quote_sheet.h"
 
 #include <vector>
 
@@ -41,6 +42,7 @@ class A03 : public RecordForm {
     void Menu_del() override;
     void Menu_query() override;
     void Menu_save() override;
+    void PrintQuotes(const QuoteSheet& sheet);
     bool NoCustomer() const;
     static bool IsUsed(const QString& code);
     bool CheckCode();

@@ -33,6 +33,8 @@ class QuotePanel : public QWidget {
     /// Writes the rows of the grid if the first row is a quote.
     void SaveQuotes(const QString& customer);
 
+    const QuoteGrid& Quotes() const { return *GdMx; }
+
     /// Switches the add and edit state: shows or hides the entry line and folds the panel.
     void OpenEntry();
     void CloseEntry();

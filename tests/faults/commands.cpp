@@ -192,6 +192,29 @@ void Print(Desk& desk) {
     if (desk.Frame().Front()->objectName() == u"C01") Press(Qt::Key_Return);
 }
 
+/// The sheet of the zones at home; both sheets have the key 1, which goes from the first to this one.
+void PrintQuotes(Desk&) {
+    AltKey(u'P');
+    AltKey(u'1');
+    Press(Qt::Key_Return);
+}
+
+/// Forms of the invoice accounts, to which no menu leads.
+std::function<void(Desk&)> Shown(const QString& form) {
+    return [=](Desk& desk) {
+        MakeLayouts();
+        sys::Guarded([&] { desk.Frame().ShowChild(form); });
+        Settle();
+    };
+}
+
+void TypeInvoicePayment(QWidget& dialog) {
+    Find<controls::ComboBox>(dialog, u"CmbKH"_s).SetText(u"C1"_s);
+    Find<controls::LineBox>(dialog, u"Txt(0)"_s).SetText(u"N1"_s);
+    Find<controls::LineBox>(dialog, u"Txt(1)"_s).SetText(u"60.25"_s);
+    PressIn(dialog, u"Command1"_s);
+}
+
 std::vector<Command> Made() {
     std::vector<Command> commands;
     const struct {
@@ -224,6 +247,12 @@ std::vector<Command> Made() {
         {"A03_Edit", "A5", "A03", EditOfCustomer, Save},
         {"A03_Delete", "A5", "A03", OnLine(u"乙"_s), Delete},
         {"A03_DeleteUsed", "A5", "A03", OnLine(u"甲"_s), Delete},
+        {"A03_Print", "A5", "A03",
+         [](Desk& desk) {
+             MakeLayouts();
+             Select(desk, u"乙"_s);
+         },
+         PrintQuotes},
         {"B01_Add", "B", "B01", NewWaybill, Save},
         {"B01_Edit", "B", "B01", EditOfWaybill, Save},
         {"B01_Release", "B", "B01", OnLine(u"W2"_s), [](Desk&) { AltKey(u'C'); }},
@@ -248,6 +277,10 @@ std::vector<Command> Made() {
         {"C04_Print", "C4", "C04", Listed({}), Print},
         {"C05_Print", "C5", "C05", NewNotice, Print},
         {"C06_Print", "C6", "C06", Listed({}), Print},
+        {"D201_Register", "", "", Shown(u"D2"_s),
+         InDialog(u"D201"_s, u"A"_s, TypeInvoicePayment, u"Command2"_s)},
+        {"D3_Print", "", "", Shown(u"D3"_s), Print},
+        {"D3_Print2", "", "", Shown(u"D3"_s), [](Desk&) { AltKey(u'M'); }},
         {"S01_Save",
          "",
          "",
@@ -324,6 +357,10 @@ QStringList CommandMasters() {
                       u"insert into M031 (F0,F1,F2) VALUES ('甲','Z1',1)"_s,
                       u"insert into M031 (F0,F1,F2) VALUES ('乙','Z1',1)"_s,
                       u"insert into M031 (F0,F1,F2) VALUES ('乙','甲',2)"_s,
+                      u"update M031 set F3=1,F4=1,F5=1,F6=1,F7=1,F8=1,F9=1,F10=1 where F0='乙'"_s,
+                      u"insert into TA2 (F1,F2) VALUES ('C1','华兴')"_s,
+                      u"insert into TD1 (F1,F2,F3,F9) VALUES ('N1','2024-03-02','C1',100)"_s,
+                      u"insert into TD1 (F1,F2,F3,F9) VALUES ('N2','2024-03-03','C1',50)"_s,
                   };
 }
 

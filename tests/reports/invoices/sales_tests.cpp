@@ -1,0 +1,155 @@
+// The delivery notes with their sums, and the two papers made of them.
+#include "schema/data_files.h"
+#include "tests/reports/report_desk.h"
+#include "tests/support/by_keys.h"
+
+#include <gtest/gtest.h>
+
+namespace tests {
+namespace {
+
+const QString Paper = u"select F0,F1,F3,F2,F6,F7,F8 from PRTB2"_s;
+
+QStringList Masters() {
+    return {
+        u"update CompanyInfo set F1='甲''速递'"_s,
+        u"insert into TA2 (F1,F2,F3,F4,F5) VALUES ('C1','华兴','浦东''1''号','021','022')"_s,
+        u"insert into TA2 (F1,F2) VALUES ('C2','恒丰')"_s,
+        u"insert into TD1 (F1,F2,F3,F9,F91) VALUES ('N3','2024-03-15 23:30:00','C1',10.005,0.005)"_s,
+        u"insert into TD1 (F1,F2,F3,F9,F91) VALUES ('N2','2024-03-02','C1',80,80)"_s,
+        u"insert into TD1 (F1,F2,F3,F9) VALUES ('N1','2024-03-02','C1',100.5)"_s,
+        u"insert into TD1 (F1,F2,F3,F9,F91) VALUES ('N4','2024-03-01','C2',20,25)"_s,
+        u"insert into TD1 (F1,F2,F3,F9,F91) VALUES ('N5','2024-03-01','C3',7,null)"_s,
+        u"insert into TD1 (F1,F2,F3,F9) VALUES ('N6','2024-02-29','C1',1000)"_s,
+        u"insert into TD1 (F1,F2,F3,F9) VALUES ('N7','2024-03-16','C1',1000)"_s,
+    };
+}
+
+const QStringList OfC1{u"C1|华兴|N1|2024-03-02|100.50|0.00|100.50"_s,
+                       u"C1|华兴|N2|2024-03-02|80.00|80.00|0.00"_s,
+                       u"C1|华兴|N3|2024-03-15|10.01|0.01|10.00"_s, u"||||190.51|80.01|110.50"_s};
+
+class Sales : public testing::Test {
+  protected:
+    Sales() {
+        sys::Guarded([&] { desk.Frame().ShowChild(u"D3"_s); });
+        Settle();
+    }
+    void Generate(const QString& customer) {
+        desk.Enter(u"CmbKH"_s);
+        TypeOver(customer);
+        desk.Push(u"Cmd"_s);
+    }
+    void GoToLine(int row) {
+        desk.Enter(u"GD"_s);
+        Press(Qt::Key_Home);
+        for (int i = 1; i < row; ++i) Press(Qt::Key_Down);
+    }
+
+    ReportDesk desk{Masters()};
+};
+
+TEST_F(Sales, SumsUpUnderEachCustomerAndAtTheEnd) {
+    EXPECT_EQ(desk.Frame().Front()->windowTitle(), u"销售统计报表"_s);
+    EXPECT_EQ(NotReachedByTab(*desk.Frame().Front()), QStringList());
+    EXPECT_EQ(WithoutNameOrRole(desk.Frame()), QStringList());
+    QStringList headers;
+    for (int col = 0; col < desk.Grid().Cols(); ++col) headers += desk.Grid().TextMatrix(0, col);
+    EXPECT_EQ(headers.join(u' '), u"客户编号 客户名称 发货单号码 发货单日期 金额(元) 付款(元) 欠款(元)"_s);
+    EXPECT_EQ(desk.Lines(),
+              OfC1 + (QStringList{u"C2|恒丰|N4|2024-03-01|20.00|25.00|-5.00"_s, u"||||20.00|25.00|-5.00"_s,
+                                  u"C3||N5|2024-03-01|7.00|0.00|0.00"_s, u"||||7.00|0.00|0.00"_s,
+                                  u"合  计||||217.51|105.01|105.50"_s}));
+    EXPECT_EQ(desk.Status(), u"销售统计报表：共 5 条记录 当前为第 1 条"_s);
+    GoToLine(5);
+    EXPECT_EQ(desk.Status(), u"销售统计报表：共 5 条记录 当前为第 4 条"_s) << "a sum is no record";
+}
+
+TEST_F(Sales, ListsACustomerAndRefusesOneThatIsNotThere) {
+    Generate(u"C1.随便"_s);
+    EXPECT_EQ(desk.Lines(), OfC1 + QStringList{u"合  计||||190.51|80.01|110.50"_s});
+    desk.script.Box(u"客户编号输入错误!"_s, Title);
+    Generate(u"C3"_s);  // has a note, but is no customer
+    EXPECT_EQ(FocusName(), u"CmbKH"_s);
+    EXPECT_EQ(desk.Lines().size(), 5);
+    desk.Execute(u"delete from TD1 where F3='C2'"_s);
+    Generate(u"c2"_s);
+    EXPECT_EQ(desk.Lines(), QStringList{u"||||||"_s});
+    EXPECT_EQ(desk.Status(), u"无信息"_s);
+    for (const auto& [key, text] : {std::pair{u'P', u"无数据！"_s}, std::pair{u'M', u"无数据可打印！"_s}}) {
+        desk.script.Box(text, Title);
+        AltKey(key);
+        EXPECT_EQ(desk.Frame().Front()->objectName(), u"D3"_s);
+    }
+    Generate(u"所有客户"_s);
+    EXPECT_EQ(desk.Lines().size(), 7);
+}
+
+TEST_F(Sales, ThePaperOfAllHasEveryLineButTheLast) {
+    // The paper names the period of its list.
+    desk.At<controls::DTPicker>(u"DTP(0)"_s).SetValue(QDate(2023, 1, 1));
+    AltKey(u'P');
+    QStringList rows;
+    for (const QString& line : desk.Rows(Paper)) rows += line;
+    EXPECT_EQ(rows.mid(0, 4),
+              (QStringList{u"C1|华兴|N1|2024-03-02|100.5|0|100.5"_s, u"C1|华兴|N2|2024-03-02|80|80|0"_s,
+                           u"C1|华兴|N3|2024-03-15|10.01|0.01|10"_s, u"||||190.51|80.01|110.5"_s}));
+    EXPECT_EQ(rows.size(), 8);
+    EXPECT_EQ(desk.Layout(), u"prntd3.rpt"_s);
+    EXPECT_EQ(desk.Formulas(),
+              (QStringList{u"myName='甲'速递'"_s, u"Cpt='销售帐款统计报表'"_s,
+                           u"rq='日期由  2024-03-01  至  2024-03-15'"_s, u"kh='客户'"_s, u"khmc='名称'"_s,
+                           u"fpdh='发货单号'"_s, u"fprq='发货日期'"_s, u"ymhkd='金额(元)'"_s,
+                           u"fkhkd='付款(元)'"_s, u"jyhkd='欠款(元)'"_s, u"gong='共：'"_s}));
+    const QStringList page{desk.PdfLines().join(u'\n')};
+    for (const auto& text :
+         {u"甲'速递"_s, u"客户 C1 名称 华兴"_s, u"共：3 单 190.51 80.01 110.50"_s,
+          u"N5 2024-03-01 7.00 0.00 0.00\n共：1 单 7.00 0.00 0.00\n总计 5 单 217.51 105.01 105.50"_s})
+        EXPECT_TRUE(ReportDesk::Contains(page, text));
+}
+
+TEST_F(Sales, TheStatementHasTheOpenNotesOfTheCurrentCustomer) {
+    GoToLine(2);
+    AltKey(u'M');
+    EXPECT_EQ(desk.Rows(Paper), (QStringList{u"C1|华兴|N1|2024-03-02|100.5|0|100.5"_s,
+                                             u"C1|华兴|N3|2024-03-15|10.01|0.01|10"_s}));
+    EXPECT_EQ(desk.Layout(), u"prntd4.rpt"_s);
+    EXPECT_EQ(
+        desk.Formulas(),
+        (QStringList{u"Cpt='客户月结单'"_s, u"myName='甲'速递'"_s,
+                     u"rq='日期由  2024-03-01  至  2024-03-15'"_s, u"khbm='客户编码： C1   华兴'"_s,
+                     u"addr='地址    ： 浦东'1'号'"_s, u"tel='电话    ： 021'"_s, u"fax='传真    ： 022'"_s,
+                     u"zly='只打印剩余帐项'"_s, u"yjrq='月结日期：'"_s, u"yjrqjz='预缴日期截至：'"_s,
+                     u"fpdh='发货单号'"_s, u"fprq='发货日期：'"_s, u"ymhkd='金额(元)'"_s,
+                     u"fkhkd='付款(元)'"_s, u"jyhkd='欠款(元)'"_s, u"gong='共：'"_s}));
+    const QStringList page{desk.PdfLines().join(u'\n')};
+    for (const auto& text :
+         {u"浦东'1'号"_s, u"2 N3 2024-03-15 10.01 0.01 10.00\n共：2 单 110.51 0.01 110.50"_s,
+          u"人民币壹佰壹拾元伍角整"_s})
+        EXPECT_TRUE(ReportDesk::Contains(page, text));
+    // A sum belongs to the customer above it; nothing is open for this one.
+    AltKey(u'R');
+    EXPECT_EQ(desk.Status(), u"销售统计报表：共 5 条记录 当前为第 2 条"_s);
+    GoToLine(6);
+    AltKey(u'M');
+    EXPECT_EQ(desk.Formulas().value(3), u"khbm='客户编码： C2   恒丰'"_s);
+    EXPECT_TRUE(desk.Rows(Paper).isEmpty());
+}
+
+TEST_F(Sales, APaperNeedsItsLayoutAndBreaksAtAnApostrophe) {
+    desk.Execute(u"insert into PRTB2 (F0) values ('旧')"_s);
+    for (const auto& [key, layout] : {std::pair{u'P', u"prntd3.rpt"_s}, std::pair{u'M', u"prntd4.rpt"_s}}) {
+        QFile::remove(AppFolder + layout);
+        desk.script.Box(u"报表文件"_s + layout + u"丢失！"_s, Title);
+        AltKey(key);
+    }
+    EXPECT_EQ(desk.Rows(u"select F0 from PRTB2"_s), QStringList{u"旧"_s});
+    schema::MakeLayout(AppFolder + u"prntd3.rpt"_s);
+    desk.Execute(u"update TA2 set F2='华''兴'"_s);
+    desk.Push(u"Cmd"_s);
+    desk.EndsWith(u"VALUES('C1','华'兴','N1','2024-03-02',100.50,0.00,100.50)"_s);
+    AltKey(u'P');
+}
+
+}  // namespace
+}  // namespace tests
