@@ -27,6 +27,7 @@ namespace {
 constexpr int kWidth = 560;
 constexpr int kTop = 120;    // below the menu bar's top
 constexpr int kShadow = 12;  // around it, part of the widget
+constexpr int kShadowDown = 2;
 constexpr int kRadius = 4;
 constexpr int kRow = 32;
 constexpr int kMostRows = 10;
@@ -194,7 +195,7 @@ void CommandPalette::Build() {
     column->setContentsMargins(kShadow + 2, kShadow + 2, kShadow + 2, kShadow + 2);
     column->setSpacing(0);
     column->addLayout(top);
-    column->addSpacing(1 + kGap);  // the line below the box
+    column->addSpacing(3 + kGap);  // the line below the box
     column->addWidget(list_);
     column->addWidget(nothing_);
     column->addSpacing(kGap);
@@ -226,19 +227,21 @@ void CommandPalette::paintEvent(QPaintEvent*) {
     const QRectF body = QRectF(rect()).adjusted(kShadow, kShadow, -kShadow, -kShadow);
     painter.setPen(Qt::NoPen);
     painter.setBrush(controls::paint::kShadow);
-    for (int out = kShadow; out > 0; --out)
-        painter.drawRoundedRect(body.adjusted(-out, -out, out, out), kRadius + out, kRadius + out);
+    for (int out = kShadow - kShadowDown; out > 0; --out)
+        painter.drawRoundedRect(body.adjusted(-out, -out, out, out).translated(0, kShadowDown), kRadius + out,
+                                kRadius + out);
     painter.setPen(QPen(controls::paint::kBlockLine, 1));
     painter.setBrush(palette().color(QPalette::Base));
     painter.drawRoundedRect(body.adjusted(.5, .5, -.5, -.5), kRadius, kRadius);
-    const double y = box_->geometry().bottom() + 1 + kGap + .5;
+    const double y = box_->geometry().bottom() + 3 + kGap + .5;
     controls::paint::Hairline(painter, controls::paint::kLine,
                               QLineF(body.left() + kGap / 2., y, body.right() - kGap / 2., y));
 }
 
 void CommandPalette::Place() {
-    adjustSize();
-    setGeometry((frame_.width() - width()) / 2, kTop - kShadow, kWidth + 2 * kShadow, sizeHint().height());
+    const int width = kWidth + 2 * kShadow;
+    layout()->activate();
+    setGeometry((frame_.width() - width) / 2, kTop - kShadow, width, sizeHint().height());
 }
 
 // ------------------------------------------------------------------------------------------ open and closed
