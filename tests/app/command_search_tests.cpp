@@ -47,6 +47,7 @@ TEST(CommandSearch, FindsByCaptionShortNameInitialsAndSyllables) {
         {u"mx"_s, u"渠道出货明细表 客户对帐明细表 应付款明细帐"_s},
         {u"mingxi"_s, u"渠道出货明细表 客户对帐明细表 应付款明细帐"_s},
         {u"mingx"_s, u"渠道出货明细表 客户对帐明细表 应付款明细帐"_s},
+        {u"zhangmin"_s, u"客户对帐明细表"_s},  // the last one half
         {u"明xi"_s, u"渠道出货明细表 客户对帐明细表 应付款明细帐"_s},
         {u"khdz"_s, u"客户对帐明细表"_s},
         {u" K H　dz "_s, u"客户对帐明细表"_s},
