@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QListView>
+#include <QMenuBar>
 #include <QPainter>
 #include <QShortcut>
 #include <QStandardItemModel>
@@ -37,6 +38,15 @@ constexpr int kMostTyped = 60;
 
 /// While the operator logs in: reading the captions takes 0.1 s.
 constexpr auto kReadCaptionsAfter = 1s;
+
+/// What the focus returns to. The menu bar gives it back first, as for Escape.
+QWidget* FocusToKeep() {
+    if (auto* bar = qobject_cast<QMenuBar*>(QApplication::focusWidget())) {
+        QKeyEvent leave(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(bar, &leave);
+    }
+    return QApplication::focusWidget();
+}
 
 bool Usable(const QWidget* widget) {
     return widget && widget->isVisible() && widget->isEnabled();
@@ -160,29 +170,7 @@ CommandPalette::CommandPalette(QWidget& frame, std::vector<PaletteEntry> entries
 CommandPalette::~CommandPalette() = default;
 
 void CommandPalette::Build() {
-    box_->setObjectName(u"PaletteText"_s);
-    box_->setProperty("kind", u"palette"_s);
-    box_->setAccessibleName(u"查找窗体与命令"_s);
-    box_->setPlaceholderText(u"输入名称、拼音首字母或编号"_s);
-    box_->SetMaxLength(kMostTyped);
-    count_->setObjectName(u"PaletteCount"_s);
-    count_->setProperty("role", u"form"_s);
-    list_->setObjectName(u"PaletteList"_s);
-    list_->setAccessibleName(u"窗体与命令"_s);
-    list_->setProperty("role", u"results"_s);
-    list_->setFrameShape(QFrame::NoFrame);
-    list_->setFocusPolicy(Qt::NoFocus);
-    list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    list_->setUniformItemSizes(true);
-    list_->setModel(rows_);
-    list_->setItemDelegate(new RowDelegate(*this));
-    connect(list_, &QListView::clicked, this, [this](const QModelIndex& index) { Choose(index.row()); });
-    nothing_->setObjectName(u"PaletteNothing"_s);
-    nothing_->setProperty("role", u"form"_s);
-    nothing_->setFixedHeight(kRow);
-    nothing_->setIndent(kMargin);
-
+    DressControls();
     auto* glass = new QLabel;
     glass->setPixmap(controls::LookIcon(u"search"_s).pixmap(QSize(16, 16), devicePixelRatioF()));
     auto* top = new QHBoxLayout;
@@ -200,6 +188,31 @@ void CommandPalette::Build() {
     column->addWidget(nothing_);
     column->addSpacing(kGap);
     column->addWidget(Foot());
+}
+
+void CommandPalette::DressControls() {
+    box_->setObjectName(u"PaletteText"_s);
+    box_->setProperty("kind", u"palette"_s);
+    box_->setAccessibleName(u"查找窗体与命令"_s);
+    box_->setPlaceholderText(u"输入名称、拼音首字母或编号"_s);
+    box_->SetMaxLength(kMostTyped);
+    count_->setObjectName(u"PaletteCount"_s);
+    count_->setProperty("role", u"form"_s);
+    nothing_->setObjectName(u"PaletteNothing"_s);
+    nothing_->setProperty("role", u"form"_s);
+    nothing_->setFixedHeight(kRow);
+    nothing_->setIndent(kMargin);
+    list_->setObjectName(u"PaletteList"_s);
+    list_->setAccessibleName(u"窗体与命令"_s);
+    list_->setProperty("role", u"results"_s);
+    list_->setFrameShape(QFrame::NoFrame);
+    list_->setFocusPolicy(Qt::NoFocus);
+    list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list_->setUniformItemSizes(true);
+    list_->setModel(rows_);
+    list_->setItemDelegate(new RowDelegate(*this));
+    connect(list_, &QListView::clicked, this, [this](const QModelIndex& index) { Choose(index.row()); });
 }
 
 QWidget* CommandPalette::Foot() {
@@ -248,7 +261,7 @@ void CommandPalette::Place() {
 
 void CommandPalette::Open() {
     if (IsOpen()) return box_->selectAll();
-    before_ = QApplication::focusWidget();
+    before_ = FocusToKeep();
     box_->Empty();
     ShowHits();
     show();

@@ -50,6 +50,7 @@ class CommandPalette : public QWidget {
     class RowDelegate;
 
     void Build();
+    void DressControls();
     QWidget* Foot();
     void Place();
     CommandSearch& Search();
