@@ -48,6 +48,11 @@ constexpr MenuRow kMenus[] = {
     {u"Quit", u"&3.退出系统", kItem, Opens::Unload},
 };
 
+constexpr PaletteRow kPalette[] = {
+    {{u"Menu_D2", u"客户付款记录", kItem, Opens::Child, u"D2"}, u"Menu_C"},
+    {{u"Menu_D3", u"销售统计报表", kItem, Opens::Child, u"D3"}, u"Menu_C"},
+};
+
 // d3 has no menu row, so it is refused to every operator, the administrator included.
 constexpr ToolRow kTools[] = {
     {u" 客户报价", u"d1", u"Menu_A", u"Menu_A03", u"quote"},
@@ -63,6 +68,10 @@ constexpr ToolRow kTools[] = {
 
 std::span<const MenuRow> MenuRows() {
     return kMenus;
+}
+
+std::span<const PaletteRow> PaletteRows() {
+    return kPalette;
 }
 
 std::span<const ToolRow> ToolRows() {

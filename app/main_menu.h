@@ -1,4 +1,5 @@
-// The frame's menus and tool bar as two tables: the order, what each row opens, and the right it requires.
+// The frame's menus, command palette and tool bar as tables: the order, what each row opens, and the right it
+// requires.
 //
 // Always holds: the order of the rows is the order on the screen; a row that is not a top menu belongs to
 // the nearest top menu above it.
@@ -20,6 +21,15 @@ struct MenuRow {
     QStringView formCaption = {};  ///< set with LB
 };
 
+/// What no menu holds: the command palette alone opens it. Without a form or command in the registry the
+/// entry is not offered.
+struct PaletteRow {
+    MenuRow row;
+    QStringView right = {};  ///< the top menu that must be visible; empty: no right is required
+    bool whileEditing =
+        false;  ///< opens no form and changes no record, so an edit in progress does not matter
+};
+
 struct ToolRow {
     QStringView caption;
     QStringView key;
@@ -30,4 +40,5 @@ struct ToolRow {
 };
 
 std::span<const MenuRow> MenuRows();
+std::span<const PaletteRow> PaletteRows();
 std::span<const ToolRow> ToolRows();

@@ -1,5 +1,6 @@
 #include "app/main_window.h"
 
+#include "app/command_palette.h"
 #include "app/data_access.h"
 #include "app/main_menu.h"
 #include "app/product.h"
@@ -18,6 +19,7 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QRegularExpression>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QToolBar>
@@ -54,6 +56,12 @@ void FocusPage(ChildForm* page) {
     controls::MoveFocus(FirstInTabOrder(page));
 }
 
+/// "&1.出货渠道计价标准" without its key.
+QString PlainCaption(QStringView caption) {
+    static const QRegularExpression key(u"^&.\\."_s);
+    return caption.toString().remove(key).remove(u'&');
+}
+
 QString TodayText() {
     return text::DateText(sys::Today());
 }
@@ -68,8 +76,12 @@ struct MForm::State {
     void BuildPages();
     void BuildTools();
     void BuildStatus();
+    void BuildPalette();
+    PaletteEntry EntryOf(const MenuRow& row, const MenuRow* top) const;
+    QAction* MakeAction(const MenuRow& row);
 
     bool IsImplemented(const MenuRow& row) const;
+    bool IsOffered(const QString& item, const QString& right) const;
     void Run(const MenuRow& row);
     void Press(const ToolRow& row);
 
@@ -179,6 +191,47 @@ void MForm::State::BuildStatus() {
     frame.setStatusBar(status);
 }
 
+/// What the menus show, and what the palette alone opens.
+void MForm::State::BuildPalette() {
+    std::vector<PaletteEntry> entries;
+    const MenuRow* top = nullptr;
+    for (const MenuRow& row : MenuRows()) {
+        if (row.top) top = &row;
+        if (row.opens != Opens::Nothing) entries.push_back(EntryOf(row, top));
+    }
+    for (const PaletteRow& own : PaletteRows()) {
+        MakeAction(own.row);
+        entries.push_back(EntryOf(own.row, nullptr));
+        entries.back().offered = [this, &own] {
+            return IsOffered(own.row.name.toString(), own.right.toString()) &&
+                   (own.whileEditing || !EditInProgress);
+        };
+    }
+    new CommandPalette(frame, std::move(entries));
+    wall->SetHint(u"Ctrl+K  查找窗体与命令"_s);
+}
+
+PaletteEntry MForm::State::EntryOf(const MenuRow& row, const MenuRow* top) const {
+    const QString name = row.name.toString();
+    const QString menu = top ? top->name.toString() : QString();
+    const bool leavesEdit = row.opens != Opens::Unload;  // that asks about the edit by itself
+    const bool isForm = row.opens == Opens::Child || row.opens == Opens::Modal;
+    return {.action = items.at(name),
+            .caption = PlainCaption(row.caption),
+            .shortName = isForm ? row.target.toString() : QString(name).remove(u"Menu_"_s),
+            .place = top ? top->caption.toString().remove(u'&') : QString(),
+            .offered = [=, this] { return IsOffered(name, menu) && !(leavesEdit && EditInProgress); }};
+}
+
+QAction* MForm::State::MakeAction(const MenuRow& row) {
+    auto* action = new QAction(row.caption.toString(), &frame);
+    action->setObjectName(row.name.toString());
+    action->setEnabled(IsImplemented(row));
+    connect(action, &QAction::triggered, &frame, [this, &row] { controls::RunCommand([&] { Run(row); }); });
+    items[row.name.toString()] = action;
+    return action;
+}
+
 MForm::MForm(const Registry& registry) : state_(std::make_unique<State>(*this, registry)) {
     setObjectName(u"MForm"_s);
     setWindowTitle(product::kName);
@@ -189,6 +242,7 @@ MForm::MForm(const Registry& registry) : state_(std::make_unique<State>(*this, r
     state_->BuildPages();
     state_->BuildTools();
     state_->BuildStatus();
+    state_->BuildPalette();
 }
 
 MForm::~MForm() {
@@ -230,6 +284,12 @@ bool MForm::State::IsImplemented(const MenuRow& row) const {
             break;
     }
     return true;
+}
+
+/// Whether the operator can reach it: as the menus show it, and the menu that its right shows.
+bool MForm::State::IsOffered(const QString& item, const QString& right) const {
+    const QAction* action = items.at(item);
+    return action->isEnabled() && action->isVisible() && (right.isEmpty() || items.at(right)->isVisible());
 }
 
 void MForm::State::Run(const MenuRow& row) {

@@ -1,5 +1,7 @@
 #include "app/wallpaper.h"
 
+#include "platform/controls/paint.h"
+
 #include <QImageReader>
 #include <QPainter>
 
@@ -7,6 +9,9 @@ namespace {
 
 /// Pixels. No screen needs a larger picture, and a damaged file may declare any size.
 constexpr int kLongestSide = 16'384;
+
+constexpr int kHintPixels = 12;
+constexpr int kHintMargin = 16;
 
 }  // namespace
 
@@ -23,7 +28,24 @@ void Wallpaper::LoadPicture(const QString& path) {
     update();
 }
 
+void Wallpaper::SetHint(const QString& hint) {
+    hint_ = hint;
+    setAccessibleDescription(hint);
+    update();
+}
+
 void Wallpaper::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    PaintPicture(painter);
+    QFont small(font());
+    small.setPixelSize(kHintPixels);
+    painter.setFont(small);
+    painter.setPen(controls::paint::kMuted);
+    painter.drawText(rect().adjusted(kHintMargin, 0, 0, -kHintMargin), Qt::AlignLeft | Qt::AlignBottom,
+                     hint_);
+}
+
+void Wallpaper::PaintPicture(QPainter& painter) {
     if (picture_.isNull() || width() <= 0 || height() <= 0) return;
     const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
     const QSize covering = picture_.size().scaled(pixels, Qt::KeepAspectRatioByExpanding);
@@ -34,5 +56,5 @@ void Wallpaper::paintEvent(QPaintEvent*) {
     scaled_.setDevicePixelRatio(devicePixelRatioF());
     const QSizeF shown = scaled_.deviceIndependentSize();
     // The left and the top are cropped, so that the picture's subject stays at the lower right.
-    QPainter(this).drawPixmap(QPointF(width() - shown.width(), height() - shown.height()), scaled_);
+    painter.drawPixmap(QPointF(width() - shown.width(), height() - shown.height()), scaled_);
 }

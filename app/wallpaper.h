@@ -10,11 +10,16 @@ class Wallpaper : public QWidget {
     explicit Wallpaper(QWidget* parent = nullptr);
     /// Loads a picture of any format Qt reads. A file that cannot be read leaves the background empty.
     void LoadPicture(const QString& path);
+    /// A quiet line at the lower left.
+    void SetHint(const QString& hint);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    void PaintPicture(QPainter& painter);
+
+    QString hint_;
     QImage picture_;
     QPixmap scaled_;  ///< the picture at the size last painted
 };

@@ -57,6 +57,25 @@ void PlayLogin(Operator& op) {
     op.Press(Qt::Key_Escape);
 }
 
+void PlayPalette(Operator& op) {
+    op.Press(Qt::Key_K, Qt::ControlModifier);
+    op.ExpectFocus(u"PaletteText"_s);
+    op.Picture(u"palette-all"_s, u"Ctrl+K：全部窗体与命令"_s);
+    op.Type(u"xyz"_s);
+    op.Picture(u"palette-nothing"_s, u"没有找到"_s);
+    op.TypeOver(u"mx"_s);
+    op.Press(Qt::Key_Down);
+    op.Picture(u"palette"_s, u"按拼音首字母查找"_s);
+    op.Press(Qt::Key_Escape);
+    op.Press(Qt::Key_K, Qt::ControlModifier);
+    op.Type(u"ysk mx"_s);
+    op.Press(Qt::Key_Return);
+    op.Expect(u"窗体 应收帐款明细"_s,
+              [] { return TheFrame().Front() && TheFrame().Front()->windowTitle() == u"应收帐款明细"; });
+    op.Picture(u"palette-opened"_s, u"回车打开"_s);
+    op.Command(u"R"_s);
+}
+
 // ------------------------------------------------------------------------------------------- small masters
 
 void AddRow(Operator& op, const MasterRow& row) {
@@ -504,6 +523,8 @@ void PlayDay(Operator& op, const QString& folder) {
         std::function<void()> play;
     } chapters[] = {
         {u"早上：登录"_s, u"密码错误时留在登录窗口；登录后按字母键打开菜单。"_s, [&] { PlayLogin(op); }},
+        {u"查找窗体与命令"_s, u"在任何窗体按 Ctrl+K，键入名称、编号或拼音首字母，回车打开。"_s,
+         [&] { PlayPalette(op); }},
         {u"报价标准"_s, u"二十个数字决定所有价格的重量段，修改前先警告。"_s, [&] { PlayStandard(op); }},
         {u"小资料"_s, u"业务员、外务员、始发地、事故原因：四个窗体同一套做法。"_s,
          [&] { PlaySmallMasters(op); }},

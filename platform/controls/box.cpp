@@ -77,6 +77,17 @@ void LineBox::keyPressEvent(QKeyEvent* event) {
     event->setAccepted(left->isAccepted());
 }
 
+void LineBox::inputMethodEvent(QInputMethodEvent* event) {
+    if (event->commitString().isEmpty()) return QLineEdit::inputMethodEvent(event);
+    const auto text = OfferText(this, KeyPressed, event->commitString());
+    if (!text) return event->accept();
+    // Even without a text, since the composition that is shown has ended.
+    QInputMethodEvent left(event->preeditString(), event->attributes());
+    left.setCommitString(*text, event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(&left);
+    event->setAccepted(left.isAccepted());
+}
+
 void LineBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     if (SelectsAll(event->reason())) selectAll();

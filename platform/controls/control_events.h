@@ -24,11 +24,14 @@ class FocusEvents {
     sys::Event<> LostFocus;
 };
 
-/// A key press before the control handles it. A form that sets `taken` consumes it.
+/// A key press before the control handles it, or in a text box of one row what an input method commits. A
+/// form that sets `taken` consumes it.
 struct KeyPress {
-    int key = 0;  ///< Qt::Key
+    int key = 0;  ///< Qt::Key; 0 for committed text
     Qt::KeyboardModifiers modifiers;
-    QString text;  ///< the character; a form may replace it (upper-casing); if emptied, nothing is typed
+    /// The character, or all that is committed; a form may replace it (upper-casing); if emptied, nothing is
+    /// typed.
+    QString text;
     bool repeats = false;  ///< auto-repeat of a key that is held down
     bool taken = false;
 

@@ -15,9 +15,18 @@ namespace {
 /// Two handlers that send each other the focus for ever are left after so many steps.
 constexpr int kMostSteps = 64;
 
+constexpr const char* kLeftOut = "leftOutOfFocus";
+
+bool IsLeftOut(const QWidget* widget) {
+    for (const QWidget* w = widget; w; w = w->parentWidget())
+        if (w->property(kLeftOut).toBool()) return true;
+    return false;
+}
+
 /// The control that a widget belongs to: an inner line, a list or a calendar that drops down count as the
-/// control itself. Nothing for menus and other popups.
+/// control itself. Nothing for menus, other popups and what is left out.
 QWidget* ControlOf(QWidget* widget) {
+    if (IsLeftOut(widget)) return nullptr;
     for (QWidget* w = widget; w; w = w->parentWidget())
         if (dynamic_cast<FocusEvents*>(w)) return w;
     if (!widget || qobject_cast<QMenuBar*>(widget) || qobject_cast<QMenu*>(widget)) return nullptr;
@@ -62,6 +71,10 @@ QWidget* FocusTracker::Current() const {
 void FocusTracker::Asked(QWidget* control) {
     Of(control->window()).notEmitted = nullptr;
     Schedule();
+}
+
+void FocusTracker::LeaveOut(QWidget& overlay) {
+    overlay.setProperty(kLeftOut, true);
 }
 
 void FocusTracker::FocusMoved(QWidget* old, QWidget* now) {

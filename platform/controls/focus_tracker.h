@@ -30,6 +30,10 @@ class FocusTracker : public QObject {
     /// moved the focus there.
     void Asked(QWidget* control);
 
+    /// What has the focus in this widget is no change for its window either, as with a menu: for what is laid
+    /// over a window for a moment.
+    void LeaveOut(QWidget& overlay);
+
   private:
     /// The state of one top-level window. A message box or a modal form over it does not change the state.
     struct Window {

@@ -19,6 +19,14 @@ std::unique_ptr<QKeyEvent> OfferKey(QObject* control, const sys::Event<KeyPress&
                                        key.isAutoRepeat(), static_cast<quint16>(key.count()));
 }
 
+std::optional<QString> OfferText(QObject* control, const sys::Event<KeyPress&>& event, const QString& text) {
+    KeyPress press{.text = text};
+    const QPointer<QObject> alive(control);
+    event(press);
+    if (!alive || sys::HasEnded()) return std::nullopt;
+    return press.taken ? QString() : press.text;
+}
+
 bool SelectsAll(Qt::FocusReason reason) {
     return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
            reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason;

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 
 #include <memory>
+#include <optional>
 
 namespace controls {
 
@@ -13,6 +14,10 @@ namespace controls {
 /// form took the key or emptied its text, the control was deleted or the program has ended.
 std::unique_ptr<QKeyEvent> OfferKey(QObject* control, const sys::Event<KeyPress&>& event,
                                     const QKeyEvent& key);
+
+/// The same for a text that an input method commits, offered as key 0. Returns the text for the control,
+/// empty if the form took it; nothing if the control was deleted or the program has ended.
+std::optional<QString> OfferText(QObject* control, const sys::Event<KeyPress&>& event, const QString& text);
 
 inline bool IsEnter(const QKeyEvent& key) {
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;

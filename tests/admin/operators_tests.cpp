@@ -1,6 +1,9 @@
 // The operators' form: what is refused, what is stored, and what the ticks show.
 #include "tests/support/program.h"
 
+#include <QCoreApplication>
+#include <QInputMethodEvent>
+
 #include <gtest/gtest.h>
 
 namespace tests {
@@ -52,6 +55,20 @@ TEST(OperatorsForm, ShowsPasswordsInClearAndTheTicksOfTheStoredRow) {
     form.ShowCard(2);
     EXPECT_EQ(form.Boxes(0, 2), u"002|张敏|abC"_s);
     EXPECT_EQ(form.At<controls::LineBox>(u"Txt(2)"_s).echoMode(), QLineEdit::Normal);
+}
+
+TEST(OperatorsForm, StoresComposedLettersInUpperCase) {
+    Operators form;
+    AltKey(u'A');
+    form.Fill({u"ab"_s, {}, {}});
+    for (const auto& [box, text] : {std::pair(u"Txt(1)"_s, u"王a"_s), std::pair(u"Txt(2)"_s, u"geheim"_s)}) {
+        form.Enter(box);
+        QInputMethodEvent committed;
+        committed.setCommitString(text);
+        QCoreApplication::sendEvent(&form.At<QWidget>(box), &committed);
+    }
+    AltKey(u'S');
+    EXPECT_EQ(form.Rows(u"select F1,F2,F3 from TE1 where F1='AB'"_s), QStringList{u"AB|王A|GEHEIM"_s});
 }
 
 TEST(OperatorsForm, AddsInUpperCaseWithTheTicksOfTheOneSeenBefore) {

@@ -11,6 +11,7 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDropEvent>
+#include <QInputMethodEvent>
 #include <QMimeData>
 #include <QTest>
 #include <QVBoxLayout>
@@ -143,6 +144,29 @@ TEST_F(Boxes, AKeyReachesTheFormFirst) {
         tests::Press(Qt::Key_Return);
         EXPECT_EQ(tests::FocusName(), next);
     }
+}
+
+TEST_F(Boxes, CommittedTextReachesTheFormFirst) {
+    line.KeyPressed = [&](KeyPress& key) {
+        EXPECT_EQ(key.key, 0);
+        if (key.text == u"x") key.taken = true;
+        key.text = key.text.toUpper();
+    };
+    Enter(line);
+    const auto send = [&](const QString& preedit, const QString& committed, int from = 0, int length = 0) {
+        QInputMethodEvent event(preedit, {});
+        event.setCommitString(committed, from, length);
+        QCoreApplication::sendEvent(&line, &event);
+        EXPECT_TRUE(event.isAccepted());
+    };
+    send(u"ni"_s, {});
+    send({}, u"你b"_s);
+    EXPECT_EQ(line.Text(), u"你B"_s);
+    send({}, u"好c"_s, -1, 1);
+    EXPECT_EQ(line.Text(), u"你好C"_s) << "in place of what it replaces";
+    send(u"x"_s, {});
+    send({}, u"x"_s);
+    EXPECT_EQ(line.Text(), u"你好C"_s) << "the form has taken it";
 }
 
 TEST_F(Boxes, ACheckBoxOfACardAtRestLooksLocked) {

@@ -114,8 +114,14 @@ void ProgramRun::WaitUntilIdle() {
         if (!Client().Ping(windows.front().id)) Fail(u"the program does not answer"_s);
 }
 
+void ProgramRun::WaitForEnd() {
+    Client().Flush();
+    if (!WaitUntil([&] { return !process_->Runs(); })) Fail(u"the program does not end"_s);
+}
+
 void ProgramRun::AnswerBox(const QString& title, Keysym key) {
     WaitForWindow(title);
+    WaitUntilIdle();  // the first box of a run takes its time to be drawn
     QThread::msleep(kLookMilliseconds);
     for (int answer = 0; answer < kAnswers; ++answer) {
         Send({.key = key}, {});
@@ -126,6 +132,8 @@ void ProgramRun::AnswerBox(const QString& title, Keysym key) {
 }
 
 QStringList ProgramRun::Rows(const QString& select) {
+    if (!file_)
+        file_ = std::make_unique<tests::Connection>(folder_.filePath(schema::kDatabaseFile.toString()));
     return file_->Rows(select);
 }
 

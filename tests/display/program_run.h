@@ -32,10 +32,15 @@ class ProgramRun {
     void WaitForRows(const QString& select, const QStringList& rows);
     /// Everything that was typed up to here has had its effect.
     void WaitUntilIdle();
+    /// The program has ended by itself.
+    void WaitForEnd();
     void AnswerBox(const QString& title, Keysym key);
     bool HasWindow(const QString& title) const;
     /// The rows of a statement as the file holds them now, values joined by "|".
     QStringList Rows(const QString& select);
+    /// Lets go of the data file until the next rows: the program asks before it copies or clears a file that
+    /// others have open.
+    void CloseFile() { file_.reset(); }
 
     ChildProcess& Process() { return *process_; }
     XClient& Client() { return screen_.Client(); }

@@ -63,6 +63,14 @@ Step ExpectIdle() {
     return Wait([](ProgramRun& run) { run.WaitUntilIdle(); });
 }
 
+Step ExpectEnd() {
+    return Wait([](ProgramRun& run) { run.WaitForEnd(); });
+}
+
+Step CloseFile() {
+    return Wait([](ProgramRun& run) { run.CloseFile(); });
+}
+
 Step Answer(const QString& title, Keysym key) {
     return Wait([title, key](ProgramRun& run) { run.AnswerBox(title, key); });
 }

@@ -61,6 +61,9 @@ Step ExpectNoWindow(const QString& title);
 Step ExpectRows(const QString& select, const QStringList& rows);
 /// The program has worked off all keys.
 Step ExpectIdle();
+Step ExpectEnd();
+/// The test lets go of the data file; see ProgramRun::CloseFile.
+Step CloseFile();
 /// Presses this key in that message box once the box takes keys, until it closes.
 Step Answer(const QString& title, Keysym key = kReturn);
 

@@ -7,6 +7,7 @@
 #include "waybills/waybill_fields.h"
 
 #include <QApplication>
+#include <QListView>
 #include <QToolBar>
 
 #include <algorithm>
@@ -85,6 +86,17 @@ class Rights : public Program {
             for (int i = 0; i < 2; ++i) Press(Qt::Key_Escape);
         return opened;
     }
+    /// The names of what the command palette offers.
+    QStringList Listed() {
+        Press(Qt::Key_K, Qt::ControlModifier);
+        EXPECT_EQ(WithoutNameOrRole(Frame()), QStringList());
+        const auto& list = Find<QListView>(Frame(), u"PaletteList"_s);
+        QStringList names;
+        for (int row = 0; row < list.model()->rowCount(); ++row)
+            names += list.model()->index(row, 0).data(Qt::UserRole).toString();
+        Press(Qt::Key_Escape);
+        return names;
+    }
     /// Presses a button of the tool bar; whether it opened its form, which is closed again.
     bool OpensByTool(const ToolRow& row) {
         auto& tools = Find<QToolBar>(Frame(), u"TB"_s);
@@ -124,6 +136,18 @@ TEST(MenuRights, OpenTheirMenuAndNothingElseDoes) {
             EXPECT_FALSE(RunByKeys(program.Bar(), row.name.toString())) << row.name.toUtf8().constData();
             EXPECT_EQ(program.Frame().Front(), nullptr) << row.name.toUtf8().constData();
             Press(Qt::Key_Escape);
+        }
+        const QStringList listed = program.Listed();
+        for (const MenuRow& row : MenuRows()) {
+            if (row.opens == Opens::Nothing || !program.Frame().MenuItem(row.name.toString())->isEnabled())
+                continue;
+            const bool may = TopOf(row) == u"Menu_sl" || granted(TopOf(row));
+            EXPECT_EQ(listed.contains(row.name.toString()), may) << row.name.toUtf8().constData();
+        }
+        for (const PaletteRow& own : PaletteRows()) {
+            const QString name = own.row.name.toString();
+            const bool may = program.Frame().MenuItem(name)->isEnabled() && granted(own.right.toString());
+            EXPECT_EQ(listed.contains(name), may) << name.toStdString();
         }
         for (const ToolRow& row : ToolRows()) {
             if (row.key == u"quit") continue;
