@@ -26,7 +26,8 @@ const QString& FreshFile() {
 }  // namespace
 
 Company::Company(const OpenWith& with) {
-    if (!QFile::copy(with.file.isEmpty() ? FreshFile() : with.file, File())) throw std::runtime_error("no space for the company's file");
+    if (!QFile::copy(with.file.isEmpty() ? FreshFile() : with.file, File()))
+        throw std::runtime_error("no space for the company's file");
     db_ = dao::Database::Open(File(), schema::kConnect.toString(), with.vfs, with.prepare);
 }
 
