@@ -203,6 +203,8 @@ void PrintQuotes(Desk&) {
 std::function<void(Desk&)> Shown(const QString& form) {
     return [=](Desk& desk) {
         MakeLayouts();
+        desk.Execute(u"insert into TA2 (F1,F2) VALUES ('C1','华兴')"_s);
+        desk.Execute(u"insert into TD1 (F1,F2,F3,F9) VALUES ('N1','2024-03-02','C1',100)"_s);
         sys::Guarded([&] { desk.Frame().ShowChild(form); });
         Settle();
     };
@@ -250,6 +252,7 @@ std::vector<Command> Made() {
         {"A03_Print", "A5", "A03",
          [](Desk& desk) {
              MakeLayouts();
+             desk.Execute(u"update M031 set F3=1,F4=1,F5=1,F6=1,F7=1,F8=1,F9=1,F10=1 where F0='乙'"_s);
              Select(desk, u"乙"_s);
          },
          PrintQuotes},
@@ -357,10 +360,6 @@ QStringList CommandMasters() {
                       u"insert into M031 (F0,F1,F2) VALUES ('甲','Z1',1)"_s,
                       u"insert into M031 (F0,F1,F2) VALUES ('乙','Z1',1)"_s,
                       u"insert into M031 (F0,F1,F2) VALUES ('乙','甲',2)"_s,
-                      u"update M031 set F3=1,F4=1,F5=1,F6=1,F7=1,F8=1,F9=1,F10=1 where F0='乙'"_s,
-                      u"insert into TA2 (F1,F2) VALUES ('C1','华兴')"_s,
-                      u"insert into TD1 (F1,F2,F3,F9) VALUES ('N1','2024-03-02','C1',100)"_s,
-                      u"insert into TD1 (F1,F2,F3,F9) VALUES ('N2','2024-03-03','C1',50)"_s,
                   };
 }
 
