@@ -35,19 +35,6 @@ std::vector<QImage> PagesInPreview() {
     return pages;
 }
 
-/// Of the report in the preview, which is closed then.
-void SavePaper(Operator& op, const QString& file, const QString& picture, const QString& caption) {
-    op.Expect(u"打印预览"_s, [] { return TheFrame().Front()->objectName() == u"Prnt"; });
-    op.Do(u"移去上次的文件"_s, [file] { QFile::remove(file); });
-    op.Press(Qt::Key_S, Qt::ControlModifier);
-    op.ExpectWindow(u"FileDialog"_s);
-    op.Type(file);
-    op.Press(Qt::Key_Return);
-    op.Expect(u"PDF 已生成"_s, [file] { return QFileInfo(file).size() > 0; });
-    op.Pictures(picture + u"-page"_s, caption + u"："_s + QFileInfo(file).fileName(), PagesInPreview);
-    op.Command(u"R"_s);
-}
-
 /// A list report: what is typed into its boxes one after the other, "" for one that stays as it is.
 struct List {
     QString keys, form, picture, caption;
@@ -120,6 +107,18 @@ void PlayNotice(Operator& op, const QString& folder) {
 }
 
 }  // namespace
+
+void SavePaper(Operator& op, const QString& file, const QString& picture, const QString& caption) {
+    op.Expect(u"打印预览"_s, [] { return TheFrame().Front()->objectName() == u"Prnt"; });
+    op.Do(u"移去上次的文件"_s, [file] { QFile::remove(file); });
+    op.Press(Qt::Key_S, Qt::ControlModifier);
+    op.ExpectWindow(u"FileDialog"_s);
+    op.Type(file);
+    op.Press(Qt::Key_Return);
+    op.Expect(u"PDF 已生成"_s, [file] { return QFileInfo(file).size() > 0; });
+    op.Pictures(picture + u"-page"_s, caption + u"："_s + QFileInfo(file).fileName(), PagesInPreview);
+    op.Command(u"R"_s);
+}
 
 void PlayReports(Operator& op, const QString& folder) {
     for (const List& list : kLists) PlayList(op, list, folder);

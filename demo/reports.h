@@ -6,6 +6,9 @@
 
 namespace demo {
 
+/// Saves the report in the preview as a PDF, keeps pictures of its pages and closes the preview.
+void SavePaper(Operator& op, const QString& file, const QString& picture, const QString& caption);
+
 void PlayReports(Operator& op, const QString& folder);
 
 }  // namespace demo
