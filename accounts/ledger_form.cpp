@@ -45,12 +45,7 @@ class GridLines : public LedgerLines {
         grid_.LoadCell(line, col, std::move(text));
     }
 
-    void Total(int line) override {
-        for (int col = totalFrom_; col < LedgerColumns; ++col) {
-            grid_.SetCellColor(line + 1, col, controls::paint::kTotal);
-            grid_.SetCellBold(line + 1, col, true);
-        }
-    }
+    void Total(int line) override { grid_.SetRowStyle(line + 1, totalFrom_, controls::paint::kTotal, true); }
 
     void Cut(int lines) { grid_.SetRows(lines + 1); }
 
