@@ -8,6 +8,7 @@
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
 #include "records/export.h"
+#include "records/fill_grid.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -162,23 +163,11 @@ void EntryForm::LoadGrid(const QString& sql) {
     auto rows = Db->OpenRecordset(remembered_);
     RecCount = CountRows(rows);
     if (RecCount > 0) {  // else the status keeps its old text
-        FillGrid(rows);
+        FillGrid(*GD, rows, RecCount, EntryColumns);
         CurRow = 1;
         ShowRow();
     }
     rows.Close();
-}
-
-void EntryForm::FillGrid(dao::Recordset& rows) {
-    GD->BeginLoad(RecCount);
-    try {
-        for (int row = 0; !rows.Eof(); ++row, rows.MoveNext())
-            for (int col = 0; col < EntryColumns; ++col) GD->LoadCell(row, col, rows.Fields(col).Text());
-    } catch (...) {
-        GD->EndLoad();
-        throw;
-    }
-    GD->EndLoad();
 }
 
 void EntryForm::ShowRow() {

@@ -47,7 +47,6 @@ class EntryForm : public ChildForm, public QueryCaller {
     const accounts::LedgerKindInfo& Kind() const { return accounts::InfoFor(Side().kind); }
     void DressGrid();
     void LoadGrid(const QString& sql);
-    void FillGrid(dao::Recordset& rows);
     void ShowRow();
     void RowChanged();
 

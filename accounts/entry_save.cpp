@@ -73,7 +73,7 @@ void EntryForm::SaveBlock() {
     else if (row <= CurRowLimit())
         GD->SetRows(row);
     RecCount += row - first_;
-    CurRow = std::min(first_, CurRowLimit());
+    CurRow = std::min(first_, CurRowLimit());  // before LeaveEdit, which marks it: E and D act on it
     LeaveEdit();
 }
 

@@ -45,12 +45,7 @@ class GridLines : public LedgerLines {
         grid_.LoadCell(line, col, std::move(text));
     }
 
-    void Total(int line) override {
-        for (int col = totalFrom_; col < LedgerColumns; ++col) {
-            grid_.SetCellColor(line + 1, col, controls::paint::kTotal);
-            grid_.SetCellBold(line + 1, col, true);
-        }
-    }
+    void Total(int line) override { grid_.SetRowStyle(line + 1, totalFrom_, controls::paint::kTotal, true); }
 
     void Cut(int lines) { grid_.SetRows(lines + 1); }
 
@@ -77,6 +72,7 @@ const LedgerSettings DetailLedger = {
     .hidden = {Name2, Blank1, Blank2},
     .statement = DetailStatement,
     .build = BuildDetail,
+    .print = PrintDetail,
     .totalFrom = Voucher,
 };
 
@@ -89,6 +85,7 @@ const LedgerSettings SummaryLedger = {
     .hidden = {Name2, Voucher, Business, Blank1, Blank2},
     .statement = SummaryStatement,
     .build = BuildSummary,
+    .print = PrintSummary,
     .totalFrom = Opening,
 };
 
@@ -132,7 +129,7 @@ std::vector<CommandRow> LedgerForm::Commands() {
         {.name = u"Menu_Sort"_s, .caption = u"&S.排序"_s, .when = When::Always, .items = sorts},
         {.name = u"Menu_M"_s, .caption = u"&M.价格显示"_s, .when = When::Always, .items = prices},
         {u"Menu_TE"_s, u"&T.导出"_s, When::Always, [this] { ExportGrid(*GD); }},
-        {u"Menu_print"_s, u"&P.打印"_s, When::Always},
+        {u"Menu_print"_s, u"&P.打印"_s, When::Always, [this] { Print(); }},
         {u"Menu_Return"_s, u"&R.返回"_s, When::Always, [this] { Unload(); }},
     };
     if (settings_.maintenance)
@@ -292,6 +289,10 @@ void LedgerForm::PlayRow() {
                                                     : u"进出流水帐：共 "_s + QString::number(GD->Rows() - 2) +
                                                           u" 条记录 当前为第 "_s +
                                                           QString::number(GD->Row()) + u" 条"_s);
+}
+
+void LedgerForm::Print() {
+    settings_.print({.grid = *GD, .LB = LB, .from = DTP[0]->Value(), .to = DTP[1]->Value()});
 }
 
 void LedgerForm::Maintain() {

@@ -5,6 +5,7 @@
 // it has as many rows as there are lines, or one blank row.
 #pragma once
 
+#include "accounts/ledger_print.h"
 #include "accounts/ledger_rows.h"
 #include "app/child_form.h"
 #include "platform/controls/box.h"
@@ -23,6 +24,7 @@ struct LedgerSettings {
     std::vector<int> hidden;
     QString (*statement)(const accounts::LedgerScope& scope);
     int (*build)(dao::Recordset& rows, accounts::LedgerLines& lines);
+    void (*print)(const accounts::LedgerPrint& print);
     /// The columns of a total line that have its colour. They are bold too.
     int totalFrom;
 };
@@ -49,6 +51,7 @@ class LedgerForm : public ChildForm {
     void Build();
     void ShowStatus();
     void PlayRow();
+    void Print();
     void Maintain();
 
     controls::FlexGrid* GD;

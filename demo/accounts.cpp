@@ -3,6 +3,7 @@
 #include "app/main_window.h"
 #include "app/session.h"
 #include "demo/day_entries.h"
+#include "demo/reports.h"
 
 #include <QLineEdit>
 
@@ -76,7 +77,7 @@ void PlayPayment(Operator& op) {
     op.Command(u"R"_s);
 }
 
-void PlayLedgers(Operator& op) {
+void PlayLedgers(Operator& op, const QString& folder) {
     op.Command(u"D8"_s);
     ExpectForm(op, u"KuanMx"_s, u"应收帐款明细"_s);
     op.Picture(u"ledger-detail"_s, u"应收帐款明细：所有关系单位"_s);
@@ -86,10 +87,14 @@ void PlayLedgers(Operator& op) {
     op.Press(Qt::Key_Return);
     op.ExpectStatus(u"进出流水帐：共 7 条记录 当前为第 1 条"_s);
     op.Picture(u"ledger-detail-one"_s, u"应收帐款明细：一个关系单位"_s);
+    op.Command(u"P"_s);
+    SavePaper(op, folder + u"/应收帐款明细.pdf"_s, u"ledger-detail-one"_s, u"应收款明细帐"_s);
     op.Command(u"R"_s);
     op.Command(u"D7"_s);
     ExpectForm(op, u"KuanHz"_s, u"应收帐款总帐"_s);
     op.Picture(u"ledger-summary"_s, u"应收帐款总帐"_s);
+    op.Command(u"P"_s);
+    SavePaper(op, folder + u"/应收帐款总帐.pdf"_s, u"ledger-summary"_s, u"应收货款总帐"_s);
     op.Command(u"R"_s);
     op.Command(u"D6"_s);
     op.Picture(u"ledger-payable"_s, u"应付帐款明细"_s);
@@ -124,10 +129,10 @@ void PlayRefresh(Operator& op) {
 
 }  // namespace
 
-void PlayAccounts(Operator& op) {
+void PlayAccounts(Operator& op, const QString& folder) {
     PlayCharges(op);
     PlayPayment(op);
-    PlayLedgers(op);
+    PlayLedgers(op, folder);
     PlayRefresh(op);
 }
 

@@ -6,6 +6,7 @@
 
 namespace demo {
 
-void PlayAccounts(Operator& op);
+/// The ledgers are saved as PDF files in the folder.
+void PlayAccounts(Operator& op, const QString& folder);
 
 }  // namespace demo

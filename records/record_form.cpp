@@ -8,6 +8,7 @@
 #include "platform/errors.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
+#include "records/fill_grid.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -141,31 +142,11 @@ void RecordForm::LoadGrid(const QString& sql) {
     auto rows = Db->OpenRecordset(sql);
     RecCount = CountRows(rows);
     if (RecCount > 0) {  // else the status keeps its old text
-        FillGrid(rows);
+        FillGrid(*GD, rows, RecCount, LoadedCols(), [this](int col, QString& text) { DressCell(col, text); });
         CurRow = 1;
         ShowRow();
     }
     rows.Close();
-}
-
-void RecordForm::FillGrid(dao::Recordset& rows) {
-    GD->BeginLoad(RecCount);
-    const int cols = LoadedCols();
-    int row = 0;
-    try {
-        for (; !rows.Eof(); ++row, rows.MoveNext()) {
-            for (int col = 0; col < cols; ++col) {
-                QString text = rows.Fields(col).Text();
-                DressCell(col, text);
-                GD->LoadCell(row, col, std::move(text));
-            }
-        }
-    } catch (...) {
-        GD->EndLoad();
-        GD->SetRows(row + 2);  // the header, and the row that failed with what it has
-        throw;
-    }
-    GD->EndLoad();
 }
 
 void RecordForm::LoadGridOrReport(const QString& sql) {

@@ -162,7 +162,6 @@ class RecordForm : public ChildForm, public QueryCaller {
 
   private:
     QWidget* MakeStrip();
-    void FillGrid(dao::Recordset& rows);
     void SelectTab();
     void KeyOnTabs(controls::KeyPress& key);
     void TurnPage(QWidget& from, QWidget& to);

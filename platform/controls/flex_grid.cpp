@@ -454,6 +454,12 @@ void FlexGrid::SetCellBold(int row, int col, bool bold) {
     state_->model->SetBold(row, col, bold);
 }
 
+void FlexGrid::SetRowStyle(int row, int fromCol, const QColor& back, bool bold) {
+    CheckRow(row, 0);
+    CheckCol(fromCol);
+    state_->model->SetRowStyle(row, fromCol, back, bold);
+}
+
 void FlexGrid::SetWordColor(int col, const QString& word, const QColor& ink) {
     CheckCol(col);
     state_->model->SetWordColor(col, word, ink);

@@ -98,6 +98,9 @@ class FlexGrid : public QTableView, public FocusEvents {
     /// An invalid colour takes it away again.
     void SetCellColor(int row, int col, const QColor& back);
     void SetCellBold(int row, int col, bool bold);
+    /// Colour and bold of a whole row from that column on, as a row of totals has them. A cell that has been
+    /// given a colour or bold of its own keeps them.
+    void SetRowStyle(int row, int fromCol, const QColor& back, bool bold);
     /// Words drawn in a colour of their own wherever a cell of the column holds exactly them.
     void SetWordColor(int col, const QString& word, const QColor& ink);
     /// Equal neighbours in the header rows are drawn as one cell.

@@ -52,7 +52,7 @@ void GridModel::SetCols(int cols) {
         std::move(from, from + kept, moved.begin() + static_cast<std::ptrdiff_t>(row) * cols);
     }
     cells_ = std::move(moved);
-    for (auto& [row, marks] : marks_) marks.erase(marks.lower_bound(cols), marks.end());
+    for (auto& [row, marks] : marks_) marks.cells.erase(marks.cells.lower_bound(cols), marks.cells.end());
     cols_ = cols;
     recent_.resize(loading_ ? static_cast<std::size_t>(cols) : 0);
     if (!loading_) endResetModel();
@@ -143,6 +143,15 @@ void GridModel::SetBold(int row, int col, bool bold) {
     EmitCellEdited(row, col);
 }
 
+void GridModel::SetRowStyle(int row, int fromCol, const QColor& back, bool bold) {
+    // A load styles its rows from the top down, so each comes behind those before it.
+    const auto marks = marks_.try_emplace(marks_.end(), row);
+    marks->second.styledFrom = fromCol;
+    marks->second.style = {.back = back, .bold = bold};
+    if (loading_ || row < fixed_) return;
+    Q_EMIT dataChanged(index(row - fixed_, fromCol), index(row - fixed_, cols_ - 1));
+}
+
 void GridModel::SetWordColor(int col, const QString& word, const QColor& ink) {
     auto& words = words_[col];
     const auto same =
@@ -158,8 +167,10 @@ void GridModel::SetWordColor(int col, const QString& word, const QColor& ink) {
 const GridModel::Mark* GridModel::MarkOf(int row, int col) const {
     const auto marks = marks_.find(row);
     if (marks == marks_.end()) return nullptr;
-    const auto mark = marks->second.find(col);
-    return mark == marks->second.end() ? nullptr : &mark->second;
+    const RowMarks& inRow = marks->second;
+    const auto mark = inRow.cells.find(col);
+    if (mark != inRow.cells.end()) return &mark->second;
+    return col >= inRow.styledFrom ? &inRow.style : nullptr;
 }
 
 void GridModel::BeginLoad(int dataRows) {

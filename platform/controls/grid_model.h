@@ -10,6 +10,7 @@
 #include <QColor>
 #include <QString>
 
+#include <limits>
 #include <map>
 #include <unordered_map>
 #include <vector>
@@ -42,6 +43,8 @@ class GridModel : public QAbstractTableModel {
     /// An invalid colour takes it away again.
     void SetBack(int row, int col, const QColor& back);
     void SetBold(int row, int col, bool bold);
+    /// For the cells of the row from that column on that have no colour and bold of their own.
+    void SetRowStyle(int row, int fromCol, const QColor& back, bool bold);
     void SetWordColor(int col, const QString& word, const QColor& ink);
     /// Rows outside these are muted; first 0: none is. Repainting is up to the caller.
     void SetEntryBlock(int first, int last) { blockFirst_ = first, blockLast_ = last; }
@@ -70,7 +73,11 @@ class GridModel : public QAbstractTableModel {
         int tries = 0;
         int hits = 0;
     };
-    using RowMarks = std::map<int, Mark>;  // by column
+    struct RowMarks {
+        std::map<int, Mark> cells;  // by column
+        int styledFrom = std::numeric_limits<int>::max();
+        Mark style;
+    };
 
     std::size_t At(int row, int col) const {
         return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) +
@@ -78,7 +85,7 @@ class GridModel : public QAbstractTableModel {
     }
     std::size_t Cells(int rows) const { return At(rows, 0); }
     const Mark* MarkOf(int row, int col) const;
-    Mark& MarkAt(int row, int col) { return marks_[row][col]; }
+    Mark& MarkAt(int row, int col) { return marks_[row].cells[col]; }
     void ShiftMarks(int from, int by);
     void EmitCellEdited(int row, int col);
     void Share(int col, QString& text);

@@ -127,7 +127,6 @@ TEST_F(Ledger, TheSummaryAddsOverAllCounterparties) {
 
 TEST_F(Ledger, EntriesOfTheMenuMoveMarksAndBuildAnew) {
     desk.Open(u"D6"_s, u"KuanMx"_s);
-    EXPECT_FALSE(desk.Enabled(u"Menu_print"_s));
     auto& bar = *desk.Frame().Front()->MenuBar();
     const QStringList before = Shown();
     EXPECT_EQ(before.size(), 2);

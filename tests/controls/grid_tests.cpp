@@ -111,14 +111,23 @@ TEST_F(GridTest, RowsComeAndGoAndRowKeepsItsNumber) {
 TEST_F(GridTest, OutOfRangeRaises) {
     Fill(3);
     const std::vector<std::function<void()>> wrong = {
-        [&] { grid.SetRow(4); },          [&] { grid.SetRow(-1); },
-        [&] { grid.SetCol(3); },          [&] { grid.SetRowSel(4); },
-        [&] { grid.SetTopRow(4); },       [&] { static_cast<void>(grid.TextMatrix(4, 0)); },
-        [&] { grid.TextMatrix(0, -1); },  [&] { grid.SetTextMatrix(0, 3, u""_s); },
-        [&] { grid.AddItem(u"x"_s, 0); }, [&] { grid.AddItem(u"x"_s, 5); },
-        [&] { grid.RemoveItem(0); },      [&] { grid.RemoveItem(4); },
-        [&] { grid.SetRows(1); },         [&] { grid.SetGridColWidth(3, 15); },
-        [&] { grid.EditCell(0, 0); },     [&] { grid.SetCellColor(4, 0, Qt::red); },
+        [&] { grid.SetRow(4); },
+        [&] { grid.SetRow(-1); },
+        [&] { grid.SetCol(3); },
+        [&] { grid.SetRowSel(4); },
+        [&] { grid.SetTopRow(4); },
+        [&] { static_cast<void>(grid.TextMatrix(4, 0)); },
+        [&] { grid.TextMatrix(0, -1); },
+        [&] { grid.SetTextMatrix(0, 3, u""_s); },
+        [&] { grid.AddItem(u"x"_s, 0); },
+        [&] { grid.AddItem(u"x"_s, 5); },
+        [&] { grid.RemoveItem(0); },
+        [&] { grid.RemoveItem(4); },
+        [&] { grid.SetRows(1); },
+        [&] { grid.SetGridColWidth(3, 15); },
+        [&] { grid.EditCell(0, 0); },
+        [&] { grid.SetCellColor(4, 0, Qt::red); },
+        [&] { grid.SetRowStyle(1, 9, Qt::red, true); },
         [&] { grid.LoadCell(3, 0, {}); },
     };
     for (std::size_t i = 0; i < wrong.size(); ++i) {
@@ -329,6 +338,28 @@ TEST_F(GridTest, ColoursGoWithTheirRows) {
     EXPECT_EQ(coloured(), u"2/0 4/0"_s);
     grid.RemoveItem(3);
     EXPECT_EQ(coloured(), u"4/0"_s);
+}
+
+TEST_F(GridTest, ARowsStyleBeginsAtItsColumnAndGivesWayToACellsOwn) {
+    Fill(4, 3);
+    grid.SetRowStyle(3, 1, Qt::yellow, true);
+    grid.SetCellColor(3, 2, Qt::cyan);
+    const auto looks = [&](int row) {
+        QStringList cells;
+        for (int col = 0; col < 3; ++col) {
+            const QModelIndex cell = grid.model()->index(row - 1, col);
+            cells << cell.data(Qt::BackgroundRole).value<QBrush>().color().name() +
+                         (cell.data(Qt::FontRole).value<QFont>().bold() ? u"!"_s : u""_s);
+        }
+        return cells.join(u' ');
+    };
+    EXPECT_EQ(looks(3), u"#000000 #ffff00! #00ffff"_s);
+    grid.AddItem(u"x"_s, 1);
+    EXPECT_EQ(looks(4), u"#000000 #ffff00! #00ffff"_s) << "it goes with its row";
+    EXPECT_EQ(looks(3), u"#000000 #000000 #000000"_s);
+    grid.BeginLoad(4);
+    grid.EndLoad();
+    EXPECT_EQ(looks(4), u"#000000 #000000 #000000"_s) << "a load drops it";
 }
 
 TEST_F(GridTest, SharedWidthsLeaveNoGap) {

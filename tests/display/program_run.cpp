@@ -1,5 +1,6 @@
 #include "tests/display/program_run.h"
 
+#include "app/product.h"
 #include "schema/data_files.h"
 #include "schema/names.h"
 
@@ -28,6 +29,11 @@ constexpr int kAnswers = 3;
 void CopyInto(const QString& folder, const QString& file, const QString& name) {
     if (!QFile::copy(file, folder + u'/' + name))
         throw std::runtime_error("no copy of " + file.toStdString());
+}
+
+/// A message box without a title bears the program's name alone.
+bool Bears(const TopWindow& window, const QString& title) {
+    return title.isEmpty() ? window.title == product::kName : window.title.contains(title);
 }
 
 }  // namespace
@@ -76,14 +82,14 @@ void ProgramRun::Send(const Stroke& stroke, const Pace& pace) {
 
 bool ProgramRun::HasWindow(const QString& title) const {
     return std::ranges::any_of(screen_.Client().Windows(),
-                               [&](const TopWindow& window) { return window.title.contains(title); });
+                               [&](const TopWindow& window) { return Bears(window, title); });
 }
 
 void ProgramRun::WaitForWindow(const QString& title) {
     const bool came = WaitUntil([&] {
         const unsigned long focus = Client().Focus();
         return std::ranges::any_of(Client().Windows(), [&](const TopWindow& window) {
-            return window.id == focus && window.title.contains(title);
+            return window.id == focus && Bears(window, title);
         });
     });
     if (!came) Fail(u"the window "_s + title + u" has no focus; there are: "_s + OpenWindows());

@@ -54,7 +54,7 @@ Step Control(char key);
 /// Types over what the box holds and moves on.
 Step Fill(const QString& text);
 
-/// A window whose title contains this is there and has the keys.
+/// A window whose title contains this is there and has the keys; "" is a window without a title.
 Step ExpectWindow(const QString& title);
 Step ExpectNoWindow(const QString& title);
 /// The rows of a statement, values joined by "|".

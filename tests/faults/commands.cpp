@@ -274,6 +274,8 @@ std::vector<Command> Made() {
         {"PayLst_Delete", "D3", "PayLst", OnLine(u"FK1"_s), Delete},
         {"ReKuan_All", "D8", "KuanMx", SpoilBalances, Refresh(0)},
         {"ReKuan_One", "D8", "KuanMx", SpoilBalances, Refresh(1)},
+        {"KuanMx_Print", "D8", "KuanMx", Listed({}), Print},
+        {"KuanHz_Print", "D7", "KuanHz", Listed({}), Print},
         {"C01_Print", "C1", "C01", Listed(u"H1"_s), Print},
         {"C02_Print", "C2", "C02", Listed(u"C1"_s), Print},
         {"C03_Print", "C3", "C03", Listed(u"H1"_s), Print},

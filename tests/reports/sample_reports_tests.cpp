@@ -23,6 +23,10 @@ const Report Reports[] = {
     {"c02", u"C2"_s, u"C02"_s, u"SH001"_s, QDate(2024, 11, 1), QDate(2024, 11, 23), -1, u"PRNTC023"_s},
     {"c03", u"C3"_s, u"C03"_s, u"Q1"_s, QDate(2024, 11, 11), QDate(2024, 11, 23), -1, u"PRNTC023"_s},
     {"c04", u"C4"_s, u"C04"_s, {}, QDate(2024, 11, 21), QDate(2024, 11, 23), -1, u"PRNTC04"_s},
+    {"kuanmx_payable", u"D6"_s, u"KuanMx"_s, {}, QDate(2024, 11, 18), QDate(2024, 11, 19), -1, u"Plist"_s},
+    {"kuanmx_receivable", u"D8"_s, u"KuanMx"_s, {}, QDate(2024, 11, 22), QDate(2024, 11, 23), -1, u"Plist"_s},
+    {"kuanhz_payable", u"D5"_s, u"KuanHz"_s, {}, QDate(2024, 11, 1), QDate(2024, 11, 23), -1, u"PrTA1"_s},
+    {"kuanhz_receivable", u"D7"_s, u"KuanHz"_s, {}, QDate(2024, 11, 22), QDate(2024, 11, 23), -1, u"PrTA1"_s},
     {"c06", u"C6"_s, u"C06"_s, {}, QDate(2024, 9, 1), QDate(2024, 11, 23), -1, u"PRNTC04"_s},
 };
 
