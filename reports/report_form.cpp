@@ -52,10 +52,8 @@ ReportForm::ReportForm(const reports::Settings& settings)
     GD->SetCols(cols);
     for (int col = 0; col < cols; ++col)
         GD->SetColAlignment(col, AlignmentOf(settings.columns[static_cast<std::size_t>(col)].kind));
-    if (settings.position != reports::Position::Never) {
-        GD->Click = [this] { ShowStatus(); };
-        GD->RowChange = [this] { ShowStatus(); };
-    }
+    if (settings.position != reports::Position::Never) GD->Click = [this] { ShowStatus(); };
+    if (settings.position == reports::Position::Always) GD->RowChange = [this] { ShowStatus(); };
     SetCommands();
 }
 

@@ -374,7 +374,7 @@ Value Call(const Expression& e, const Answers& answers) {
     if (name == u"if") return Evaluate(e.arguments[IsTrue(first) ? 1 : 2], answers);
     if (name == u"join") return TextValue(Joined(e, 1, text, answers));
     if (name == u"lines") return TextValue(Joined(e, 0, u"\n"_s, answers));
-    if (name == u"trim") return TextValue(text.trimmed());
+    if (name == u"trim") return TextValue(text::Trim(text));
     if (name == u"squeeze") return TextValue(QString(text).remove(u' '));
     if (name == u"number") return NumberValue(NumberOf(first));
     if (name == u"isnumber") return Truth(first.isNumber || text::IsPlainNumber(text));

@@ -23,7 +23,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int CustomerWidth = 260;
-constexpr int Decimals = 2;
 
 const QString allCustomers = u"所有客户"_s;
 const QString total = u"合  计"_s;  // the last line is never inserted, so it may say so
@@ -50,7 +49,7 @@ class Sums {
     }
     QStringList Line(const QString& word = {}) const {
         QStringList line{word, {}, {}, {}};
-        for (const double sum : sums_) line += text::FormatFixed(sum, Decimals);
+        for (const double sum : sums_) line += text::GeneralText(sum);
         return line;
     }
 
@@ -63,8 +62,7 @@ QStringList LineOf(const dao::Recordset& rows) {
     QStringList line;
     for (const Column col : {Customer, Name, Note}) line += rows.Fields(col).Text();
     line += invoices::Day(rows.Fields(Date));
-    for (const Column col : {Amount, Paid, Open})
-        line += text::FormatFixed(rows.Fields(col).Number(), Decimals);
+    for (const Column col : {Amount, Paid, Open}) line += text::GeneralText(rows.Fields(col).Number());
     return line;
 }
 
