@@ -18,6 +18,8 @@ namespace {
 
 using Look = ExplainedRow::Look;
 
+const QString TotalCaption = u"总计费用"_s;
+
 /// What differs between the two sides in words and boxes.
 struct SideWords {
     QString title;
@@ -188,6 +190,13 @@ QString Difference(double by) {
     return (by < 0 ? u"−"_s : u"+"_s) + text::FormatFixed(std::abs(by), decimals);
 }
 
+/// The amount as the computation puts it into its text box.
+std::optional<double> AmountAsShown(Side side, const Priced& priced) {
+    const std::optional<double> amount = priced.Amount();
+    if (!amount) return std::nullopt;
+    return text::Val(side == Side::Charge ? text::GeneralText(*amount) : text::FormatFixed(*amount, 2));
+}
+
 /// The row that says that a text box holds another amount than was computed; none where it holds the same.
 QList<ExplainedRow> RowOfBox(const QString& caption, const QString& box, std::optional<double> computed,
                              Origin origin) {
@@ -202,6 +211,10 @@ QList<ExplainedRow> RowOfBox(const QString& caption, const QString& box, std::op
         origin == Origin::Today && computed ? u"，与今日资料算出的不同"_s : u"，由操作员填写"_s;
     return {{caption, u"框中为 "_s + text::Trim(box) + why,
              computed ? Difference(held - *computed) : QString(), Look::Warning}};
+}
+
+QString Total(const CardText& card) {
+    return ChargeTotal(card(AdditionalCharge), card(BasicCharge), card(FuelRate), card(OtherFees));
 }
 
 QString TotalWords(const CardText& card) {
@@ -299,22 +312,16 @@ ExplainedSide Explain(Side side, const Priced& priced, Origin origin, const Card
                             .result = {},
                             .rows = RowsOf(side, priced),
                             .foot = FootOf(priced, origin)};
-    std::optional<double> amount = priced.Amount();
-    if (amount) {
-        explained.result = text::FormatFixed(*amount, 2);
-        // As the text box shows it.
-        amount = text::Val(side == Side::Charge ? text::GeneralText(*amount) : explained.result);
-    }
+    const std::optional<double> amount = AmountAsShown(side, priced);
+    if (amount) explained.result = text::FormatFixed(*amount, 2);
     QList<ExplainedRow> last;
     if (amount && HasChanged(side, priced, card))
         last += {u"单据"_s, u"算出之后，单据的内容有改动"_s, {}, Look::Warning};
     last += RowOfBox(words.title, card(words.amountBox), amount, origin);
     if (side == Side::Charge) {
-        const QString total =
-            ChargeTotal(card(AdditionalCharge), card(BasicCharge), card(FuelRate), card(OtherFees));
-        const QString caption = u"总计费用"_s;
-        explained.rows += {caption, TotalWords(card), total};
-        last += RowOfBox(caption, card(TotalCharge), text::Val(total), Origin::Card);
+        const QString total = Total(card);
+        explained.rows += {TotalCaption, TotalWords(card), total};
+        last += RowOfBox(TotalCaption, card(TotalCharge), text::Val(total), Origin::Card);
     }
     explained.rows += last;
     return explained;
@@ -327,6 +334,20 @@ ExplainedSide NotExplained(Side side, const QString& error) {
             .result = {},
             .rows = {{words.source, error, {}, Look::Warning}},
             .foot = {}};
+}
+
+QList<ExplainedRow> ForCustomer(const Priced& charge, const CardText& card) {
+    const std::optional<double> amount = AmountAsShown(Side::Charge, charge);
+    if (!amount) return {};
+    const QString agreed = u"另行议定"_s;
+    QList<ExplainedRow> rows = RowsOf(Side::Charge, charge);
+    const double basic = text::Val(card(BasicCharge));
+    const double total = text::Val(card(TotalCharge));
+    if (basic != *amount)
+        rows += {WordsOf(Side::Charge).title, agreed, text::FormatFixed(basic, 2), Look::Sum};
+    rows += {TotalCaption, total == text::Val(Total(card)) ? TotalWords(card) : agreed,
+             text::FormatFixed(total, 2), Look::Sum};
+    return rows;
 }
 
 QString AsText(const QList<ExplainedSide>& sides) {

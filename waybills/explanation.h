@@ -55,6 +55,10 @@ ExplainedSide Explain(Side side, const Priced& priced, Origin origin, const Card
 /// What could not be explained, in the words of the error.
 ExplainedSide NotExplained(Side side, const QString& error);
 
+/// The charge for the customer: the steps, and the amounts that the waybill holds. Empty where the
+/// computation gave no amount.
+QList<ExplainedRow> ForCustomer(const Priced& charge, const CardText& card);
+
 /// A line for each row, its parts separated by tabs.
 QString AsText(const QList<ExplainedSide>& sides);
 
