@@ -71,9 +71,11 @@ ExplanationPanel::ExplanationPanel(QWidget* parent) : QWidget(parent) {
     hide();
 }
 
-void ExplanationPanel::Explain(QList<ExplainedSide> sides, QList<HalfPlace> places, int bottom) {
+void ExplanationPanel::Explain(QList<ExplainedSide> sides, QList<HalfPlace> places, int bottom,
+                               QString keys) {
     sides_ = std::move(sides);
     places_ = std::move(places);
+    keys_ = std::move(keys);
     rows_ = 0;
     for (const ExplainedSide& side : sides_) rows_ = std::max(rows_, static_cast<int>(side.rows.size()));
     const int most = (bottom - BoxGap - Fixed) / std::max(rows_, 1);
@@ -168,7 +170,7 @@ void ExplanationPanel::PaintFoot(QPainter& painter) const {
     painter.setFont(FontOf(*this, SmallSize, false));
     painter.setPen(paint::kMuted);
     const QRect foot(first.left, top, last.right - first.left, FootHeight);
-    const int keys = Draw(painter, foot, Qt::AlignRight, u"Ctrl+C 复制    Esc 关闭"_s);
+    const int keys = Draw(painter, foot, Qt::AlignRight, keys_);
     for (qsizetype i = 0; i < sides_.size(); ++i) {
         if (i > 0 && sides_[i].foot == sides_.first().foot) continue;
         const bool beside = i + 1 < sides_.size() && sides_[i + 1].foot != sides_[i].foot;

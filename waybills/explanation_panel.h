@@ -25,9 +25,9 @@ class ExplanationPanel : public QWidget {
         int right;
         int tip;  ///< centre of the text box that is explained
     };
-    /// Shows one side or both above that y, which is the upper edge of the text boxes. Where the height is
-    /// not enough the rows get lower.
-    void Explain(QList<waybills::ExplainedSide> sides, QList<HalfPlace> places, int bottom);
+    /// Shows one side or both above that y, which is the upper edge of the text boxes, with the keys that can
+    /// be used at the foot. Where the height is not enough the rows get lower.
+    void Explain(QList<waybills::ExplainedSide> sides, QList<HalfPlace> places, int bottom, QString keys);
 
     /// Fills the context menu.
     std::function<void(QMenu&)> FillMenu;
@@ -43,6 +43,7 @@ class ExplanationPanel : public QWidget {
 
     QList<waybills::ExplainedSide> sides_;
     QList<HalfPlace> places_;  ///< in the panel's own coordinates
-    int rows_ = 0;             ///< of the longer side
-    int pitch_ = 0;            ///< from row to row
+    QString keys_;
+    int rows_ = 0;   ///< of the longer side
+    int pitch_ = 0;  ///< from row to row
 };

@@ -148,7 +148,9 @@ void B01::ShowExplanation() {
                                                  place(ChannelFuelRate, ChannelOtherFees, ShippingCost)};
     places[0].words = PlaceIn(*Frm, *Txt[OtherFees]->Widget()).left();
     places.resize(static_cast<qsizetype>(explained_.size()));
-    explanation_->Explain(ExplainedSides(), places, PlaceIn(*Frm, *Txt[BasicCharge]->Widget()).top());
+    const QString keys =
+        FormMode == Browsing ? u"Ctrl+C 复制    Ctrl+P 打印    Esc 关闭"_s : u"Ctrl+C 复制    Esc 关闭"_s;
+    explanation_->Explain(ExplainedSides(), places, PlaceIn(*Frm, *Txt[BasicCharge]->Widget()).top(), keys);
 }
 
 void B01::CloseExplanation() {
@@ -173,7 +175,8 @@ void B01::CopyExplanation() const {
 /// What the customer gets is what is saved: the charge of the waybill, and never its cost.
 void B01::PrintExplanation() {
     if (FormMode != Browsing || explained_.empty()) return;
-    const QList<ExplainedRow> rows = waybills::ForCustomer(explained_.front().priced, ShownText());
+    const Priced charge = explained_.front().priced;
+    const QList<ExplainedRow> rows = waybills::ForCustomer(charge, ShownText());
     if (rows.isEmpty()) return sys::Inform(u"这张速递单没有算出基本费用，不能打印！"_s, MsgTitle);
     if (!LayoutIsThere(Layout, u"丢失!"_s)) return;
     Db->Execute(u"delete from PRNTB01"_s);
@@ -187,5 +190,5 @@ void B01::PrintExplanation() {
     };
     RunReport(Layout, {formula(u"DH"_s, BoxText(Number)), formula(u"RQ"_s, BoxText(SendDate)),
                        formula(u"KH"_s, BoxText(CustomerCode)), formula(u"QY"_s, BoxText(ServiceZoneCode)),
-                       formula(u"DD"_s, BoxText(Destination))});
+                       formula(u"DD"_s, BoxText(Destination)), formula(u"BJ"_s, charge.day)});
 }
