@@ -126,29 +126,39 @@ QString ResultWords(Side side, const Priced& priced) {
     return priced.Find(StepKind::FirstWeight) ? u"首重价格"_s : u"全部重量 × 单价"_s;
 }
 
+ExplainedRow WeightRow(const SideWords& words, const Step& step) {
+    const QString weight = text::GeneralText(step.figure);
+    const std::size_t service = step.note == StepNote::Document ? 0 : 1;
+    return {words.weight, weight + u" 公斤，"_s + ServiceTypes[service].shown, weight};
+}
+
+ExplainedRow PriceRow(Side side, const Step& step, const Priced& priced, const QString& figure) {
+    ExplainedRow row{u"单价"_s, PriceWords(side, step, priced), {}};
+    if (step.note == StepNote::NoPrice)
+        row.figure = u"0"_s;
+    else if (step.part != Part::None)
+        row.figure = figure;
+    return row;
+}
+
 ExplainedRow RowOf(Side side, const Step& step, const Priced& priced) {
     const SideWords& words = WordsOf(side);
     const QString figure = text::FormatFixed(step.figure, 2);
+    const bool flagged = step.note == StepNote::FirstAndRest;
+    const bool excludes = step.note == StepNote::OtherFeesExclude;
     switch (step.kind) {
         case StepKind::Source:
             return {words.source, {}, {}};
         case StepKind::Weight:
-            return {words.weight,
-                    text::GeneralText(step.figure) + u" 公斤，"_s +
-                        ServiceTypes[step.note == StepNote::Document ? 0 : 1].shown,
-                    text::GeneralText(step.figure)};
+            return WeightRow(words, step);
         case StepKind::Bracket:
             return {u"计费段"_s, BracketWords(side, step, priced), {}};
         case StepKind::Way:
             return {u"算法"_s,
-                    step.note == StepNote::FirstAndRest ? u"这一段已勾选：首重价格 + 续重价格，续重不取整"_s
-                                                        : u"全部重量 × 单价"_s,
+                    flagged ? u"这一段已勾选：首重价格 + 续重价格，续重不取整"_s : u"全部重量 × 单价"_s,
                     {}};
         case StepKind::Price:
-            return {u"单价"_s, PriceWords(side, step, priced),
-                    step.note == StepNote::NoPrice ? u"0"_s
-                    : step.part == Part::None      ? QString()
-                                                   : figure};
+            return PriceRow(side, step, priced, figure);
         case StepKind::Fallback:
             return {u"改按"_s, FallbackWords(side, step, priced), {}, Look::Warning};
         case StepKind::FirstWeight:
@@ -158,9 +168,7 @@ ExplainedRow RowOf(Side side, const Step& step, const Priced& priced) {
         case StepKind::Additional:
             return {u"附加费用"_s, u"与运费一起乘燃油费率"_s, figure};
         case StepKind::Other:
-            return {u"其它费用"_s,
-                    step.note == StepNote::OtherFeesExclude ? u"这一段不加其它费用"_s : u"不乘燃油费率"_s,
-                    figure};
+            return {u"其它费用"_s, excludes ? u"这一段不加其它费用"_s : u"不乘燃油费率"_s, figure};
         case StepKind::Fuel:
             return {u"燃油费率"_s, {}, text::GeneralText(step.figure)};
         case StepKind::Result:
