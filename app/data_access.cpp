@@ -87,6 +87,10 @@ double GetVal(const QString& sql) {
     return AskOrReport(u"GetVal"_s, [&] { return FirstNumber(*Db, sql); });
 }
 
+void DeleteStepsWithoutWaybill() {
+    Db->Execute(u"delete from B011 where not exists (select F1 from B01 where B01.F1=B011.F1)"_s);
+}
+
 int CountRows(dao::Recordset& rows) {
     if (rows.Eof()) return 0;
     rows.MoveLast();

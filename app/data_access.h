@@ -44,5 +44,9 @@ QString NameOf(dao::Database& db, const QString& table, const QString& code);
 /// The trimmed text before its first point, or all of it: the code of a combo text.
 QString CodePart(const QString& comboText);
 
+/// Deletes how the charges of waybills were computed where a deletion of many has taken the waybills (table
+/// B011). Raises DatabaseError.
+void DeleteStepsWithoutWaybill();
+
 /// The true number of rows; the set is at its first row again, if it has one.
 int CountRows(dao::Recordset& rows);

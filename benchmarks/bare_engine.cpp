@@ -1,6 +1,7 @@
 #include "benchmarks/bare_engine.h"
 
 #include "platform/dao/cipher.h"
+#include "platform/dao/engine_functions.h"
 #include "schema/names.h"
 
 #include <cstdio>
@@ -95,6 +96,8 @@ BareEngine::BareEngine(const QString& path) {
     for (const char* setting : {"PRAGMA temp_store=MEMORY", "PRAGMA cache_size=-65536",
                                 "PRAGMA journal_mode=WAL", "PRAGMA synchronous=FULL"})
         BareStatement(engine_, setting).Step();
+    // The statements of a command are caught as they reach the engine, with the functions that they call.
+    Must(engine_, dao::RegisterFunctions(engine_), "functions");
 }
 
 BareEngine::~BareEngine() {

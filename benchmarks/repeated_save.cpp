@@ -58,6 +58,11 @@ void FillCard(OpenForm& form, QDate date) {
         {waybills::ReleaseMark, OperatorName},
     };
     for (const auto& [box, value] : boxes) form.Box(box).SetText(value);
+    // The computations give their steps, which the save stores; the amounts are ours.
+    form.Combo(waybills::ChannelZoneCode).SetText(text(CostZoneCode(Channel, 0)));
+    for (const Box box : {waybills::BasicCharge, waybills::ShippingCost}) form.Box(box).GotFocus();
+    form.Box(waybills::BasicCharge).SetText(QString::number(Charge));
+    form.Box(waybills::ShippingCost).SetText(QString::number(Cost));
     form.findChild<controls::DTPicker*>(u"DTP"_s)->SetValue(date);
 }
 
@@ -71,9 +76,10 @@ RepeatedSave::RepeatedSave(Office& office, QDate day)
     MakeReady();
     Save();
     if (office.Bare().Answer("select count(*) from TB1 where F1 in ('YS" + Number + "','YF" + Number +
-                             "')") == u"2")
+                             "')") == u"2" &&
+        office.Bare().Answer("select count(*) from B011 where F5<>'' and F9<>''") == u"1")
         return;
-    std::fprintf(stderr, "the save did not post\n");
+    std::fprintf(stderr, "the save did not post or store its steps\n");
     std::exit(2);
 }
 
@@ -97,6 +103,7 @@ void RepeatedSave::Undo(BareEngine& engine) const {
     Lower(engine, "YF", ChannelName(Channel), Cost);
     engine.Run("delete from TB1 where F1 in ('YS" + Number + "','YF" + Number + "')");
     engine.Run("delete from B01 where F1='" + Number + "'");
+    engine.Run("delete from B011 where F1='" + Number + "'");
     engine.Run("update SysInfo set Setval=" + counter_.toUtf8() + " where ID=100");
     engine.Run("commit");
 }

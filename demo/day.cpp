@@ -226,6 +226,22 @@ void PlayTakenNumber(Operator& op) {
     op.ExpectText(u"Txt(0)"_s, u"KV2411250003"_s);
 }
 
+/// The charge of the waybill that was just saved, explained and printed for the customer.
+void PlayExplanation(Operator& op) {
+    op.Press(Qt::Key_F1);
+    op.Expect(u"价格说明"_s, [] {
+        const auto* panel = TheFrame().Front()->findChild<QWidget*>(u"PriceExplanation"_s);
+        return panel && panel->isVisible() &&
+               panel->accessibleDescription().contains(u"改用小包裹的首重加续重"_s);
+    });
+    op.Picture(u"waybill-explained"_s, u"速递单：按 F1，这个价格是怎样算出的"_s);
+    op.Press(Qt::Key_P, Qt::ControlModifier);
+    op.Expect(u"打印预览"_s, [] { return TheFrame().Front()->objectName() == u"Prnt"; });
+    op.Picture(u"waybill-explained-print"_s, u"运费计算说明，打印给客户"_s);
+    op.Command(u"R"_s);
+    op.Press(Qt::Key_Escape);
+}
+
 // A new waybill proposes the origin that the operator used last, so most of them name none.
 
 void PlayWaybills(Operator& op) {
@@ -237,6 +253,7 @@ void PlayWaybills(Operator& op) {
     EnterWaybill(op, day[2], u"waybill-released"_s);
     PlayTakenNumber(op);
     EnterWaybill(op, day[3], u"waybill-no-price"_s);
+    PlayExplanation(op);
     EnterWaybill(op, day[4], u"waybill-back-dated"_s);
     // What was sent on Saturday is before Monday's, and the balances behind it have followed.
     op.ExpectRows(
@@ -534,7 +551,8 @@ void PlayDay(Operator& op, const QString& folder) {
          [&] { PlayCostZones(op); }},
         {u"新客户和报价"_s, u"两个新客户；其中一个按两种系数报全部区域，并改掉一个价格。"_s,
          [&] { PlayCustomers(op); }},
-        {u"开单"_s, u"五张速递单：文件、小包裹、重包裹、没有报价的重量段、补录星期六的一张。"_s,
+        {u"开单"_s,
+         u"五张速递单：文件、小包裹、重包裹、没有报价的重量段、补录星期六的一张；按 F1 说明价格。"_s,
          [&] { PlayWaybills(op); }},
         {u"看单、改单"_s, u"列表、卡片、修改；正在修改时不能关闭。"_s, [&] { PlayList(op); }},
         {u"出货"_s, u"出货后从列表中移去；补上成本再保存，应付款记入渠道的往来。"_s,

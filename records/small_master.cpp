@@ -93,6 +93,7 @@ void SmallMaster::Menu_del() {
     // The waybills that use the record go with it; nothing is posted back to the ledger.
     if (consent == Consent::Whole) Db->Execute(master_.cascade + Quoted(key));
     Db->Execute(u"delete from "_s + master_.table + u" WHERE F1="_s + Quoted(key));
+    if (consent == Consent::Whole) DeleteStepsWithoutWaybill();
     RemoveCurrentRecord(CurRowLimit::Records);
 }
 

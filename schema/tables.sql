@@ -323,6 +323,21 @@ create index B01_F203 on B01 (F203);
 create index B01_F602 on B01 (F602);
 create index B01_F603 on B01 (F603);
 
+-- How the charge and the cost of a waybill were computed, at most one row for each: the steps as the
+-- computations gave them (waybills/price_steps.h), so that later prices do not change the explanation.
+create table B011 (
+    F1 TEXT COLLATE NOCASE,  -- waybill number, B01.F1
+    F2 TEXT COLLATE NOCASE,  -- charge: customer, M03.F1
+    F3 TEXT COLLATE NOCASE,  -- charge: service zone, M02.F1
+    F4 TEXT COLLATE NOCASE,  -- charge: day of the prices, yyyy-MM-dd
+    F5 TEXT COLLATE NOCASE,  -- charge: steps; empty where it was not computed
+    F6 TEXT COLLATE NOCASE,  -- cost: channel, M01.F1
+    F7 TEXT COLLATE NOCASE,  -- cost: cost zone, M011.F1
+    F8 TEXT COLLATE NOCASE,  -- cost: day of the prices, yyyy-MM-dd
+    F9 TEXT COLLATE NOCASE   -- cost: steps; empty where it was not computed
+);
+create index B011_F1 on B011 (F1);
+
 -- -------------------- the ledger ----------------------------------------------------------------------
 
 -- Journal of receivables and payables. The sign of LB is the side. A post names only the amount that it
@@ -449,6 +464,14 @@ create table PRNTC05 (
     F5 TEXT COLLATE NOCASE,  -- reason, line 3
     F6 TEXT COLLATE NOCASE,  -- reason, line 4
     F7 TEXT COLLATE NOCASE   -- reason, line 5
+);
+
+-- Explained charge, a row for each step.
+create table PRNTB01 (
+    F1 TEXT COLLATE NOCASE,  -- caption
+    F2 TEXT COLLATE NOCASE,  -- what was done, in words
+    F3 TEXT COLLATE NOCASE,  -- figure
+    F4 TEXT COLLATE NOCASE   -- 1 for a sum, else 0
 );
 
 -- Detail ledger.

@@ -27,9 +27,15 @@ void RequireAlone(sqlite3* db) {
 }  // namespace
 
 const std::vector<UpgradeStep>& UpgradeSteps() {
-    // The first shape is what new files have, so the first change will be the first step:
-    // {2, {"alter table B01 add column ..."}}.
-    static const std::vector<UpgradeStep> steps;
+    static const std::vector<UpgradeStep> steps = {
+        {2,
+         {"create table B011 (F1 TEXT COLLATE NOCASE, F2 TEXT COLLATE NOCASE, F3 TEXT COLLATE NOCASE, "
+          "F4 TEXT COLLATE NOCASE, F5 TEXT COLLATE NOCASE, F6 TEXT COLLATE NOCASE, F7 TEXT COLLATE NOCASE, "
+          "F8 TEXT COLLATE NOCASE, F9 TEXT COLLATE NOCASE)",
+          "create index B011_F1 on B011 (F1)",
+          "create table PRNTB01 (F1 TEXT COLLATE NOCASE, F2 TEXT COLLATE NOCASE, F3 TEXT COLLATE NOCASE, "
+          "F4 TEXT COLLATE NOCASE)"}},
+    };
     return steps;
 }
 

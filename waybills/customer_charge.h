@@ -5,6 +5,7 @@
 
 #include "platform/dao/database.h"
 #include "waybills/computed.h"
+#include "waybills/price_steps.h"
 
 #include <QString>
 
@@ -19,8 +20,9 @@ struct ChargeInput {
 };
 
 /// The text for `Txt(26)`, in general number text, not rounded. Raises DatabaseError if a text makes its
-/// statement invalid, and RuntimeError on overflow.
-Computed ComputeCustomerCharge(dao::Database& db, const ChargeInput& input);
+/// statement invalid, and RuntimeError on overflow. `steps`, if it is not null, gets the steps of the amount,
+/// or those up to the one where the computation ended.
+Computed ComputeCustomerCharge(dao::Database& db, const ChargeInput& input, Steps* steps = nullptr);
 
 /// The text for `Txt(28)`, "#0.00": (additional + basic) times the fuel factor, plus the other fees. An empty
 /// factor counts as 0, so that only the other fees remain; unlike the channel's factor, it does not default

@@ -32,4 +32,42 @@ Bracket PlainBracket(const dao::Recordset& row, double weight, bool document, do
     return chosen;
 }
 
+Step WeightStep(double weight, bool document) {
+    return {
+        .kind = StepKind::Weight, .note = document ? StepNote::Document : StepNote::None, .figure = weight};
+}
+
+Step PlainBracketStep(const dao::Recordset& row, const Bracket& chosen, bool document) {
+    const bool within = chosen.index == bracket::DocumentFirst || chosen.index == bracket::ParcelFirst;
+    return {.kind = StepKind::Bracket,
+            .note = within ? StepNote::WithinFirst : StepNote::Continued,
+            .from = row.Fields(document ? 0 : 2).Number()};
+}
+
+Step PriceStep(double amount, double price, Part part) {
+    return {.kind = StepKind::Price,
+            .part = part,
+            .note = price == 0 ? StepNote::NoPrice : StepNote::None,
+            .figure = amount,
+            .price = price};
+}
+
+Step FirstWeightStep(double price, StepNote note, const Bracket& chosen) {
+    return {.kind = StepKind::FirstWeight,
+            .part = Part::Carriage,
+            .note = note,
+            .figure = price,
+            .from = static_cast<double>(chosen.firstWeight)};
+}
+
+Step ContinuationStep(double amount, double count, double price, const Bracket& chosen) {
+    return {.kind = StepKind::Steps,
+            .part = Part::Carriage,
+            .figure = amount,
+            .from = static_cast<double>(chosen.firstWeight),
+            .to = static_cast<double>(chosen.stepWeight),
+            .count = count,
+            .price = price};
+}
+
 }  // namespace waybills

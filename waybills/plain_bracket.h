@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/dao/recordset.h"
+#include "waybills/price_steps.h"
 
 #include <cstdint>
 
@@ -28,5 +29,14 @@ struct Bracket {
 /// Fields 0 to 3 of the row are first weight and step of documents, then of small parcels; a weight that is
 /// null counts as `ifNull`. Raises RuntimeError for a weight too large for a single.
 Bracket PlainBracket(const dao::Recordset& row, double weight, bool document, double ifNull);
+
+// The steps that both computations have.
+Step WeightStep(double weight, bool document);
+/// A chosen plain bracket, with the first weight that the weight was compared with.
+Step PlainBracketStep(const dao::Recordset& row, const Bracket& chosen, bool document);
+/// The rate of a heavy segment; where the fallback applies instead, it is no part of the amount.
+Step PriceStep(double amount, double price, Part part);
+Step FirstWeightStep(double price, StepNote note, const Bracket& chosen);
+Step ContinuationStep(double amount, double count, double price, const Bracket& chosen);
 
 }  // namespace waybills

@@ -7,6 +7,7 @@
 
 #include "platform/dao/database.h"
 #include "waybills/computed.h"
+#include "waybills/price_steps.h"
 
 #include <QString>
 
@@ -25,7 +26,8 @@ struct CostInput {
 
 /// The text for `Txt(34)`. Without a channel it computes nothing and gives no message. Raises DatabaseError
 /// if a text makes its statement invalid, RuntimeError on overflow and for a channel with more segments than
-/// bounds.
-Computed ComputeShippingCost(dao::Database& db, const CostInput& input);
+/// bounds. `steps`, if it is not null, gets the steps of the amount, or those up to the one where the
+/// computation ended.
+Computed ComputeShippingCost(dao::Database& db, const CostInput& input, Steps* steps = nullptr);
 
 }  // namespace waybills

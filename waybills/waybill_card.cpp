@@ -16,16 +16,22 @@ using waybills::Box;
 using waybills::Boxes;
 using waybills::BoxesByPosition;
 using waybills::BoxRow;
+using waybills::ChargeInputOf;
 using waybills::ChargeTotal;
 using waybills::CodedWord;
 using waybills::ComputeCustomerCharge;
 using waybills::Computed;
 using waybills::ComputeShippingCost;
+using waybills::CostInputOf;
+using waybills::EmptySteps;
 using waybills::IsReleased;
 using waybills::Kind;
 using waybills::NotShipped;
 using waybills::PaymentModes;
+using waybills::Priced;
 using waybills::ServiceTypes;
+using waybills::Side;
+using waybills::Steps;
 
 namespace {
 
@@ -197,6 +203,7 @@ void B01::WireCard() {
     Txt[TotalCharge]->GotFocus = [this] { EnterTotal(); };
     Txt[ShippingCost]->GotFocus = [this] { EnterCost(); };
     Txt[ReleaseMark]->Change = [this] { MirrorRelease(); };
+    WireExplanation();
     ChkChuHuo->KeyPressed = controls::EnterMovesOn;
     ChkChuHuo->Click = [this] { ClickRelease(); };
 }
@@ -207,6 +214,8 @@ void B01::ShowCombo(Box box, bool shown) {
 }
 
 void B01::OpenCard() {
+    CloseExplanation();
+    runs_ = {};
     const controls::CardAtRest rest(*Txt[Number]->Widget()->parentWidget());
     // The number is unlocked by the commands themselves; maker and release mark are never typed.
     for (int i = SendDate; i < BoxCount; ++i)
@@ -224,6 +233,8 @@ void B01::OpenCard() {
 }
 
 void B01::CloseCard() {
+    CloseExplanation();
+    runs_ = {};
     const controls::CardAtRest rest(*Txt[Number]->Widget()->parentWidget());
     for (auto* box : Txt)
         if (!box->Locked()) box->SetLocked(true);
@@ -270,6 +281,7 @@ void B01::CombosTakeBoxes() {
 }
 
 void B01::RowToCard() {
+    CloseExplanation();
     if (CurRow == 0) CurRow = 1;
     auto row = Db->OpenRecordset(u"select * from B01 where F1="_s + Quoted(text::Trim(CurrentCell(0))));
     if (row.Eof()) {
@@ -350,7 +362,7 @@ void B01::ClickRelease() {
         Txt[ReleaseMark]->SetText(ChkChuHuo->Value() == 1 ? OperatorName : NotShipped);
 }
 
-void B01::Compute(Box box, const std::function<Computed()>& computation) {
+void B01::Compute(Side side, Box box, const std::function<Computed(Steps&)>& computation) {
     if (FormMode < Adding) {
         TabS->SetFocus();
         return;
@@ -358,10 +370,12 @@ void B01::Compute(Box box, const std::function<Computed()>& computation) {
     auto& target = *Txt[box];
     target.SetLocked(true);
     const controls::WaitPointer waiting;
-    const Computed result = computation();
+    Priced run = EmptySteps(side, ShownText());
+    const Computed result = computation(run.steps);
     if (result.fuelFactorDefaulted) Txt[ChannelFuelRate]->SetText(u"1"_s);
     switch (result.kind) {
         case Computed::Kind::Amount:
+            runs_[static_cast<std::size_t>(side)] = std::move(run);
             target.SetText(result.amount);
             break;
         case Computed::Kind::Refused:
@@ -378,24 +392,13 @@ void B01::Compute(Box box, const std::function<Computed()>& computation) {
 }
 
 void B01::EnterBasicCharge() {
-    Compute(BasicCharge, [this] {
-        return ComputeCustomerCharge(*Db, {.customer = Combo(CustomerCode).Text(),
-                                           .zone = Combo(ServiceZoneCode).Text(),
-                                           .weight = BoxText(ReceivedWeight),
-                                           .serviceType = Combo(ServiceType).Text()});
-    });
+    Compute(Side::Charge, BasicCharge,
+            [this](Steps& steps) { return ComputeCustomerCharge(*Db, ChargeInputOf(ShownText()), &steps); });
 }
 
 void B01::EnterCost() {
-    Compute(ShippingCost, [this] {
-        return ComputeShippingCost(*Db, {.channel = Combo(ChannelCode).Text(),
-                                         .zone = Combo(ChannelZoneCode).Text(),
-                                         .weight = BoxText(ShippedWeight),
-                                         .serviceType = Combo(ServiceType).Text(),
-                                         .fuelFactor = BoxText(ChannelFuelRate),
-                                         .additionalFees = BoxText(ChannelAdditionalFees),
-                                         .otherFees = BoxText(ChannelOtherFees)});
-    });
+    Compute(Side::Cost, ShippingCost,
+            [this](Steps& steps) { return ComputeShippingCost(*Db, CostInputOf(ShownText()), &steps); });
 }
 
 void B01::EnterTotal() {

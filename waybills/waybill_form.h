@@ -8,11 +8,16 @@
 #include "platform/controls/card.h"
 #include "records/record_form.h"
 #include "waybills/computed.h"
+#include "waybills/explanation.h"
+#include "waybills/price_steps.h"
 #include "waybills/waybill_fields.h"
 
 #include <QDate>
 
 #include <map>
+#include <vector>
+
+class ExplanationPanel;
 
 /// 速递单: the waybills.
 class B01 : public RecordForm {
@@ -38,6 +43,9 @@ class B01 : public RecordForm {
     /// Selects all waybills, ordered by the text of their date.
     static QString ListStatement();
 
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
     void BuildCard();
     void PlaceFields(controls::Card& card);
@@ -57,12 +65,33 @@ class B01 : public RecordForm {
     void LeaveCustomer();
     void MirrorRelease();
     void ClickRelease();
-    /// Puts the result of a computation into its text box, which is locked meanwhile; or shows the message
-    /// box that says why there is none.
-    void Compute(waybills::Box box, const std::function<waybills::Computed()>& computation);
+    /// Puts the result of a computation into its text box, which is locked meanwhile, and keeps its steps; or
+    /// shows the message box that says why there is none.
+    void Compute(waybills::Side side, waybills::Box box,
+                 const std::function<waybills::Computed(waybills::Steps&)>& computation);
     void EnterBasicCharge();
     void EnterTotal();
     void EnterCost();
+
+    // The explanation (waybill_explain.cpp).
+    struct Explained {
+        waybills::Side side;
+        waybills::Priced priced;
+        waybills::Origin origin;
+    };
+    void WireExplanation();
+    void ExplanationKey(controls::KeyPress& key);
+    /// What the card shows for a text box, the combo's text in add and edit state.
+    QString CardText(waybills::Box box) const;
+    waybills::CardText ShownText() const;
+    void ExplainPrice();
+    Explained ExplainedOf(waybills::Side side, const waybills::BothSides& stored) const;
+    QList<waybills::ExplainedSide> ExplainedSides() const;
+    void ShowExplanation();
+    void CloseExplanation();
+    void FillExplanationMenu(QMenu& menu);
+    void CopyExplanation() const;
+    void PrintExplanation();
 
     // The commands.
     void Menu_Add() override;
@@ -87,11 +116,16 @@ class B01 : public RecordForm {
     QString InsertStatement() const;
     void AppendSavedLine();
     void Post();
+    /// Of the waybill with that number before, and with what this edit computed anew.
+    waybills::BothSides StepsToStore(const QString& old) const;
 
     controls::ComboBox& Combo(waybills::Box box) const { return *Cmb.at(box); }
 
     std::map<waybills::Box, controls::ComboBox*> Cmb;  ///< over the text boxes of the same index
     controls::DTPicker* DTP = nullptr;                 ///< over Txt[SendDate]
     controls::CheckBox* ChkChuHuo = nullptr;
-    QString customerAtEntry_;  ///< trimmed text of Cmb(31) when it got the focus
+    QString customerAtEntry_;           ///< trimmed text of Cmb(31) when it got the focus
+    waybills::BothSides runs_;          ///< what the computations last gave in this add or edit state
+    std::vector<Explained> explained_;  ///< by the panel; empty while it is closed
+    ExplanationPanel* explanation_ = nullptr;
 };

@@ -8,6 +8,7 @@
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
 #include "records/export.h"
+#include "waybills/stored_steps.h"
 #include "waybills/waybill_form.h"
 
 #include <QFile>
@@ -157,6 +158,7 @@ void B01::Menu_del() {
     Db->Execute(u"delete from B01 WHERE F1="_s + Quoted(number));
     // The chains of customer and channel are left as they are: the rows behind keep their balances.
     accounts::DeleteWaybillEntries(*Db, number);
+    waybills::DeleteSteps(*Db, number);
     // Released waybills left the list and not the count.
     RecCount = std::min(RecCount, GD->Rows() - 1);
     RemoveCurrentRecord(CurRowLimit::Records);

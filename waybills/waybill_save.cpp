@@ -9,10 +9,12 @@
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
+#include "waybills/stored_steps.h"
 #include "waybills/waybill_form.h"
 
 using namespace Qt::StringLiterals;
 using enum waybills::Box;
+using waybills::BothSides;
 using waybills::Box;
 using waybills::Boxes;
 using waybills::BoxRow;
@@ -185,7 +187,17 @@ void B01::Post() {
     accounts::PostEntry(*Db, entry);
 }
 
+waybills::BothSides B01::StepsToStore(const QString& old) const {
+    // An amount that this edit did not compute anew keeps the steps that it was computed by.
+    BothSides steps = old.isEmpty() ? BothSides{} : waybills::ReadSteps(*Db, old);
+    for (std::size_t side = 0; side < steps.size(); ++side)
+        if (runs_[side]) steps[side] = runs_[side];
+    return steps;
+}
+
 void B01::Menu_save() {
+    CloseExplanation();
+    const QString old = text::Trim(OldKey());
     for (const Box box : {Length, Width, Height})
         Txt[box]->SetText(text::GeneralText(text::Val(BoxText(box))));
     Txt[SendDate]->SetText(text::DateText(DTP->Value()));
@@ -193,5 +205,9 @@ void B01::Menu_save() {
     Db->Execute(InsertStatement());
     AppendSavedLine();
     Post();
+    const BothSides steps = StepsToStore(old);
+    const QString number = text::Trim(BoxText(Number));
+    if (!old.isEmpty() && old != number) waybills::DeleteSteps(*Db, old);
+    waybills::StoreSteps(*Db, number, steps);
     FinishSave();
 }

@@ -7,6 +7,7 @@
 
 #include <QContextMenuEvent>
 #include <QDropEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QPainter>
 #include <QPointer>
@@ -101,7 +102,11 @@ void LineBox::mouseReleaseEvent(QMouseEvent* event) {
 
 void LineBox::contextMenuEvent(QContextMenuEvent* event) {
     if (isReadOnly() || !KeepsFocus(this)) return event->accept();
-    QLineEdit::contextMenuEvent(event);
+    if (!ExtendMenu) return QLineEdit::contextMenuEvent(event);
+    QMenu* menu = createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    ExtendMenu(*menu);
+    menu->popup(event->globalPos());
 }
 
 void LineBox::dropEvent(QDropEvent* event) {

@@ -16,6 +16,10 @@
 #include <QPushButton>
 #include <QString>
 
+#include <functional>
+
+class QMenu;
+
 namespace controls {
 
 /// A text box of one or several rows. MaxLength counts characters; a pasted tab becomes a blank.
@@ -33,6 +37,8 @@ class TextBox : public FocusEvents {
 
     sys::Event<> Change;
     sys::Event<KeyPress&> KeyPressed;
+    /// Adds the form's own entries to the context menu, behind those of the toolkit.
+    std::function<void(QMenu&)> ExtendMenu;
 };
 
 /// One row.

@@ -165,7 +165,9 @@ class OlderFile : public testing::Test {
   protected:
     OlderFile() {
         schema::MakeDatabase(run_.File());
-        Connection(run_.File()).Run(u"pragma user_version = 0"_s);
+        Connection file(run_.File());
+        for (const auto& later : {u"B011"_s, u"PRNTB01"_s}) file.Run(u"drop table "_s + later);
+        file.Run(u"pragma user_version = 0"_s);
     }
     QStringList Kept() const { return QDir(run_.folder.path()).entryList({u"tessik.更改前.*.dat"_s}); }
     int Version(const QString& file) const {

@@ -38,6 +38,7 @@ struct Pace {
 inline constexpr Keysym kReturn = 0xff0d;
 inline constexpr Keysym kTab = 0xff09;
 inline constexpr Keysym kEscape = 0xff1b;
+inline constexpr Keysym kF1 = 0xffbe;
 inline constexpr Keysym kSpace = 0x20;
 inline constexpr Keysym kRight = 0xff53;
 inline constexpr Keysym kDown = 0xff54;

@@ -87,6 +87,23 @@ Script FinishWaybill() {
             Alt('s')};
 }
 
+Script FinishExplained() {
+    return {Press(kF1),                                                           // in the basic charge
+            MoveOn(),                                                             // closes the panel
+            Fill(u"35"_s),                                                        // additional charge
+            Fill(u"20"_s),                                                        // other fees
+            Fill(u"1.145"_s),                                                     // fuel rate
+            Press(kF1),                                                           // in the total
+            Press(kEscape),   Press(kF1), Control('c'), MoveOn(), Press(kF1, 2),  // in the cost
+            MoveOn(),
+            Fill(u"15"_s),    // the channel's additional fees
+            Press(kF1),       // opens nothing here
+            Fill(u"5"_s),     // its other fees
+            Type(u"1.12"_s),  // its fuel rate
+            MoveBack(3),      // to the cost
+            Press(kF1),       Alt('s')};
+}
+
 Script AddWaybill(const QString& number) {
     return BeginWaybill() + Script{Fill(number)} + FillWaybill(u"12.5"_s) + FinishWaybill();
 }

@@ -15,6 +15,8 @@ Script AddWaybill(const QString& number);
 Script BeginWaybill();                      ///< up to the number
 Script FillWaybill(const QString& weight);  ///< behind the number, up to the basic charge
 Script FinishWaybill();                     ///< from the basic charge to 保存
+/// The same, with F1 in every text box that it explains.
+Script FinishExplained();
 Step ExpectWaybill(const QString& number);  ///< it is in the file
 
 /// Every column of the waybill's row and of its rows in the journal as "table.column = value", but for those

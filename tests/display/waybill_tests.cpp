@@ -38,6 +38,27 @@ TEST(Typing, AtAnySpeedStoresTheSame) {
     }
 }
 
+/// F1 comes between the keys of the amounts; the panel takes none of them, and no message box comes up.
+TEST(Typing, WithExplanationsInBetween) {
+    ProgramRun run;
+    run.Play(LogIn() + OpenWaybills());
+    // A new card keeps some text boxes of the waybill before.
+    run.Play(AddWaybill(u"EX0000"_s) + Script{ExpectWaybill(u"EX0000"_s)}, {.milliseconds = kFast});
+    const Pace paces[] = {{.milliseconds = 5, .byTab = false},
+                          {.milliseconds = 0, .byTab = false},
+                          {.milliseconds = 0, .byTab = true}};
+    int typed = 0;
+    for (const Pace& pace : paces) {
+        const QString number = u"EX000%1"_s.arg(++typed);
+        run.Play(BeginWaybill() + Script{Fill(number)} + FillWaybill(u"12.5"_s) + FinishExplained() +
+                     Script{ExpectWaybill(number), Press(kF1), Press(kEscape)},
+                 pace);
+        EXPECT_EQ(DifferenceFromReference(run, number).toStdString(), "") << pace.milliseconds << " ms";
+        EXPECT_EQ(run.Rows(u"select F2,F3,F6,F7 from B011 where F1='%1'"_s.arg(number)),
+                  QStringList{u"SH001|D01|Q1|Q1-4"_s});
+    }
+}
+
 /// While a machine stalls, all keys of a waybill arrive in one piece.
 TEST(Typing, IntoAProgramThatIsStopped) {
     ProgramRun run;

@@ -2,6 +2,7 @@
 
 #include "schema/data_files.h"
 #include "tests/faults/waybill_entry.h"
+#include "waybills/waybill_fields.h"
 
 #include <QFile>
 #include <QRadioButton>
@@ -83,6 +84,13 @@ void EditOfCustomer(Desk& desk) {
 void NewWaybill(Desk& desk) {
     AltKey(u'A');
     FillCard(*desk.Frame().Front(), {.number = u"W3"_s, .date = QDate(2024, 3, 15)});
+}
+
+/// With a charge that was computed, so that its steps are stored.
+void NewPricedWaybill(Desk& desk) {
+    NewWaybill(desk);
+    desk.SetBox(waybills::ReceivedWeight, u"3"_s);
+    desk.Enter(u"Txt(%1)"_s.arg(waybills::BasicCharge));
 }
 
 void EditOfWaybill(Desk& desk) {
@@ -257,6 +265,7 @@ std::vector<Command> Made() {
          },
          PrintQuotes},
         {"B01_Add", "B", "B01", NewWaybill, Save},
+        {"B01_AddPriced", "B", "B01", NewPricedWaybill, Save},
         {"B01_Edit", "B", "B01", EditOfWaybill, Save},
         {"B01_Release", "B", "B01", OnLine(u"W2"_s), [](Desk&) { AltKey(u'C'); }},
         {"B01_Delete", "B", "B01", OnLine(u"W1"_s), Delete},
@@ -355,6 +364,8 @@ QStringList CommandMasters() {
                       u"update M02 set F3='甲',P101=10,P102=5,P201=12,P202=6 where F1='甲'"_s,
                       u"insert into B01 (F1,F101,F201,F202,F203,F602,F603,F604) VALUES "_s +
                           u"('W8','2024-03-18','甲','甲','甲','甲','甲','未审核')"_s,
+                      u"insert into B011 (F1,F2,F3,F4,F5) VALUES ('W1','C1','Z1','2024-03-16','11 0 0 50')"_s,
+                      u"insert into B011 (F1,F2,F3,F4,F5) VALUES ('W8','甲','甲','2024-03-18','11 0 0 1')"_s,
                       u"insert into M021 (F0,F1) VALUES ('甲','东京')"_s,
                       u"insert into M021 (F0,F1) VALUES ('乙','首尔')"_s,
                       u"insert into M011 (F1,F2,F3) VALUES ('乙','二','H1')"_s,

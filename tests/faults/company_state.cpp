@@ -57,6 +57,9 @@ QList<Rule> Rules() {
         {"a payable that is not behind its receivable",
          "select b.F1 from TB1 a join TB1 b on substr(a.F1,3)=substr(b.F1,3) where a.LB=-9 and b.LB=9 "
          "and b.SN<>a.SN+1"},
+        {"steps of a waybill that is not there",
+         "select F1 from B011 where not exists(select 1 from B01 where B01.F1=B011.F1)"},
+        {"the steps of a waybill twice", "select F1 from B011 group by F1 having count(*)>1"},
         {"a balance that does not add up",
          "select F1,QC,YF,FK,QM from TB1 where QC is null or QM is null or abs(QC+YF-FK-QM)>0.000001"},
         {"a counter below a receivable",

@@ -186,7 +186,7 @@ TEST(WithScarceMemory, ACommandFailsInTheMiddleOfItsStatementsToo) {
 
 TEST(ACommand, IsThereOrNotWheneverTheProcessDies) {
     for (const auto* name :
-         {"B01_Add", "B01_Edit", "B01_Delete", "A03_Edit", "A01_DeleteUsed", "S2_Change"}) {
+         {"B01_AddPriced", "B01_Edit", "B01_Delete", "A03_Edit", "A01_DeleteUsed", "S2_Change"}) {
         const Command& command = tests::CommandOf(name);
         for (const Memory memory : {Memory::Ample, Memory::Scarce}) {
             if (memory == Memory::Scarce && name != std::string_view("B01_Edit")) continue;

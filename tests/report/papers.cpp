@@ -29,7 +29,9 @@ QStringList Rows(const QString& layout, int rows) {
     for (int r = 1; r <= rows; ++r) {
         const QString n = QString::number(r), amount = QString::number(10.5 * r, 'f', 2), no = Number(r);
         sum += 10.5 * r;
-        if (layout.startsWith(u"prntc01"_s)) {
+        if (layout == u"prntb01.rpt") {
+            all += Insert(u"PRNTB01"_s, u"F1,F2,F3,F4"_s, u"'续重','第 %1 步','%2','0'"_s.arg(n, amount));
+        } else if (layout.startsWith(u"prntc01"_s)) {
             all += Insert(u"B01"_s, u"F1,F101,F102,F202,F603,F2031,F2061,F2072,F301,F401,F404,DF"_s,
                           u"'%1','2024-03-14','HY%2','Q1','C1','多伦多','新华','1 Main St','S',2,%3,0"_s.arg(
                               no, n, amount));
@@ -84,6 +86,9 @@ const QList<Paper>& Papers() {
          {u"Cpt='应收款明细帐'"_s, u"khbm='客户编号：'"_s, u"rq='2024-03-01 - 2024-03-15'"_s}},
         {u"prnTM03.rpt"_s, Quote},
         {u"prnTM032.rpt"_s, Quote},
+        {u"prntb01.rpt"_s,
+         {u"DH='KV000001'"_s, u"RQ='2024-03-14'"_s, u"KH='C1.华兴电子'"_s, u"QY='Z1.北美'"_s, u"DD='纽约'"_s,
+          u"BJ='2024-03-14'"_s}},
         {u"prntc011.rpt"_s, {u"TOWHO='TO:环洋快件  出货明细 '"_s}},
         {u"prntc012.rpt"_s, {}},
         {u"prntc013.rpt"_s, {}},
@@ -101,8 +106,8 @@ const QList<Paper>& Papers() {
 }
 
 void FillWorkTable(const QString& layout, int rows, const std::function<void(const QString&)>& execute) {
-    for (const char* table :
-         {"PRNTC01", "PRNTC023", "PRNTC04", "PRNTC05", "Plist", "PrTA1", "PRNTM03", "PRTB2", "B01"})
+    for (const char* table : {"PRNTC01", "PRNTC023", "PRNTC04", "PRNTC05", "PRNTB01", "Plist", "PrTA1",
+                              "PRNTM03", "PRTB2", "B01"})
         execute(u"delete from "_s + QString::fromLatin1(table));
     for (const QString& statement : Rows(layout, rows)) execute(statement);
 }

@@ -1,4 +1,4 @@
-// The thirteen layouts, each with no row, one, a page and a page and one row: laid out, printed and read
+// The fourteen layouts, each with no row, one, a page and a page and one row: laid out, printed and read
 // back.
 #include "platform/report/pdf.h"
 #include "tests/report/papers.h"
