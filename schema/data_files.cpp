@@ -1,9 +1,9 @@
 #include "schema/data_files.h"
 
+#include "platform/dao/engine.h"
 #include "platform/errors.h"
 #include "platform/system/files.h"
 #include "schema/definition.h"
-#include "schema/engine.h"
 #include "schema/names.h"
 #include "schema_texts.h"
 
@@ -46,21 +46,21 @@ void Rename(const QString& from, const QString& to) {
 }
 
 void WriteDatabase(const QString& path, const QString& company) {
-    const Engine engine = OpenEngine(path, kPassword);
+    const dao::Engine engine = dao::OpenEngine(path, kPassword);
     sqlite3* db = engine.get();
-    Run(db, "pragma journal_mode = delete");
-    Run(db, "pragma synchronous = full");
+    dao::Run(db, "pragma journal_mode = delete");
+    dao::Run(db, "pragma synchronous = full");
     CreateTables(db);
     InsertFirstRows(db);
-    if (!company.isEmpty()) RunWithText(db, "update CompanyInfo set F1 = ?", company);
+    if (!company.isEmpty()) dao::RunWithText(db, "update CompanyInfo set F1 = ?", company);
 }
 
 void WriteExportFile(const QString& path) {
-    const Engine engine = OpenEngine(path, {});
+    const dao::Engine engine = dao::OpenEngine(path, {});
     QByteArrayList columns;
     for (int field = 1; field <= 30; ++field) columns += "F" + QByteArray::number(field) + " TEXT";
-    Run(engine.get(), "pragma synchronous = full");
-    Run(engine.get(), "create table mysheet (" + columns.join(", ") + ")");
+    dao::Run(engine.get(), "pragma synchronous = full");
+    dao::Run(engine.get(), "create table mysheet (" + columns.join(", ") + ")");
 }
 
 void WritePicture(const QString& path) {

@@ -1,7 +1,7 @@
 // The copies that the program makes by itself: which are kept, what a copy has to pass, what is reported.
 #include "admin/daily_copies.h"
+#include "platform/dao/engine.h"
 #include "platform/system/dated_copies.h"
-#include "schema/engine.h"
 #include "schema/names.h"
 #include "tests/support/company.h"
 #include "tests/support/files.h"
@@ -100,7 +100,7 @@ TEST_F(Daily, ThatFailTheirCheckOrHaveNoRoomCostNoOlderOne) {
     const auto real = sys::seams().copyFile;
     sys::seams().copyFile = [&](const QString& from, const QString& to) {
         const QString words = real(from, to);
-        schema::Run(schema::OpenEngine(to, schema::kPassword).get(), "delete from B01 where F1='W2'");
+        dao::Run(dao::OpenEngine(to, schema::kPassword).get(), "delete from B01 where F1='W2'");
         return words;
     };
     EXPECT_EQ(Emitted(Copies().Make()), place + u"副本与数据文件不一致"_s);

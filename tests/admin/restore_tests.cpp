@@ -3,9 +3,9 @@
 #include "admin/restore.h"
 #include "app/start_up.h"
 #include "platform/controls/box.h"
+#include "platform/dao/engine.h"
 #include "platform/system/guard.h"
 #include "schema/data_files.h"
-#include "schema/engine.h"
 #include "schema/names.h"
 #include "tests/app/frame_run.h"
 #include "tests/support/files.h"
@@ -57,14 +57,14 @@ class RestoreRun : public FrameRun {
     QString Backup() {
         const QString path = elsewhere.filePath(u"DataBak.dat"_s);
         schema::MakeDatabase(path);
-        const auto engine = schema::OpenEngine(path, schema::kPassword);
-        schema::Run(engine.get(), "insert into M04 (F1,F2) values ('何立伟','')");
+        const auto engine = dao::OpenEngine(path, schema::kPassword);
+        dao::Run(engine.get(), "insert into M04 (F1,F2) values ('何立伟','')");
         return path;
     }
 
     int Couriers() {
-        return schema::Number(schema::OpenEngine(company.File(), schema::kPassword).get(),
-                              "select count(*) from M04");
+        return dao::Number(dao::OpenEngine(company.File(), schema::kPassword).get(),
+                           "select count(*) from M04");
     }
 
     QTemporaryDir elsewhere;
@@ -144,8 +144,7 @@ TEST(Restore, KeepsADatedCopyOfWhatItReplacesIfItCan) {
     ASSERT_EQ(Kept(run), QStringList{u"tessik.更改前.2024-03-15_10-00-00.dat"_s});
     const QString kept = run.company.Folder() + Kept(run).front();
     EXPECT_EQ(RightsOf(kept), 0600);
-    EXPECT_EQ(schema::Number(schema::OpenEngine(kept, schema::kPassword).get(), "select count(*) from M04"),
-              2);
+    EXPECT_EQ(dao::Number(dao::OpenEngine(kept, schema::kPassword).get(), "select count(*) from M04"), 2);
 }
 
 TEST(Restore, GoesOnWithoutADatedCopyWhereItFails) {

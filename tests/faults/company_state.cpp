@@ -1,6 +1,6 @@
 #include "tests/faults/company_state.h"
 
-#include "schema/engine.h"
+#include "platform/dao/engine.h"
 #include "schema/names.h"
 
 #include <QFile>
@@ -79,7 +79,7 @@ class Looker {
   public:
     sqlite3* LookAt(const QString& file) {
         if (!Attached(file)) {
-            engine_ = schema::OpenEngine(file, schema::kPassword);
+            engine_ = dao::OpenEngine(file, schema::kPassword);
             Rows(engine_.get(), "pragma cipher_default_page_size=4096");
             Rows(engine_.get(), "select count(*) from sqlite_master");
             if (!Attached(file)) throw std::runtime_error("cannot be opened: " + file.toStdString());
@@ -94,7 +94,7 @@ class Looker {
         return sqlite3_exec(engine_.get(), attach.constData(), nullptr, nullptr, nullptr) == SQLITE_OK;
     }
 
-    schema::Engine engine_;
+    dao::Engine engine_;
 };
 
 }  // namespace
@@ -113,7 +113,7 @@ QStringList StateOf(const QString& file) {
 }
 
 QStringList ContradictionsIn(const QString& file, const QStringList& steady) {
-    const auto engine = schema::OpenEngine(file, schema::kPassword);
+    const auto engine = dao::OpenEngine(file, schema::kPassword);
     const QStringList integrity = Rows(engine.get(), "pragma integrity_check");
     if (integrity != QStringList{u"ok"_s}) return integrity;
     QStringList found;

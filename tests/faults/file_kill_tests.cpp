@@ -5,8 +5,8 @@
 // KILL_SEED=n repeats a run's choices (the moments depend on the machine), KILLS=n makes it longer or
 // shorter.
 #include "platform/dao/database.h"
+#include "platform/dao/engine.h"
 #include "schema/data_files.h"
-#include "schema/engine.h"
 #include "schema/names.h"
 #include "tests/faults/company_state.h"
 #include "tests/support/environment.h"
@@ -30,13 +30,13 @@ constexpr int kPatience = 60'000;  // milliseconds until the program must have d
 /// A file of some megabytes, so that copying it takes a moment.
 void MakeCompany(const QString& path, const QString& courier) {
     schema::MakeDatabase(path);
-    const auto engine = schema::OpenEngine(path, schema::kPassword);
-    schema::InTransaction(engine.get(), "begin", [&] {
+    const auto engine = dao::OpenEngine(path, schema::kPassword);
+    dao::InTransaction(engine.get(), "begin", [&] {
         for (int i = 0; i < 400; ++i)
-            schema::RunWithText(
+            dao::RunWithText(
                 engine.get(),
                 "insert into B01 (F1,F405) values (hex(randomblob(4)),?1||hex(randomblob(8000)))", courier);
-        schema::RunWithText(engine.get(), "insert into M04 (F1) values (?1)", courier);
+        dao::RunWithText(engine.get(), "insert into M04 (F1) values (?1)", courier);
     });
 }
 

@@ -1,6 +1,6 @@
 // Restoring on a full disk, and restoring a file of earlier days: what the next start finds.
 #include "app/session.h"
-#include "schema/engine.h"
+#include "platform/dao/engine.h"
 #include "schema/names.h"
 #include "tests/faults/commands.h"
 #include "tests/faults/recorded_program.h"
@@ -22,8 +22,8 @@ QString Backup(const QTemporaryDir& folder) {
     for (const QString& row : tests::CommandMasters()) company.Run(row);
     company.Db().Close();
     QFile::copy(company.File(), path);
-    const auto engine = schema::OpenEngine(path, schema::kPassword);
-    schema::Run(engine.get(), "insert into M04 (F1,F2) VALUES ('上周','')");
+    const auto engine = dao::OpenEngine(path, schema::kPassword);
+    dao::Run(engine.get(), "insert into M04 (F1,F2) VALUES ('上周','')");
     return path;
 }
 

@@ -1,6 +1,6 @@
 // The pricing standard's dialog, driven by keys from its menu.
 #include "platform/controls/modal_form.h"
-#include "schema/engine.h"
+#include "platform/dao/engine.h"
 #include "schema/names.h"
 #include "tests/support/program.h"
 #include "tests/waybills/waybill_company.h"
@@ -203,7 +203,7 @@ TEST(S01, ANumberTooLargeIsRefusedAndNeverStored) {
 TEST(S01, OpensOnAValueThatIsNoNumber) {
     // As a file may hold it from elsewhere: infinity.
     Standard form(WaybillMasters());
-    schema::Run(schema::OpenEngine(DbFile, schema::kPassword).get(), "update MS1 set F5=-9e999,P888=9e999");
+    dao::Run(dao::OpenEngine(DbFile, schema::kPassword).get(), "update MS1 set F5=-9e999,P888=9e999");
     form.Visit([&] {
         EXPECT_EQ(form.Text(4), u"21.0");
         EXPECT_EQ(form.Text(19), u"1.5");
