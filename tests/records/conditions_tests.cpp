@@ -44,15 +44,15 @@ TEST(Conditions, ReadAndAreWrittenByKindAndRelation) {
         for (const auto& row : rows) {
             Conditions made;
             made.Add({head.connective, u"项目"_s, u"M02.F6"_s, row.kind, row.relation, row.value});
-            EXPECT_EQ(made.shown, QStringList{head.prefix + u"项目  "_s + row.shown});
-            EXPECT_EQ(made.pieces, QStringList{head.piece + u"M02.F6"_s + row.piece});
+            EXPECT_EQ(made.Shown(), QStringList{head.prefix + u"项目  "_s + row.shown});
+            EXPECT_EQ(made.Pieces(), QStringList{head.piece + u"M02.F6"_s + row.piece});
         }
         for (const QChar sign : u"><="_s) {
             Conditions made;
             made.Add({head.connective, u"日期"_s, u"B01.F101"_s, Kind::Date, u"大于("_s + sign + u")"_s,
                       u"2024-03-15"_s});
-            EXPECT_EQ(made.shown, QStringList{head.prefix + u"日期  大于     2024-03-15"_s});
-            EXPECT_EQ(made.pieces,
+            EXPECT_EQ(made.Shown(), QStringList{head.prefix + u"日期  大于     2024-03-15"_s});
+            EXPECT_EQ(made.Pieces(),
                       QStringList{head.piece + u"datediff('d','2024-03-15',B01.F101 ) "_s + sign + u" 0 "_s});
         }
     }
@@ -82,9 +82,9 @@ TEST(Conditions, ARemovalGivesTheNextOneTheHead) {
     for (const auto& row : rows) {
         Conditions conditions = Of({u""_s, row.connective, u"并且"_s});
         conditions.Remove(row.line);
-        EXPECT_EQ(conditions.shown.front(), row.shown);
-        EXPECT_EQ(conditions.shown.size(), row.pieces.size());
-        EXPECT_EQ(conditions.pieces, row.pieces);
+        EXPECT_EQ(conditions.Shown().front(), row.shown);
+        EXPECT_EQ(conditions.Shown().size(), row.pieces.size());
+        EXPECT_EQ(conditions.Pieces(), row.pieces);
         EXPECT_EQ(conditions.Statement(u"Select M04.* from M04 "_s),
                   u"Select M04.* from M04 "_s + row.pieces.join(QString()));
     }
