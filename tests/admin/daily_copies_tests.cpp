@@ -87,7 +87,7 @@ TEST_F(Daily, AreWholeListedAndOnceADay) {
     EXPECT_EQ(Emitted(Copies().Make()), u""_s) << "a broken list costs no copy";
 }
 
-TEST_F(Daily, ThatFailTheirCheckOrHaveNoRoomCostNoOlderOne) {
+TEST_F(Daily, ThatFailTheirCheckOrFindNoSpaceCostNoOlderOne) {
     EXPECT_EQ(Emitted(Copies().Make()), u""_s);
     const QStringList before = Names(Folder());
     script_.SetNow(QDateTime(QDate(2024, 3, 15), QTime(18, 0)));
@@ -121,7 +121,7 @@ TEST_F(Daily, ThatFailTheirCheckOrHaveNoRoomCostNoOlderOne) {
     EXPECT_EQ(Names(Folder()), before);
 }
 
-TEST_F(Daily, GoToASecondFolderWhichIsToldOfWhenItIsMissing) {
+TEST_F(Daily, GoToASecondFolderWhichIsReportedWhenItIsMissing) {
     const QTemporaryDir stick;
     EXPECT_EQ(Copies().SetSecondFolder(stick.path()), QString());
     EXPECT_EQ(Emitted(Copies().Make()), u""_s);

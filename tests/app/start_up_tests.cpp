@@ -89,7 +89,7 @@ TEST(StartUp, LocaleAndFolderAreTakenAsTheyCome) {
     }
 }
 
-TEST(StartUp, WhateverFailsIsToldThenRestoreIsOfferedThenItEnds) {
+TEST(StartUp, WhateverFailsIsReportedThenRestoreIsOfferedThenItEnds) {
     FailingStorage storage;
     std::unique_ptr<Connection> holder;
     const struct {

@@ -210,7 +210,7 @@ TEST_F(Boxes, WhatIsPastedIsTidied) {
     EXPECT_EQ(rows.Text(), u"一 二\n三"_s) << "rows keep their line breaks";
 }
 
-TEST_F(Boxes, ChangeIsToldOncePerChange) {
+TEST_F(Boxes, ChangeIsEmittedOncePerChange) {
     line.SetText(u"张三"_s);
     line.SetText(u"张三"_s);
     rows.SetText(u"早班"_s);

@@ -112,7 +112,7 @@ TEST_F(Cards, BoxesShareTheirEdgesAndAreBlindToTheirContent) {
     EXPECT_EQ(one->geometry(), before);
 }
 
-TEST_F(Cards, ACoveredBoxIsNoStop) {
+TEST_F(Cards, ACoveredBoxIsNotInTheTabOrder) {
     card.Group(u"甲"_s);
     LineBox* before = Put({L, 0, 0, 1});
     LineBox* box = Put({L, 0, 1, 1});

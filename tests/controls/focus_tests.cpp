@@ -74,7 +74,7 @@ class Focus : public testing::Test {
     QStringList reported;
 };
 
-TEST_F(Focus, TellsTheLossBeforeTheGainOnceItHasSettled) {
+TEST_F(Focus, EmitsTheLossBeforeTheGainOnceItHasSettled) {
     b.SetFocus();
     EXPECT_TRUE(reported.isEmpty()) << "not in the midst of the move";
     combo.SetFocus();
@@ -88,7 +88,7 @@ TEST_F(Focus, TellsTheLossBeforeTheGainOnceItHasSettled) {
     EXPECT_EQ(FocusTracker::Get().Current(), &b);
 }
 
-TEST_F(Focus, AClickIsToldAfterTheLossAndTheGain) {
+TEST_F(Focus, AClickIsEmittedAfterTheLossAndTheGain) {
     Button ok(u"确定"_s, &form);
     CheckBox mark(u"已出货"_s, &form);
     form.layout()->addWidget(&ok);
@@ -180,7 +180,7 @@ TEST_F(Focus, BoxesAndModalFormsAreNoChange) {
     EXPECT_EQ(Emitted(), "-a +combo");
 }
 
-TEST_F(Focus, WhatHappensUnderAModalFormIsToldWhenItHasGone) {
+TEST_F(Focus, WhatHappensUnderAModalFormIsEmittedWhenItHasGone) {
     for (const bool hides : {false, true}) {
         ModalForm modal(u"Query"_s, u"查找"_s, &form);
         tests::ModalScript operators;
@@ -208,7 +208,7 @@ TEST_F(Focus, HidingOrDisablingTheFocusedControlIsNoEvent) {
     EXPECT_EQ(Emitted(), "");
 }
 
-TEST_F(Focus, WhatAHandlerAsksForAfterHidingIsTold) {
+TEST_F(Focus, WhatAHandlerAsksForAfterHidingIsEmitted) {
     Go(combo);
     combo.hide();
     b.SetFocus();
@@ -291,7 +291,7 @@ TEST_F(Focus, AMessageFromALossIsShownOnce) {
     EXPECT_EQ(tests::FocusName(), u"a"_s);
 }
 
-TEST_F(Focus, NothingIsToldOnceTheProgramHasEnded) {
+TEST_F(Focus, NothingIsEmittedOnceTheProgramHasEnded) {
     a.LostFocus = [&] { sys::EndProgram(0); };
     script.End(0);
     b.SetFocus();

@@ -215,7 +215,7 @@ TEST_F(GridTest, KeysGoToTheFormFirst) {
     EXPECT_EQ(grid.Row(), 2);
 }
 
-TEST_F(GridTest, LeftAndRightWalkTheColumnsInSightAndCopyTakesThem) {
+TEST_F(GridTest, LeftAndRightMoveOverTheColumnsInSightAndCopyTakesThem) {
     Fill(4, 4);
     grid.SetGridColWidth(1, 0);
     Open();
@@ -495,7 +495,7 @@ TEST_F(GridEditorTest, ForTheFormTheFocusStaysInTheGrid) {
     EXPECT_TRUE(reported.contains(u"lost"_s));
 }
 
-TEST_F(GridEditorTest, StandsOnItsCellAndFollows) {
+TEST_F(GridEditorTest, IsOnItsCellAndFollows) {
     grid.ShareWidths();
     grid.EditCell(30, 7);  // out of sight: brought into it
     EXPECT_TRUE(grid.viewport()->rect().contains(grid.Editor()->geometry()));

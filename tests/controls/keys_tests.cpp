@@ -78,7 +78,7 @@ TEST_F(Commands, AltAndTheLetterRunWhatCanBeUsed) {
     EXPECT_EQ(box.Text(), QString());
 }
 
-TEST_F(Commands, AKeyGivenTwiceWalksAndEnterTakesOne) {
+TEST_F(Commands, AKeyGivenTwiceMovesAndEnterRunsOne) {
     Item(AddMenu(bar, u"Menu_price"_s, u"&M.价格显示"_s), u"&3.显示"_s);
     tests::Settle();
     const struct {

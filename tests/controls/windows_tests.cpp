@@ -239,7 +239,7 @@ TEST_F(Modal, EnterPressesTheFocusedButtonAndNoOther) {
     EXPECT_EQ(QApplication::activeWindow(), &under);
 }
 
-TEST_F(Modal, EscAndTheCloseBoxOnlyWhereTheyAreTold) {
+TEST_F(Modal, EscAndTheCloseBoxOnlyWhereTheyAreRequired) {
     const struct {
         bool esc, closeBox;
     } cases[] = {{false, false}, {true, false}, {false, true}, {true, true}};

@@ -115,7 +115,7 @@ TEST_F(PreviewTest, SavesAPdfOfWhatWasLaidOut) {
     Press(Qt::Key_S, Qt::ControlModifier);
 }
 
-TEST_F(PreviewTest, AChangedLayoutIsSeenAtOnceAndAFaultyOneIsTold) {
+TEST_F(PreviewTest, AChangedLayoutIsSeenAtOnceAndAFaultyOneIsReported) {
     Run(3);
     const QByteArray good = ReadBytes(AppFolder + u"prntc023.rpt"_s);
     WriteLayout(u"prntc023.rpt"_s, QByteArray(good).replace("title=\"对帐明细表\"", "title=\"对帐单\""));

@@ -225,7 +225,7 @@ TEST(A03, TheSalespersonIsChosenOrTyped) {
     AltKey(u'C');
 }
 
-TEST(A03, ALoadThatFailsIsTold) {
+TEST(A03, ALoadThatFailsIsReported) {
     CustomerForm form;
     CustomerForm::LoseTable("M031");
     form.script.BoxContaining(u"M031"_s);
@@ -240,7 +240,7 @@ TEST(A03, ALoadThatFailsIsTold) {
     EXPECT_EQ(form.Lines().size(), 1) << "the form opens with an empty list";
 }
 
-TEST(A03, AStandardThatCannotBeReadIsTold) {
+TEST(A03, AStandardThatCannotBeReadIsReported) {
     CustomerForm form;
     form.ShowCard();
     form.Tabs().SelectItem(1);
