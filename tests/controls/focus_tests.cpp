@@ -105,17 +105,6 @@ TEST_F(Focus, AClickIsEmittedAfterTheLossAndTheGain) {
     EXPECT_EQ(Emitted(), "-a mark");
 }
 
-TEST_F(Focus, WalksInOneStepThroughComboAndPicker) {
-    for (const auto* expected : {"-a +combo", "-combo +date", "-date +b"}) {
-        tests::Press(Qt::Key_Tab);
-        EXPECT_EQ(Emitted(), expected);
-    }
-    tests::Press(Qt::Key_Backtab, Qt::ShiftModifier);
-    EXPECT_EQ(Emitted(), "-b +date");
-    tests::Press(Qt::Key_Backtab, Qt::ShiftModifier);
-    EXPECT_EQ(Emitted(), "-date +combo");
-}
-
 TEST_F(Focus, PopupsMenusAndActivationAreNoChange) {
     auto* bar = new QMenuBar(&form);
     form.layout()->setMenuBar(bar);

@@ -129,6 +129,14 @@ TEST_F(Commands, AKeyGivenTwiceMovesAndEnterRunsOne) {
     EXPECT_EQ(Run(), "1.按号码");
 }
 
+TEST_F(Commands, ADoubleClickRunsACommandOnce) {
+    const QPoint place = bar->actionGeometry(add).center();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, place);
+    QTest::mouseDClick(bar, Qt::LeftButton, {}, place);
+    tests::Settle();
+    EXPECT_EQ(Run(), "A.增加");
+}
+
 TEST_F(Commands, AFailingCommandIsReportedAndEndsTheProgram) {
     AddCommand(bar, u"Menu_x"_s, u"&X.错"_s, [] { throw std::runtime_error("broken"); });
     tests::Settle();
