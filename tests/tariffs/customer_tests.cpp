@@ -91,14 +91,6 @@ TEST(A03, ANewCustomerIsEnteredByEnterAlone) {
     EXPECT_EQ(form.Lines().last(), u"K9|新客|新客|||||||陈刚|一|1||"_s);
 }
 
-TEST(A03, ABoxIsReadyToBeTypedOverHoweverItIsEntered) {
-    CustomerForm form;
-    AltKey(u'E');
-    auto& box = form.At<QLineEdit>(u"Txt(1)"_s);
-    ClickAt(box, QPoint(4, 4));
-    EXPECT_EQ(box.selectedText(), u"华兴"_s);
-}
-
 TEST(A03, RefusalsLeaveTheCardAsItIs) {
     CustomerForm form;
     AltKey(u'A');
