@@ -48,15 +48,7 @@ QJsonObject ReadList(const QString& folder) {
 
 /// Gives the system's words where it fails.
 QString WriteList(const QString& folder, const QJsonObject& list) {
-    const QString fresh = folder + ListName + u".new"_s;
-    QFile::remove(fresh);
-    QFile file(fresh);
-    static_cast<void>(sys::CreateForOwner(fresh));  // where it fails, opening gives the reason
-    if (!file.open(QIODevice::WriteOnly)) return file.errorString();
-    const QByteArray text = QJsonDocument(list).toJson();
-    if (file.write(text) != text.size() || !file.flush()) return file.errorString();
-    file.close();
-    return sys::ReplaceFile(fresh, folder + ListName);
+    return sys::WriteWhole(folder + ListName, QJsonDocument(list).toJson());
 }
 
 QString ThisMonth() {
@@ -67,7 +59,7 @@ sys::DatedCopies CopiesIn(const QString& database, const QString& folder) {
     return {.file = database, .folder = QDir::cleanPath(folder), .label = Label, .spare = SpareCopies};
 }
 
-QString RoomFor(const QString& database, const QString& folder) {
+QString SpaceFault(const QString& database, const QString& folder) {
     const qint64 free = sys::seams().freeBytes(folder);
     if (free < 0 || free >= QFileInfo(database).size() + Reserve) return {};
     return u"磁盘空间不足"_s;
@@ -94,7 +86,7 @@ DailyCopies::DailyCopies(const QString& database, const QString& connect)
 
 /// Gives the words of whatever failed.
 QString DailyCopies::Copy(const QString& folder, bool whole, const QStringList& figures) const {
-    if (const QString words = RoomFor(database_, folder); !words.isEmpty()) return words;
+    if (const QString words = SpaceFault(database_, folder); !words.isEmpty()) return words;
     sys::DatedCopies copies = CopiesIn(database_, folder);
     copies.check = [&](const QString& path) -> QString {
         try {

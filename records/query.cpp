@@ -243,8 +243,8 @@ void Query::RemoveCondition() {
 }
 
 void Query::ShowConditions() {
-    Lst->SetLines(conditions_.shown);
-    LstSql->SetLines(conditions_.pieces);
+    Lst->SetLines(conditions_.Shown());
+    LstSql->SetLines(conditions_.Pieces());
 }
 
 // ---------------------------------------------------------------- the end

@@ -89,10 +89,10 @@ class Query : public controls::ModalForm {
     controls::ComboBox *CmbLG, *CmbF, *CmbGX;  ///< connective, field, relation
     controls::LineBox* Txt;                    ///< value of a text or a number
     controls::DTPicker* DTP;                   ///< value of a date
-    controls::ListBox* Lst;                    ///< the conditions
-    controls::ListBox* LstSql;                 ///< hidden, parallel to Lst: the pieces of the statement
+    controls::ListBox* Lst;                    ///< shows the lines of conditions_
+    controls::ListBox* LstSql;                 ///< hidden: shows their pieces of the statement
     controls::FlexGrid* GD;                    ///< hidden, parallel to CmbF: caption, field, kind
     std::array<QLabel*, 3> CPT{};
     controls::Button *CmdAdd, *CmdRemove, *CmdQuery, *CmdCancel;
-    search::Conditions conditions_;
+    search::Conditions conditions_;  ///< the only place of the conditions
 };

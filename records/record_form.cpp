@@ -235,18 +235,18 @@ bool RecordForm::RequireFilled(int count) const {
     return true;
 }
 
-RecordForm::Consent RecordForm::AskToDelete(const QString& name, bool used, const QString& plainQuestion,
-                                            sys::BoxAnswer warningDefault) {
-    if (!used) return sys::AskToDestroy(plainQuestion, MsgTitle) ? Consent::Plain : Consent::No;
+RecordForm::DeleteAnswer RecordForm::AskToDelete(const QString& name, bool used, const QString& plainQuestion,
+                                                 sys::BoxAnswer warningDefault) {
+    if (!used) return sys::AskToDestroy(plainQuestion, MsgTitle) ? DeleteAnswer::Record : DeleteAnswer::No;
     if (!IsAdministrator()) {
         sys::Inform(u"["_s + name + u"]已经在系统中应用，不能删除!"_s, MsgTitle);
-        return Consent::No;
+        return DeleteAnswer::No;
     }
     const QString warning = u"["_s + name + u"]已经在系统中应用!\r如果删除将造成系统中其它记录的丢失!\r"_s +
                             u"只有管理员才有权删除。真的要删除吗？"_s;
     for (const QString& title : {u"提示"_s, u"请再次确认"_s})
-        if (!sys::AskToDestroy(warning, title, warningDefault)) return Consent::No;
-    return Consent::Whole;
+        if (!sys::AskToDestroy(warning, title, warningDefault)) return DeleteAnswer::No;
+    return DeleteAnswer::RecordAndUses;
 }
 
 bool RecordForm::PrepareSave(const KeyCheck& check) {

@@ -101,15 +101,15 @@ class RecordForm : public ChildForm, public QueryCaller {
     /// Txt(0) up to before `count`, trimmed, must not be empty; the first that is gets its message.
     bool RequireFilled(int count) const;
 
-    enum class Consent {
+    enum class DeleteAnswer {
         No,
-        Plain,  ///< the record is in use nowhere
-        Whole   ///< the administrator takes what uses the record with it; that statement is the form's
+        Record,        ///< which is in use nowhere
+        RecordAndUses  ///< the administrator's; the statement that deletes the uses is the form's
     };
     /// Asks before a delete: once for a record that nothing uses, twice of the administrator for one in use.
     /// Anybody else is refused. `name` is what the boxes call the record.
-    static Consent AskToDelete(const QString& name, bool used, const QString& plainQuestion,
-                               sys::BoxAnswer warningDefault);
+    static DeleteAnswer AskToDelete(const QString& name, bool used, const QString& plainQuestion,
+                                    sys::BoxAnswer warningDefault);
     /// A key that a save is about to write.
     struct KeyCheck {
         QString key;

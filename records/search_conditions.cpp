@@ -22,9 +22,6 @@ const Connective ConnectiveRows[] = {
 const QString Head = u" Where "_s;
 const QString HeadPrefix = u"        "_s;
 
-/// A list may begin with this line in place of conditions; no piece belongs to it.
-const QString Everything = u"系统中存在的所有记录"_s;
-
 QString ConnectivePiece(const QString& offered) {
     for (const Connective& connective : ConnectiveRows)
         if (connective.offered == offered) return connective.piece;
@@ -37,7 +34,7 @@ QString Operator(const QString& relation) {
     return u' ' + relation.mid(open + 1, relation.indexOf(u')') - open - 1) + u' ';
 }
 
-QString Shown(const Condition& c) {
+QString ShownText(const Condition& c) {
     const QString prefix = c.connective.isEmpty() ? HeadPrefix : c.connective + u"    "_s;
     return prefix + c.caption + u"  "_s + c.relation.left(2) + u"  "_s + u"   "_s + c.value;
 }
@@ -73,23 +70,29 @@ QStringList Relations(Kind kind) {
 }
 
 void Conditions::Add(const Condition& condition) {
-    const QString piece = Piece(condition);
-    if (!shown.isEmpty() && shown.front() == Everything) shown.removeFirst();
-    shown += Shown(condition);
-    pieces += piece;
+    lines_.push_back({ShownText(condition), Piece(condition)});
 }
 
 void Conditions::Remove(int line) {
-    if (line >= 0) {
-        shown.removeAt(line);
-        pieces.removeAt(line);
-    }
-    if (shown.isEmpty() || shown.front().startsWith(u"  "_s)) return;
+    if (line >= 0) lines_.erase(lines_.begin() + line);
+    if (lines_.empty() || lines_.front().shown.startsWith(u"  "_s)) return;
     // Kept on purpose: five is the length of " And ", whatever the piece begins with. " AND Not " leaves a
     // sound "Where Not"; with " Or " the first character of the field is cut too.
     constexpr int HeadCut = 5;
-    shown.front().replace(0, 2, u"  "_s);
-    pieces.front().replace(0, HeadCut, Head);
+    lines_.front().shown.replace(0, 2, u"  "_s);
+    lines_.front().piece.replace(0, HeadCut, Head);
+}
+
+QStringList Conditions::Shown() const {
+    QStringList shown;
+    for (const Line& line : lines_) shown += line.shown;
+    return shown;
+}
+
+QStringList Conditions::Pieces() const {
+    QStringList pieces;
+    for (const Line& line : lines_) pieces += line.piece;
+    return pieces;
 }
 
 }  // namespace search

@@ -1,13 +1,15 @@
 // The conditions of a search: for each, the line that the operator reads and the corresponding piece of the
 // statement. Without a screen; the dialog is in query.h.
 //
-// Always holds: the two texts are kept in parallel, line for line, because a removal replaces a fixed number
-// of characters and does not parse the text. Nothing is validated or escaped: a statement that the engine
-// cannot parse fails when the caller executes it.
+// Always holds: a line is its two texts and nothing else, because a removal replaces a fixed number of
+// characters and does not parse them. Nothing is validated or escaped: a statement that the engine cannot
+// parse fails when the caller executes it.
 #pragma once
 
 #include <QString>
 #include <QStringList>
+
+#include <vector>
 
 namespace search {
 
@@ -28,17 +30,24 @@ struct Condition {
     QString value;     ///< as shown; a date is yyyy-MM-dd
 };
 
-struct Conditions {
-    QStringList shown;
-    QStringList pieces;
-
+class Conditions {
+  public:
     /// The value of a number field is the number that its text begins with, 0 if there is none; a number that
     /// is too large raises RuntimeError.
     void Add(const Condition& condition);
     /// Removes a line and its piece; -1 removes none. The line that is then the first becomes the head.
     void Remove(int line);
+    /// What the operator reads, and the pieces of the statement: a line for each condition.
+    QStringList Shown() const;
+    QStringList Pieces() const;
     /// The base statement followed by all pieces.
-    QString Statement(const QString& base) const { return base + pieces.join(QString()); }
+    QString Statement(const QString& base) const { return base + Pieces().join(QString()); }
+
+  private:
+    struct Line {
+        QString shown, piece;
+    };
+    std::vector<Line> lines_;
 };
 
 }  // namespace search

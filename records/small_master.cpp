@@ -88,10 +88,11 @@ void SmallMaster::Menu_del() {
     const bool used = IsUsed(key);
     // The boxes name the note and not the key; so it has always read.
     const QString name = CurrentCell(Note);
-    const Consent consent = AskToDelete(name, used, u"真的要删除"_s + name + u"吗?"_s, sys::BoxAnswer::Yes);
-    if (consent == Consent::No) return;
+    const DeleteAnswer answer =
+        AskToDelete(name, used, u"真的要删除"_s + name + u"吗?"_s, sys::BoxAnswer::Yes);
+    if (answer == DeleteAnswer::No) return;
     // The waybills that use the record go with it; nothing is posted back to the ledger.
-    if (consent == Consent::Whole) Db->Execute(master_.cascade + Quoted(key));
+    if (answer == DeleteAnswer::RecordAndUses) Db->Execute(master_.cascade + Quoted(key));
     Db->Execute(u"delete from "_s + master_.table + u" WHERE F1="_s + Quoted(key));
     if (consent == Consent::Whole) DeleteStepsWithoutWaybill();
     RemoveCurrentRecord(CurRowLimit::Records);

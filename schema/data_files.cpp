@@ -1,9 +1,9 @@
 #include "schema/data_files.h"
 
+#include "platform/dao/engine.h"
 #include "platform/errors.h"
 #include "platform/system/files.h"
 #include "schema/definition.h"
-#include "schema/engine.h"
 #include "schema/names.h"
 #include "schema_texts.h"
 
@@ -14,7 +14,6 @@
 #include <QImage>
 #include <QLockFile>
 #include <QPainter>
-#include <QSaveFile>
 #include <QSvgRenderer>
 
 #include <vector>
@@ -45,22 +44,27 @@ void Rename(const QString& from, const QString& to) {
     if (!failure.isEmpty()) throw RuntimeError(u"无法把临时文件改名为“%1”：%2"_s.arg(to, failure));
 }
 
+void Write(const QString& path, const QByteArray& bytes) {
+    const QString failure = sys::WriteWhole(path, bytes);
+    if (!failure.isEmpty()) throw RuntimeError(u"无法写入“%1”：%2"_s.arg(path, failure));
+}
+
 void WriteDatabase(const QString& path, const QString& company) {
-    const Engine engine = OpenEngine(path, kPassword);
+    const dao::Engine engine = dao::OpenEngine(path, kPassword);
     sqlite3* db = engine.get();
-    Run(db, "pragma journal_mode = delete");
-    Run(db, "pragma synchronous = full");
+    dao::Run(db, "pragma journal_mode = delete");
+    dao::Run(db, "pragma synchronous = full");
     CreateTables(db);
     InsertFirstRows(db);
-    if (!company.isEmpty()) RunWithText(db, "update CompanyInfo set F1 = ?", company);
+    if (!company.isEmpty()) dao::RunWithText(db, "update CompanyInfo set F1 = ?", company);
 }
 
 void WriteExportFile(const QString& path) {
-    const Engine engine = OpenEngine(path, {});
+    const dao::Engine engine = dao::OpenEngine(path, {});
     QByteArrayList columns;
     for (int field = 1; field <= 30; ++field) columns += "F" + QByteArray::number(field) + " TEXT";
-    Run(engine.get(), "pragma synchronous = full");
-    Run(engine.get(), "create table mysheet (" + columns.join(", ") + ")");
+    dao::Run(engine.get(), "pragma synchronous = full");
+    dao::Run(engine.get(), "create table mysheet (" + columns.join(", ") + ")");
 }
 
 void WritePicture(const QString& path) {
@@ -73,13 +77,10 @@ void WritePicture(const QString& path) {
     painter.end();
     // Into memory first: the picture writer itself does not take a full disk well.
     QBuffer bytes;
-    QSaveFile file(path);
     if (!bytes.open(QIODevice::WriteOnly) || !picture.save(&bytes, "PNG")) {
         throw RuntimeError(u"内存不足，无法生成背景图片！"_s);
     }
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes.data()) != bytes.size() || !file.commit()) {
-        throw RuntimeError(u"无法写入“%1”：%2"_s.arg(path, file.errorString()));
-    }
+    Write(path, bytes.data());
 }
 
 }  // namespace
@@ -126,13 +127,9 @@ void MakeLayout(const QString& path) {
     InitLayouts();
     MakeWhole(path, [&](const QString& temporary) {
         QFile layout(kLayouts.toString() + QFileInfo(path).fileName());
-        QSaveFile file(temporary);
         const bool read = layout.open(QIODevice::ReadOnly);
         if (!read) throw RuntimeError(u"没有报表文件“%1”！"_s.arg(QFileInfo(path).fileName()));
-        const QByteArray bytes = layout.readAll();
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
-            !file.commit())
-            throw RuntimeError(u"无法写入“%1”：%2"_s.arg(path, file.errorString()));
+        Write(temporary, layout.readAll());
     });
 }
 

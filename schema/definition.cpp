@@ -1,6 +1,6 @@
 #include "schema/definition.h"
 
-#include "schema/engine.h"
+#include "platform/dao/engine.h"
 #include "schema_texts.h"
 
 namespace schema {
@@ -14,14 +14,14 @@ QByteArray FirstRowsSql() {
 }
 
 void CreateTables(sqlite3* db) {
-    InTransaction(db, "begin immediate", [&] {
-        Run(db, TablesSql());
-        Run(db, "pragma user_version = " + QByteArray::number(kVersion));
+    dao::InTransaction(db, "begin immediate", [&] {
+        dao::Run(db, TablesSql());
+        dao::Run(db, "pragma user_version = " + QByteArray::number(kVersion));
     });
 }
 
 void InsertFirstRows(sqlite3* db) {
-    InTransaction(db, "begin immediate", [&] { Run(db, FirstRowsSql()); });
+    dao::InTransaction(db, "begin immediate", [&] { dao::Run(db, FirstRowsSql()); });
 }
 
 }  // namespace schema

@@ -1,9 +1,7 @@
 #include "schema/upgrade.h"
 
+#include "platform/dao/engine.h"
 #include "platform/errors.h"
-#include "schema/engine.h"
-
-#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
@@ -12,16 +10,10 @@ namespace {
 
 void Take(sqlite3* db, const UpgradeStep& step) {
     try {
-        for (const QByteArray& statement : step.statements) Run(db, statement);
+        for (const QByteArray& statement : step.statements) dao::Run(db, statement);
     } catch (const RuntimeError& error) {
         throw RuntimeError(u"数据文件升级到第 %1 版失败！%2"_s.arg(step.version).arg(error.Text()));
     }
-}
-
-/// The engine gives up its log only where nobody else has the file open.
-void RequireAlone(sqlite3* db) {
-    if ((sqlite3_exec(db, "pragma journal_mode = delete", nullptr, nullptr, nullptr) & 0xff) == SQLITE_BUSY)
-        throw RuntimeError(u"数据文件需要升级，但另一个程序正在使用它！请先退出该程序，再重新启动。"_s);
 }
 
 }  // namespace
@@ -40,25 +32,26 @@ const std::vector<UpgradeStep>& UpgradeSteps() {
 }
 
 bool UpgradeIsDue(sqlite3* db, int newest) {
-    const int version = Number(db, "pragma user_version");
+    const int version = dao::Number(db, "pragma user_version");
     if (version == newest) return false;
     if (version > newest) {
         throw RuntimeError(
             u"数据文件的版本（%1）比本程序的版本（%2）新，请使用新版程序打开！"_s.arg(version).arg(newest));
     }
-    RequireAlone(db);
+    if (!dao::GiveUpLog(db))
+        throw RuntimeError(u"数据文件需要升级，但另一个程序正在使用它！请先退出该程序，再重新启动。"_s);
     return true;
 }
 
 void Upgrade(sqlite3* db, const std::vector<UpgradeStep>& steps, int newest) {
     if (!UpgradeIsDue(db, newest)) return;
     // Nobody can open the file meanwhile. Whoever was quicker to do so has upgraded it.
-    InTransaction(db, "begin exclusive", [&] {
-        const int version = Number(db, "pragma user_version");
+    dao::InTransaction(db, "begin exclusive", [&] {
+        const int version = dao::Number(db, "pragma user_version");
         for (const UpgradeStep& step : steps) {
             if (step.version > version) Take(db, step);
         }
-        if (version < newest) Run(db, "pragma user_version = " + QByteArray::number(newest));
+        if (version < newest) dao::Run(db, "pragma user_version = " + QByteArray::number(newest));
     });
 }
 

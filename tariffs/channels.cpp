@@ -282,9 +282,10 @@ void A01::Menu_del() {
     const QString code = text::Trim(CurrentCell(Code));
     const bool used = IsUsed(code);
     const QString name = CurrentCell(Name);
-    const Consent consent = AskToDelete(name, used, u"真的要删除"_s + name + u"吗?"_s, sys::BoxAnswer::No);
-    if (consent == Consent::No) return;
-    if (consent == Consent::Whole) {
+    const DeleteAnswer answer =
+        AskToDelete(name, used, u"真的要删除"_s + name + u"吗?"_s, sys::BoxAnswer::No);
+    if (answer == DeleteAnswer::No) return;
+    if (answer == DeleteAnswer::RecordAndUses) {
         // From a time when a zone belonged to a channel. They match nothing unless a channel's number is the
         // very name of a range, and then they take all its zones with their quotes. The cost zones stay.
         Db->Execute(u"delete from M031 where F1 in (select F1 from M02 where F3="_s + Quoted(code) + u")"_s);

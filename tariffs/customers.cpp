@@ -301,11 +301,11 @@ void A03::Menu_del() {
     }
     const QString code = text::Trim(CurrentCell(Code));
     const QString name = CurrentCell(ShortName);
-    const Consent consent =
+    const DeleteAnswer answer =
         AskToDelete(name, IsUsed(code), u"真的要删除客户["_s + name + u"]的资料吗?"_s, sys::BoxAnswer::No);
-    if (consent == Consent::No) return;
+    if (answer == DeleteAnswer::No) return;
     // The waybills go with the customer; the journal keeps its entries.
-    if (consent == Consent::Whole) Db->Execute(u"delete from B01 where F603="_s + Quoted(code));
+    if (answer == DeleteAnswer::RecordAndUses) Db->Execute(u"delete from B01 where F603="_s + Quoted(code));
     Db->Execute(u"delete from M03 WHERE F1="_s + Quoted(code));
     Db->Execute(u"delete from M031 WHERE F0="_s + Quoted(code));
     if (consent == Consent::Whole) DeleteStepsWithoutWaybill();

@@ -272,11 +272,11 @@ void ZoneForm::Menu_del() {
     if (text::Trim(GD->TextMatrix(1, zone_.codeCol)).isEmpty()) return;
     const QString code = text::Trim(CurrentCell(zone_.codeCol));
     const QString name = CurrentCell(zone_.nameCol);
-    const Consent consent =
+    const DeleteAnswer answer =
         AskToDelete(name, IsUsed(code), u"真的要删除"_s + name + u"吗?"_s, sys::BoxAnswer::No);
-    if (consent == Consent::No) return;
+    if (answer == DeleteAnswer::No) return;
     // Not reached while no zone counts as used.
-    if (consent == Consent::Whole)
+    if (answer == DeleteAnswer::RecordAndUses)
         for (const QString& cascade : zone_.cascades) Db->Execute(cascade + Quoted(code));
     Db->Execute(u"delete from "_s + zone_.table + u" WHERE F1="_s + Quoted(code));
     Db->Execute(u"delete from "_s + zone_.areaTable + u" WHERE F0="_s + Quoted(code));

@@ -12,7 +12,7 @@
 namespace controls {
 namespace {
 
-constexpr int kRoomForLines = 256;
+constexpr int kSpaceForLines = 256;
 constexpr std::size_t kRecent = 64;      // texts remembered for each column while loading
 constexpr int kTrial = 512;              // cells after which a column without repeats is no longer searched
 constexpr int kWorthwhile = kTrial / 8;  // repeats among them that keep the search going
@@ -181,9 +181,9 @@ void GridModel::BeginLoad(int dataRows) {
     // never holds the list twice.
     cells_.resize(Cells(fixed_));
     rows_ = fixed_ + dataRows;
-    if (cells_.capacity() > 2 * Cells(rows_ + kRoomForLines)) cells_.shrink_to_fit();
+    if (cells_.capacity() > 2 * Cells(rows_ + kSpaceForLines)) cells_.shrink_to_fit();
     // Capacity for the lines of a working day, so that the first of them does not move the whole list.
-    cells_.reserve(Cells(rows_ + kRoomForLines));
+    cells_.reserve(Cells(rows_ + kSpaceForLines));
     cells_.resize(Cells(rows_));
     marks_.erase(marks_.lower_bound(fixed_), marks_.end());
     recent_.assign(static_cast<std::size_t>(cols_), Recent());

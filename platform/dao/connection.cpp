@@ -2,6 +2,7 @@
 
 #include "platform/dao/busy.h"
 #include "platform/dao/cipher.h"
+#include "platform/dao/engine.h"
 #include "platform/dao/engine_functions.h"
 #include "platform/dao/engine_words.h"
 #include "platform/system/files.h"
@@ -287,7 +288,7 @@ bool Connection::IsAlone() {
     if (!engine_) return true;
     CloseGroup();
     // The engine gives up its log only when nobody else has the file open.
-    return !IsBusy(sqlite3_exec(engine_, "pragma journal_mode=delete", nullptr, nullptr, nullptr));
+    return GiveUpLog(engine_);
 }
 
 void Connection::Abandon() {

@@ -1,6 +1,7 @@
 #include "platform/dao/file_check.h"
 
 #include "platform/dao/cipher.h"
+#include "platform/dao/engine.h"
 #include "platform/dao/engine_words.h"
 #include "platform/errors.h"
 
@@ -13,11 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace dao {
 namespace {
-
-struct CloseEngine {
-    void operator()(sqlite3* engine) const { sqlite3_close_v2(engine); }
-};
-using Engine = std::unique_ptr<sqlite3, CloseEngine>;
 
 struct Finalize {
     void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }

@@ -56,7 +56,7 @@ class BandLayout {
     void PlaceSign(const Laid& laid);
     void PlaceBox(const Element& element);
     double Y(double y) const { return y_ + y + growth_.At(y); }
-    double RoomOf(const Element& element, double x) const;
+    double WidthFor(const Element& element, double x) const;
 
     const Layout& layout_;
     const Context& context_;
@@ -68,7 +68,7 @@ class BandLayout {
     double end_ = 0;  ///< where the text that was measured last ends
 };
 
-double BandLayout::RoomOf(const Element& element, double x) const {
+double BandLayout::WidthFor(const Element& element, double x) const {
     if (element.width > 0) return element.width;
     const double area = layout_.AreaWidth();
     switch (element.align) {
@@ -89,7 +89,7 @@ void BandLayout::Measure(const Element& element) {
         const QString text = Evaluate(element.text, context_);
         if (text.isEmpty()) return;
         const double pitch = element.size * kPoint * element.pitch;
-        laid.lines = layout_.fonts->Wrap(text, RoomOf(element, laid.x), element.size, element.bold);
+        laid.lines = layout_.fonts->Wrap(text, WidthFor(element, laid.x), element.size, element.bold);
         end_ = laid.x + layout_.fonts->Width(laid.lines.front(), element.size, element.bold);
         growth_.Add(element.y, pitch * 0.9, pitch * static_cast<double>(laid.lines.size() - 1));
         bottom = element.y + pitch / 2;

@@ -72,7 +72,7 @@ bool IsChinese(char32_t character) {
     return character >= kFirstOfChinese;
 }
 
-bool StandsIn(char32_t character, QStringView marks) {
+bool IsOneOf(char32_t character, QStringView marks) {
     return character < kPlane && marks.contains(QChar(static_cast<char16_t>(character)));
 }
 
@@ -189,7 +189,7 @@ std::vector<qsizetype> PieceEnds(QStringView text) {
         const qsizetype start = at;
         const char32_t c = NextCharacter(text, at);
         const bool mayBreak = before == U' ' || IsChinese(before) || IsChinese(c);
-        if (start > 0 && mayBreak && !StandsIn(c, kNoStart) && !StandsIn(before, kNoEnd) && c != U' ')
+        if (start > 0 && mayBreak && !IsOneOf(c, kNoStart) && !IsOneOf(before, kNoEnd) && c != U' ')
             ends.push_back(start);
         before = c;
     }

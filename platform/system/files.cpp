@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <sys/stat.h>
 #include <system_error>
@@ -72,14 +73,6 @@ void WriteAll(const Descriptor& file, const char* bytes, std::size_t left) {
     }
 }
 
-/// Until all of it is on the disk. A file system that cannot say so refuses with EINVAL.
-void CopyBytes(const Descriptor& from, Descriptor&& to) {
-    std::vector<char> block(kBlock);
-    while (const std::size_t count = ReadBlock(from, block)) WriteAll(to, block.data(), count);
-    if (::fsync(to.Number()) != 0 && errno != EINVAL) Fail();
-    to.Close();
-}
-
 /// A new name is on the disk only when its folder is.
 void FlushFolderOf(const QString& path) {
     const QByteArray folder = QFile::encodeName(QFileInfo(path).absolutePath());
@@ -87,6 +80,25 @@ void FlushFolderOf(const QString& path) {
     if (file < 0) return;
     ::fsync(file);
     ::close(file);
+}
+
+/// Makes a file beside its name and gives it the name when all of it is on the disk.
+QString MakeWhole(const QString& path, const std::function<void(const Descriptor& file)>& write) {
+    const QString begun = path + kBegun;
+    QFile::remove(begun);
+    try {
+        Descriptor file(begun, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW);
+        write(file);
+        // A file system that cannot say so refuses with EINVAL.
+        if (::fsync(file.Number()) != 0 && errno != EINVAL) Fail();
+        file.Close();
+        const QString words = ReplaceFile(begun, path);
+        if (!words.isEmpty()) throw Failed{words};
+    } catch (const Failed& failed) {
+        QFile::remove(begun);
+        return failed.words;
+    }
+    return {};
 }
 
 }  // namespace
@@ -127,17 +139,17 @@ bool CreateForOwner(const QString& path) {
 }
 
 QString CopyWhole(const QString& from, const QString& to) {
-    const QString begun = to + kBegun;
-    QFile::remove(begun);
-    try {
-        CopyBytes(Descriptor(from, O_RDONLY), Descriptor(begun, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW));
-        const QString words = ReplaceFile(begun, to);
-        if (!words.isEmpty()) throw Failed{words};
-    } catch (const Failed& failed) {
-        QFile::remove(begun);
-        return failed.words;
-    }
-    return {};
+    return MakeWhole(to, [&](const Descriptor& copy) {
+        const Descriptor original(from, O_RDONLY);
+        std::vector<char> block(kBlock);
+        while (const std::size_t count = ReadBlock(original, block)) WriteAll(copy, block.data(), count);
+    });
+}
+
+QString WriteWhole(const QString& path, const QByteArray& bytes) {
+    return MakeWhole(path, [&](const Descriptor& file) {
+        WriteAll(file, bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    });
 }
 
 void RemoveEngineFiles(const QString& database) {

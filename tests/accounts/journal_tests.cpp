@@ -96,19 +96,6 @@ TEST_F(Journal, ClassifiesByTheNewestDay) {
     EXPECT_EQ(Answer(note), "2024-03-06");
 }
 
-TEST_F(Journal, TheCounterClimbsBy31ThenBy2AndBy1ForLateRows) {
-    EXPECT_EQ(Add(u"YS1"_s, 5, 10), 131) << "the first row ever";
-    EXPECT_EQ(Chain(), "YS1|0|10");
-    EXPECT_EQ(Add(u"YS2"_s, 5, 20), 133);
-    EXPECT_EQ(Add(u"YS3"_s, 6, 40), 164);
-    EXPECT_EQ(Counter(), "164");
-    EXPECT_EQ(Add(u"YS4"_s, 5, 5), (164.0 - 133) / 4 + 133);
-    EXPECT_EQ(Counter(), "165");
-    EXPECT_EQ(FieldOf(u"YS4"_s, u"SN"_s), "140.75");
-    EXPECT_EQ(Add(u"YS5"_s, 6, 1), 167);
-    EXPECT_EQ(Chain(), "YS1|0|10 YS2|10|30 YS4|30|35 YS3|35|75 YS5|75|76");
-}
-
 TEST_F(Journal, SlotsByDateAndPresentPlace) {
     Lay(u"A"_s, 3, u"40"_s);
     Lay(u"B1"_s, 5, u"100"_s);
@@ -224,15 +211,6 @@ TEST_F(Journal, RowsWithoutSecondMarkDoNotOpenButAreRewritten) {
     }
 }
 
-TEST_F(Journal, CustomerAndChannelOfOneNameShareAChain) {
-    Add(u"YS1"_s, 5, 100, u"顺达"_s);
-    Add(u"YF1"_s, 5, 30, u"顺达"_s, LedgerKind::Payable);
-    Add(u"SK1"_s, 6, 120, u"顺达"_s, LedgerKind::Receipt);
-    EXPECT_EQ(Chain(u"顺达"_s), "YS1|0|100 YF1|100|130 SK1|130|10");
-    Add(u"SK2"_s, 2, 30, u"顺达"_s, LedgerKind::Receipt);
-    EXPECT_EQ(Chain(u"顺达"_s), "SK2|0|-30 YS1|-30|70 YF1|70|100 SK1|100|-20") << "paid before the charge";
-}
-
 TEST_F(Journal, AWaybillPostsUnderItsBareNumber) {
     auto& db = company_.Db();
     Add(u"YS8000"_s, 5, 1);
@@ -246,22 +224,6 @@ TEST_F(Journal, AWaybillPostsUnderItsBareNumber) {
     Add(u"YS80000"_s, 9, 1);
     accounts::DeleteWaybillEntries(db, u"8000"_s);
     EXPECT_EQ(Answer(u"select F1 from TB1 order by F1"_s), "YS80000 YS9000 YS9001");
-}
-
-TEST_F(Journal, AnEditMovesTheRowToTheEndOfItsDay) {
-    Add(u"YS0"_s, 4, 1);
-    Add(u"YS1"_s, 5, 10);
-    Add(u"YS2"_s, 5, 20);
-    Add(u"YS3"_s, 6, 40);
-    EXPECT_EQ(Change(u"YS1"_s, 5, 10, u"甲"_s, u"甲"_s), 164 + 31 / 4.0) << "though nothing was changed";
-    EXPECT_EQ(Chain(), "YS0|0|1 YS2|1|21 YS1|21|31 YS3|31|71");
-    EXPECT_EQ(Counter(), "195");
-
-    EXPECT_EQ(Change(u"YS2"_s, 6, 25, u"甲"_s, u"甲"_s), 197) << "to the newest day: 2 above its last";
-    EXPECT_EQ(Chain(), "YS0|0|1 YS1|1|11 YS3|11|51 YS2|51|76");
-    EXPECT_EQ(Counter(), "197");
-    EXPECT_EQ(FieldOf(u"YS2"_s, u"F2"_s), "2024-03-06");
-    EXPECT_EQ(FieldOf(u"YS2"_s, u"F5"_s), "管理员") << "the maker stays";
 }
 
 TEST_F(Journal, AnEditedFirstRowOpensItsSuccessorWithItsOwnBalance) {

@@ -24,9 +24,11 @@ class Backup : public Program {
         Open(u"A6"_s, u"A04"_s);
         AltKey(u'R');
     }
-    /// From the menu, the dialog answering with this.
-    void Choose(const QString& chosen) {
-        script.File(Dialog, chosen);
+    /// From the menu, the dialog answering with a file of that name: what is said, and how the program ends.
+    void Choose(const QString& name, const QString& said, std::optional<int> status = {}) {
+        script.File(Dialog, Path(name));
+        script.Box(said, Title);
+        if (status) script.End(*status);
         AltKey(u's');
         AltKey(u'4');
         EXPECT_TRUE(script.Done());
@@ -83,13 +85,8 @@ TEST(BackupCommand, NeverOverwritesAndTheSessionGoesOn) {
     Backup program;
     Write(program.Path(u"DataBak.dat"_s), "an older one");
     QFile::link(program.Path(u"nowhere"_s), program.Path(u"link.dat"_s));
-    for (const QString& chosen : {u"DataBak.dat"_s, u"c:\\DataBak.dat"_s, u"link.dat"_s}) {
-        program.script.File(Dialog, program.Path(chosen));
-        program.script.Box(u"目标位置已备份的同名文件，请删除目标文件或更换备份位置！"_s, Title);
-        AltKey(u's');
-        AltKey(u'4');
-        EXPECT_TRUE(program.script.Done());
-    }
+    for (const QString& chosen : {u"DataBak.dat"_s, u"c:\\DataBak.dat"_s, u"link.dat"_s})
+        program.Choose(chosen, u"目标位置已备份的同名文件，请删除目标文件或更换备份位置！"_s);
     EXPECT_EQ(Bytes(program.Path(u"DataBak.dat"_s)), "an older one");
     program.Execute(u"insert into M04 (F1,F2) VALUES ('乙','')"_s);
 }
@@ -98,11 +95,7 @@ TEST(BackupCommand, LeavesAWholeFileOfItsOwnerAndEndsEvenInTheMiddleOfAnEdit) {
     Backup program;
     const QStringList state = program.State();
     EditInProgress = true;
-    program.script.File(Dialog, program.Path(u"c:\\DataBak.dat"_s));
-    program.script.Box(u"备份完成！请重新启动系统！"_s, Title);
-    program.script.End(0);
-    AltKey(u's');
-    AltKey(u'4');
+    program.Choose(u"c:\\DataBak.dat"_s, u"备份完成！请重新启动系统！"_s, 0);
     EXPECT_TRUE(sys::HasEnded());
     EXPECT_FALSE(Db);
     EXPECT_EQ(program.Files(), QStringList{u"DataBak.dat"_s});
@@ -116,16 +109,11 @@ TEST(BackupCommand, ThatFailsSaysWhyLeavesNothingAndEnds) {
     for (const bool full : {true, false}) {
         Backup program;
         const QStringList state = program.State();
-        const QString target = full ? u"DataBak.dat"_s : u"gone/DataBak.dat"_s;
-        program.script.File(Dialog, program.Path(target));
-        program.script.Box(full ? u"File too large"_s : u"No such file or directory"_s, Title);
-        program.script.End(1);
-        AltKey(u's');
         {
             const FullDisk disk(full ? QFileInfo(program.File()).size() - 1 : RLIM_INFINITY);
-            AltKey(u'4');
+            program.Choose(full ? u"DataBak.dat"_s : u"gone/DataBak.dat"_s,
+                           full ? u"File too large"_s : u"No such file or directory"_s, 1);
         }
-        EXPECT_TRUE(program.script.Done());
         EXPECT_EQ(program.Files(), QStringList());
         EXPECT_EQ(program.State(), state);
         EXPECT_THROW(Db->Execute(u"delete from M04"_s), RuntimeError) << "no data can be read any more";
@@ -135,11 +123,7 @@ TEST(BackupCommand, ThatFailsSaysWhyLeavesNothingAndEnds) {
 TEST(BackupCommand, WaitsForAnotherProgramToBeGone) {
     Backup program;
     const auto other = dao::Database::Open(program.File(), schema::kConnect.toString());
-    program.script.File(Dialog, program.Path(u"DataBak.dat"_s));
-    program.script.Box(u"另一个程序正在使用数据文件，现在不能备份数据！请先退出该程序再试。"_s, Title);
-    AltKey(u's');
-    AltKey(u'4');
-    EXPECT_TRUE(program.script.Done());
+    program.Choose(u"DataBak.dat"_s, u"另一个程序正在使用数据文件，现在不能备份数据！请先退出该程序再试。"_s);
     EXPECT_EQ(program.Files(), QStringList());
     EXPECT_EQ(program.Rows(u"select F1 from M04"_s), QStringList{u"甲"_s});
 }

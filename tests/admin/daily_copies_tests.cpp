@@ -1,7 +1,7 @@
 // The copies that the program makes by itself: which are kept, what a copy has to pass, what is reported.
 #include "admin/daily_copies.h"
+#include "platform/dao/engine.h"
 #include "platform/system/dated_copies.h"
-#include "schema/engine.h"
 #include "schema/names.h"
 #include "tests/support/company.h"
 #include "tests/support/files.h"
@@ -87,7 +87,7 @@ TEST_F(Daily, AreWholeListedAndOnceADay) {
     EXPECT_EQ(Emitted(Copies().Make()), u""_s) << "a broken list costs no copy";
 }
 
-TEST_F(Daily, ThatFailTheirCheckOrHaveNoRoomCostNoOlderOne) {
+TEST_F(Daily, ThatFailTheirCheckOrFindNoSpaceCostNoOlderOne) {
     EXPECT_EQ(Emitted(Copies().Make()), u""_s);
     const QStringList before = Names(Folder());
     script_.SetNow(QDateTime(QDate(2024, 3, 15), QTime(18, 0)));
@@ -100,7 +100,7 @@ TEST_F(Daily, ThatFailTheirCheckOrHaveNoRoomCostNoOlderOne) {
     const auto real = sys::seams().copyFile;
     sys::seams().copyFile = [&](const QString& from, const QString& to) {
         const QString words = real(from, to);
-        schema::Run(schema::OpenEngine(to, schema::kPassword).get(), "delete from B01 where F1='W2'");
+        dao::Run(dao::OpenEngine(to, schema::kPassword).get(), "delete from B01 where F1='W2'");
         return words;
     };
     EXPECT_EQ(Emitted(Copies().Make()), place + u"副本与数据文件不一致"_s);
@@ -121,7 +121,7 @@ TEST_F(Daily, ThatFailTheirCheckOrHaveNoRoomCostNoOlderOne) {
     EXPECT_EQ(Names(Folder()), before);
 }
 
-TEST_F(Daily, GoToASecondFolderWhichIsToldOfWhenItIsMissing) {
+TEST_F(Daily, GoToASecondFolderWhichIsReportedWhenItIsMissing) {
     const QTemporaryDir stick;
     EXPECT_EQ(Copies().SetSecondFolder(stick.path()), QString());
     EXPECT_EQ(Emitted(Copies().Make()), u""_s);

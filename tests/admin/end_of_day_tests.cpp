@@ -2,9 +2,9 @@
 // program; and what the restore form offers of them.
 #include "admin/end_of_day.h"
 #include "app/main_window.h"
+#include "platform/dao/engine.h"
 #include "platform/system/guard.h"
 #include "schema/data_files.h"
-#include "schema/engine.h"
 #include "schema/names.h"
 #include "tests/support/program.h"
 
@@ -25,8 +25,7 @@ class Day {
     }
     bool LeftAtWork() const { return QFile::exists(folder_.filePath(u"backup/working"_s)); }
     int Couriers() const {
-        return schema::Number(schema::OpenEngine(File(), schema::kPassword).get(),
-                              "select count(*) from M04");
+        return dao::Number(dao::OpenEngine(File(), schema::kPassword).get(), "select count(*) from M04");
     }
     std::unique_ptr<MForm> Start() const {
         sys::ClearEnd();

@@ -1,7 +1,7 @@
 // Changing one's own password: what is refused, what is stored.
 #include "admin/password.h"
 #include "platform/controls/box.h"
-#include "schema/engine.h"
+#include "platform/dao/engine.h"
 #include "schema/names.h"
 #include "tests/app/frame_run.h"
 
@@ -102,8 +102,8 @@ TEST(OwnPassword, AnApostropheFailsWholeAndIsNotShown) {
 TEST(OwnPassword, IsNotShownWhenTheFileFails) {
     PasswordRun run(u"'old'"_s);
     Db->CloseGroup();
-    schema::Run(schema::OpenEngine(DbFile, schema::kPassword).get(),
-                "create trigger refusing before update on TE1 begin select raise(abort, 'no'); end");
+    dao::Run(dao::OpenEngine(DbFile, schema::kPassword).get(),
+             "create trigger refusing before update on TE1 begin select raise(abort, 'no'); end");
     run.script.BoxContaining(u"no"_s);
     run.script.End(1);
     run.Show([&](QWidget& form) { PasswordRun::Fill(form, {u"old"_s, u"secret"_s, u"secret"_s}); });

@@ -1,5 +1,5 @@
 // Emptying groups of tables: what is asked and refused, which tables go, and the copy that is kept before.
-#include "schema/engine.h"
+#include "platform/dao/engine.h"
 #include "schema/names.h"
 #include "tests/support/program.h"
 
@@ -98,8 +98,7 @@ TEST(ResetForm, EmptiesItsTablesAndNoOthersAfterKeepingACopy) {
         EXPECT_EQ(program.Rows(u"select ID,Setval from SysInfo order by ID"_s), counters);
         ASSERT_EQ(program.Kept(), QStringList{u"tessik.更改前.2024-03-15_10-00-00.dat"_s});
         const QString kept = QFileInfo(program.File()).path() + u'/' + program.Kept().front();
-        EXPECT_EQ(
-            schema::Number(schema::OpenEngine(kept, schema::kPassword).get(), "select count(*) from B01"), 1);
+        EXPECT_EQ(dao::Number(dao::OpenEngine(kept, schema::kPassword).get(), "select count(*) from B01"), 1);
     }
 }
 

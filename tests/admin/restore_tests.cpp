@@ -3,9 +3,9 @@
 #include "admin/restore.h"
 #include "app/start_up.h"
 #include "platform/controls/box.h"
+#include "platform/dao/engine.h"
 #include "platform/system/guard.h"
 #include "schema/data_files.h"
-#include "schema/engine.h"
 #include "schema/names.h"
 #include "tests/app/frame_run.h"
 #include "tests/support/files.h"
@@ -57,14 +57,14 @@ class RestoreRun : public FrameRun {
     QString Backup() {
         const QString path = elsewhere.filePath(u"DataBak.dat"_s);
         schema::MakeDatabase(path);
-        const auto engine = schema::OpenEngine(path, schema::kPassword);
-        schema::Run(engine.get(), "insert into M04 (F1,F2) values ('何立伟','')");
+        const auto engine = dao::OpenEngine(path, schema::kPassword);
+        dao::Run(engine.get(), "insert into M04 (F1,F2) values ('何立伟','')");
         return path;
     }
 
     int Couriers() {
-        return schema::Number(schema::OpenEngine(company.File(), schema::kPassword).get(),
-                              "select count(*) from M04");
+        return dao::Number(dao::OpenEngine(company.File(), schema::kPassword).get(),
+                           "select count(*) from M04");
     }
 
     QTemporaryDir elsewhere;
@@ -84,16 +84,6 @@ TEST(Restore, GivingUpChangesNothing) {
     });
     EXPECT_FALSE(sys::HasEnded());
     EXPECT_EQ(run.company.Answer(u"select F1 from TE1"_s), u"001") << "the session goes on";
-}
-
-TEST(Restore, PutsTheBackupInPlaceEvenInTheMiddleOfAnEdit) {
-    RestoreRun run;
-    EditInProgress = true;
-    run.company.Run(u"insert into M04 (F1,F2) VALUES ('甲','')"_s);
-    run.company.Run(u"insert into M04 (F1,F2) VALUES ('乙','')"_s);
-    run.Restore(run.Backup());
-    EXPECT_FALSE(Db);
-    EXPECT_EQ(run.Couriers(), 1);
 }
 
 TEST(Restore, NothingOfTheOldDatabaseIsPlayedIntoTheNewOne) {
@@ -132,31 +122,27 @@ QStringList Kept(const RestoreRun& run) {
     return QDir(run.company.Folder()).entryList({u"tessik.更改前.*.dat"_s}, QDir::Files);
 }
 
-TEST(Restore, KeepsADatedCopyOfWhatItReplacesIfItCan) {
-    RestoreRun run;
-    run.company.Run(u"insert into M04 (F1,F2) VALUES ('甲','')"_s);
-    run.company.Run(u"insert into M04 (F1,F2) VALUES ('乙','')"_s);
-    const QString backup = run.Backup();
-    OpenToAll(backup);
-    run.Restore(backup);
-    EXPECT_EQ(run.Couriers(), 1);
-    EXPECT_EQ(RightsOf(run.company.File()), 0600);
-    ASSERT_EQ(Kept(run), QStringList{u"tessik.更改前.2024-03-15_10-00-00.dat"_s});
-    const QString kept = run.company.Folder() + Kept(run).front();
-    EXPECT_EQ(RightsOf(kept), 0600);
-    EXPECT_EQ(schema::Number(schema::OpenEngine(kept, schema::kPassword).get(), "select count(*) from M04"),
-              2);
-}
-
-TEST(Restore, GoesOnWithoutADatedCopyWhereItFails) {
-    RestoreRun run;
-    const auto real = sys::seams().copyFile;
-    sys::seams().copyFile = [&](const QString& from, const QString& to) {
-        return from == run.company.File() ? u"refused"_s : real(from, to);
-    };
-    run.Restore(run.Backup());
-    EXPECT_EQ(run.Couriers(), 1);
-    EXPECT_EQ(Kept(run), QStringList());
+TEST(Restore, PutsTheBackupInPlaceAndKeepsADatedCopyIfItCan) {
+    for (const bool can : {true, false}) {
+        RestoreRun run;
+        EditInProgress = true;  // also in the middle of an edit
+        run.company.Run(
+            {u"insert into M04 (F1,F2) VALUES ('甲','')"_s, u"insert into M04 (F1,F2) VALUES ('乙','')"_s});
+        const QString backup = run.Backup();
+        OpenToAll(backup);
+        sys::seams().copyFile = [&, real = sys::seams().copyFile](const QString& from, const QString& to) {
+            return !can && from == run.company.File() ? u"refused"_s : real(from, to);
+        };
+        run.Restore(backup);
+        EXPECT_FALSE(Db);
+        EXPECT_EQ(run.Couriers(), 1);
+        EXPECT_EQ(RightsOf(run.company.File()), 0600);
+        ASSERT_EQ(Kept(run), can ? QStringList{u"tessik.更改前.2024-03-15_10-00-00.dat"_s} : QStringList());
+        if (!can) continue;
+        const QString kept = run.company.Folder() + Kept(run).front();
+        EXPECT_EQ(RightsOf(kept), 0600);
+        EXPECT_EQ(dao::Number(dao::OpenEngine(kept, schema::kPassword).get(), "select count(*) from M04"), 2);
+    }
 }
 
 TEST(Restore, ACopyThatFailsReportsSuccessAllTheSameAndTheOldFileStays) {

@@ -19,58 +19,6 @@ namespace {
 const QString kRefusal = u"对不起,您没有此权限!"_s;
 const QString kEditing = u"操作员正在编辑数据,请先[保存]数据或[取消]编辑!"_s;
 
-TEST(Frame, EveryItemOpensByItsKeys) {
-    FrameRun run;
-    run.Open();
-    const struct {
-        QStringView keys;
-        QStringView opens;  ///< what the log says
-    } rows[] = {
-        {u"a1", u"load A01|front A01 A01"},
-        {u"b", u"load B01|front B01 B01"},
-        {u"c1", u"load C01|front C01 C01"},
-        {u"d1", u"load zhLst 9|front zhLst 增加应付款"},
-        {u"d2", u"load zhLst -9|front zhLst 增加应收款"},
-        {u"d3", u"load PayLst 10|front PayLst 付款"},
-        {u"d4", u"load PayLst -10|front PayLst 收款"},
-        {u"d5", u"load KuanHz 10|front KuanHz 应付货款总帐"},
-        {u"d6", u"load KuanMx 10|front KuanMx 应付帐款明细"},
-        {u"d7", u"load KuanHz -10|front KuanHz 应收帐款总帐"},
-        {u"d8", u"load KuanMx -10|front KuanMx 应收帐款明细"},
-        {u"s1", u"modal S01"},
-        {u"s2", u"load S02|front S02 S02"},
-        {u"s3", u"modal S03"},
-        {u"s4", u"command Backup"},
-        {u"s5", u"modal S32"},
-        {u"h1", u"modal Login"},
-    };
-    for (const auto& row : rows) {
-        for (const QChar key : row.keys) AltKey(key.unicode());
-        EXPECT_EQ(run.TakeLog().join(u'|'), row.opens.toString()) << row.keys.toUtf8().constData();
-        const bool child = run.Frame().Front() != nullptr;
-        EXPECT_EQ(run.Frame().ToolBarShown(), !child);
-        if (child) AltKey(u'r');
-        EXPECT_EQ(run.Frame().Front(), nullptr);
-        EXPECT_TRUE(run.Frame().ToolBarShown());
-    }
-}
-
-TEST(Frame, WhatHasNotLandedIsDisabledAndSaysNothing) {
-    FrameRun run(false);
-    run.registry.children[u"A03"_s] = [&] { return std::make_unique<LogForm>(u"A03"_s, run.log, true); };
-    run.Open();
-    for (const MenuRow& row : MenuRows()) {
-        const bool opens = row.opens != Opens::Nothing && row.opens != Opens::Unload;
-        EXPECT_EQ(run.Frame().MenuItem(row.name.toString())->isEnabled(), !opens || row.target == u"A03")
-            << row.name.toUtf8().constData();
-    }
-    run.PressTool(u"d2"_s);  // a refusal here would be an unexpected box
-    AltKey(u'b');
-    EXPECT_EQ(run.Frame().Front(), nullptr);
-    run.PressTool(u"d1"_s);
-    EXPECT_NE(run.Frame().Child(u"A03"_s), nullptr);
-}
-
 TEST(Frame, TheSameItemTwiceKeepsOneInstance) {
     FrameRun run;
     run.Open();

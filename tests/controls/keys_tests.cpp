@@ -78,7 +78,7 @@ TEST_F(Commands, AltAndTheLetterRunWhatCanBeUsed) {
     EXPECT_EQ(box.Text(), QString());
 }
 
-TEST_F(Commands, AKeyGivenTwiceWalksAndEnterTakesOne) {
+TEST_F(Commands, AKeyGivenTwiceMovesAndEnterRunsOne) {
     Item(AddMenu(bar, u"Menu_price"_s, u"&M.价格显示"_s), u"&3.显示"_s);
     tests::Settle();
     const struct {
@@ -127,6 +127,14 @@ TEST_F(Commands, AKeyGivenTwiceWalksAndEnterTakesOne) {
     tests::AltKey(u'S');
     tests::Press(Qt::Key_Return);
     EXPECT_EQ(Run(), "1.按号码");
+}
+
+TEST_F(Commands, ADoubleClickRunsACommandOnce) {
+    const QPoint place = bar->actionGeometry(add).center();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, place);
+    QTest::mouseDClick(bar, Qt::LeftButton, {}, place);
+    tests::Settle();
+    EXPECT_EQ(Run(), "A.增加");
 }
 
 TEST_F(Commands, AFailingCommandIsReportedAndEndsTheProgram) {

@@ -11,14 +11,12 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFileDialog>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <QTreeView>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
@@ -175,12 +173,6 @@ TEST(FileDialog, GivesThePathOrNothing) {
             EXPECT_EQ(shown.windowTitle(), u"数据备份"_s);
             auto& name = tests::Find<QLineEdit>(shown, u"fileNameEdit"_s);
             EXPECT_EQ(name.text(), u"备份.dat"_s);
-            const auto words = shown.findChildren<QLabel*>();
-            EXPECT_TRUE(
-                std::ranges::any_of(words, [](const QLabel* l) { return l->text().startsWith(u"文件"); }));
-            const auto& files = tests::Find<QTreeView>(shown, u"treeView"_s);
-            EXPECT_TRUE(QTest::qWaitFor([&] { return files.model()->rowCount(files.rootIndex()) == 1; }));
-            EXPECT_EQ(files.model()->index(0, 1, files.rootIndex()).data().toString(), u"0 字节"_s);
             QTest::keyClick(&name, Qt::Key_Return);
         });
         EXPECT_EQ(ShowFileDialog(request), path) << "a file that is there is the form's own question";
@@ -239,7 +231,7 @@ TEST_F(Modal, EnterPressesTheFocusedButtonAndNoOther) {
     EXPECT_EQ(QApplication::activeWindow(), &under);
 }
 
-TEST_F(Modal, EscAndTheCloseBoxOnlyWhereTheyAreTold) {
+TEST_F(Modal, EscAndTheCloseBoxOnlyWhereTheyAreRequired) {
     const struct {
         bool esc, closeBox;
     } cases[] = {{false, false}, {true, false}, {false, true}, {true, true}};
@@ -279,15 +271,6 @@ TEST_F(Modal, NothingRunsBehindAFormThatEndedTheProgram) {
         behind = true;
     });
     EXPECT_FALSE(behind);
-    EXPECT_TRUE(sys::HasEnded());
-    EXPECT_FALSE(form.isVisible());
-}
-
-TEST_F(Modal, WhatTheStandInCannotDoIsReportedAndTheFormCloses) {
-    ModalForm::Driver() = [](ModalForm&) { throw RuntimeError(u"没有控件"_s); };
-    script.BoxContaining(u"没有控件"_s);
-    script.End(1);
-    sys::Guarded([&] { form.ShowModal(); });
     EXPECT_TRUE(sys::HasEnded());
     EXPECT_FALSE(form.isVisible());
 }

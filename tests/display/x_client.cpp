@@ -18,7 +18,6 @@ namespace display {
 namespace {
 
 constexpr int kPatience = 30'000;  // milliseconds
-constexpr unsigned kLeft = 1;
 
 /// A window may be gone by the time that it is asked for.
 int IgnoreError(Display*, XErrorEvent*) {
@@ -78,14 +77,6 @@ bool XClient::NeedsShift(Keysym key) const {
            XkbKeycodeToKeysym(state_->server, code, 0, 1) == key;
 }
 
-void XClient::MoveTo(QPoint place) {
-    XTestFakeMotionEvent(state_->server, -1, place.x(), place.y(), CurrentTime);
-}
-
-void XClient::LeftButton(bool down) {
-    XTestFakeButtonEvent(state_->server, kLeft, down, CurrentTime);
-}
-
 void XClient::Flush() {
     XFlush(state_->server);
 }
@@ -138,14 +129,11 @@ bool XClient::Ping(unsigned long window) {
     return false;
 }
 
-QImage XClient::Picture(const QRect& area) const {
+QImage XClient::Picture() const {
     XWindowAttributes screen;
     XGetWindowAttributes(state_->server, state_->root, &screen);
-    const QRect whole(0, 0, screen.width, screen.height);
-    const QRect wanted = area.isNull() ? whole : area & whole;
-    XImage* image =
-        XGetImage(state_->server, state_->root, wanted.x(), wanted.y(), static_cast<unsigned>(wanted.width()),
-                  static_cast<unsigned>(wanted.height()), AllPlanes, ZPixmap);
+    XImage* image = XGetImage(state_->server, state_->root, 0, 0, static_cast<unsigned>(screen.width),
+                              static_cast<unsigned>(screen.height), AllPlanes, ZPixmap);
     if (!image) return {};
     const QImage picture = QImage(reinterpret_cast<const uchar*>(image->data), image->width, image->height,
                                   image->bytes_per_line, QImage::Format_RGB32)

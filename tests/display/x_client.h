@@ -1,12 +1,10 @@
-// The test's own connection to the X server: keys and clicks as a keyboard and a mouse send them, the windows
-// that the window manager knows, pictures.
+// The test's own connection to the X server: keys as a keyboard sends them, the windows that the window
+// manager knows, pictures.
 //
-// Always holds: keys and clicks are queued until Flush, so that a burst reaches the server as one request
-// stream.
+// Always holds: keys are queued until Flush, so that a burst reaches the server as one request stream.
 #pragma once
 
 #include <QImage>
-#include <QRect>
 #include <QString>
 
 #include <memory>
@@ -34,8 +32,6 @@ class XClient {
     void Key(Keysym key, bool down);
     /// Whether the symbol is on the shifted level of its key.
     bool NeedsShift(Keysym key) const;
-    void MoveTo(QPoint place);
-    void LeftButton(bool down);
     void Flush();
 
     /// A window manager has taken over the display.
@@ -46,8 +42,8 @@ class XClient {
     unsigned long Focus() const;
     /// The window's program has read everything that was sent to it up to here; false after 30 s.
     bool Ping(unsigned long window);
-    /// In the coordinates of the screen; the whole screen without an area.
-    QImage Picture(const QRect& area = {}) const;
+    /// Of the whole screen.
+    QImage Picture() const;
 
   private:
     struct State;

@@ -2,9 +2,9 @@
 // them has something to do.
 //
 // In every master table 甲 is used by a waybill and 乙 by none. W1 is released and W2 is not; both are in the
-// journal; the steps of a charge are stored for W1 and for the waybill that uses 甲. What is before the key that
-// writes may be set by the program: lines are chosen, a waybill's boxes are filled (waybill_entry.h), and
-// nothing is computed by that.
+// journal; the steps of a charge are stored for W1 and for the waybill that uses 甲. What is before the key
+// that writes may be set by the program: lines are chosen, a waybill's boxes are filled (waybill_entry.h),
+// and nothing is computed by that.
 #pragma once
 
 #include "tests/support/program.h"

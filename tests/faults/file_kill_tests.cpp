@@ -5,8 +5,8 @@
 // KILL_SEED=n repeats a run's choices (the moments depend on the machine), KILLS=n makes it longer or
 // shorter.
 #include "platform/dao/database.h"
+#include "platform/dao/engine.h"
 #include "schema/data_files.h"
-#include "schema/engine.h"
 #include "schema/names.h"
 #include "tests/faults/company_state.h"
 #include "tests/support/environment.h"
@@ -30,13 +30,13 @@ constexpr int kPatience = 60'000;  // milliseconds until the program must have d
 /// A file of some megabytes, so that copying it takes a moment.
 void MakeCompany(const QString& path, const QString& courier) {
     schema::MakeDatabase(path);
-    const auto engine = schema::OpenEngine(path, schema::kPassword);
-    schema::InTransaction(engine.get(), "begin", [&] {
+    const auto engine = dao::OpenEngine(path, schema::kPassword);
+    dao::InTransaction(engine.get(), "begin", [&] {
         for (int i = 0; i < 400; ++i)
-            schema::RunWithText(
+            dao::RunWithText(
                 engine.get(),
                 "insert into B01 (F1,F405) values (hex(randomblob(4)),?1||hex(randomblob(8000)))", courier);
-        schema::RunWithText(engine.get(), "insert into M04 (F1) values (?1)", courier);
+        dao::RunWithText(engine.get(), "insert into M04 (F1) values (?1)", courier);
     });
 }
 
@@ -44,10 +44,10 @@ class FileWork {
   public:
     FileWork(const QString& folder, const QString& what, const QString& file) {
         process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        process_.start(QStringLiteral(FILE_WORK), {folder, what, file});
+        process_.start(QStringLiteral(SAVE_LOOP), {folder, u"0"_s, {}, file, what});
         while (!process_.canReadLine() && process_.waitForReadyRead(kPatience)) {
         }
-        EXPECT_EQ(process_.readLine().trimmed(), "ready");
+        EXPECT_EQ(process_.readLine().trimmed(), "saving 0");
     }
     ~FileWork() { Kill(); }
     void Kill() {
@@ -81,7 +81,7 @@ class Killed {
         const QString target = run + u"/DataBak.dat"_s;
         QElapsedTimer timer;
         {
-            FileWork work(run, what, what == u"restore" ? Backup() : target);
+            FileWork work(run, what, what == u"S32_Restore" ? Backup() : target);
             timer.start();
             if (after < 0) {
                 EXPECT_TRUE(work.Finish());
@@ -101,8 +101,8 @@ class Killed {
     void Look(const QString& run, const QString& what, bool finished) {
         const QStringList state = tests::StateOf(tests::CopyAsLeft(run + u"/tessik.dat"_s, run + u"/look"_s));
         QStringList meant = old_;
-        if (what == u"restore") meant = backup_;
-        if (what == u"reset") meant = Emptied();
+        if (what == u"S32_Restore") meant = backup_;
+        if (what == u"S03_Clear") meant = Emptied();
         EXPECT_TRUE(state == meant || (!finished && state == old_)) << what.toStdString();
 
         const QString target = run + u"/DataBak.dat"_s;
@@ -143,7 +143,7 @@ TEST(KillAtFileWork, LeavesWholeFilesOnly) {
     std::printf("KILL_SEED=%u\n", seed);
     std::mt19937 random(seed);
     Killed killed;
-    const QStringList works = {u"backup"_s, u"restore"_s, u"reset"_s, u"end"_s};
+    const QStringList works = {u"backup"_s, u"S32_Restore"_s, u"S03_Clear"_s, u"end"_s};
     QList<int> usual;
     for (const QString& what : works) usual += killed.Do(what, -1);
     for (int kill = 0; kill < wanted && !testing::Test::HasFailure(); ++kill) {

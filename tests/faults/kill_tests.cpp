@@ -1,13 +1,13 @@
-// The program is killed at random moments of mixed days' work. Whatever the moment, the next start must find
-// either all of the command that was under way or nothing of it.
+// The program is killed at random moments of a mixed day's work. Whatever the moment, the next start must
+// find either all of the command that was under way or nothing of it.
 //
-// KILL_SEED=n repeats a run's commands and choices (the moments depend on the machine), KILLS=n makes it
-// longer or shorter.
+// KILL_SEED=n repeats a run's choices (the moments depend on the machine), KILLS=n makes it longer or
+// shorter.
 #include "platform/dao/database.h"
 #include "schema/data_files.h"
 #include "schema/names.h"
+#include "tests/faults/commands.h"
 #include "tests/faults/company_state.h"
-#include "tests/faults/waybill_entry.h"
 #include "tests/support/environment.h"
 
 #include <QDir>
@@ -25,17 +25,21 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kPatience = 60'000;  // milliseconds until the program must have done anything at all
-const QStringList kSteady = {u"华兴"_s, u"环洋"_s};
+/// The day's commands (tests/faults/commands.cpp), in an order in which each finds what it works on.
+const QStringList kCommands =
+    u"B01_Add A04_Add B01_Release zhLst_Add A03_Edit B01_Edit PayLst_Edit A02_Edit A01_Add A011_Edit "
+    u"PayLst_Add "
+    "A03_Add S02_Add A04_DeleteUsed A02_Add PayLst_Delete A05_Edit A03_DeleteUsed A01_DeleteUsed"_s.split(
+        u' ');
+const int kDay = static_cast<int>(kCommands.size());
 
 /// The program at its work, identified by the lines that it writes.
 class Day {
   public:
-    Day(const QString& folder, unsigned seed, int first, int end, const QString& states = {})
-        : saved_(first) {
-        QStringList arguments{folder, QString::number(seed), QString::number(first), QString::number(end)};
-        if (!states.isEmpty()) arguments << states;
+    Day(const QString& folder, int first, const QString& states = {}) : saved_(first) {
         process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        process_.start(QStringLiteral(SAVE_LOOP), arguments);
+        process_.start(QStringLiteral(SAVE_LOOP),
+                       QStringList{folder, QString::number(first), states, QString()} + kCommands);
         EXPECT_TRUE(process_.waitForStarted(kPatience));
     }
     ~Day() {
@@ -89,8 +93,7 @@ class Company {
         for (const QString& folder : {Whole(), Killed(), States()}) QDir().mkpath(folder);
         schema::MakeDatabase(File(Whole()));
         auto db = dao::Database::Open(File(Whole()), schema::kConnect.toString());
-        for (const QString& statement : tests::FaultMasters()) db->Execute(statement);
-        db->Execute(u"update M02 set P101=20,P102=10,P201=30,P202=15 where F1='Z1'"_s);
+        for (const QString& statement : tests::CommandMasters()) db->Execute(statement);
         db->Close();
         QFile::copy(File(Whole()), File(Killed()));
         first_ = tests::StateOf(File(Whole()));
@@ -123,8 +126,6 @@ QString Difference(const QStringList& is, const QStringList& should) {
     return lines.join(u'\n');
 }
 
-constexpr int kDay = 60;  // commands
-
 struct Tally {
     int kills = 0;
     int within = 0;  ///< a command, reported by the program's own words
@@ -132,18 +133,17 @@ struct Tally {
 
 /// One day done twice, once undisturbed and once killed again and again, until it is over or there were
 /// enough kills.
-void LiveThroughADay(unsigned seed, int wanted, Tally& tally) {
-    std::mt19937 random(seed);
+void LiveThroughADay(std::mt19937& random, int wanted, Tally& tally) {
     const auto upTo = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
     const Company company;
-    Day whole(company.Whole(), seed, 0, kDay, company.States());
+    Day whole(company.Whole(), 0, company.States());
     ASSERT_TRUE(whole.Finish());
     const std::vector<int>& usual = whole.Microseconds();
 
     int done = 0;
     for (int vain = 0; done < kDay && tally.kills < wanted; ++tally.kills) {
         ASSERT_LT(vain, 50) << "no progress";
-        Day run(company.Killed(), seed, done, kDay);
+        Day run(company.Killed(), done);
         const bool atStart = upTo(8) == 0;  // while it opens the file, brings it up to date and logs in
         const int meant = std::min(done + upTo(4), kDay - 1);
         if (!atStart) run.WaitForSaving(meant);
@@ -160,15 +160,12 @@ void LiveThroughADay(unsigned seed, int wanted, Tally& tally) {
         ASSERT_TRUE(state == before || state == after)
             << "kill " << tally.kills << " after command " << run.Saved() << '\n'
             << Difference(state, before).toStdString();
-        const QStringList contradictions =
-            tests::ContradictionsIn(tests::CopyAsLeft(file, company.States()), kSteady);
-        ASSERT_TRUE(contradictions.isEmpty()) << contradictions.join(u'\n').toStdString();
         const int now = run.Saved() + (state == before ? 0 : 1);
         vain = now == done ? vain + 1 : 0;
         done = now;
     }
     // Taken up a last time and ended in order, it holds what the undisturbed day holds, in one file.
-    Day last(company.Killed(), seed, done, kDay);
+    Day last(company.Killed(), done);
     ASSERT_TRUE(last.Finish());
     const QString file = Company::File(company.Killed());
     EXPECT_EQ(Difference(tests::StateOf(file), company.StateAfter(kDay)).toStdString(), "");
@@ -183,8 +180,8 @@ TEST(Kill, LeavesAllOfACommandOrNothing) {
     std::printf("KILL_SEED=%u\n", seed);
     SCOPED_TRACE(testing::Message() << "KILL_SEED=" << seed);
     Tally tally;
-    for (unsigned day = 0; tally.kills < wanted && !HasFailure(); ++day)
-        LiveThroughADay(seed + day, wanted, tally);
+    std::mt19937 random(seed);
+    while (tally.kills < wanted && !HasFailure()) LiveThroughADay(random, wanted, tally);
     std::printf("%d kills, %d of them within a command\n", tally.kills, tally.within);
     EXPECT_GT(tally.within, tally.kills / 10) << "the moments miss what they are meant for";
 }

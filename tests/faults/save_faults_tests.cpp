@@ -184,41 +184,6 @@ TEST(WithScarceMemory, ACommandFailsInTheMiddleOfItsStatementsToo) {
     }
 }
 
-TEST(ACommand, IsThereOrNotWheneverTheProcessDies) {
-    for (const auto* name :
-         {"B01_AddPriced", "B01_Edit", "B01_Delete", "A03_Edit", "A01_DeleteUsed", "S2_Change"}) {
-        const Command& command = tests::CommandOf(name);
-        for (const Memory memory : {Memory::Ample, Memory::Scarce}) {
-            if (memory == Memory::Scarce && name != std::string_view("B01_Edit")) continue;
-            SCOPED_TRACE(command.name);
-            const Course course = Undisturbed(command, memory);
-            tests::FailingStorage storage;
-            Ready program(command, memory);
-            const QTemporaryDir copies;
-            std::vector<QString> left;
-            const auto look = [&] {
-                const QString folder = copies.filePath(QString::number(left.size()));
-                QDir().mkpath(folder);
-                left.push_back(tests::CopyAsLeft(program.File(), folder));
-            };
-            storage.BeforeEachChange(look);
-            program.Give();
-            ::Db->Close();  // brings the log into the file
-            storage.BeforeEachChange({});
-            look();
-            EXPECT_GT(left.size(), 3U);
-            bool there = false;
-            for (const QString& file : left) {
-                const QStringList state = tests::StateOf(file);
-                EXPECT_TRUE(state == course.after || (!there && state == course.before))
-                    << state.join(u'\n').toStdString();
-                there = state == course.after;
-            }
-            EXPECT_TRUE(there);
-        }
-    }
-}
-
 // Two boxes are in the middle of a save, which goes on behind them. Whoever is called away while one of
 // them waits finds all of the save afterwards, or nothing.
 TEST(ACommand, IsNotHalfKeptWhileABoxInItsMiddleWaits) {

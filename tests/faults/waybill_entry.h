@@ -20,8 +20,6 @@ struct WaybillEntry {
     QDate date = QDate(2024, 3, 15);
     double total = 115;  ///< yuan
     double cost = 80.5;  ///< yuan
-    bool released = true;
-    QString address = QStringLiteral("1 Main Street");
 };
 
 void FillCard(QWidget& form, const WaybillEntry& entry);

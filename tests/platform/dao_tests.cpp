@@ -14,7 +14,6 @@
 #include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
-#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -129,49 +128,6 @@ TEST_F(TwoPrograms, OpenReadAndCloseTheFileWhileOneOfThemWrites) {
     other_.Run(u"insert into M04 (F1) values ('other')"_s);
     other_.Run(u"commit"_s);
     EXPECT_EQ(Codes(), QStringList{u"other"_s});
-}
-
-TEST_F(TwoPrograms, WaitForEachOtherAtACommandsFirstWrite) {
-    int waits = 0;
-    dao::whenBusy().handle = [&](const std::function<bool()>& wait) {
-        EXPECT_FALSE(wait());
-        ++waits;
-        other_.Run(u"insert into M04 (F1) values ('other')"_s);
-        other_.Run(u"commit"_s);
-        EXPECT_TRUE(wait());
-    };
-    sys::Guarded([&] {
-        Add(u"a"_s);
-        Add(u"b"_s);
-        EXPECT_FALSE(other_.Takes(u"begin immediate"_s));
-    });
-    EXPECT_EQ(waits, 1);
-    EXPECT_EQ(Codes(), (QStringList{u"a"_s, u"b"_s, u"other"_s}));
-}
-
-TEST_F(TwoPrograms, OneThatIsNeverFreeFailsTheStatementOrTheCommandIsGivenUp) {
-    for (const bool handled : {false, true}) {
-        if (handled) dao::whenBusy().handle = [](const std::function<bool()>& wait) { wait(); };
-        try {
-            Add(u"a"_s);
-            ADD_FAILURE();
-        } catch (const DatabaseError& error) {
-            EXPECT_TRUE(error.Text().startsWith(u"数据文件正被其他程序使用"_s)) << error.what();
-            EXPECT_FALSE(error.GroupLost());
-        }
-    }
-    dao::whenBusy().handle = [](const std::function<bool()>&) { throw sys::CommandGivenUp{}; };
-    bool wentOn = false;
-    sys::Guarded([&] {
-        Add(u"a"_s);
-        wentOn = true;
-    });
-    EXPECT_FALSE(wentOn);
-    EXPECT_FALSE(sys::HasEnded());
-    EXPECT_FALSE(db_->InGroup());
-    other_.Run(u"rollback"_s);
-    sys::Guarded([&] { Add(u"b"_s); });
-    EXPECT_EQ(Codes(), QStringList{u"b"_s});
 }
 
 TEST_F(TwoPrograms, OneKnowsWhetherItIsAlone) {
@@ -446,65 +402,6 @@ TEST(Dynaset, WritesRowsBackInTheOrderOfTheJournal) {
               (QStringList{u"30.0|-1.5|3.5"_s, u"0.0|<null>|<null>"_s, u"25.0|<null>|<null>"_s}));
     auto sums = db->OpenRecordset(u"select sum(YF) as QC from TB1"_s, dao::RecordsetType::Dynaset);
     EXPECT_THROW(sums.Edit(), RuntimeError);
-}
-
-enum class Emitted { Nothing, GroupLost, NotClosed };
-
-/// A command of three statements and the closing of the file, on storage that fails at its n-th change.
-Emitted CommandOnFailingStorage(const tests::DataFile& file, tests::FailingStorage& storage, int n,
-                                tests::StorageFault fault, bool andAllAfter) {
-    auto db = Open(file, u"failing"_s);
-    storage.FailAt(n, fault, andAllAfter);
-    Emitted reported = Emitted::Nothing;
-    try {
-        const QString value(9000, u'x');
-        for (const char16_t code : {u'a', u'b', u'c'})
-            db->Execute(u"insert into M04 (F1,F2) values ('"_s + QChar(code) + u"','"_s + value + u"')"_s);
-        db->CloseGroup();
-    } catch (const DatabaseError& error) {
-        reported = Emitted::GroupLost;
-        EXPECT_TRUE(error.GroupLost()) << error.what();
-        EXPECT_FALSE(error.Text().isEmpty());
-        EXPECT_FALSE(db->InGroup());
-    }
-    try {
-        db->Close();
-    } catch (const DatabaseError& error) {
-        EXPECT_FALSE(reported == Emitted::Nothing && error.GroupLost()) << error.what();
-        if (reported == Emitted::Nothing) reported = Emitted::NotClosed;
-    }
-    return reported;
-}
-
-TEST(Storage, KeepsAllOfACommandOrNothingWhereverItFails) {
-    const struct {
-        tests::StorageFault fault;
-        bool andAllAfter;
-        QString password;
-    } cases[] = {{tests::StorageFault::DiskFull, false, u"QXR7305"_s},
-                 {tests::StorageFault::DiskFull, true, u""_s},
-                 {tests::StorageFault::IoError, false, u""_s},
-                 {tests::StorageFault::IoError, true, u""_s}};
-    for (const auto& each : cases) {
-        std::map<Emitted, int> count;
-        for (int n = 1;; ++n) {
-            ASSERT_LT(n, 200);
-            tests::FailingStorage storage;
-            const tests::DataFile file(kTables, each.password);
-            const Emitted reported = CommandOnFailingStorage(file, storage, n, each.fault, each.andAllAfter);
-            if (!storage.HasFailed()) break;
-            ++count[reported];
-            storage.Heal();
-            const QString rows = file.Rows(u"select count(*) from M04"_s).value(0);
-            // Storage that dies in the commit and stays dead may keep the whole command all the same.
-            const bool mayBeThere = reported != Emitted::GroupLost || each.andAllAfter;
-            EXPECT_TRUE((rows == u"0"_s && reported == Emitted::GroupLost) || (rows == u"3"_s && mayBeThere))
-                << n;
-            EXPECT_EQ(file.Rows(u"pragma integrity_check"_s), QStringList{u"ok"_s}) << n;
-        }
-        EXPECT_GT(count[Emitted::GroupLost], 5);
-        EXPECT_GT(count[Emitted::NotClosed], 0);
-    }
 }
 
 TEST(Storage, LosesTheWholeCommandWhenTheDiskFillsUpInItsMiddle) {

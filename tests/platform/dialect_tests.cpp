@@ -1,7 +1,6 @@
 // The dialect, against a real encrypted file: what each kind of statement must find or leave behind.
 #include "platform/dao/database.h"
 #include "platform/dao/dialect/functions.h"
-#include "platform/dao/dialect/translate.h"
 #include "platform/errors.h"
 #include "tests/support/data_file.h"
 
@@ -209,22 +208,6 @@ TEST_F(Dialect, RefusesWhatTheEngineWouldRunOrIgnore) {
     EXPECT_THROW(db_->OpenRecordset(u"delete from M01"_s), DatabaseError);
 }
 
-/// The columns as the engine declares them, without the database layer between.
-class FixedTables : public dao::dialect::Tables {
-  public:
-    const dao::dialect::Table* Find(std::string_view table) const override {
-        using dao::dialect::ColumnKind;
-        static const dao::dialect::Table tb1{
-            {{"F1", ColumnKind::Text}, {"F2", ColumnKind::Date}, {"F3", ColumnKind::Text}}};
-        static const dao::dialect::Table b01{{{"F1", ColumnKind::Text}, {"F101", ColumnKind::DateText}}};
-        if (dao::dialect::SameText(table, "TB1")) return &tb1;
-        return dao::dialect::SameText(table, "B01") ? &b01 : nullptr;
-    }
-    bool LeadsIndex(std::string_view table, std::string_view column) const override {
-        return dao::dialect::SameText(table, "TB1") && dao::dialect::SameText(column, "SN");
-    }
-};
-
 TEST_F(Dialect, WritesNoNumberThatCannotBeHeld) {
     const QString endless = u"1"_s + u"0"_s.repeated(400);
     for (const QString& statement : {
@@ -243,36 +226,6 @@ TEST_F(Dialect, WritesNoNumberThatCannotBeHeld) {
     db_->Execute(u"insert into SysInfo (ID,Setval) VALUES (8,-1.5e3-2*(1+3))"_s);
     db_->Execute(u"update SysInfo set Setval=setval/0,setStr='x'+1 where ID=7"_s);
     EXPECT_EQ(Found(*db_, u"select SetVal,setStr from SysInfo where ID=7 or ID=8"_s), u"-|1 -1508|-"_s);
-}
-
-TEST_F(Dialect, LeavesConditionsThatAnIndexServes) {
-    db_->Close();
-    const Case cases[] = {
-        {u"select F1 from TB1 where datediff('d','2024-03-09',TB1.F2)>=0 AND datediff('d','2024-03-10',TB1.F2)<=0"_s,
-         u"USING INDEX TB1_F2 (F2>? AND F2<?)"_s},
-        {u"select F1 from B01 where datediff('d','2024-03-10',F101 ) = 0  AND f202='H1'"_s,
-         u"USING INDEX B01_F101 (F101>? AND F101<?)"_s},
-        {u"select top 1 F2 from TB1 order by F2 desc"_s, u"SCAN TABLE TB1 USING COVERING INDEX TB1_F2"_s},
-        {u"select SN from TB1 where F3 like '甲' order by TB1.F3,TB1.SN"_s,
-         u"USING COVERING INDEX TB1_F3_SN (F3=?)"_s},
-        {u"select SN from TB1 where F3 like '甲*' order by F3,SN"_s, u"INDEX TB1_F3_SN (F3>? AND F3<?)"_s},
-        {u"select top 1 SN from TB1 where F3='甲' and SN<20 order by SN desc"_s,
-         u"TB1_F3_SN (F3=? AND SN<?)"_s},
-        // The first row of an order: the index is read in order, and nothing sorted.
-        {u"select top 1 F2,SN from TB1 where  datediff('d','2024-03-10',F2 ) < 0 and F1<>'A1' order by sn desc "_s,
-         u"SCAN TABLE TB1 USING INDEX TB1_SN"_s},
-        {u"select top 1 F2,SN from TB1 where 0<=datediff('d',F2,'2024-03-10') and SN>9 order by TB1.SN asc"_s,
-         u"SEARCH TABLE TB1 USING INDEX TB1_SN (SN>?)"_s},
-        {u"select top 1 SN from TB1 where datediff('d','2024-03-10',F2 ) < 0 order by F2 desc,SN"_s,
-         u"USING INDEX TB1_F2 (F2<?)"_s},
-    };
-    for (const Case& each : cases) {
-        const auto sql = dao::dialect::Translate(each.statement.toStdString(), FixedTables()).sql;
-        const QString plan = file_.Rows(u"explain query plan "_s + QString::fromStdString(sql)).join(u'\n');
-        EXPECT_TRUE(plan.contains(each.expected)) << sql << "\n" << plan.toStdString();
-        EXPECT_FALSE(plan.contains(u"TEMP B-TREE FOR ORDER BY"_s) && each.statement.contains(u"order by"_s))
-            << plan.toStdString();
-    }
 }
 
 /// However the engine goes about it, the first row is the first of all that the same statement finds.

@@ -3,7 +3,6 @@
 #include "platform/text/numbers.h"
 
 #include <cmath>
-#include <cstdlib>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -103,26 +102,6 @@ TEST(Dates, AreReadLeniently) {
          {u""_s, u"2024-02-30"_s, u"24-1-5"_s, u"2024-1/5"_s, u"2024-1-5x"_s, u"2024-1-5 25:00"_s, u"明天"_s})
         EXPECT_FALSE(text::ReadDate(no)) << no.toStdString();
     EXPECT_EQ(text::DateTimeText(*text::ReadDateTime(u"2024-3-1 8:00:09"_s)), u"2024-03-01 08:00:09"_s);
-}
-
-/// Amounts and weights take a short way; it must say what the long one and whole numbers say.
-TEST(Numbers, AmountsReadAndWriteTheSameEveryWay) {
-    for (int thousandths = -30'000; thousandths <= 30'000; ++thousandths) {
-        const double value = thousandths / 1000.0;
-        const QString shown = QString::number(value, 'g', 15);
-        ASSERT_EQ(text::GeneralText(value), shown);
-        ASSERT_EQ(text::Val(shown), value) << shown.toStdString();
-        ASSERT_EQ(text::Val(shown + u"kg"_s), value) << shown.toStdString();
-        for (const int decimals : {1, 2}) {
-            const int unit = decimals == 1 ? 10 : 100;
-            const int rounded = (std::abs(thousandths) * unit / 100 + 5) / 10;
-            const QString sign = thousandths < 0 && rounded != 0 ? u"-"_s : u""_s;
-            const auto behind = u"%1"_s.arg(rounded % unit, decimals, 10, QChar(u'0'));
-            ASSERT_EQ(text::FormatFixed(value, decimals),
-                      sign + QString::number(rounded / unit) + u'.' + behind)
-                << shown.toStdString();
-        }
-    }
 }
 
 }  // namespace

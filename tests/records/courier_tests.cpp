@@ -23,21 +23,6 @@ class Couriers : public Program {
     QStringList Table() { return Rows(u"select F1,F2 from M04 order by F1"_s); }
 };
 
-TEST(A04, ListsInOrderAndTellsThePosition) {
-    Couriers form;
-    EXPECT_EQ(form.Lines(), (QStringList{u"张三|早班"_s, u"李四|晚班"_s, u"王五|"_s}));
-    EXPECT_EQ(form.Status(), u"共 3 条记录 当前为第 1 条"_s);
-    form.GoToRow(3);
-    EXPECT_EQ(form.Status(), u"共 3 条记录 当前为第 3 条"_s);
-    EXPECT_FALSE(form.Enabled(u"Menu_save"_s));
-    EXPECT_TRUE(form.Enabled(u"Menu_query"_s));
-    EXPECT_FALSE(form.Frame().ToolBarShown());
-    AltKey(u'R');
-    EXPECT_EQ(form.Frame().Front(), nullptr);
-    EXPECT_TRUE(form.Frame().ToolBarShown());
-    EXPECT_EQ(form.Status(), u"2024-03-15"_s);
-}
-
 TEST(A04, TheKeysMoveInTheListFromTheStart) {
     Couriers form;
     EXPECT_EQ(FocusName(), u"GD"_s);
@@ -56,28 +41,6 @@ TEST(A04, TheKeysMoveInTheListFromTheStart) {
     form.Enter(u"TabS"_s);
     Press(Qt::Key_Down);
     EXPECT_EQ(FocusName(), u"GD"_s);
-}
-
-TEST(A04, FirstRecordReplacesTheBlankLine) {
-    Couriers form(QStringList{});
-    form.Frame().SetPanel(4, u"旧"_s);
-    EXPECT_EQ(form.Lines(), QStringList{u"|"_s});
-    AltKey(u'D');  // an empty table: nothing to delete, nothing asked
-    AltKey(u'A');
-    EXPECT_FALSE(form.Enabled(u"Menu_Add"_s));
-    EXPECT_TRUE(form.Enabled(u"Menu_Return"_s));
-    EXPECT_EQ(FocusName(), u"Txt(0)"_s);
-    Type(u"赵六"_s);
-    Press(Qt::Key_Return);
-    EXPECT_EQ(FocusName(), u"Txt(1)"_s);
-    Type(u"东区"_s);
-    Press(Qt::Key_Return);
-    EXPECT_TRUE(form.Table().isEmpty()) << "Enter in the last box saves nothing";
-    AltKey(u'S');
-    EXPECT_EQ(form.Table(), QStringList{u"赵六|东区"_s});
-    EXPECT_EQ(form.Lines(), form.Table());
-    EXPECT_FALSE(EditInProgress);
-    EXPECT_EQ(form.Status(), u"共 1 条记录 当前为第 1 条"_s);
 }
 
 TEST(A04, ARefusalLosesNothingAndCancelReadsTheRow) {
@@ -128,30 +91,6 @@ TEST(A04, AClickOnTheHighlightedLineLeavesTheSavedRecordCurrent) {
     ClickAt(*grid.viewport(), grid.CellRect(2, 0).center());
     form.script.Question(u"真的要删除晚班吗?"_s, Title, false);
     AltKey(u'D');
-}
-
-TEST(A04, AnAdministratorWhoSaysNoTwiceOrOnceKeepsAll) {
-    const QString question =
-        u"[晚班]已经在系统中应用!\r如果删除将造成系统中其它记录的丢失!\r只有管理员才有权删除。真的要删除吗？"_s;
-    Couriers form(ThreeCouriers() + QStringList{u"insert into B01 (F1,F602) VALUES ('W1','李四')"_s});
-    form.GoToRow(2);
-    for (const bool first : {false, true}) {
-        form.script.Question(question, Title, first);
-        if (first) form.script.Question(question, u"请再次确认"_s, false);
-        AltKey(u'D');
-        EXPECT_EQ(form.Table().size(), 3);
-        EXPECT_EQ(form.Rows(u"select F1 from B01"_s).size(), 1);
-    }
-}
-
-TEST(A04, BoxesCannotBeEnteredWhileBrowsing) {
-    Couriers form;
-    Press(Qt::Key_Tab);
-    form.Tabs().SelectItem(2);
-    form.Enter(u"Txt(1)"_s);
-    EXPECT_EQ(FocusName(), u"TabS"_s);
-    Type(u"x"_s);
-    EXPECT_EQ(form.Box(1), u"早班"_s);
 }
 
 }  // namespace

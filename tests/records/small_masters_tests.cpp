@@ -66,6 +66,8 @@ TEST_P(SmallMasters, AsksForWhatIsRequiredAndCutsWhatIsTooLong) {
     program->SetBox(1, u"注"_s.repeated(50));
     EXPECT_EQ(program->Box(1).size(), 49);
     program->SetBox(1, member.noteRequired ? u" 注 "_s : u""_s);
+    Press(Qt::Key_Return);
+    EXPECT_TRUE(Table().isEmpty()) << "Enter in the last box saves nothing";
     AltKey(u'S');
     const QString note = member.noteRequired ? u"注"_s : u""_s;
     EXPECT_EQ(Table(), QStringList{u"字"_s.repeated(member.keyLimit) + u'|' + note});
@@ -147,11 +149,15 @@ TEST_P(SmallMasters, AdministratorTakesTheWaybillsOfItsColumnAlong) {
     Start();
     QStringList left = Waybills();
     GoTo(u"乙"_s);
-    for (const QString& title : {Title, u"请再次确认"_s})
-        program->script.Question(u"[二]已经在系统中应用!\r如果删除将造成系统中其它记录的丢失!\r"_s +
-                                     u"只有管理员才有权删除。真的要删除吗？"_s,
-                                 title, true);
-    AltKey(u'D');
+    const QString question =
+        u"[二]已经在系统中应用!\r如果删除将造成系统中其它记录的丢失!\r只有管理员才有权删除。真的要删除吗？"_s;
+    for (const int yes : {0, 1, 2}) {  // answers before a No, if there is one
+        EXPECT_EQ(Table().size(), 2);
+        EXPECT_EQ(Waybills(), left);
+        program->script.Question(question, Title, yes > 0);
+        if (yes > 0) program->script.Question(question, u"请再次确认"_s, yes > 1);
+        AltKey(u'D');
+    }
     EXPECT_EQ(Table(), QStringList{u"甲|一"_s});
     left.removeAll(member.user);
     EXPECT_EQ(Waybills(), left);

@@ -104,7 +104,7 @@ TEST_F(Engine, RowsGrowWithTheirTextAndAreNotCut) {
     EXPECT_EQ(texts.join(QString()), endless);
 }
 
-TEST_F(Engine, ComputesWhatStandsInBraces) {
+TEST_F(Engine, ComputesWhatIsInBraces) {
     Fill(4, 2);
     lab.company.Run(u"insert into PRNTC023 (F1,F2,F6) values ('', 'g9', '1234567.5')"_s);
     const struct {
@@ -161,7 +161,7 @@ TEST_F(Engine, PassesOverRowsAndTakesTheTotalFromTheTable) {
     EXPECT_EQ(ReportLab::AllTexts(*lab.LayOut(data + table)).join(u' ').toStdString(), "1 2 3 99 7.5");
 }
 
-TEST_F(Engine, WhatStandsBelowATextThatGrowsMovesDown) {
+TEST_F(Engine, WhatIsBelowATextThatGrowsMovesDown) {
     Fill(1);
     const QString head =
         u"<head><band height='20'><text x='0' y='3' width='20'>%1</text>"

@@ -4,6 +4,7 @@
 #include "reports/printing.h"
 #include "schema/data_files.h"
 #include "tests/report/papers.h"
+#include "tests/support/files.h"
 #include "tests/support/program.h"
 
 #include <QFileInfo>
@@ -32,17 +33,6 @@ class PreviewTest : public testing::Test {
     int Page() { return Pages().CurrentPage() + 1; }
     QString Words(const QString& label) { return program.At<QLabel>(label).text(); }
     bool CanPress(const QString& button) { return program.At<QToolButton>(button).isEnabled(); }
-    void WriteLayout(const QString& name, const QByteArray& text) {
-        QFile file(AppFolder + name);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    }
-    QByteArray ReadBytes(const QString& path) {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
-    }
-
     Program program;
 };
 
@@ -103,7 +93,7 @@ TEST_F(PreviewTest, SavesAPdfOfWhatWasLaidOut) {
     const QString path = AppFolder + u"out"_s;
     program.script.File(u"另存为 PDF"_s, path);
     Press(Qt::Key_S, Qt::ControlModifier);
-    const QByteArray pdf = ReadBytes(path + u".pdf"_s);
+    const QByteArray pdf = Bytes(path + u".pdf"_s);
     EXPECT_TRUE(pdf.startsWith("%PDF-")) << "no PDF";
     EXPECT_EQ(pdf.count("/Type/Page/"), 2);
 
@@ -115,13 +105,14 @@ TEST_F(PreviewTest, SavesAPdfOfWhatWasLaidOut) {
     Press(Qt::Key_S, Qt::ControlModifier);
 }
 
-TEST_F(PreviewTest, AChangedLayoutIsSeenAtOnceAndAFaultyOneIsTold) {
+TEST_F(PreviewTest, AChangedLayoutIsSeenAtOnceAndAFaultyOneIsReported) {
     Run(3);
-    const QByteArray good = ReadBytes(AppFolder + u"prntc023.rpt"_s);
-    WriteLayout(u"prntc023.rpt"_s, QByteArray(good).replace("title=\"对帐明细表\"", "title=\"对帐单\""));
+    const QByteArray good = Bytes(AppFolder + u"prntc023.rpt"_s);
+    Write(AppFolder + u"prntc023.rpt"_s,
+          QByteArray(good).replace("title=\"对帐明细表\"", "title=\"对帐单\""));
     Press(Qt::Key_F5);
     EXPECT_TRUE(program.Status().startsWith(u"对帐单：A4"_s)) << program.Status().toStdString();
-    WriteLayout(u"prntc023.rpt"_s, "<report>\n<data>select</data></raport>");
+    Write(AppFolder + u"prntc023.rpt"_s, "<report>\n<data>select</data></raport>");
     program.script.BoxContaining(u"报表文件“prntc023.rpt”第 2 行"_s);
     Press(Qt::Key_F5);
     EXPECT_TRUE(program.Status().startsWith(u"对帐单：A4"_s));
@@ -158,7 +149,7 @@ TEST_F(PreviewTest, PrintsThePagesThatThePrinterIsAskedFor) {
     AltKey(u'P');
     report::ReportControl::AskPrinter() = before;
     EXPECT_EQ(offered, 3);
-    EXPECT_EQ(ReadBytes(path).count("/Type /Page\n"), 2);
+    EXPECT_EQ(Bytes(path).count("/Type /Page\n"), 2);
 }
 
 }  // namespace

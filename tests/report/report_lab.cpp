@@ -1,8 +1,8 @@
 #include "tests/report/report_lab.h"
 
 #include "platform/errors.h"
+#include "tests/support/files.h"
 
-#include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
 
@@ -33,10 +33,9 @@ QString ReportLab::Refusal(const QString& text) {
 }
 
 QString ReportLab::Write(const QString& name, const QByteArray& bytes) {
-    QFile file(folder_.filePath(name));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-    return file.fileName();
+    const QString path = folder_.filePath(name);
+    tests::Write(path, bytes);
+    return path;
 }
 
 QStringList ReportLab::Texts(const report::Document& document, int page) {

@@ -10,9 +10,7 @@
 
 #include <QDir>
 #include <QLockFile>
-#include <QProcess>
 
-#include <sqlite3.h>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -35,28 +33,16 @@ class DataFiles : public testing::Test {
     QTemporaryDir folder_;
 };
 
-/// What the engine answers to the first read of a file with that key; "" is no key at all.
-int FirstRead(const QString& path, const QByteArray& key) {
-    sqlite3* db = nullptr;
-    int result = sqlite3_open_v2(path.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr);
-    if (result == SQLITE_OK && !key.isEmpty()) {
-        sqlite3_key(db, key.constData(), static_cast<int>(key.size()));
-        sqlite3_exec(db, "pragma cipher_page_size = 4096; pragma kdf_iter = 64000", nullptr, nullptr,
-                     nullptr);
-    }
-    if (result == SQLITE_OK)
-        result = sqlite3_exec(db, "select * from sqlite_master", nullptr, nullptr, nullptr);
-    sqlite3_close(db);
-    return result;
+/// Whether the engine reads a file with that key; "" is no key at all.
+bool Opens(const QString& path, const QString& key) {
+    return Connection(path, key).Takes(u"select * from sqlite_master"_s);
 }
 
 TEST_F(DataFiles, TheDatabaseOpensWithItsPasswordAlone) {
     schema::MakeDatabase(Path());
-    EXPECT_EQ(FirstRead(Path(), "QXR7305"), SQLITE_OK);
-    for (const QByteArray key : {"", "qxr7305", "QXR7305 ", "QXR730", "x"}) {
-        EXPECT_EQ(FirstRead(Path(), key), SQLITE_NOTADB) << key.toStdString();
-    }
-
+    EXPECT_TRUE(Opens(Path(), u"QXR7305"_s));
+    for (const QString& key : {u""_s, u"qxr7305"_s, u"QXR7305 "_s, u"QXR730"_s, u"x"_s})
+        EXPECT_FALSE(Opens(Path(), key)) << key.toStdString();
     const QByteArray bytes = Bytes(Path());
     EXPECT_EQ(bytes.size() % 4096, 0);
     for (const QByteArray readable : {"SQLite format", "create table", "管理员"}) {
@@ -87,7 +73,7 @@ TEST_F(DataFiles, ANewCompanyIsOneFileWithItsFirstRows) {
 
 TEST_F(DataFiles, TheExportFileHoldsAnEmptySheetForEveryone) {
     schema::MakeExportFile(Path(u"excel.dat"_s));
-    EXPECT_EQ(FirstRead(Path(u"excel.dat"_s), {}), SQLITE_OK);
+    EXPECT_TRUE(Opens(Path(u"excel.dat"_s), {}));
     Connection file(Path(u"excel.dat"_s), {});
     const QStringList columns = file.Rows(u"pragma table_info(mysheet)"_s);
     ASSERT_EQ(columns.size(), 30);
@@ -143,7 +129,7 @@ TEST_F(DataFiles, WhatAKilledRunLeftIsNoObstacle) {
     for (const QString& name : {u"tessik.dat.making"_s, u"tessik.dat.making-journal"_s})
         Write(Path(name), "half a page");
     schema::MakeDatabase(Path());
-    EXPECT_EQ(FirstRead(Path(), "QXR7305"), SQLITE_OK);
+    EXPECT_TRUE(Opens(Path(), u"QXR7305"_s));
     EXPECT_EQ(Listing(), QStringList(u"tessik.dat"_s));
 }
 
@@ -154,32 +140,6 @@ TEST_F(DataFiles, TwoRunsAtOnceDoNotMeet) {
     EXPECT_EQ(Listing(), QStringList(u"tessik.dat.lock"_s));
     other.unlock();
     EXPECT_EQ(schema::MakeDataFiles(folder()), kNames);
-}
-
-TEST_F(DataFiles, TheProgramTellsHowItWent) {
-    const struct {
-        QStringList arguments;
-        int status;
-        QString says;
-    } rows[] = {
-        {{}, 2, u"用法"_s},
-        {{folder(), u"a"_s, u"b"_s}, 2, u"用法"_s},
-        {{folder() + u"/nowhere"_s}, 1, u"不存在"_s},
-        {{Path(u"文件夹"_s), u"飞达"_s}, 0, u"tessik.dat：已生成"_s},
-        {{Path(u"文件夹"_s), u"别家"_s}, 0, u"tessik.dat：已存在"_s},
-    };
-    ASSERT_TRUE(QDir(folder()).mkdir(u"文件夹"_s));
-    for (const auto& row : rows) {
-        QProcess program;
-        program.setProcessChannelMode(QProcess::MergedChannels);
-        program.start(QStringLiteral(MAKE_DATA_FILES), row.arguments);
-        ASSERT_TRUE(program.waitForFinished()) << program.errorString().toStdString();
-        const QString said = QString::fromUtf8(program.readAll());
-        EXPECT_EQ(program.exitCode(), row.status) << said.toStdString();
-        EXPECT_TRUE(said.contains(row.says)) << said.toStdString();
-    }
-    EXPECT_EQ(Connection(Path(u"文件夹/tessik.dat"_s)).Rows(u"select F1 from CompanyInfo"_s),
-              QStringList(u"飞达"_s));
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // A file of the first release is read, whatever the engine would do by itself.
 #include "platform/dao/database.h"
-#include "schema/engine.h"
+#include "platform/dao/engine.h"
 #include "schema/names.h"
 #include "tests/support/data_file.h"
 
@@ -41,8 +41,7 @@ void ReadFrozen() {
     auto rows = db->OpenRecordset(u"select F2 from TE1 order by F1"_s);
     EXPECT_EQ(rows.Fields(0).Text(), u"管理员"_s);
     db->Close();
-    EXPECT_EQ(schema::Number(schema::OpenEngine(path, schema::kPassword).get(), "select count(*) from TE1"),
-              2);
+    EXPECT_EQ(dao::Number(dao::OpenEngine(path, schema::kPassword).get(), "select count(*) from TE1"), 2);
 }
 
 TEST(AFrozenFile, IsReadByTheEngineOfToday) {

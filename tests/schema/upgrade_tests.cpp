@@ -1,7 +1,7 @@
 // A file of last year opens in this year's program; a file of next year does not.
+#include "platform/dao/engine.h"
 #include "platform/errors.h"
 #include "schema/data_files.h"
-#include "schema/engine.h"
 #include "schema/names.h"
 #include "schema/upgrade.h"
 #include "tests/support/data_file.h"
@@ -20,7 +20,7 @@ const std::vector<schema::UpgradeStep> kSteps = {
 
 class Upgrading : public testing::Test {
   protected:
-    schema::Engine Open() const { return schema::OpenEngine(Path(), schema::kPassword); }
+    dao::Engine Open() const { return dao::OpenEngine(Path(), schema::kPassword); }
     QString Path() const { return folder_.filePath(u"tessik.dat"_s); }
     QString Found(const QString& query) const { return Connection(Path()).Rows(query).join(u' '); }
     /// A file as the steps up to that version left it.
@@ -119,7 +119,7 @@ TEST_F(Upgrading, AFileOfTheFirstReleaseComesToTheShapeOfANewOne) {
                      file.Rows(u"pragma index_info(%1)"_s.arg(name));
         return found;
     };
-    schema::Run(Open().get(), Bytes(QStringLiteral(FIRST_SHAPE)) + "pragma user_version = 1");
+    dao::Run(Open().get(), Bytes(QStringLiteral(FIRST_SHAPE)) + "pragma user_version = 1");
     schema::Upgrade(Open().get());
     const QStringList upgraded = shape();
     QFile::remove(Path());

@@ -49,23 +49,18 @@ QStringList Connection::Rows(const QString& statement) {
     return rows;
 }
 
-DataFile::DataFile(const QStringList& statements, const QString& password)
-    : path_(folder_.filePath(QStringLiteral("test.dat"))), password_(password) {
-    Connection engine(path_, password_);
+DataFile::DataFile(const QStringList& statements) : path_(folder_.filePath(QStringLiteral("test.dat"))) {
+    Connection engine(path_);
     engine.Run(QStringLiteral("create table TE1 (F1 TEXT COLLATE NOCASE)"));
     for (const QString& statement : statements) engine.Run(statement);
 }
 
-QString DataFile::Connect() const {
-    return password_.isEmpty() ? QString() : QStringLiteral(";PWD=") + password_;
-}
-
 void DataFile::Run(const QString& statement) const {
-    Connection(path_, password_).Run(statement);
+    Connection(path_).Run(statement);
 }
 
 QStringList DataFile::Rows(const QString& statement) const {
-    return Connection(path_, password_).Rows(statement);
+    return Connection(path_).Rows(statement);
 }
 
 QStringList DataFile::Files() const {

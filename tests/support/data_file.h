@@ -34,14 +34,13 @@ class Connection {
 
 class DataFile {
   public:
-    /// Makes the file with these statements; a table TE1 is always there. An empty password makes a plain
-    /// one.
-    explicit DataFile(const QStringList& statements, const QString& password = QStringLiteral("QXR7305"));
+    /// Makes the file with these statements; a table TE1 is always there.
+    explicit DataFile(const QStringList& statements);
 
     QString Path() const { return path_; }
     QString Folder() const { return folder_.path(); }
     /// What the program hands to Open.
-    QString Connect() const;
+    QString Connect() const { return QStringLiteral(";PWD=QXR7305"); }
 
     /// Each over a connection of its own.
     void Run(const QString& statement) const;
@@ -52,7 +51,6 @@ class DataFile {
   private:
     QTemporaryDir folder_;
     QString path_;
-    QString password_;
 };
 
 }  // namespace tests

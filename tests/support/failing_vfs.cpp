@@ -4,7 +4,6 @@
 #include <limits>
 #include <new>
 #include <sqlite3.h>
-#include <utility>
 
 namespace tests {
 namespace {
@@ -18,14 +17,12 @@ struct Plan {
     StorageFault fault = StorageFault::DiskFull;
     bool readOnly = false;
     bool failed = false;
-    std::function<void()> look = {};
 };
 
 Plan plan;
 
 /// Counts a change or a reading, whichever the plan is about; true if it has to fail.
 bool Fails(bool reading) {
-    if (!reading && plan.look) plan.look();
     if (reading != (plan.fault == StorageFault::ReadError)) return false;
     ++plan.changes;
     const bool fails = plan.changes >= plan.first && plan.changes <= plan.last;
@@ -167,7 +164,7 @@ FailingStorage::~FailingStorage() {
 }
 
 void FailingStorage::FailAt(int n, StorageFault fault, bool andAllAfter) {
-    plan = Plan{.look = std::move(plan.look)};
+    plan = Plan();
     plan.first = n;
     plan.last = andAllAfter ? kNever : n;
     plan.fault = fault;
@@ -181,14 +178,6 @@ void FailingStorage::Heal() {
     plan.first = kNever;
     plan.last = kNever;
     plan.readOnly = false;
-}
-
-void FailingStorage::BeforeEachChange(std::function<void()> look) {
-    plan.look = std::move(look);
-}
-
-int FailingStorage::Changes() const {
-    return plan.changes;
 }
 
 bool FailingStorage::HasFailed() const {

@@ -6,8 +6,6 @@
 // everything back at its end.
 #pragma once
 
-#include <functional>
-
 namespace tests {
 
 enum class StorageFault { DiskFull, IoError, ReadError };
@@ -27,11 +25,7 @@ class FailingStorage {
     void RefuseWriting();
     /// The storage works again; the count goes on.
     void Heal();
-    /// Called before each change, until the end of this object.
-    void BeforeEachChange(std::function<void()> look);
 
-    /// Changes (with ReadError: readings) since the beginning or the last FailAt.
-    int Changes() const;
     /// Did a planned failure come?
     bool HasFailed() const;
 };

@@ -2,7 +2,7 @@
 // form opened and driven by keys.
 #pragma once
 
-#include "schema/engine.h"
+#include "platform/dao/engine.h"
 #include "schema/names.h"
 #include "tests/support/program.h"
 
@@ -72,7 +72,7 @@ class CustomerForm : public Program {
     }
     /// Damages the file behind the program's back.
     static void LoseTable(const QByteArray& table) {
-        schema::Run(schema::OpenEngine(DbFile, schema::kPassword).get(), "drop table " + table);
+        dao::Run(dao::OpenEngine(DbFile, schema::kPassword).get(), "drop table " + table);
     }
 };
 

@@ -91,14 +91,6 @@ TEST(A03, ANewCustomerIsEnteredByEnterAlone) {
     EXPECT_EQ(form.Lines().last(), u"K9|新客|新客|||||||陈刚|一|1||"_s);
 }
 
-TEST(A03, ABoxIsReadyToBeTypedOverHoweverItIsEntered) {
-    CustomerForm form;
-    AltKey(u'E');
-    auto& box = form.At<QLineEdit>(u"Txt(1)"_s);
-    ClickAt(box, QPoint(4, 4));
-    EXPECT_EQ(box.selectedText(), u"华兴"_s);
-}
-
 TEST(A03, RefusalsLeaveTheCardAsItIs) {
     CustomerForm form;
     AltKey(u'A');
@@ -225,7 +217,7 @@ TEST(A03, TheSalespersonIsChosenOrTyped) {
     AltKey(u'C');
 }
 
-TEST(A03, ALoadThatFailsIsTold) {
+TEST(A03, ALoadThatFailsIsReported) {
     CustomerForm form;
     CustomerForm::LoseTable("M031");
     form.script.BoxContaining(u"M031"_s);
@@ -240,7 +232,7 @@ TEST(A03, ALoadThatFailsIsTold) {
     EXPECT_EQ(form.Lines().size(), 1) << "the form opens with an empty list";
 }
 
-TEST(A03, AStandardThatCannotBeReadIsTold) {
+TEST(A03, AStandardThatCannotBeReadIsReported) {
     CustomerForm form;
     form.ShowCard();
     form.Tabs().SelectItem(1);

@@ -1,5 +1,4 @@
 // The selling zones' form, driven by keys: the card, its places, its prices, saving, deleting, refusing.
-#include "tariffs/world_map.h"
 #include "tests/tariffs/zone_program.h"
 
 #include <QClipboard>
@@ -43,22 +42,6 @@ class Zones : public ZoneProgram {
     QStringList Codes() { return Rows(u"select F1 from M02 order by F1"_s); }
     QStringList Places() { return Rows(u"select F0,F1,F2,F8 from M021"_s); }
 };
-
-TEST(A02, ListsFiveColumnsAndCarriesThePrices) {
-    Zones form;
-    EXPECT_EQ(form.Headers(), u"区域编号 区域概称(中文) 区域概称(英文) 送达时日 备注");
-    EXPECT_EQ(form.Grid().Cols(), 25);
-    EXPECT_EQ(
-        form.Lines(),
-        (QStringList{u"Z1|北美|America|3|注|10.5|20.5|30.5|40.5|50.5|60.5|70.5|80.5|90.5|100.5|110.5|120.5|"
-                     u"130.5|140.5|150.5|160.5|170.5|180.5|190.5|"_s,
-                     u"Z2|南美|South|||7||||8|||||||||||||||"_s}));
-    EXPECT_EQ(form.Status(), u"共 2 条记录 当前为第 1 条");
-    // The print entry is there and has never done anything.
-    EXPECT_TRUE(form.Enabled(u"Menu_print"_s));
-    AltKey(u'P');
-    EXPECT_TRUE(form.Enabled(u"Menu_query"_s));
-}
 
 TEST(A02, ShowsTheCardWithTheBracketsOfTheStandard) {
     Zones form;
@@ -291,21 +274,6 @@ TEST(A02, DeletesWithThePlainQuestionWhateverRefersToIt) {
     AltKey(u'D');
     EXPECT_EQ(form.Lines(), QStringList{QString(24, u'|')});
     EXPECT_EQ(form.Status(), u"共 0 条记录 当前为第 1 条") << "the blank line is a row of the grid";
-}
-
-TEST(A02, PicturesSwapWhenTheyAreClicked) {
-    Zones form;
-    form.ShowCard();
-    auto& east = form.At<MapPicture>(u"ImgMap(0)"_s);
-    auto& west = form.At<MapPicture>(u"ImgMap(1)"_s);
-    EXPECT_EQ(east.size(), QSize(224, 160));
-    EXPECT_TRUE(east.isVisible() && !west.isVisible());
-    EXPECT_FALSE(east.grab().toImage().allGray());
-    Click(east);
-    EXPECT_TRUE(!east.isVisible() && west.isVisible());
-    EXPECT_EQ(west.size(), QSize(229, 182));
-    Click(west);
-    EXPECT_TRUE(east.isVisible() && !west.isVisible());
 }
 
 }  // namespace

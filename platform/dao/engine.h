@@ -10,7 +10,7 @@
 
 struct sqlite3;
 
-namespace schema {
+namespace dao {
 
 struct CloseEngine {
     void operator()(sqlite3* db) const;
@@ -27,7 +27,10 @@ int Number(sqlite3* db, const QByteArray& statement);
 /// Runs one statement with its only parameter filled in.
 void RunWithText(sqlite3* db, const QByteArray& statement, const QString& text);
 
+/// Takes the write-ahead log into the file. The engine does that only where nobody else has the file open:
+/// false if somebody has.
+bool GiveUpLog(sqlite3* db);
 /// Runs work as one transaction, which begins with this statement: all of it or, when it raises, nothing.
 void InTransaction(sqlite3* db, const QByteArray& begin, const std::function<void()>& work);
 
-}  // namespace schema
+}  // namespace dao

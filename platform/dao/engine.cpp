@@ -1,4 +1,4 @@
-#include "schema/engine.h"
+#include "platform/dao/engine.h"
 
 #include "platform/dao/cipher.h"
 #include "platform/errors.h"
@@ -8,7 +8,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace schema {
+namespace dao {
 namespace {
 
 struct Finalize {
@@ -61,7 +61,7 @@ Engine OpenEngine(const QString& path, QStringView password) {
     if (!password.isEmpty()) {
         const QByteArray key = password.toUtf8();
         Check(raw, sqlite3_key(raw, key.constData(), static_cast<int>(key.size())));
-        for (const char* setting : dao::kCipherSettings) Run(raw, setting);
+        for (const char* setting : kCipherSettings) Run(raw, setting);
     }
     Run(raw, "pragma temp_store = memory");
     return engine;
@@ -87,6 +87,11 @@ void RunWithText(sqlite3* db, const QByteArray& statement, const QString& text) 
     Step(db, prepared.get());
 }
 
+bool GiveUpLog(sqlite3* db) {
+    const int result = sqlite3_exec(db, "pragma journal_mode = delete", nullptr, nullptr, nullptr);
+    return (result & 0xff) != SQLITE_BUSY;
+}
+
 void InTransaction(sqlite3* db, const QByteArray& begin, const std::function<void()>& work) {
     Run(db, begin);
     try {
@@ -99,4 +104,4 @@ void InTransaction(sqlite3* db, const QByteArray& begin, const std::function<voi
     }
 }
 
-}  // namespace schema
+}  // namespace dao
