@@ -1,6 +1,7 @@
 #include "schema/definition.h"
 
 #include "schema/engine.h"
+#include "schema/history.h"
 #include "schema_texts.h"
 
 namespace schema {
@@ -16,6 +17,7 @@ QByteArray FirstRowsSql() {
 void CreateTables(sqlite3* db) {
     InTransaction(db, "begin immediate", [&] {
         Run(db, TablesSql());
+        CompleteHistory(db);
         Run(db, "pragma user_version = " + QByteArray::number(kVersion));
     });
 }

@@ -2,6 +2,7 @@
 
 #include "platform/errors.h"
 #include "schema/engine.h"
+#include "schema/history.h"
 
 #include <sqlite3.h>
 
@@ -27,9 +28,14 @@ void RequireAlone(sqlite3* db) {
 }  // namespace
 
 const std::vector<UpgradeStep>& UpgradeSteps() {
-    // The first shape is what new files have, so the first change will be the first step:
-    // {2, {"alter table B01 add column ..."}}.
-    static const std::vector<UpgradeStep> steps;
+    // The history's other tables follow from the tables that they mirror (history.h).
+    static const std::vector<UpgradeStep> steps = {
+        {2,
+         {"create table if not exists HNow (N INTEGER check(typeof(N) not in ('text', 'blob')), At TEXT "
+          "COLLATE NOCASE, "
+          "Operator TEXT COLLATE NOCASE, Command TEXT COLLATE NOCASE, Failed INTEGER check(typeof(Failed) "
+          "not in ('text', 'blob')))"}},
+    };
     return steps;
 }
 
@@ -52,6 +58,7 @@ void Upgrade(sqlite3* db, const std::vector<UpgradeStep>& steps, int newest) {
         for (const UpgradeStep& step : steps) {
             if (step.version > version) Take(db, step);
         }
+        CompleteHistory(db);
         if (version < newest) Run(db, "pragma user_version = " + QByteArray::number(newest));
     });
 }

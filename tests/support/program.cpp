@@ -1,5 +1,6 @@
 #include "tests/support/program.h"
 
+#include "app/history_groups.h"
 #include "app/rights.h"
 #include "app/start_up.h"
 #include "demo/rows.h"
@@ -15,6 +16,7 @@ Program::Program(const QStringList& masters, const QString& operatorCode, const 
     company_.EnterSession();
     for (const QString& statement : masters) ::Db->Execute(statement);
     ::Db->CloseGroup();
+    NoteGroups();
     MsgTitle = u"提示"_s;
     NumFormat = u"#0.00"_s;
     EditInProgress = false;
