@@ -10,6 +10,7 @@
 #include "admin/restore.h"
 #include "app/about.h"
 #include "app/login.h"
+#include "history/history_form.h"
 #include "records/small_master.h"
 #include "reports/printing.h"
 #include "tariffs/channel_zones.h"
@@ -44,6 +45,7 @@ Registry FilledRegistry() {
     forms.children[u"A05"_s] = Child<A05>();
     forms.children[u"A06"_s] = Child<A06>();
     forms.children[u"B01"_s] = Child<B01>();
+    forms.children[u"History"_s] = Child<History>();
     forms.children[u"KuanHz"_s] = Child<KuanHz>();
     forms.children[u"KuanMx"_s] = Child<KuanMx>();
     forms.children[u"PayLst"_s] = Child<PayLst>();

@@ -219,7 +219,10 @@ void Connection::BeginGroup(const QString& statement) {
 }
 
 void Connection::StartGroup(const QString& statement) {
-    if (!std::exchange(startMade_, true) && makeGroupStart()) start_ = makeGroupStart()(engine_);
+    if (!startMade_ && makeGroupStart()) {
+        start_ = makeGroupStart()(engine_);
+        startMade_ = true;
+    }
     const int code = start_ ? start_->Run() : SQLITE_OK;
     if (code == SQLITE_OK) return;
     try {

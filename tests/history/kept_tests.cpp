@@ -4,6 +4,7 @@
 #include "schema/history.h"
 #include "tests/faults/commands.h"
 #include "tests/faults/recorded_program.h"
+#include "tests/history/state.h"
 
 #include <QScopeGuard>
 
@@ -14,41 +15,15 @@ namespace {
 
 using schema::KeptTable;
 
-QStringList Columns(Desk& desk, const QString& table) {
-    Q_UNUSED(desk)
-    QStringList columns;
-    auto rows = Db->ReadEngine(u"pragma table_info(%1)"_s.arg(table));
-    for (; !rows.Eof(); rows.MoveNext()) columns += rows.Fields(1).Text();
-    return columns;
-}
-
-/// The columns that a mirror has and that no pass over a chain rewrites.
-QStringList Compared(Desk& desk, const KeptTable& table) {
-    QStringList columns = Columns(desk, QString::fromLatin1(table.name));
-    for (const QByteArray& left : table.secret + table.computed) columns.removeAll(QString::fromLatin1(left));
-    return columns;
-}
-
-QStringList State(Desk& desk) {
-    QStringList state;
-    for (const KeptTable& table : schema::KeptTables()) {
-        const QString name = QString::fromLatin1(table.name);
-        const QString columns = Compared(desk, table).join(u',');
-        for (const QString& row : desk.Rows(u"select %1 from %2 order by %1"_s.arg(columns, name)))
-            state += name + u' ' + row;
-    }
-    return state;
-}
-
 QString Number(const QString& select) {
     return Db->ReadEngine(select).Fields(0).Text();
 }
 
 /// Undoes what a table's history holds of the groups behind that number, the last first.
-void Undo(Desk& desk, const KeptTable& table, const QString& since) {
+void Undo(const KeptTable& table, const QString& since) {
     const QString name = QString::fromLatin1(table.name);
     QStringList set;
-    const QStringList columns = Compared(desk, table);
+    const QStringList columns = ComparedColumns(table);
     for (const QString& column : columns)
         set += column + u"=(select %1 from H_%2 where rowid=%3)"_s.arg(column, name);
     auto events =
@@ -73,7 +48,7 @@ TEST_P(EveryCommand, CanBeUndoneFromTheHistoryAlone) {
     RecordedProgram program(CommandMasters());
     Prepare(program, command);
     const QString since = Number(u"select N from HNow"_s);
-    const QStringList before = State(program);
+    const QStringList before = KeptState();
     command.give(program);
     ASSERT_FALSE(program.status) << "the command has failed";
     const QString form =
@@ -82,10 +57,10 @@ TEST_P(EveryCommand, CanBeUndoneFromTheHistoryAlone) {
     EXPECT_EQ(Number(u"select count(*) from "_s + form), u"1"_s)
         << Number(u"select Command from HNow"_s).toStdString();
     if (!GetParam().starts_with("ReKuan") && !GetParam().starts_with("S2_")) {
-        EXPECT_NE(State(program), before);
+        EXPECT_NE(KeptState(), before);
     }
-    for (const KeptTable& table : schema::KeptTables()) Undo(program, table, since);
-    EXPECT_EQ(State(program), before);
+    for (const KeptTable& table : schema::KeptTables()) Undo(table, since);
+    EXPECT_EQ(KeptState(), before);
 }
 
 /// All but the two that replace the file or empty its history as well.
