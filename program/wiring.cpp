@@ -10,6 +10,7 @@
 #include "admin/restore.h"
 #include "app/about.h"
 #include "app/login.h"
+#include "history/failed_command.h"
 #include "history/history_form.h"
 #include "records/small_master.h"
 #include "reports/printing.h"
@@ -68,12 +69,14 @@ Registry FilledRegistry() {
 }  // namespace
 
 StartUpParts Wire(const QString& folder) {
+    history::WatchFailures();
     return {.folder = folder,
             .registry = FilledRegistry(),
             .showLogin =
                 [](QWidget* over) {
                     Login(over).ShowModal();
                     admin::SessionCopies().Work();
+                    history::SayWhatWasLost();
                 },
             .showRestore = Modal<S32>(),
             .opened = admin::CatchUpCopies};

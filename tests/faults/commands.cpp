@@ -161,6 +161,21 @@ void TypeNewPassword(QWidget& dialog) {
     PressIn(dialog, u"Cmd(0)"_s);
 }
 
+/// Deletes by one command, and brings the focus to the button that puts the record back.
+std::function<void(Desk&)> Deleted(const QStringList& statements) {
+    return [=](Desk& desk) {
+        for (const QString& statement : statements) Db->Execute(statement);
+        Db->CloseGroup();
+        desk.Frame().ShowChild(u"History"_s);
+        Settle();
+        desk.Enter(u"Cmd(1)"_s);
+    };
+}
+
+void PressButton(Desk&) {
+    Press(Qt::Key_Return);
+}
+
 std::vector<Command> Made() {
     std::vector<Command> commands;
     const struct {
@@ -211,6 +226,11 @@ std::vector<Command> Made() {
         {"PayLst_Delete", "D3", "PayLst", OnLine(u"FK1"_s), Delete},
         {"ReKuan_All", "D8", "KuanMx", SpoilBalances, Refresh(0)},
         {"ReKuan_One", "D8", "KuanMx", SpoilBalances, Refresh(1)},
+        {"History_Waybill", "", "",
+         Deleted({u"delete from TB1 where F1='YSW1' or F1='YFW1'"_s, u"delete from B01 where F1='W1'"_s}),
+         PressButton},
+        {"History_Customer", "", "",
+         Deleted({u"delete from M03 where F1='甲'"_s, u"delete from M031 where F0='甲'"_s}), PressButton},
         {"S01_Save",
          "",
          "",

@@ -40,7 +40,7 @@ void Say(const QString& line) {
     std::fflush(stdout);
 }
 
-enum class Kind { Add, Edit, Release, Delete, Quote, Courier };
+enum class Kind { Add, Edit, Release, Delete, PutBack, Quote, Courier };
 
 /// The waybills of the first customer are left alone once they are saved, so that his chain is never
 /// interrupted.
@@ -49,10 +49,13 @@ bool IsSteady(int number) {
 }
 
 Kind KindOf(int number) {
-    constexpr Kind round[] = {Kind::Add,   Kind::Add,     Kind::Edit, Kind::Courier, Kind::Add,    Kind::Edit,
-                              Kind::Quote, Kind::Release, Kind::Add,  Kind::Add,     Kind::Delete, Kind::Add};
+    constexpr Kind round[] = {Kind::Add, Kind::Add,  Kind::Edit,   Kind::Courier,
+                              Kind::Add, Kind::Edit, Kind::Quote,  Kind::Release,
+                              Kind::Add, Kind::Add,  Kind::Delete, Kind::PutBack};
     return round[static_cast<std::size_t>(number) % std::size(round)];
 }
+
+constexpr char16_t PressButton = u'\r';  // in place of a command's key
 
 /// One command: its form, what comes before its key, and the key.
 class Step {
@@ -63,6 +66,10 @@ class Step {
     /// Up to right before the key that is given back.
     char16_t Prepare() {
         Kind kind = KindOf(number_);
+        if (kind == Kind::PutBack) {
+            if (ChooseDeleted()) return PressButton;
+            kind = Kind::Add;
+        }
         const QString waybill = Chosen(kind == Kind::Release);
         const bool needsOne = kind == Kind::Edit || kind == Kind::Release || kind == Kind::Delete;
         if (needsOne && waybill.isEmpty()) kind = Kind::Add;
@@ -101,6 +108,23 @@ class Step {
             desk_.Rows(u"select F1 from B01 where F603<>'C1'"_s +
                        (unreleased ? u" and F604='未审核'"_s : u""_s) + u" order by F1"_s);
         return there.isEmpty() ? QString() : there[UpTo(static_cast<int>(there.size()))];
+    }
+
+    /// A deleted waybill in 操作记录, with the focus on the button that puts it back; false if there is none.
+    bool ChooseDeleted() {
+        if (desk_.Frame().Front()) AltKey(u'R');
+        desk_.Frame().ShowChild(u"History"_s);
+        tests::Settle();
+        for (int row = 1; row < desk_.Grid().Rows(); ++row) {
+            if (desk_.Grid().TextMatrix(row, 2) != u"删除" || desk_.Grid().TextMatrix(row, 3) != u"速递单")
+                continue;
+            const QString number = desk_.Grid().TextMatrix(row, 4);
+            if (!desk_.Rows(u"select F1 from B01 where F1='"_s + number + u'\'').isEmpty()) continue;
+            desk_.Grid().SetRow(row);
+            desk_.Enter(u"Cmd(1)"_s);
+            return true;
+        }
+        return false;
     }
 
     /// A newcomer comes, gets another note, and goes.
@@ -143,7 +167,10 @@ void Do(unsigned seed, int number) {
     Say(u"saving %1"_s.arg(number));
     QElapsedTimer timer;
     timer.start();
-    AltKey(key);
+    if (key == PressButton)
+        tests::Press(Qt::Key_Return);
+    else
+        AltKey(key);
     if (EditInProgress) GiveUp(u"refused: %1"_s.arg(number));
     Say(u"saved %1 %2"_s.arg(number).arg(timer.nsecsElapsed() / 1000));
 }
@@ -164,6 +191,7 @@ int main(int argc, char** argv) {
     if (arguments.size() < 5) GiveUp(u"save-loop FOLDER SEED FIRST END [STATES]"_s);
     sys::seams().showBox = [](const sys::BoxRequest& request) -> sys::BoxAnswer {
         if (request.icon == sys::BoxIcon::Question) return sys::BoxAnswer::Yes;
+        if (request.text == u"恢复完成!") return sys::BoxAnswer::Ok;
         GiveUp(u"unexpected box: "_s + request.text + u'\n' + request.detail);
     };
     try {

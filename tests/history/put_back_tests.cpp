@@ -1,9 +1,11 @@
 // 恢复: what the commands of the real forms took or overwrote comes back, with nulls, apostrophes and journal
 // rows; what is refused.
 #include "app/main_window.h"
+#include "history/failed_command.h"
 #include "history/put_back.h"
 #include "tests/faults/commands.h"
 #include "tests/faults/recorded_program.h"
+#include "tests/faults/waybill_entry.h"
 #include "tests/history/state.h"
 
 #include <gtest/gtest.h>
@@ -110,6 +112,57 @@ TEST_F(PuttingBack, RefusesAKeyThatIsInUseAgainAndAChangeBeforeTheLast) {
     EXPECT_EQ(RefusalOf(first), u"[乙]此后又有改动，请先恢复最后一次改动!"_s);
     PutBack(EntryFor("M04", u"乙"_s));
     EXPECT_EQ(One(u"select F2 from M04 where F1='乙'"_s), u"a"_s);
+}
+
+/// An edit whose insert fails: a text with an apostrophe breaks the statement after the row was deleted.
+class FailedEdit : public Program, public testing::Test {
+  public:
+    FailedEdit() : Program(CommandMasters()) { history::WatchFailures(); }
+    ~FailedEdit() override { sys::onFailure() = {}; }
+    void Fail(bool putBack) {
+        Open(u"B"_s, u"B01"_s);
+        Select(*this, u"W1"_s);
+        AltKey(u'E');
+        FillCard(*Frame().Front(), {.number = u"W1"_s, .address = u"O'Hara Street"_s});
+        script.BoxContaining(u"程序即将结束"_s);
+        script.Question(u"失败的操作已删除：速递单W1。\r\r是否立即恢复?"_s, Title, putBack);
+        if (putBack) script.Box(u"恢复完成!"_s, Title);
+        script.End(1);
+        AltKey(u'S');
+        sys::ClearEnd();
+        EditInProgress = false;
+    }
+};
+
+TEST_F(FailedEdit, IsPutBackAtOnce) {
+    const QStringList before = KeptState(false);
+    Fail(true);
+    EXPECT_EQ(KeptState(false), before);
+    const QString panel = Status();
+    history::SayWhatWasLost();
+    EXPECT_EQ(Status(), panel) << "nothing is missing";
+}
+
+TEST_F(FailedEdit, IsSaidOnceAtTheNextStart) {
+    const QStringList before = KeptState(false);
+    Fail(false);
+    history::SayWhatWasLost();
+    EXPECT_EQ(Status(), u"上次操作失败，已删除：速递单W1，可在“操作记录”中恢复"_s);
+    Frame().SetPanel(4, {});
+    history::SayWhatWasLost();
+    EXPECT_EQ(Status(), QString());
+    PutBack(history::OfGroup(*Db, One(u"select max(N) from H_B01"_s).toLongLong()).front());
+    EXPECT_EQ(KeptState(false), before);
+}
+
+TEST_F(FailedEdit, OffersNothingForACommandThatTookNothing) {
+    Db->Execute(u"delete from M04 where F1='乙'"_s);
+    Db->CloseGroup();
+    script.BoxContaining(u"程序即将结束"_s);
+    script.End(1);
+    sys::Guarded([] { Db->Execute(u"insert into M04 (F1) values ('a'b')"_s); });
+    EXPECT_TRUE(script.Done());
+    sys::ClearEnd();
 }
 
 TEST_F(PuttingBack, NeedsTheRightOfTheFormAndTheAdministratorForWhatIsReleased) {

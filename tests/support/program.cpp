@@ -11,17 +11,28 @@
 #include <stdexcept>
 
 namespace tests {
+namespace {
+
+/// As before the first group of a new run.
+const OpenWith& Begun(const OpenWith& with) {
+    NoteGroups();
+    OperatorName.clear();
+    return with;
+}
+
+}  // namespace
+
 Program::Program(const QStringList& masters, const QString& operatorCode, const OpenWith& with)
-    : company_(with) {
+    : company_(Begun(with)) {
     company_.EnterSession();
     for (const QString& statement : masters) ::Db->Execute(statement);
     ::Db->CloseGroup();
-    NoteGroups();
     MsgTitle = u"提示"_s;
     NumFormat = u"#0.00"_s;
     EditInProgress = false;
     CanSeeFigures = true;
     frame_ = std::make_unique<MForm>(Wire(company_.Folder()).registry);
+    sys::onFailure() = {};  // for the tests of what a failed command leaves; those of the offer turn it on
     SetTheFrame(frame_.get());
     frame_->resize(1366, 768);
     frame_->Load();
