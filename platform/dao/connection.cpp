@@ -302,7 +302,7 @@ void Connection::Checkpoint() {
     const int code =
         sqlite3_wal_checkpoint_v2(engine_, nullptr, SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
     // Whoever else has the file open brings the rest into it when he goes.
-    if (code != SQLITE_OK && !IsBusy(code)) Fail(code, QString());
+    if (code != SQLITE_OK && !IsBusy(code)) Fail(code, path_);
 }
 
 bool Connection::IsAlone() {
