@@ -7,6 +7,7 @@
 #include "app/session.h"
 #include "benchmarks/repeated_save.h"
 #include "benchmarks/subjects.h"
+#include "history/entries.h"
 #include "platform/dao/group_start.h"
 
 #include <algorithm>
@@ -71,6 +72,18 @@ void MeasureFile(Bench& bench, Office& office) {
                 grown / (1.3 * bytes + 100.0 * Overwritten), "times", 1);
 }
 
+/// All kept rows, which is what the longest period lists, and one number among them.
+void MeasureList(Bench& bench) {
+    history::Search search;
+    for (const history::Object& object : history::Objects()) search.menus += object.menu;
+    search.from = QDate(2000, 1, 1);
+    search.to = QDate(2100, 1, 1);
+    const auto seconds = [&] { return BestOf(3, {}, [&] { Keep(history::Find(*Db, search).size()); }); };
+    bench.State("history: the list among 300,000 kept rows", seconds(), "s", 0.5);
+    search.text = u"80050000"_s;
+    bench.State("history: a number among them", seconds(), "s", 1);
+}
+
 double Seconds(const std::function<void()>& work) {
     return BestOf(1, {}, work);
 }
@@ -107,6 +120,7 @@ void MeasureHistory(Bench& bench, MadeCompany& company) {
     MeasureSave(bench, company);
     {
         Office office(company);
+        MeasureList(bench);
         MeasureFile(bench, office);
     }
     MeasureReset(bench, company);
