@@ -7,5 +7,7 @@
 namespace demo {
 
 void PlayAccounts(Operator& op);
+/// Rebuilds the balances of the customer of the day, from his ledger to the main window.
+void RefreshBalances(Operator& op, const QString& picture = {});
 
 }  // namespace demo

@@ -470,6 +470,7 @@ void PlayFailedEdit(Operator& op) {
     op.Press(Qt::Key_Down);
     op.Picture(u"history"_s, u"操作记录：改动前后"_s);
     op.Command(u"R"_s);
+    RefreshBalances(op);  // as after any edit of a waybill that others of the customer follow
 }
 
 void PlayBackup(Operator& op, const QString& file) {

@@ -95,7 +95,8 @@ QString ShownValue(const QByteArray& table, const QString& column, const Image& 
 }
 
 bool Same(const Image& a, const Image& b, qsizetype index) {
-    return a.has_value() == b.has_value() && (!a || a->value(index) == b->value(index));
+    const auto text = [&](const Image& image) { return image ? image->value(index) : QString(); };
+    return text(a) == text(b);
 }
 
 /// Rows of cells with the cells that have changed.
