@@ -2,6 +2,7 @@
 
 #include "app/data_file.h"
 #include "app/dressing.h"
+#include "app/history_pause.h"
 #include "app/session.h"
 #include "platform/controls/keys.h"
 #include "platform/controls/wait.h"
@@ -99,10 +100,13 @@ void S03::Clear() {
         return sys::Inform(u"清除前未能保存数据文件的副本，没有清除任何数据！\r"_s + failure, MsgTitle);
     {
         const controls::WaitPointer waiting;
+        QStringList tables;
         for (int group = 0; group < Groups; ++group)
             if (Chk[group]->Value() == 1)
-                for (const QStringView table : Rows[group].tables)
-                    Db->Execute(u"delete from "_s + table.toString());
+                for (const QStringView table : Rows[group].tables) tables += table.toString();
+        HistoryPause history(*Db, tables);
+        for (const QString& table : tables) Db->Execute(u"delete from "_s + table);
+        history.Forget();
     }
     sys::Inform(u"数据清除成功!"_s, MsgTitle);
 }

@@ -472,6 +472,12 @@ MForm& TheFrame() {
     return *theFrame;
 }
 
+QString FormInFront() {
+    const QWidget* const modal = QApplication::activeModalWidget();
+    const QWidget* const form = modal || !theFrame ? modal : theFrame->Front();
+    return form ? form->objectName() : QString();
+}
+
 void SetTheFrame(MForm* frame) {
     theFrame = frame;
 }

@@ -62,5 +62,7 @@ bool WarnOfEdit();
 
 /// The main window of this run. Raises RuntimeError when there is none.
 MForm& TheFrame();
+/// The name of the modal form or, without one, of the child form in front ("B01"); "" if there is none.
+QString FormInFront();
 /// For start-up, and for tests that create a frame without start-up.
 void SetTheFrame(MForm* frame);

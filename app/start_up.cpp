@@ -2,10 +2,12 @@
 
 #include "app/data_access.h"
 #include "app/data_file.h"
+#include "app/history_groups.h"
 #include "app/product.h"
 #include "app/session.h"
 #include "platform/errors.h"
 #include "platform/system/seams.h"
+#include "schema/history.h"
 #include "schema/names.h"
 #include "schema/upgrade.h"
 
@@ -40,7 +42,10 @@ void OpenData(const StartUpParts& parts) {
     DbFile = AppFolder + schema::kDatabaseFile.toString();
     // Opened once for the question and the work: deriving the key is the longest single piece of the start.
     bool older = false;
-    Db = Opened(parts, [&](sqlite3* engine) { older = schema::UpgradeIsDue(engine); });
+    Db = Opened(parts, [&](sqlite3* engine) {
+        older = schema::UpgradeIsDue(engine);
+        if (!older) schema::CompleteHistory(engine);  // a tool may have removed a trigger
+    });
     if (!older) return;
     Db->Close();
     Db.reset();
@@ -55,6 +60,7 @@ void Run(const StartUpParts& parts, std::unique_ptr<MForm>& frame) {
     FindLanguage();
     MsgTitle = LangText(u"提示"_s);
     AskWhenBusy();
+    NoteGroups();
     OpenData(parts);
     if (parts.opened) parts.opened();
     CanSeeFigures = true;

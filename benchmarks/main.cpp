@@ -28,6 +28,7 @@ void MeasureAll(benchmarks::Bench& bench, const QString& folder) {
         benchmarks::MeasureListReports(bench, office);
         benchmarks::MeasureLedgers(bench, office);
     }
+    benchmarks::MeasureHistory(bench, company);
     benchmarks::MeasureStart(bench, company);
     benchmarks::MeasureTranslation(bench);
 }

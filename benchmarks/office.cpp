@@ -1,5 +1,6 @@
 #include "benchmarks/office.h"
 
+#include "app/history_groups.h"
 #include "app/rights.h"
 #include "app/session.h"
 #include "platform/system/seams.h"
@@ -62,6 +63,7 @@ Office::Office(MadeCompany& company) {
     Db = dao::Database::Open(DbFile, schema::kConnect.toString(), {},
                              [this](sqlite3* engine) { engine_ = engine; });
     bare_ = std::make_unique<BareEngine>(DbFile);
+    NoteGroups();
     NumFormat = u"#0.00"_s;
     MsgTitle = u"提示"_s;
     Registry registry = Wire(AppFolder).registry;

@@ -27,7 +27,9 @@ std::vector<double> ValuesIn(std::string_view expanded, std::string_view text) {
     return values;
 }
 
-int Take(unsigned, void* context, void* prepared, void*) {
+int Take(unsigned, void* context, void* prepared, void* words) {
+    // A statement of a trigger comes as a comment, behind the statement that fires it.
+    if (qstrncmp(static_cast<const char*>(words), "--", 2) == 0) return 0;
     auto& caught = *static_cast<Catch*>(context);
     auto* statement = static_cast<sqlite3_stmt*>(prepared);
     const bool writesRows = sqlite3_bind_parameter_count(statement) > 0;

@@ -13,6 +13,8 @@ void MeasureChain(Bench& bench, MadeCompany& company);
 void MeasureDateRange(Bench& bench, MadeCompany& company);
 void MeasureCustomers(Bench& bench, Office& office);
 void MeasureExport(Bench& bench, Office& office);
+/// For itself, since it opens offices of its own.
+void MeasureHistory(Bench& bench, MadeCompany& company);
 void MeasureLedgers(Bench& bench, Office& office);
 void MeasureList(Bench& bench, Office& office);
 void MeasureListReports(Bench& bench, Office& office);

@@ -109,25 +109,29 @@ void PlayRefresh(Operator& op) {
     op.ExpectBox(u"真的要删除[SK241125091500]吗？"_s, u"提示"_s, u"payment-delete"_s);
     op.ExpectRows(u"select QC from TB1 where F1='YSKV2411250001'"_s, {u"85.49"_s});
     op.Command(u"R"_s);
+    RefreshBalances(op, u"ledger-refresh"_s);
+    op.ExpectRows(kChain, {u"YSKV2411230005|0|185.49"_s, u"YSKV2411250001|185.49|482.27"_s,
+                           u"YSKV2411250002|482.27|1135.68"_s, u"YSKV2411250003|1135.68|4103.52"_s,
+                           u"YSKV2411250004|4103.52|11434.5"_s, u"YSCZ1125|11434.5|11694.5"_s});
+}
+
+}  // namespace
+
+void RefreshBalances(Operator& op, const QString& picture) {
     op.Command(u"D8S"_s);
     op.Press(Qt::Key_Return);  // two commands have the key S
     op.ExpectWindow(u"ReKuanFrm"_s);
     op.ExpectFocus(u"Cmb"_s);
     op.Type(kCustomer);
-    op.Picture(u"ledger-refresh"_s, u"刷新明细帐"_s);
+    if (!picture.isEmpty()) op.Picture(picture, u"刷新明细帐"_s);
     op.EnterTo(u"Command1"_s);
     op.Press(Qt::Key_Return);
     op.ExpectBox(u"刷新完成！"_s, {});
     op.TabTo(u"Command2"_s);
     op.Press(Qt::Key_Return);
     op.ExpectWindow(u"MForm"_s);
-    op.ExpectRows(kChain, {u"YSKV2411230005|0|185.49"_s, u"YSKV2411250001|185.49|482.27"_s,
-                           u"YSKV2411250002|482.27|1135.68"_s, u"YSKV2411250003|1135.68|4103.52"_s,
-                           u"YSKV2411250004|4103.52|11434.5"_s, u"YSCZ1125|11434.5|11694.5"_s});
     op.Command(u"R"_s);
 }
-
-}  // namespace
 
 void PlayAccounts(Operator& op, const QString& folder) {
     PlayCharges(op);

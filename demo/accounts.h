@@ -8,5 +8,7 @@ namespace demo {
 
 /// The ledgers are saved as PDF files in the folder.
 void PlayAccounts(Operator& op, const QString& folder);
+/// Rebuilds the balances of the customer of the day, from his ledger to the main window.
+void RefreshBalances(Operator& op, const QString& picture = {});
 
 }  // namespace demo

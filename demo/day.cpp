@@ -12,6 +12,7 @@
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -482,6 +483,34 @@ void PlayOperators(Operator& op) {
     op.Command(u"R"_s);
 }
 
+/// An apostrophe breaks the insert after the old row was deleted. The report ends the program; the waybill
+/// with its entries in the journal is there again.
+void PlayFailedEdit(Operator& op) {
+    const QString waybill = u"KV2411250004"_s;
+    op.Command(u"B"_s);
+    GoUpFromTheEnd(op, 0);
+    op.Command(u"E"_s);
+    op.ExpectText(u"Txt(0)"_s, waybill);
+    op.EnterTo(u"Txt(10)"_s);
+    op.TypeOver(u"O'Hara Street 12"_s);
+    op.Command(u"S"_s);
+    op.ExpectBox(u"语法错误：文本缺少结束的引号。\r\r程序即将结束。"_s, QCoreApplication::applicationName());
+    op.ExpectBox(u"失败的操作已删除：速递单"_s + waybill + u"。\r\r是否立即恢复?"_s, kTitle,
+                 u"edit-failed"_s);
+    op.ExpectBox(u"恢复完成!"_s, kTitle);
+    op.ExpectEnd();
+    LogInAsAdministrator(op);
+    op.ExpectRows(u"select F1 from B01 where F1='"_s + waybill + u'\'', {waybill});
+    op.ExpectRows(u"select F1 from TB1 where F1 like '*"_s + waybill + u"' order by F1"_s,
+                  {u"YF"_s + waybill, u"YS"_s + waybill});
+    op.Do(u"打开操作记录"_s, [] { TheFrame().ShowChild(u"History"_s); });
+    op.ExpectFocus(u"GD"_s);
+    op.Press(Qt::Key_Down);
+    op.Picture(u"history"_s, u"操作记录：改动前后"_s);
+    op.Command(u"R"_s);
+    RefreshBalances(op);  // as after any edit of a waybill that others of the customer follow
+}
+
 void PlayBackup(Operator& op, const QString& file) {
     op.Do(u"移去上次的备份"_s, [file] { QFile::remove(file); });
     op.Command(u"S4"_s);
@@ -573,6 +602,8 @@ void PlayDay(Operator& op, const QString& folder) {
              PlayAbout(op);
          }},
         {u"操作员"_s, u"增加一位操作员：帐号、密码和八种权限。"_s, [&] { PlayOperators(op); }},
+        {u"改单失败"_s, u"地址中的单引号使保存失败，程序结束；被删除的速递单立即恢复。"_s,
+         [&] { PlayFailedEdit(op); }},
         {u"备份"_s, u"把整个数据文件备份到选定的位置；备份之后程序结束。"_s,
          [&] { PlayBackup(op, folder + u"/DataBak.dat"_s); }},
         {u"第二天：一次失误"_s, u"全部数据被清除，再从昨天的备份恢复；恢复之后程序结束。"_s,

@@ -10,6 +10,8 @@
 #include "admin/restore.h"
 #include "app/about.h"
 #include "app/login.h"
+#include "history/failed_command.h"
+#include "history/history_form.h"
 #include "records/small_master.h"
 #include "reports/invoices/payments.h"
 #include "reports/invoices/sales.h"
@@ -56,6 +58,7 @@ Registry FilledRegistry() {
     forms.children[u"C06"_s] = Child<C06>();
     forms.children[u"D2"_s] = Child<D2>();
     forms.children[u"D3"_s] = Child<D3>();
+    forms.children[u"History"_s] = Child<History>();
     forms.children[u"KuanHz"_s] = Child<KuanHz>();
     forms.children[u"KuanMx"_s] = Child<KuanMx>();
     forms.children[u"PayLst"_s] = Child<PayLst>();
@@ -78,12 +81,14 @@ Registry FilledRegistry() {
 }  // namespace
 
 StartUpParts Wire(const QString& folder) {
+    history::WatchFailures();
     return {.folder = folder,
             .registry = FilledRegistry(),
             .showLogin =
                 [](QWidget* over) {
                     Login(over).ShowModal();
                     admin::SessionCopies().Work();
+                    history::SayWhatWasLost();
                 },
             .showRestore = Modal<S32>(),
             .opened = admin::CatchUpCopies};

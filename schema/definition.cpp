@@ -1,6 +1,7 @@
 #include "schema/definition.h"
 
 #include "platform/dao/engine.h"
+#include "schema/history.h"
 #include "schema_texts.h"
 
 namespace schema {
@@ -16,6 +17,7 @@ QByteArray FirstRowsSql() {
 void CreateTables(sqlite3* db) {
     dao::InTransaction(db, "begin immediate", [&] {
         dao::Run(db, TablesSql());
+        CompleteHistory(db);
         dao::Run(db, "pragma user_version = " + QByteArray::number(kVersion));
     });
 }

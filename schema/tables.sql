@@ -404,6 +404,18 @@ create table TD2 (
 );
 create index TD2_F2 on TD2 (F2);
 
+-- -------------------- history -------------------------------------------------------------------------
+
+-- The commit group that is open or was the last one, one row. The triggers of the kept tables copy it beside
+-- what they keep. The mirror tables H_... and the triggers follow from the tables above: schema/history.h.
+create table HNow (
+    N INTEGER check(typeof(N) not in ('text', 'blob')),           -- its number, ascending
+    At TEXT COLLATE NOCASE,                                       -- when it began, yyyy-MM-dd HH:mm:ss
+    Operator TEXT COLLATE NOCASE,                                 -- name of the operator
+    Command TEXT COLLATE NOCASE,                                  -- form that gave the command, "B01"
+    Failed INTEGER check(typeof(Failed) not in ('text', 'blob'))  -- last group that failed and lost a row
+);
+
 -- -------------------- work tables of the reports, emptied and refilled at each print ------------------
 
 -- Quote sheets.

@@ -2,6 +2,7 @@
 
 #include "platform/dao/engine.h"
 #include "platform/errors.h"
+#include "schema/history.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +28,12 @@ const std::vector<UpgradeStep>& UpgradeSteps() {
           "create index B011_F1 on B011 (F1)",
           "create table PRNTB01 (F1 TEXT COLLATE NOCASE, F2 TEXT COLLATE NOCASE, F3 TEXT COLLATE NOCASE, "
           "F4 TEXT COLLATE NOCASE)"}},
+        // The history's other tables follow from the tables that they mirror (history.h).
+        {3,
+         {"create table if not exists HNow (N INTEGER check(typeof(N) not in ('text', 'blob')), At TEXT "
+          "COLLATE NOCASE, "
+          "Operator TEXT COLLATE NOCASE, Command TEXT COLLATE NOCASE, Failed INTEGER check(typeof(Failed) "
+          "not in ('text', 'blob')))"}},
     };
     return steps;
 }
@@ -51,6 +58,7 @@ void Upgrade(sqlite3* db, const std::vector<UpgradeStep>& steps, int newest) {
         for (const UpgradeStep& step : steps) {
             if (step.version > version) Take(db, step);
         }
+        CompleteHistory(db);
         if (version < newest) dao::Run(db, "pragma user_version = " + QByteArray::number(newest));
     });
 }

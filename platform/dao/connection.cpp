@@ -79,6 +79,11 @@ WhenBusy& whenBusy() {
     return inUse;
 }
 
+MakeGroupStart& makeGroupStart() {
+    static MakeGroupStart inUse;
+    return inUse;
+}
+
 bool TableCache::LeadsIndex(std::string_view table, std::string_view column) const {
     std::string key = Lower(table);
     auto known = leading_.find(key);
@@ -211,6 +216,23 @@ void Connection::BeginGroup(const QString& statement) {
     if (IsBusy(code)) code = WaitAndBegin();
     if (code != SQLITE_OK) Fail(code, statement);
     inGroup_ = true;
+    StartGroup(statement);
+}
+
+void Connection::StartGroup(const QString& statement) {
+    if (!startMade_ && makeGroupStart()) {
+        start_ = makeGroupStart()(engine_);
+        startMade_ = true;
+    }
+    const int code = start_ ? start_->Run() : SQLITE_OK;
+    if (code == SQLITE_OK) return;
+    try {
+        Fail(code, statement);
+    } catch (const DatabaseError&) {
+        // A group that did not begin as it should gets no statement.
+        if (std::exchange(inGroup_, false)) sqlite3_exec(engine_, "rollback", nullptr, nullptr, nullptr);
+        throw;
+    }
 }
 
 /// Does not wait by itself: nobody would see why.
@@ -316,6 +338,8 @@ void Connection::Close() {
 void Connection::DropEngine() {
     if (!engine_) return;
     kept_.Clear();
+    start_.reset();
+    startMade_ = false;
     while (sqlite3_stmt* open = sqlite3_next_stmt(engine_, nullptr)) sqlite3_finalize(open);
     sqlite3_close(engine_);
     engine_ = nullptr;

@@ -4,6 +4,7 @@
 // statement of the same command fails like the one that lost it, so that no half of a command is kept.
 #pragma once
 
+#include "platform/dao/group_start.h"
 #include "platform/dao/statements.h"
 #include "platform/errors.h"
 
@@ -73,6 +74,7 @@ class Connection {
     bool KeepsLog();
     int TryToBegin();
     int WaitAndBegin();
+    void StartGroup(const QString& statement);
     void Run(const char* sql, const QString& statement);
     void DropEngine();
 
@@ -80,6 +82,8 @@ class Connection {
     sqlite3* engine_ = nullptr;
     TableCache tables_;
     StatementCache kept_;
+    std::unique_ptr<GroupStart> start_;
+    bool startMade_ = false;
     bool inGroup_ = false;
     struct Loss {
         QString words;

@@ -76,6 +76,22 @@ Recordset Database::OpenRecordset(const QString& statement, RecordsetType type) 
     return Recordset(ReadRows(impl_->connection, prepared, statement));
 }
 
+void Database::ExecuteEngine(const QString& statement) {
+    Connection& connection = *impl_->connection;
+    Prepared prepared(connection, statement, Wording::Engine, statement);
+    prepared.Prepare();
+    connection.BeginGroup(statement);
+    const int code = sqlite3_step(prepared);
+    if (code != SQLITE_DONE) connection.Fail(code, statement);
+    prepared.Done();
+}
+
+Recordset Database::ReadEngine(const QString& select) {
+    Prepared prepared(*impl_->connection, select, Wording::Engine, select);
+    prepared.Prepare();
+    return Recordset(ReadRows(impl_->connection, prepared, select));
+}
+
 void Database::CloseGroup() {
     impl_->connection->CloseGroup();
 }

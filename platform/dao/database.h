@@ -41,6 +41,11 @@ class Database {
     /// Runs a SELECT. A snapshot is a copy of the rows at that moment; a dynaset can be written to.
     Recordset OpenRecordset(const QString& statement, RecordsetType type = RecordsetType::Snapshot);
 
+    // The same two in the engine's own words, untranslated, for what belongs to this program and not to the
+    // system's statements.
+    void ExecuteEngine(const QString& statement);
+    Recordset ReadEngine(const QString& select);
+
     /// Commits what is open. Raises DatabaseError (GroupLost) if it cannot be kept.
     void CloseGroup();
     bool InGroup() const;

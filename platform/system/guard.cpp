@@ -49,9 +49,20 @@ HookList& Abandon() {
     return list;
 }
 
+void Call(const std::function<void()>& hook) {
+    try {
+        if (hook) hook();
+    } catch (const ProgramEnded&) {
+        throw;
+    } catch (const std::exception&) {
+        // The failure that is being reported is the one that counts.
+    }
+}
+
 /// Shows what escaped and ends. Committing what was executed before may fail in its turn; the box then says
 /// so.
 [[noreturn]] void Report(QString text, QString statement, bool groupLost) {
+    if (!groupLost) Call(onFailure().noticed);
     // Also where the group is known to be lost: the loss has to be over before the box waits, or whatever
     // happens meanwhile would report it again.
     try {
@@ -71,6 +82,7 @@ HookList& Abandon() {
     request.detail = statement;
     request.keepsGroup = true;  // it was closed or lost above
     MsgBox(request);
+    if (!groupLost) Call(onFailure().reported);
     EndProgram(1);
 }
 
@@ -98,6 +110,11 @@ void RunCommand(const std::function<void()>& body) {
 }
 
 }  // namespace
+
+OnFailure& onFailure() {
+    static OnFailure inUse;
+    return inUse;
+}
 
 void Guarded(const std::function<void()>& body) {
     if (ended) return;

@@ -48,6 +48,16 @@ int AddAbandonHook(std::function<void()> hook);
 void RemoveAbandonHook(int handle);
 void RunAbandonHooks();
 
+/// What else happens when an event fails. Neither may raise; a failure of theirs is passed over.
+struct OnFailure {
+    /// Before what was executed is committed: may write to the group.
+    std::function<void()> noticed;
+    /// After the report, before the program ends.
+    std::function<void()> reported;
+};
+/// The one in use.
+OnFailure& onFailure();
+
 /// An event of a control: a form assigns a function, the control fires it through the guard.
 template <class... Args>
 class Event {

@@ -225,6 +225,21 @@ void TypeInvoicePayment(QWidget& dialog) {
     PressIn(dialog, u"Command1"_s);
 }
 
+/// Deletes by one command, and brings the focus to the button that puts the record back.
+std::function<void(Desk&)> Deleted(const QStringList& statements) {
+    return [=](Desk& desk) {
+        for (const QString& statement : statements) Db->Execute(statement);
+        Db->CloseGroup();
+        desk.Frame().ShowChild(u"History"_s);
+        Settle();
+        desk.Enter(u"Cmd(1)"_s);
+    };
+}
+
+void PressButton(Desk&) {
+    Press(Qt::Key_Return);
+}
+
 std::vector<Command> Made() {
     std::vector<Command> commands;
     const struct {
@@ -295,6 +310,11 @@ std::vector<Command> Made() {
          InDialog(u"D201"_s, u"A"_s, TypeInvoicePayment, u"Command2"_s)},
         {"D3_Print", "", "", Shown(u"D3"_s), Print},
         {"D3_Print2", "", "", Shown(u"D3"_s), [](Desk&) { AltKey(u'M'); }},
+        {"History_Waybill", "", "",
+         Deleted({u"delete from TB1 where F1='YSW1' or F1='YFW1'"_s, u"delete from B01 where F1='W1'"_s}),
+         PressButton},
+        {"History_Customer", "", "",
+         Deleted({u"delete from M03 where F1='甲'"_s, u"delete from M031 where F0='甲'"_s}), PressButton},
         {"S01_Save",
          "",
          "",

@@ -117,7 +117,8 @@ TEST_F(Upgrading, AFileOfTheFirstReleaseComesToTheShapeOfANewOne) {
         for (const QString& name : file.Rows(u"select name from sqlite_master order by name"_s))
             found += file.Rows(u"pragma table_info(%1)"_s.arg(name)) +
                      file.Rows(u"pragma index_info(%1)"_s.arg(name));
-        return found;
+        return found + file.Rows(u"select sql from sqlite_master where type='trigger' order by name"_s) +
+               file.Rows(u"select N from HNow"_s);
     };
     dao::Run(Open().get(), Bytes(QStringLiteral(FIRST_SHAPE)) + "pragma user_version = 1");
     schema::Upgrade(Open().get());

@@ -1,5 +1,6 @@
 #include "tests/support/program.h"
 
+#include "app/history_groups.h"
 #include "app/rights.h"
 #include "app/start_up.h"
 #include "demo/rows.h"
@@ -10,8 +11,19 @@
 #include <stdexcept>
 
 namespace tests {
+namespace {
+
+/// As before the first group of a new run.
+const OpenWith& Begun(const OpenWith& with) {
+    NoteGroups();
+    OperatorName.clear();
+    return with;
+}
+
+}  // namespace
+
 Program::Program(const QStringList& masters, const QString& operatorCode, const OpenWith& with)
-    : company_(with) {
+    : company_(Begun(with)) {
     company_.EnterSession();
     for (const QString& statement : masters) ::Db->Execute(statement);
     ::Db->CloseGroup();
@@ -20,6 +32,7 @@ Program::Program(const QStringList& masters, const QString& operatorCode, const 
     EditInProgress = false;
     CanSeeFigures = true;
     frame_ = std::make_unique<MForm>(Wire(company_.Folder()).registry);
+    sys::onFailure() = {};  // for the tests of what a failed command leaves; those of the offer turn it on
     SetTheFrame(frame_.get());
     frame_->resize(1366, 768);
     frame_->Load();

@@ -1,0 +1,165 @@
+#include "app/history_groups.h"
+
+#include "app/main_window.h"
+#include "app/session.h"
+#include "platform/dao/group_start.h"
+#include "platform/system/seams.h"
+#include "platform/text/dates.h"
+#include "schema/history.h"
+
+#include <algorithm>
+#include <optional>
+#include <sqlite3.h>
+#include <string>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A statement that stays prepared. A failing step is kept in `code` of the group's start.
+class Kept {
+  public:
+    Kept(sqlite3* engine, const QByteArray& sql) : engine_(engine), sql_(sql) {}
+    ~Kept() { sqlite3_finalize(statement_); }
+    Kept(const Kept&) = delete;
+    Kept& operator=(const Kept&) = delete;
+
+    /// Prepares it at its first use.
+    int Begin() {
+        if (statement_) return SQLITE_OK;
+        return sqlite3_prepare_v2(engine_, sql_.constData(), -1, &statement_, nullptr);
+    }
+    void Bind(int place, qint64 value) { sqlite3_bind_int64(statement_, place, value); }
+    void Bind(int place, const QByteArray& text) {
+        sqlite3_bind_text(statement_, place, text.constData(), static_cast<int>(text.size()),
+                          SQLITE_TRANSIENT);
+    }
+    int Step() { return sqlite3_step(statement_); }
+    qint64 Whole(int column) { return sqlite3_column_int64(statement_, column); }
+    QByteArray Text(int column) {
+        return QByteArray(reinterpret_cast<const char*>(sqlite3_column_text(statement_, column)));
+    }
+    int End() { return sqlite3_reset(statement_); }
+
+  private:
+    sqlite3* engine_;
+    QByteArray sql_;
+    sqlite3_stmt* statement_ = nullptr;
+};
+
+/// The oldest group of a mirror, and how it is removed.
+struct Mirror {
+    Mirror(sqlite3* engine, const QByteArray& name)
+        : oldest(engine, "select N,At from " + name + " order by rowid limit 1"),
+          removeUpTo(engine, "delete from " + name + " where rowid<coalesce((select rowid from " + name +
+                                 " where N>?1 order by rowid limit 1),9223372036854775807)") {}
+    Kept oldest, removeUpTo;
+};
+
+QByteArray CountStatement() {
+    QByteArrayList counts;
+    for (const schema::KeptTable& table : schema::KeptTables()) {
+        const QByteArray name = table.Mirror();
+        counts += "coalesce((select max(rowid) from " + name + ")-(select min(rowid) from " + name + ")+1,0)";
+    }
+    return "select " + counts.join('+');
+}
+
+class HistoryGroup : public dao::GroupStart {
+  public:
+    explicit HistoryGroup(sqlite3* engine)
+        : engine_(engine),
+          note_(engine, "update HNow set N=N+1,At=?1,Operator=?2,Command=?3"),
+          count_(engine, CountStatement()) {
+        for (const schema::KeptTable& table : schema::KeptTables())
+            mirrors_.push_back(std::make_unique<Mirror>(engine, table.Mirror()));
+    }
+
+    int Run() override {
+        const int code = Note();
+        return code == SQLITE_OK ? Trim() : code;
+    }
+
+  private:
+    struct Oldest {
+        qint64 number;
+        QByteArray at;
+    };
+
+    int Note() {
+        if (const int code = note_.Begin(); code != SQLITE_OK) return code;
+        note_.Bind(1, text::DateTimeText(sys::Now()).toUtf8());
+        note_.Bind(2, OperatorName.toUtf8());
+        note_.Bind(3, FormInFront().toUtf8());
+        note_.Step();
+        return note_.End();
+    }
+
+    int Trim() {
+        const HistoryLimits& limits = historyLimits();
+        if (const int code = count_.Begin(); code != SQLITE_OK) return code;
+        const qint64 rows = count_.Step() == SQLITE_ROW ? count_.Whole(0) : 0;
+        if (const int code = count_.End(); code != SQLITE_OK) return code;
+        const QByteArray since = text::DateTimeText(sys::Now().addYears(-limits.years)).toUtf8();
+        // Nothing becomes older than what was the oldest at the last look.
+        if (rows <= limits.rows && !oldestAt_.isEmpty() && oldestAt_ >= since) return SQLITE_OK;
+        qint64 removed = 0;
+        while (true) {
+            std::optional<Oldest> oldest;
+            if (const int code = Find(oldest); code != SQLITE_OK) return code;
+            oldestAt_ = oldest ? oldest->at : QByteArray();
+            const bool tooMany = rows - removed > limits.rows;
+            if (!oldest || (!tooMany && (oldest->at >= since || removed >= limits.oldAtOnce)))
+                return SQLITE_OK;
+            if (const int code = Remove(oldest->number, removed); code != SQLITE_OK) return code;
+        }
+    }
+
+    int Find(std::optional<Oldest>& oldest) {
+        for (const auto& mirror : mirrors_) {
+            Kept& first = mirror->oldest;
+            if (const int code = first.Begin(); code != SQLITE_OK) return code;
+            if (first.Step() == SQLITE_ROW && (!oldest || first.Whole(0) < oldest->number))
+                oldest = Oldest{first.Whole(0), first.Text(1)};
+            if (const int code = first.End(); code != SQLITE_OK) return code;
+        }
+        return SQLITE_OK;
+    }
+
+    int Remove(qint64 upTo, qint64& removed) {
+        for (const auto& mirror : mirrors_) {
+            Kept& remove = mirror->removeUpTo;
+            if (const int code = remove.Begin(); code != SQLITE_OK) return code;
+            remove.Bind(1, upTo);
+            const int before = sqlite3_total_changes(engine_);
+            remove.Step();
+            if (const int code = remove.End(); code != SQLITE_OK) return code;
+            removed += sqlite3_total_changes(engine_) - before;
+        }
+        return SQLITE_OK;
+    }
+
+    sqlite3* engine_;
+    Kept note_, count_;
+    std::vector<std::unique_ptr<Mirror>> mirrors_;
+    QByteArray oldestAt_;
+};
+
+bool KeepsHistory(sqlite3* engine) {
+    return sqlite3_table_column_metadata(engine, nullptr, "HNow", "N", nullptr, nullptr, nullptr, nullptr,
+                                         nullptr) == SQLITE_OK;
+}
+
+}  // namespace
+
+HistoryLimits& historyLimits() {
+    static HistoryLimits inUse;
+    return inUse;
+}
+
+void NoteGroups() {
+    dao::makeGroupStart() = [](sqlite3* engine) {
+        return KeepsHistory(engine) ? std::make_unique<HistoryGroup>(engine) : nullptr;
+    };
+}

@@ -1,0 +1,80 @@
+// The entries of the history: what a command has done to one record, with the record as it was before and
+// after. Read from the mirrors (schema/history.h); nothing here writes.
+//
+// Always holds: a null value is a null QString, an empty text an empty one.
+#pragma once
+
+#include "history/objects.h"
+#include "platform/dao/database.h"
+
+#include <QDate>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+namespace history {
+
+enum class Action { Added, Changed, Deleted, Released };
+QString WordOf(Action action);
+
+struct Entry {
+    const Object* object = nullptr;
+    qint64 group = 0;  ///< number of the command's commit group
+    QString at, operatorName, command;
+    Action action = Action::Added;
+    QString key;      ///< of the record; before the command where there was one
+    QString name;     ///< behind the key; "" where it is not known
+    QString caption;  ///< the object's, of a journal row by its kind
+    QString summary;
+    qint64 before = 0;  ///< row of the mirror with the record as it was; 0 for a new one
+    qint64 after = 0;   ///< row of the mirror from which on the record is as it is after; 0 for none
+    qint64 row = 0;     ///< row number of the record after the command
+    QString afterKey;
+};
+
+struct Search {
+    const Object* object = nullptr;  ///< null for all that `menus` shows
+    QStringList menus;               ///< top menus that the operator may use
+    QString operatorName;            ///< "" for all
+    QDate from, to;
+    QString text;  ///< part of the number or name; "" for all
+};
+
+constexpr int MostEntries = 1000;
+
+/// The newest first, at most MostEntries.
+std::vector<Entry> Find(dao::Database& db, const Search& search);
+/// What one command did, all objects.
+std::vector<Entry> OfGroup(dao::Database& db, qint64 group);
+
+/// The columns that the mirror of a table has of it.
+QStringList ColumnsOf(dao::Database& db, const QByteArray& table);
+
+/// Values in the order of the columns; nothing where there was no record.
+using Image = std::optional<QStringList>;
+struct Images {
+    Image before, after;
+};
+Images ImagesOf(dao::Database& db, const Entry& entry);
+
+/// A row of the record's family before and after, joined by its key.
+struct FamilyRow {
+    QString key;  ///< of the row within the record
+    Image before, after;
+};
+std::vector<FamilyRow> FamilyOf(dao::Database& db, const Entry& entry, const Family& family);
+
+/// The rows of a mirror that a group has written: from the first, to before the end.
+struct Range {
+    qint64 first = 0, end = 0;
+};
+Range RowsOfGroup(dao::Database& db, const QByteArray& table, qint64 group);
+
+/// A text as a literal of the engine.
+QString Literal(const QString& text);
+/// Whether a column is one that an operator looks at, and not kept by the journal for itself.
+bool Shown(const QByteArray& table, const QString& column);
+
+}  // namespace history

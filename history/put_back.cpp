@@ -1,0 +1,231 @@
+#include "history/put_back.h"
+
+#include "accounts/journal.h"
+#include "app/data_access.h"
+#include "app/main_menu.h"
+#include "app/main_window.h"
+#include "app/operator_statement.h"
+#include "app/session.h"
+#include "platform/system/seams.h"
+#include "platform/text/dates.h"
+#include "platform/text/numbers.h"
+#include "waybills/waybill_fields.h"
+
+using namespace Qt::StringLiterals;
+
+namespace history {
+namespace {
+
+constexpr double PayableAfterReceivable = 1;  // of a waybill's two rows, in SN
+
+QString TableOf(const Entry& entry) {
+    return QString::fromLatin1(entry.object->table);
+}
+
+bool IsThere(dao::Database& db, const QString& from) {
+    return !db.ReadEngine(u"select 1 from "_s + from + u" limit 1"_s).Eof();
+}
+
+/// The top menu of the form that gave the command; that of the object for any other form.
+QString MenuOf(const Entry& entry) {
+    QString top;
+    for (const MenuRow& row : MenuRows()) {
+        if (row.top) top = row.name.toString();
+        if (row.target == entry.command) return top;
+    }
+    return entry.object->menu;
+}
+
+QString Value(dao::Database& db, const Entry& entry, const Image& image, const QString& column) {
+    return image ? image->value(ColumnsOf(db, entry.object->table).indexOf(column)) : QString();
+}
+
+bool IsReleasedWaybill(dao::Database& db, const Entry& entry, const Images& images) {
+    if (entry.object->table != "B01") return false;
+    const auto released = [&](const Image& image) {
+        return image && waybills::IsReleased(Value(db, entry, image, u"F604"_s));
+    };
+    return released(images.before) || released(images.after);
+}
+
+QString RightRefusal(dao::Database& db, const Entry& entry, const Images& images) {
+    if (!TheFrame().MenuVisible(MenuOf(entry)) || !TheFrame().MenuVisible(entry.object->menu))
+        return u"你没有权限恢复该记录!"_s;
+    if (entry.object->table == "TB1" && !CanEditLedger) return u"你没有权限恢复帐款记录!"_s;
+    if (IsAdministrator()) return {};
+    if (entry.object->table == "TE1") return u"只有管理员才能恢复操作员!"_s;
+    if (IsReleasedWaybill(db, entry, images)) return u"已出货的速递单只有管理员才能恢复!"_s;
+    return {};
+}
+
+/// Whether the record is still as the command left it.
+bool IsUntouched(dao::Database& db, const Entry& entry) {
+    if (entry.row == 0) return false;
+    const QString key =
+        entry.afterKey.isNull() ? QString() : u"F1 is "_s + Literal(entry.afterKey) + u" and "_s;
+    return IsThere(db, TableOf(entry) + u" where rowid="_s + QString::number(entry.row)) &&
+           !IsThere(db, u"H_%1 where %2Op<>'I' and Op<>'K' and R=%3 and rowid>%4"_s.arg(
+                            TableOf(entry), key, QString::number(entry.row), QString::number(entry.after)));
+}
+
+/// Another record that has the key.
+bool IsKeyInUse(dao::Database& db, const Entry& entry) {
+    if (entry.object->table == "MS1") return entry.action == Action::Deleted && IsThere(db, TableOf(entry));
+    QString others = TableOf(entry) + u" where F1 is "_s + Literal(entry.key);
+    if (entry.action != Action::Deleted) others += u" and rowid<>"_s + QString::number(entry.row);
+    return IsThere(db, others);
+}
+
+/// The rows of the journal's mirror that the command deleted with the waybill, receivable first.
+QStringList TakenPostings(dao::Database& db, const Entry& entry) {
+    if (entry.object->table != "B01") return {};
+    const Range range = RowsOfGroup(db, "TB1", entry.group);
+    auto rows = db.ReadEngine(
+        u"select rowid from H_TB1 where rowid>=%1 and rowid<%2 and Op='D' and F1 in (%3,%4) order by LB"_s
+            .arg(QString::number(range.first), QString::number(range.end), Literal(u"YS"_s + entry.key),
+                 Literal(u"YF"_s + entry.key)));
+    QStringList taken;
+    for (; !rows.Eof(); rows.MoveNext()) taken += rows.Fields(0).Text();
+    return taken;
+}
+
+/// A chain is rolled by statements of the system's own wording, which an apostrophe breaks.
+bool IsChainBroken(dao::Database& db, const QStringList& taken) {
+    return !taken.isEmpty() &&
+           IsThere(db, u"H_TB1 where rowid in (%1) and (instr(F3,'''')>0 or instr(F1,'''')>0)"_s.arg(
+                           taken.join(u',')));
+}
+
+QString PostingRefusal(dao::Database& db, const Entry& entry) {
+    const bool own = entry.object->table == "TB1";
+    const QStringList taken = own ? QStringList{QString::number(entry.before)} : TakenPostings(db, entry);
+    if (IsChainBroken(db, taken)) return u"帐款的单据号或关系单位含有单引号，不能恢复!"_s;
+    // Those of the waybill that is there now go with it; those that a cascade left are the waybill's own.
+    if (own || entry.action != Action::Deleted || taken.isEmpty()) return {};
+    const bool there =
+        IsThere(db, u"TB1 where F1 in (select F1 from H_TB1 where rowid in (%1))"_s.arg(taken.join(u',')));
+    return there ? u"[%1]的帐款已经存在，不能恢复!"_s.arg(entry.key) : QString();
+}
+
+QString FamilyRefusal(dao::Database& db, const Entry& entry) {
+    if (entry.action != Action::Deleted) return {};
+    for (const Family& family : entry.object->family)
+        if (!family.condition.startsWith(u"%1<>") &&
+            IsThere(db, QString::fromLatin1(family.table) + u" where "_s +
+                            QString(family.condition).arg(Literal(entry.key))))
+            return u"[%1]的附属资料已经存在，不能恢复!"_s.arg(entry.key);
+    return {};
+}
+
+void CopyFrom(dao::Database& db, const QByteArray& table, const QString& condition) {
+    const QString columns = ColumnsOf(db, table).join(u',');
+    const QString name = QString::fromLatin1(table);
+    db.ExecuteEngine(
+        u"insert into %1 (%2) select %2 from H_%1 where %3 order by rowid"_s.arg(name, columns, condition));
+}
+
+/// `sequence` is the row's place. The moment of the last write is now.
+void CopyPosting(dao::Database& db, const QString& taken, double sequence) {
+    QStringList columns = ColumnsOf(db, "TB1"), values = columns;
+    const QList<std::pair<QString, QString>> own = {{u"SN"_s, text::GeneralText(sequence)},
+                                                    {u"H8"_s, Literal(text::DateTimeText(sys::Now()))},
+                                                    {u"QC"_s, u"null"_s},
+                                                    {u"QM"_s, u"null"_s}};
+    for (const auto& [column, value] : own) values[columns.indexOf(column)] = value;
+    db.ExecuteEngine(u"insert into TB1 (%1) select %2 from H_TB1 where rowid=%3"_s.arg(
+        columns.join(u','), values.join(u','), taken));
+}
+
+/// By the protocol of adding; a waybill's payable takes the place behind its receivable.
+void AddPostings(dao::Database& db, const QStringList& taken) {
+    double sequence = 0;
+    for (const QString& row : taken) {
+        auto fields = db.ReadEngine(u"select F1,F2,F3 from H_TB1 where rowid="_s + row);
+        const QString key = fields.Fields(0).Text(), unit = fields.Fields(2).Text();
+        const QDate date = text::ReadDate(fields.Fields(1).Text()).value_or(QDate());
+        sequence = row == taken.front() ? accounts::AllocateSequence(db, date, key)
+                                        : sequence + PayableAfterReceivable;
+        CopyPosting(db, row, sequence);
+        accounts::RollBalanceChain(db, sequence, unit);
+    }
+}
+
+/// What the command has put in place of the record.
+void RemoveSuccessor(dao::Database& db, const Entry& entry) {
+    for (const Family& family : entry.object->family)
+        if (!family.condition.startsWith(u"%1<>"))
+            db.ExecuteEngine(u"delete from %1 where "_s.arg(QString::fromLatin1(family.table)) +
+                             QString(family.condition).arg(Literal(entry.afterKey)));
+    if (entry.object->table == "B01")
+        db.ExecuteEngine(u"delete from TB1 where F1 in (%1,%2)"_s.arg(Literal(u"YF"_s + entry.afterKey),
+                                                                      Literal(u"YS"_s + entry.afterKey)));
+    db.ExecuteEngine(u"delete from %1 where rowid=%2"_s.arg(TableOf(entry)).arg(entry.row));
+}
+
+void CopyFamily(dao::Database& db, const Entry& entry) {
+    for (const Family& family : entry.object->family) {
+        const Range range = RowsOfGroup(db, family.table, entry.group);
+        CopyFrom(db, family.table,
+                 u"rowid>=%1 and rowid<%2 and Op='D' and "_s.arg(range.first).arg(range.end) +
+                     QString(family.condition).arg(Literal(entry.key)));
+    }
+}
+
+/// A released mark or a journal row is overwritten in place and took nothing else along.
+bool WasOverwritten(dao::Database& db, const Entry& entry) {
+    return IsThere(db, u"H_%1 where rowid=%2 and Op='U'"_s.arg(TableOf(entry)).arg(entry.before));
+}
+
+void Overwrite(dao::Database& db, const Entry& entry) {
+    QStringList set;
+    for (const QString& column : ColumnsOf(db, entry.object->table))
+        set += u"%1=(select %1 from H_%2 where rowid=%3)"_s.arg(column, TableOf(entry)).arg(entry.before);
+    db.ExecuteEngine(u"update %1 set %2 where rowid=%3"_s.arg(TableOf(entry), set.join(u',')).arg(entry.row));
+}
+
+}  // namespace
+
+QString Refusal(dao::Database& db, const Entry& entry) {
+    if (entry.action == Action::Added) return u"新增的记录没有改动前的内容，不能恢复!"_s;
+    const Images images = ImagesOf(db, entry);
+    if (!images.before) return u"该记录的内容已不在操作记录中，不能恢复!"_s;
+    if (const QString why = RightRefusal(db, entry, images); !why.isEmpty()) return why;
+    if (entry.action != Action::Deleted && !IsUntouched(db, entry))
+        return u"[%1]此后又有改动，请先恢复最后一次改动!"_s.arg(entry.key);
+    if (IsKeyInUse(db, entry)) return u"[%1]已经重新使用，不能恢复!"_s.arg(entry.key);
+    if (entry.object->table == "TE1" && entry.key.contains(u'\''))
+        return u"操作员帐号含有单引号，不能恢复!"_s;
+    if (const QString why = FamilyRefusal(db, entry); !why.isEmpty()) return why;
+    return PostingRefusal(db, entry);
+}
+
+QString Question(dao::Database& db, const Entry& entry) {
+    QString question = u"%1[%2]将恢复到 %3 由%4%5之前的内容"_s.arg(entry.caption, entry.key, entry.at,
+                                                                   entry.operatorName, WordOf(entry.action));
+    if (entry.action != Action::Deleted) question += u"，现有内容将被替换"_s;
+    if (const qsizetype postings = TakenPostings(db, entry).size(); postings > 0)
+        question += u"。\r同时恢复 %1 笔帐款"_s.arg(postings);
+    return question + u"。\r\r真的要恢复吗?"_s;
+}
+
+void PutBack(dao::Database& db, const Entry& entry, const QString& password) {
+    const QStringList taken = TakenPostings(db, entry);
+    const bool journal = entry.object->table == "TB1";
+    if (!journal && entry.action != Action::Deleted && WasOverwritten(db, entry)) {
+        Overwrite(db, entry);
+    } else {
+        if (entry.action != Action::Deleted) RemoveSuccessor(db, entry);
+        if (journal) return AddPostings(db, {QString::number(entry.before)});
+        CopyFrom(db, entry.object->table, u"rowid="_s + QString::number(entry.before));
+        CopyFamily(db, entry);
+        if (!taken.isEmpty()) AddPostings(db, taken);
+    }
+    if (entry.object->table == "TE1" && !WasOverwritten(db, entry))
+        OperatorStatement(u"update TE1 set F3="_s)
+            .Secret(password)
+            .Words(u" where F1="_s)
+            .Text(entry.key)
+            .Execute(db);
+}
+
+}  // namespace history

@@ -1,0 +1,22 @@
+// 恢复: one command's change of one record is undone, with the record's family and, of a waybill, the journal
+// rows that the command took. Rows are copied from the mirrors inside the engine, so that nulls and
+// apostrophes are what they were; journal rows get a new place by the protocol of adding.
+//
+// Always holds: a refused entry changes nothing; everything is one commit group, which the history keeps like
+// any other.
+#pragma once
+
+#include "history/entries.h"
+
+namespace history {
+
+/// Why the entry cannot be put back now; "" where it can. Asks the operator's rights.
+QString Refusal(dao::Database& db, const Entry& entry);
+
+/// What it asks before.
+QString Question(dao::Database& db, const Entry& entry);
+
+/// `password` is an operator's new one. Raises DatabaseError; call Refusal first.
+void PutBack(dao::Database& db, const Entry& entry, const QString& password = {});
+
+}  // namespace history

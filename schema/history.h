@@ -1,0 +1,52 @@
+// The history of the file: every row of the kept tables that is inserted (its key), overwritten or deleted
+// (whole) is written to a mirror table by triggers, so that no form can forget it and other tools can still
+// write the file.
+//
+// The mirror of table T is H_T. Its first columns are the group's of HNow (N, At, Operator, Command), Op and
+// R, the row number in T; then come the columns of T, without checks and without secrets. Op is
+//   I  a row was inserted; only its key is kept
+//   D  a row was deleted; as it was
+//   U  a row was overwritten; as it was before
+//   K  the overwrite before it has changed the key; the new one
+// What a row looked like after I or U is what its next D or U holds, or the row itself.
+//
+// An index of each mirror finds the rows of a key but those of inserts, which every save adds.
+//
+// Always holds: rows are added to a mirror at its end with ascending N and removed from its beginning, so row
+// numbers of a mirror are without gaps in between.
+#pragma once
+
+#include <QByteArrayList>
+
+#include <vector>
+
+struct sqlite3;
+
+namespace schema {
+
+struct KeptTable {
+    QByteArray name;
+    QByteArrayList key = {"F1"};   ///< what an insert keeps
+    QByteArrayList secret = {};    ///< never kept
+    QByteArrayList computed = {};  ///< an update of these alone is not kept
+
+    QByteArray Mirror() const { return "H_" + name; }
+    QByteArrayList Triggers() const;
+};
+
+const std::vector<KeptTable>& KeptTables();
+/// Null for a table that is not kept; case-blind.
+const KeptTable* FindKept(const QByteArray& table);
+
+/// The columns of a kept table that its mirror has too, in their order.
+QByteArrayList KeptColumns(sqlite3* db, const KeptTable& table);
+
+/// The statements that create the triggers of the table, one each.
+QByteArrayList TriggerStatements(const KeptTable& table, const QByteArrayList& columns);
+
+/// Creates what a file with table HNow lacks of the history: the row of HNow, mirrors, columns, indexes, and
+/// triggers, which are created anew where they differ. A file that has everything is only read. A file
+/// without HNow is left alone. Raises RuntimeError.
+void CompleteHistory(sqlite3* db);
+
+}  // namespace schema

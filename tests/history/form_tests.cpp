@@ -1,0 +1,106 @@
+// 操作记录, driven by keys: what it lists, shows and hides, and the way to 恢复.
+#include "history/history_form.h"
+#include "tests/faults/commands.h"
+#include "tests/faults/recorded_program.h"
+
+#include <gtest/gtest.h>
+
+namespace tests {
+namespace {
+
+class HistoryForm : public Program, public testing::Test {
+  public:
+    HistoryForm() : Program(CommandMasters()) {}
+
+    void Give(const std::string& name) {
+        const Command& command = CommandOf(name);
+        tests::Prepare(*this, command);
+        command.give(*this);
+        while (Frame().Front()) AltKey(u'R');
+        Db->CloseGroup();
+    }
+    void OpenForm() {
+        Frame().ShowChild(u"History"_s);
+        Settle();
+    }
+    /// The lines of the list without their time.
+    QStringList Entries() {
+        QStringList lines;
+        for (const QString& line : Lines()) lines += line.section(u'|', 1);
+        return lines;
+    }
+    QStringList Items() {
+        auto& grid = At<controls::FlexGrid>(u"GDItem"_s);
+        QStringList items;
+        for (int row = 1; row < grid.Rows(); ++row)
+            items += grid.TextMatrix(row, 0) + grid.TextMatrix(row, 1) + u'|' + grid.TextMatrix(row, 2) +
+                     u'|' + grid.TextMatrix(row, 3);
+        return items;
+    }
+};
+
+TEST_F(HistoryForm, ListsWhatWasDoneAndShowsBothSides) {
+    Give("B01_Release");
+    Give("A04_Edit");
+    OpenForm();
+    const QStringList entries = Entries();
+    ASSERT_GE(entries.size(), 2) << entries.join(u'\n').toStdString();
+    EXPECT_TRUE(entries[0].startsWith(u"管理员|修改|外务员|乙|改动 "_s)) << entries[0].toStdString();
+    EXPECT_EQ(entries[1], u"管理员|出货|速递单|W2|审核人、已出货"_s);
+    EXPECT_TRUE(Items()[1].startsWith(u"≠"_s)) << Items().join(u'\n').toStdString();
+    Press(Qt::Key_Down);
+    EXPECT_TRUE(Items().contains(u"速递单号|W2|W2"_s)) << Items().join(u'\n').toStdString();
+    Enter(u"Chk(0)"_s);
+    Press(Qt::Key_Space);
+    EXPECT_EQ(Items(), QStringList{u"≠审核人|未审核|管理员"_s});
+    SetBox(0, u"w2"_s);
+    Push(u"Cmd(0)"_s);
+    for (const QString& line : Entries()) EXPECT_TRUE(line.contains(u"|W2|"_s)) << line.toStdString();
+    EXPECT_TRUE(Status().startsWith(u"操作记录：共 "_s));
+}
+
+TEST_F(HistoryForm, HidesFiguresAndObjectsWithoutTheirRight) {
+    Give("B01_Edit");
+    CanSeeFigures = false;
+    Frame().SetMenuVisible(u"Menu_wanglai"_s, false);
+    OpenForm();
+    EXPECT_EQ(At<controls::ComboBox>(u"Cmb(0)"_s).findText(u"帐款"_s), -1);
+    ASSERT_TRUE(Entries()[0].contains(u"|速递单|"_s)) << Entries()[0].toStdString();
+    const QString items = Items().join(u'\n');
+    EXPECT_TRUE(items.contains(u"总计费用|*|*"_s)) << items.toStdString();
+    EXPECT_TRUE(items.contains(u"月结金额||*"_s)) << items.toStdString();
+}
+
+TEST_F(HistoryForm, PutsADeletedWaybillBackAfterAQuestion) {
+    const QString journal = u"select F1,LB,YF from TB1 order by F1"_s;
+    const QStringList before = Rows(journal);
+    script.Question(u"数据删除后将不可恢复！\r真的要删除单号为:W1的单据吗？"_s, u"警告"_s, true);
+    Give("B01_Delete");
+    OpenForm();
+    ASSERT_TRUE(Entries()[0].startsWith(u"管理员|删除|速递单|W1|"_s)) << Entries()[0].toStdString();
+    const QString question =
+        u"速递单[W1]将恢复到 2024-03-15 10:00:00 由管理员删除之前的内容。\r同时恢复 2 笔帐款。\r\r真的要恢复吗?"_s;
+    script.Question(question, Title, false);
+    Push(u"Cmd(1)"_s);
+    EXPECT_EQ(Rows(u"select F1 from B01 where F1='W1'"_s), QStringList());
+    script.Question(question, Title, true);
+    script.Box(u"恢复完成!"_s, Title);
+    Push(u"Cmd(1)"_s);
+    EXPECT_EQ(Rows(journal), before);
+    EXPECT_TRUE(Entries()[0].startsWith(u"管理员|新增|速递单|W1|"_s)) << Entries()[0].toStdString();
+}
+
+TEST_F(HistoryForm, ShowsQuotesAsATableOfPrices) {
+    Give("A03_Edit");
+    OpenForm();
+    ASSERT_TRUE(Entries()[0].contains(u"|客户资料|"_s)) << Entries()[0].toStdString();
+    EXPECT_TRUE(Shown(u"GDPrice"_s));
+    auto& prices = At<controls::FlexGrid>(u"GDPrice"_s);
+    QStringList lines;
+    for (int row = 1; row < prices.Rows(); ++row)
+        lines += prices.TextMatrix(row, 0) + prices.TextMatrix(row, 1) + prices.TextMatrix(row, 2);
+    EXPECT_EQ(lines.join(u' '), u"≠Z1改动前 ≠Z1改动后 ≠乙改动后 ≠甲改动前 ≠甲改动后"_s);
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,164 @@
+// What the commands of the real forms leave in the history: undone from it backwards, the file is what it was
+// before. How much of it is kept, and what a reset leaves.
+#include "app/history_groups.h"
+#include "schema/history.h"
+#include "tests/faults/commands.h"
+#include "tests/faults/recorded_program.h"
+#include "tests/history/state.h"
+
+#include <QScopeGuard>
+
+#include <gtest/gtest.h>
+
+namespace tests {
+namespace {
+
+using schema::KeptTable;
+
+QString Number(const QString& select) {
+    return Db->ReadEngine(select).Fields(0).Text();
+}
+
+/// Undoes what a table's history holds of the groups behind that number, the last first.
+void Undo(const KeptTable& table, const QString& since) {
+    const QString name = QString::fromLatin1(table.name);
+    QStringList set;
+    const QStringList columns = ComparedColumns(table);
+    for (const QString& column : columns)
+        set += column + u"=(select %1 from H_%2 where rowid=%3)"_s.arg(column, name);
+    auto events =
+        Db->ReadEngine(u"select rowid,Op,R from H_%1 where N>%2 order by rowid desc"_s.arg(name, since));
+    QStringList statements;
+    for (; !events.Eof(); events.MoveNext()) {
+        const QString row = events.Fields(0).Text(), op = events.Fields(1).Text(),
+                      number = events.Fields(2).Text();
+        if (op == u"I") statements += u"delete from %1 where rowid=%2"_s.arg(name, number);
+        if (op == u"D") statements += u"insert into %1 (rowid) values (%2)"_s.arg(name, number);
+        if (op == u"D" || op == u"U")
+            statements += u"update %1 set "_s.arg(name) + set.join(u',').replace(u"%3"_s, row) +
+                          u" where rowid="_s + number;
+    }
+    for (const QString& statement : statements) Db->ExecuteEngine(statement);
+}
+
+class EveryCommand : public testing::TestWithParam<std::string> {};
+
+TEST_P(EveryCommand, CanBeUndoneFromTheHistoryAlone) {
+    const Command& command = CommandOf(GetParam());
+    RecordedProgram program(CommandMasters());
+    Prepare(program, command);
+    const QString since = Number(u"select N from HNow"_s);
+    const QStringList before = KeptState();
+    command.give(program);
+    ASSERT_FALSE(program.status) << "the command has failed";
+    const QString form =
+        u"HNow where Operator='%1' and At='2024-03-15 10:00:00' and Command glob '%2*'"_s.arg(
+            OperatorName, QString::fromLatin1(GetParam()).section(u'_', 0, 0));
+    EXPECT_EQ(Number(u"select count(*) from "_s + form), u"1"_s)
+        << Number(u"select Command from HNow"_s).toStdString();
+    if (!GetParam().starts_with("ReKuan") && !GetParam().starts_with("S2_")) {
+        EXPECT_NE(KeptState(), before);
+    }
+    for (const KeptTable& table : schema::KeptTables()) Undo(table, since);
+    EXPECT_EQ(KeptState(), before);
+}
+
+/// All but the two that replace the file or empty its history as well.
+std::vector<std::string> Names() {
+    std::vector<std::string> names;
+    for (const Command& command : WritingCommands())
+        if (!std::string(command.name).starts_with("S3") && std::string(command.name) != "S03_Clear")
+            names.emplace_back(command.name);
+    return names;
+}
+
+INSTANTIATE_TEST_SUITE_P(History, EveryCommand, testing::ValuesIn(Names()),
+                         [](const auto& each) { return each.param; });
+
+/// Rows in all mirrors.
+int Kept() {
+    int rows = 0;
+    for (const KeptTable& table : schema::KeptTables())
+        rows += Number(u"select count(*) from "_s + QString::fromLatin1(table.Mirror())).toInt();
+    return rows;
+}
+
+TEST(HistoryLimit, EachCommandRemovesWhatTheOneBeforeItAddedBeyond) {
+    const auto limits = qScopeGuard([] { historyLimits() = {}; });
+    Program program;
+    const auto add = [&](int couriers) {
+        for (int i = 0; i < couriers; ++i) Db->Execute(u"insert into M04 (F1) values ('张三')"_s);
+        Db->CloseGroup();
+    };
+    add(1);  // what a new company starts with has no time and counts as old
+    const int before = Kept();
+    historyLimits().rows = before + 10;
+    add(9);
+    add(1);
+    EXPECT_EQ(Kept(), before + 10);
+    add(4);
+    EXPECT_EQ(Kept(), before + 14);
+    add(1);
+    EXPECT_LE(Kept(), before + 11);
+    EXPECT_EQ(Number(u"select count(*) from H_M04 where N=(select N from HNow)"_s), u"1"_s);
+    // A whole group goes at once, and the oldest first.
+    historyLimits().rows = 2;
+    add(1);
+    EXPECT_EQ(Number(u"select group_concat(N) from (select distinct N from H_M04 order by N)"_s),
+              Number(u"select (N-1)||','||N from HNow"_s));
+}
+
+TEST(HistoryLimit, WhatIsOlderThanThreeYearsGoesInPortions) {
+    const auto limits = qScopeGuard([] { historyLimits() = {}; });
+    historyLimits().oldAtOnce = 2;
+    Program program;
+    const auto addAt = [&](int year) {
+        program.script.SetNow(QDateTime(QDate(year, 3, 15), QTime(10, 0)));
+        Db->Execute(u"insert into M04 (F1) values ('张三')"_s);
+        Db->CloseGroup();
+        return Number(u"select group_concat(substr(At,1,4)) from H_M04"_s);
+    };
+    program.Execute(u"delete from H_TE1"_s);
+    for (const int year : {2024, 2024, 2025, 2026}) addAt(year);
+    EXPECT_EQ(addAt(2027), u"2024,2024,2025,2026,2027"_s) << "not older yet";
+    EXPECT_EQ(addAt(2030), u"2025,2026,2027,2030"_s);
+    EXPECT_EQ(addAt(2030), u"2027,2030,2030"_s);
+    EXPECT_EQ(addAt(2030), u"2027,2030,2030,2030"_s);
+}
+
+QStringList Triggers() {
+    QStringList triggers;
+    auto rows = Db->ReadEngine(u"select sql from sqlite_master where type='trigger' order by name"_s);
+    for (; !rows.Eof(); rows.MoveNext()) triggers += rows.Fields(0).Text();
+    return triggers;
+}
+
+TEST(HistoryOfAReset, GoesWithItsTablesAndTheTriggersStay) {
+    RecordedProgram program(CommandMasters());
+    const QStringList triggers = Triggers();
+    ASSERT_EQ(triggers.size(), 3 * static_cast<int>(schema::KeptTables().size()));
+    CommandOf("S03_Clear").give(program);
+    EXPECT_EQ(Triggers(), triggers);
+    EXPECT_EQ(
+        Number(
+            u"select (select count(*) from H_B01)+(select count(*) from H_TB1)+(select count(*) from H_M031)"_s),
+        u"0"_s);
+    EXPECT_NE(Number(u"select count(*) from H_M05"_s), u"0"_s);
+    program.Execute(u"insert into B01 (F1) values ('W9')"_s);
+    EXPECT_EQ(Number(u"select F1 from H_B01"_s), u"W9"_s);
+}
+
+TEST(HistoryOfAReset, ComesOnAgainWhenAStatementFailsInTheMiddle) {
+    RecordedProgram program(CommandMasters());
+    const QStringList triggers = Triggers();
+    Db->ExecuteEngine(u"create trigger refuses before delete on M03 begin select raise(fail,'nein'); end"_s);
+    Db->CloseGroup();
+    CommandOf("S03_Clear").give(program);
+    EXPECT_EQ(program.status, 1);
+    Db->ExecuteEngine(u"drop trigger refuses"_s);
+    EXPECT_EQ(Triggers(), triggers);
+    EXPECT_EQ(Number(u"select count(*) from M01"_s), u"0"_s) << "what was cleared stays cleared";
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,187 @@
+// 恢复: what the commands of the real forms took or overwrote comes back, with nulls, apostrophes and journal
+// rows; what is refused.
+#include "app/main_window.h"
+#include "history/failed_command.h"
+#include "history/put_back.h"
+#include "tests/faults/commands.h"
+#include "tests/faults/recorded_program.h"
+#include "tests/faults/waybill_entry.h"
+#include "tests/history/state.h"
+
+#include <gtest/gtest.h>
+
+namespace tests {
+namespace {
+
+using history::Action;
+using history::Entry;
+
+QString One(const QString& select) {
+    auto rows = Db->ReadEngine(select);
+    return rows.Eof() ? QString() : rows.Fields(0).Text();
+}
+
+std::vector<Entry> LastCommand() {
+    Db->CloseGroup();
+    return history::OfGroup(*Db, One(u"select N from HNow"_s).toLongLong());
+}
+
+/// The entry of the last command for that record.
+Entry EntryFor(const QByteArray& table, const QString& key) {
+    for (const Entry& entry : LastCommand())
+        if (entry.object->table == table && entry.key == key) return entry;
+    ADD_FAILURE() << "no entry for " << key.toStdString();
+    return {};
+}
+
+void PutBack(const Entry& entry) {
+    ASSERT_EQ(history::Refusal(*Db, entry), QString());
+    history::PutBack(*Db, entry, u"neu"_s);
+    Db->CloseGroup();
+}
+
+class UndoneCommand : public testing::TestWithParam<std::string> {};
+
+TEST_P(UndoneCommand, HasItsRecordsBackEntryByEntry) {
+    const Command& command = CommandOf(GetParam());
+    RecordedProgram program(CommandMasters());
+    Prepare(program, command);
+    const QStringList before = KeptState(false);
+    command.give(program);
+    ASSERT_NE(KeptState(false), before);
+    for (const Entry& entry : LastCommand()) {
+        SCOPED_TRACE((entry.caption + entry.key).toStdString());
+        if (entry.action != Action::Added) {
+            PutBack(entry);
+        } else {
+            EXPECT_FALSE(history::Refusal(*Db, entry).isEmpty());
+        }
+    }
+    EXPECT_EQ(KeptState(false), before);
+    if (GetParam() != "B01_Delete" && GetParam() != "B01_Edit") return;
+    EXPECT_EQ(One(u"select b.SN-a.SN from TB1 a join TB1 b on a.F1='YSW1' and b.F1='YFW1'"_s), u"1"_s);
+    EXPECT_EQ(One(u"select count(*) from TB1 where F1 in ('YSW1','YFW1') and QC+YF-FK=QM"_s), u"2"_s);
+    EXPECT_EQ(One(u"select QC from TB1 where F1='YFW1'"_s), One(u"select QM from TB1 where F1='FK1'"_s));
+}
+
+std::vector<std::string> Names() {
+    std::vector<std::string> names;
+    for (const Command& command : WritingCommands()) {
+        const QByteArray name = command.name;
+        if (name.contains("Edit") || name.contains("Delete") || name == "B01_Release" || name == "S01_Save")
+            names.push_back(name.toStdString());
+    }
+    return names;
+}
+
+INSTANTIATE_TEST_SUITE_P(History, UndoneCommand, testing::ValuesIn(Names()),
+                         [](const auto& each) { return each.param; });
+
+class PuttingBack : public RecordedProgram, public testing::Test {
+  public:
+    PuttingBack() : RecordedProgram(CommandMasters()) {}
+    /// One command on the file.
+    static void Run(const QString& statement) {
+        Db->CloseGroup();
+        Db->ExecuteEngine(statement);
+        Db->CloseGroup();
+    }
+    static QString RefusalOf(const Entry& entry) { return history::Refusal(*Db, entry); }
+};
+
+TEST_F(PuttingBack, KeepsNullsApostrophesAndExactNumbers) {
+    Run(u"insert into M03 (F1,F2,F5,F9,P888) values ('O''H','O''Hara',null,'',0.1)"_s);
+    Run(u"insert into M031 (F0,F1,F2,F3) values ('O''H','Z''1',1.0/3,null)"_s);
+    const QStringList before = KeptState();
+    Db->ExecuteEngine(u"delete from M03 where F1='O''H'"_s);
+    Db->ExecuteEngine(u"delete from M031 where F0='O''H'"_s);
+    PutBack(EntryFor("M03", u"O'H"_s));
+    EXPECT_EQ(KeptState(), before);
+    EXPECT_EQ(One(u"select (F2=1.0/3)||typeof(F3) from M031 where F0='O''H'"_s), u"1null"_s);
+    EXPECT_EQ(One(u"select typeof(F5)||typeof(F9) from M03 where F1='O''H'"_s), u"nulltext"_s);
+}
+
+TEST_F(PuttingBack, RefusesAKeyThatIsInUseAgainAndAChangeBeforeTheLast) {
+    Run(u"delete from M04 where F1='乙'"_s);
+    const Entry deleted = EntryFor("M04", u"乙"_s);
+    Run(u"insert into M04 (F1) values ('乙')"_s);
+    EXPECT_EQ(RefusalOf(deleted), u"[乙]已经重新使用，不能恢复!"_s);
+    Run(u"update M04 set F2='a' where F1='乙'"_s);
+    const Entry first = EntryFor("M04", u"乙"_s);
+    Run(u"update M04 set F2='b' where F1='乙'"_s);
+    EXPECT_EQ(RefusalOf(first), u"[乙]此后又有改动，请先恢复最后一次改动!"_s);
+    PutBack(EntryFor("M04", u"乙"_s));
+    EXPECT_EQ(One(u"select F2 from M04 where F1='乙'"_s), u"a"_s);
+}
+
+/// An edit whose insert fails: a text with an apostrophe breaks the statement after the row was deleted.
+class FailedEdit : public Program, public testing::Test {
+  public:
+    FailedEdit() : Program(CommandMasters()) { history::WatchFailures(); }
+    ~FailedEdit() override { sys::onFailure() = {}; }
+    void Fail(bool putBack) {
+        Open(u"B"_s, u"B01"_s);
+        Select(*this, u"W1"_s);
+        AltKey(u'E');
+        FillCard(*Frame().Front(), {.number = u"W1"_s, .address = u"O'Hara Street"_s});
+        script.BoxContaining(u"程序即将结束"_s);
+        script.Question(u"失败的操作已删除：速递单W1。\r\r是否立即恢复?"_s, Title, putBack);
+        if (putBack) script.Box(u"恢复完成!"_s, Title);
+        script.End(1);
+        AltKey(u'S');
+        sys::ClearEnd();
+        EditInProgress = false;
+    }
+};
+
+TEST_F(FailedEdit, IsPutBackAtOnce) {
+    const QStringList before = KeptState(false);
+    Fail(true);
+    EXPECT_EQ(KeptState(false), before);
+    const QString panel = Status();
+    history::SayWhatWasLost();
+    EXPECT_EQ(Status(), panel) << "nothing is missing";
+}
+
+TEST_F(FailedEdit, IsSaidOnceAtTheNextStart) {
+    const QStringList before = KeptState(false);
+    Fail(false);
+    history::SayWhatWasLost();
+    EXPECT_EQ(Status(), u"上次操作失败，已删除：速递单W1，可在“操作记录”中恢复"_s);
+    Frame().SetPanel(4, {});
+    history::SayWhatWasLost();
+    EXPECT_EQ(Status(), QString());
+    PutBack(history::OfGroup(*Db, One(u"select max(N) from H_B01"_s).toLongLong()).front());
+    EXPECT_EQ(KeptState(false), before);
+}
+
+TEST_F(FailedEdit, OffersNothingForACommandThatTookNothing) {
+    Db->Execute(u"delete from M04 where F1='乙'"_s);
+    Db->CloseGroup();
+    script.BoxContaining(u"程序即将结束"_s);
+    script.End(1);
+    sys::Guarded([] { Db->Execute(u"insert into M04 (F1) values ('a'b')"_s); });
+    EXPECT_TRUE(script.Done());
+    sys::ClearEnd();
+}
+
+TEST_F(PuttingBack, NeedsTheRightOfTheFormAndTheAdministratorForWhatIsReleased) {
+    Run(u"delete from B01 where F1='W1'"_s);
+    const Entry released = EntryFor("B01", u"W1"_s);
+    Run(u"delete from B01 where F1='W2'"_s);
+    const Entry open = EntryFor("B01", u"W2"_s);
+    Run(u"delete from TE1 where F1='乙'"_s);
+    const Entry account = EntryFor("TE1", u"乙"_s);
+    OperatorCode = u"8"_s;
+    EXPECT_EQ(RefusalOf(open), QString());
+    EXPECT_EQ(RefusalOf(released), u"已出货的速递单只有管理员才能恢复!"_s);
+    EXPECT_EQ(RefusalOf(account), u"只有管理员才能恢复操作员!"_s);
+    Frame().SetMenuVisible(u"Menu_b"_s, false);
+    EXPECT_EQ(RefusalOf(open), u"你没有权限恢复该记录!"_s);
+    OperatorCode = u"001"_s;
+    PutBack(account);
+    EXPECT_EQ(One(u"select F3 from TE1 where F1='乙'"_s), u"neu"_s) << "with the new password";
+}
+
+}  // namespace
+}  // namespace tests
