@@ -1,6 +1,9 @@
 #include "platform/workbook/shared_strings.h"
 
+#include <QList>
+
 #include <algorithm>
+#include <cstring>
 
 namespace workbook {
 namespace {
@@ -11,6 +14,25 @@ constexpr std::size_t kRecordHead = 4;
 constexpr std::size_t kLongestRecord = 8224;
 constexpr std::size_t kTextHead = 3;
 constexpr uchar kWide = 1;  // option: two bytes per character
+constexpr std::size_t kFirstSlots = 4096;
+
+/// A hash of the text. Processes eight bytes at a time because a list has hundreds of thousands of texts.
+quint32 Mix(QStringView text) {
+    constexpr quint64 kOdd = 0x9E3779B97F4A7C15;
+    const auto* at = reinterpret_cast<const char*>(text.utf16());
+    auto bytes = static_cast<std::size_t>(text.size()) * 2;
+    quint64 mix = bytes;
+    while (bytes > 0) {
+        const std::size_t step = std::min(bytes, sizeof(quint64));
+        quint64 word = 0;
+        std::memcpy(&word, at, step);
+        mix = (mix ^ word) * kOdd;
+        mix ^= mix >> 32;
+        at += step;
+        bytes -= step;
+    }
+    return static_cast<quint32>(mix);
+}
 
 bool IsWide(QStringView text) {
     char16_t all = 0;
@@ -28,29 +50,51 @@ QString Whole(const QString& text) {
 
 }  // namespace
 
-SharedStrings::SharedStrings() {
+SharedStrings::SharedStrings() : slots_(kFirstSlots) {
     StartRecord(kTable);
     Put(bytes_, quint32(0), quint32(0));
 }
 
 quint32 SharedStrings::Use(const QString& text) {
     ++uses_;
-    // Equal texts of a grid often share their data, which the table then holds too.
-    Seen& seen = lately_[reinterpret_cast<quintptr>(text.constData()) / 16 % lately_.size()];
-    if (seen.data == text.constData() && seen.size == text.size()) return seen.number;
-    auto found = numbers_.constFind(text);
-    if (found == numbers_.cend()) {
-        Append(Whole(text));
-        found = numbers_.insert(text, static_cast<quint32>(numbers_.size()));
+    // Equal texts of a grid often share their data. The table holds a reference, so the data has not changed.
+    quint32& seen = lately_[reinterpret_cast<quintptr>(text.constData()) / 16 % lately_.size()];
+    if (seen != 0 && texts_[seen - 1].constData() == text.constData() &&
+        texts_[seen - 1].size() == text.size())
+        return seen - 1;
+    const quint32 number = Find(text);
+    seen = number + 1;
+    return number;
+}
+
+quint32 SharedStrings::Find(const QString& text) {
+    const quint32 mix = Mix(text);
+    std::size_t at = mix & (slots_.size() - 1);
+    for (; slots_[at].text != 0; at = (at + 1) & (slots_.size() - 1))
+        if (slots_[at].mix == mix && texts_[slots_[at].text - 1] == text) return slots_[at].text - 1;
+    Append(Whole(text));
+    texts_.push_back(text);
+    const auto count = static_cast<quint32>(texts_.size());
+    slots_[at] = {mix, count};
+    if (2 * texts_.size() > slots_.size()) Grow();
+    return count - 1;
+}
+
+void SharedStrings::Grow() {
+    std::vector<Slot> grown(4 * slots_.size());
+    for (const Slot& slot : slots_) {
+        if (slot.text == 0) continue;
+        std::size_t at = slot.mix & (grown.size() - 1);
+        while (grown[at].text != 0) at = (at + 1) & (grown.size() - 1);
+        grown[at] = slot;
     }
-    seen = {found.key().constData(), found.key().size(), found.value()};
-    return seen.number;
+    slots_ = std::move(grown);
 }
 
 const Bytes& SharedStrings::Finish() {
     CloseRecord();
     Patch(bytes_, kRecordHead, uses_);
-    Patch(bytes_, kRecordHead + sizeof uses_, static_cast<quint32>(numbers_.size()));
+    Patch(bytes_, kRecordHead + sizeof uses_, static_cast<quint32>(texts_.size()));
     return bytes_;
 }
 

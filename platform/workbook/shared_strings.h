@@ -7,10 +7,9 @@
 
 #include "platform/workbook/records.h"
 
-#include <QHash>
 #include <QString>
 
-#include <array>
+#include <vector>
 
 namespace workbook {
 
@@ -24,21 +23,23 @@ class SharedStrings {
     const Bytes& Finish();
 
   private:
-    /// A text of the table that was used lately.
-    struct Seen {
-        const QChar* data = nullptr;
-        qsizetype size = 0;
-        quint32 number = 0;
+    /// A slot of the hash table; `mix` is the hash of the text.
+    struct Slot {
+        quint32 mix;
+        quint32 text;  ///< the text's number + 1; 0 in a free slot
     };
 
+    quint32 Find(const QString& text);
+    void Grow();
     std::size_t Remaining() const;
     void StartRecord(quint16 kind);
     void CloseRecord();
     void Append(QStringView text);
     void AppendCharacters(QStringView text, bool wide);
 
-    QHash<QString, quint32> numbers_;
-    std::array<Seen, 1024> lately_{};  ///< cache by the address of the text's data
+    std::vector<QString> texts_;
+    std::vector<Slot> slots_;             ///< hash table; its size is a power of two, at most half is used
+    std::array<quint32, 1024> lately_{};  ///< cache by the address of the text's data: its number + 1, or 0
     quint32 uses_ = 0;
     Bytes bytes_;
     std::size_t record_ = 0;  ///< offset of the open record
