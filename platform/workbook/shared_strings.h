@@ -23,7 +23,9 @@ class SharedStrings {
     const Bytes& Finish();
 
   private:
-    /// A slot of the hash table; `mix` is the hash of the text.
+    /// A slot of the hash table; `mix` is the hash of the text. The table is our own because the toolkit's
+    /// hash makes the export 1.4 times as slow, the standard library's 1.15 times: above or close to the
+    /// limit of its measure.
     struct Slot {
         quint32 mix;
         quint32 text;  ///< the text's number + 1; 0 in a free slot
