@@ -25,7 +25,8 @@ struct MenuRow {
 /// entry is not offered.
 struct PaletteRow {
     MenuRow row;
-    QStringView right = {};  ///< the top menu that must be visible; empty: no right is required
+    /// Top menus, parted by blanks, of which one must be visible; empty: no right is required.
+    QStringView rights = {};
     bool whileEditing =
         false;  ///< opens no form and changes no record, so an edit in progress does not matter
 };

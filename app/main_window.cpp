@@ -203,8 +203,10 @@ void MForm::State::BuildPalette() {
         MakeAction(own.row);
         entries.push_back(EntryOf(own.row, nullptr));
         entries.back().offered = [this, &own] {
-            return IsOffered(own.row.name.toString(), own.right.toString()) &&
-                   (own.whileEditing || !EditInProgress);
+            const auto any = [&](QStringView menu) {
+                return IsOffered(own.row.name.toString(), menu.toString());
+            };
+            return std::ranges::any_of(own.rights.split(u' '), any) && (own.whileEditing || !EditInProgress);
         };
     }
     new CommandPalette(frame, std::move(entries));
