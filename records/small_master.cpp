@@ -86,7 +86,7 @@ void SmallMaster::Menu_del() {
     if (text::Trim(GD->TextMatrix(1, Key)).isEmpty()) return;
     const QString key = text::Trim(CurrentCell(Key));
     const bool used = IsUsed(key);
-    // The boxes name the note and not the key; so it has always read.
+    // The message boxes name the note and not the key: required by the business.
     const QString name = CurrentCell(Note);
     const DeleteAnswer answer =
         AskToDelete(name, used, u"真的要删除"_s + name + u"吗?"_s, sys::BoxAnswer::Yes);
@@ -94,7 +94,7 @@ void SmallMaster::Menu_del() {
     // The waybills that use the record go with it; nothing is posted back to the ledger.
     if (answer == DeleteAnswer::RecordAndUses) Db->Execute(master_.cascade + Quoted(key));
     Db->Execute(u"delete from "_s + master_.table + u" WHERE F1="_s + Quoted(key));
-    if (consent == Consent::Whole) DeleteStepsWithoutWaybill();
+    if (answer == DeleteAnswer::RecordAndUses) DeleteStepsWithoutWaybill();
     RemoveCurrentRecord(CurRowLimit::Records);
 }
 

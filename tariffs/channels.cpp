@@ -294,7 +294,7 @@ void A01::Menu_del() {
         Db->Execute(u"delete from B01 where F202="_s + Quoted(code));
     }
     Db->Execute(u"delete from M01 WHERE F1="_s + Quoted(code));
-    if (consent == Consent::Whole) DeleteStepsWithoutWaybill();
+    if (answer == DeleteAnswer::RecordAndUses) DeleteStepsWithoutWaybill();
     RemoveCurrentRecord(CurRowLimit::GridRows);
 }
 

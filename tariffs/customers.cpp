@@ -308,7 +308,7 @@ void A03::Menu_del() {
     if (answer == DeleteAnswer::RecordAndUses) Db->Execute(u"delete from B01 where F603="_s + Quoted(code));
     Db->Execute(u"delete from M03 WHERE F1="_s + Quoted(code));
     Db->Execute(u"delete from M031 WHERE F0="_s + Quoted(code));
-    if (consent == Consent::Whole) DeleteStepsWithoutWaybill();
+    if (answer == DeleteAnswer::RecordAndUses) DeleteStepsWithoutWaybill();
     RemoveCurrentRecord(CurRowLimit::GridRows);
 }
 
