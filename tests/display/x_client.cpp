@@ -129,11 +129,14 @@ bool XClient::Ping(unsigned long window) {
     return false;
 }
 
-QImage XClient::Picture() const {
+QImage XClient::Picture(const QRect& area) const {
     XWindowAttributes screen;
     XGetWindowAttributes(state_->server, state_->root, &screen);
-    XImage* image = XGetImage(state_->server, state_->root, 0, 0, static_cast<unsigned>(screen.width),
-                              static_cast<unsigned>(screen.height), AllPlanes, ZPixmap);
+    const QRect whole(0, 0, screen.width, screen.height);
+    const QRect wanted = area.isNull() ? whole : area & whole;
+    XImage* image =
+        XGetImage(state_->server, state_->root, wanted.x(), wanted.y(), static_cast<unsigned>(wanted.width()),
+                  static_cast<unsigned>(wanted.height()), AllPlanes, ZPixmap);
     if (!image) return {};
     const QImage picture = QImage(reinterpret_cast<const uchar*>(image->data), image->width, image->height,
                                   image->bytes_per_line, QImage::Format_RGB32)

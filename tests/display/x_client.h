@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QImage>
+#include <QRect>
 #include <QString>
 
 #include <memory>
@@ -42,8 +43,8 @@ class XClient {
     unsigned long Focus() const;
     /// The window's program has read everything that was sent to it up to here; false after 30 s.
     bool Ping(unsigned long window);
-    /// Of the whole screen.
-    QImage Picture() const;
+    /// In the coordinates of the screen; the whole screen without an area.
+    QImage Picture(const QRect& area = {}) const;
 
   private:
     struct State;

@@ -7,6 +7,8 @@
 #include "tests/faults/recorded_program.h"
 #include "tests/faults/waybill_entry.h"
 #include "tests/history/state.h"
+#include "tests/support/gui.h"
+#include "waybills/waybill_fields.h"
 
 #include <gtest/gtest.h>
 
@@ -123,7 +125,9 @@ class FailedEdit : public Program, public testing::Test {
         Open(u"B"_s, u"B01"_s);
         Select(*this, u"W1"_s);
         AltKey(u'E');
-        FillCard(*Frame().Front(), {.number = u"W1"_s, .address = u"O'Hara Street"_s});
+        FillCard(*Frame().Front(), {.number = u"W1"_s});
+        Find<controls::LineBox>(*Frame().Front(), u"Txt(%1)"_s.arg(waybills::ConsigneeCompany))
+            .SetText(u"O'Hara"_s);
         script.BoxContaining(u"程序即将结束"_s);
         script.Question(u"失败的操作已删除：速递单W1。\r\r是否立即恢复?"_s, Title, putBack);
         if (putBack) script.Box(u"恢复完成!"_s, Title);
