@@ -78,7 +78,9 @@ Connection& LookAt(const QString& file) {
 QStringList StateOf(const QString& file) {
     Connection& engine = LookAt(file);
     QStringList state;
-    for (const QString& table : engine.Rows(u"select name from seen.sqlite_master where type='table'"_s)) {
+    for (
+        const QString& table : engine.Rows(
+            u"select name from seen.sqlite_master where type='table' and name<>'HNow' and substr(name,1,2)<>'H_'"_s)) {
         QStringList rows = engine.Rows(u"select * from seen.[%1]"_s.arg(table));
         rows.sort();
         for (const QString& row : rows) state << table + u": "_s + row;

@@ -7,7 +7,7 @@
 
 namespace tests {
 
-/// The rows of all tables, one line each, sorted within their table.
+/// The rows of all tables but those of the history, one line each, sorted within their table.
 QStringList StateOf(const QString& file);
 
 /// Everything that cannot be right whatever was saved: a damaged file, a waybill without its journal rows or

@@ -63,12 +63,15 @@ TEST_P(EveryCommand, CanBeUndoneFromTheHistoryAlone) {
     EXPECT_EQ(KeptState(), before);
 }
 
-/// All but the two that replace the file or empty its history as well.
+/// All but the two that replace the file or empty its history as well, and those that write to tables without
+/// a history alone.
 std::vector<std::string> Names() {
     std::vector<std::string> names;
     for (const Command& command : WritingCommands())
-        if (!std::string(command.name).starts_with("S3") && std::string(command.name) != "S03_Clear")
-            names.emplace_back(command.name);
+        if (const std::string name = command.name; !name.starts_with("S3") && name != "S03_Clear" &&
+                                                   !name.starts_with("D201") &&
+                                                   name.find("_Print") == name.npos)
+            names.push_back(name);
     return names;
 }
 

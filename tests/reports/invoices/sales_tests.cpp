@@ -25,9 +25,8 @@ QStringList Masters() {
     };
 }
 
-const QStringList OfC1{u"C1|华兴|N1|2024-03-02|100.50|0.00|100.50"_s,
-                       u"C1|华兴|N2|2024-03-02|80.00|80.00|0.00"_s,
-                       u"C1|华兴|N3|2024-03-15|10.01|0.01|10.00"_s, u"||||190.51|80.01|110.50"_s};
+const QStringList OfC1{u"C1|华兴|N1|2024-03-02|100.5|0|100.5"_s, u"C1|华兴|N2|2024-03-02|80|80|0"_s,
+                       u"C1|华兴|N3|2024-03-15|10.005|0.005|10"_s, u"||||190.505|80.005|110.5"_s};
 
 class Sales : public testing::Test {
   protected:
@@ -56,10 +55,9 @@ TEST_F(Sales, SumsUpUnderEachCustomerAndAtTheEnd) {
     QStringList headers;
     for (int col = 0; col < desk.Grid().Cols(); ++col) headers += desk.Grid().TextMatrix(0, col);
     EXPECT_EQ(headers.join(u' '), u"客户编号 客户名称 发货单号码 发货单日期 金额(元) 付款(元) 欠款(元)"_s);
-    EXPECT_EQ(desk.Lines(),
-              OfC1 + (QStringList{u"C2|恒丰|N4|2024-03-01|20.00|25.00|-5.00"_s, u"||||20.00|25.00|-5.00"_s,
-                                  u"C3||N5|2024-03-01|7.00|0.00|0.00"_s, u"||||7.00|0.00|0.00"_s,
-                                  u"合  计||||217.51|105.01|105.50"_s}));
+    EXPECT_EQ(desk.Lines(), OfC1 + (QStringList{u"C2|恒丰|N4|2024-03-01|20|25|-5"_s, u"||||20|25|-5"_s,
+                                                u"C3||N5|2024-03-01|7|0|0"_s, u"||||7|0|0"_s,
+                                                u"合  计||||217.505|105.005|105.5"_s}));
     EXPECT_EQ(desk.Status(), u"销售统计报表：共 5 条记录 当前为第 1 条"_s);
     GoToLine(5);
     EXPECT_EQ(desk.Status(), u"销售统计报表：共 5 条记录 当前为第 4 条"_s) << "a sum is no record";
@@ -67,7 +65,7 @@ TEST_F(Sales, SumsUpUnderEachCustomerAndAtTheEnd) {
 
 TEST_F(Sales, ListsACustomerAndRefusesOneThatIsNotThere) {
     Generate(u"C1.随便"_s);
-    EXPECT_EQ(desk.Lines(), OfC1 + QStringList{u"合  计||||190.51|80.01|110.50"_s});
+    EXPECT_EQ(desk.Lines(), OfC1 + QStringList{u"合  计||||190.505|80.005|110.5"_s});
     desk.script.Box(u"客户编号输入错误!"_s, Title);
     Generate(u"C3"_s);  // has a note, but is no customer
     EXPECT_EQ(FocusName(), u"CmbKH"_s);
@@ -93,7 +91,7 @@ TEST_F(Sales, ThePaperOfAllHasEveryLineButTheLast) {
     for (const QString& line : desk.Rows(Paper)) rows += line;
     EXPECT_EQ(rows.mid(0, 4),
               (QStringList{u"C1|华兴|N1|2024-03-02|100.5|0|100.5"_s, u"C1|华兴|N2|2024-03-02|80|80|0"_s,
-                           u"C1|华兴|N3|2024-03-15|10.01|0.01|10"_s, u"||||190.51|80.01|110.5"_s}));
+                           u"C1|华兴|N3|2024-03-15|10.005|0.005|10"_s, u"||||190.505|80.005|110.5"_s}));
     EXPECT_EQ(rows.size(), 8);
     EXPECT_EQ(desk.Layout(), u"prntd3.rpt"_s);
     EXPECT_EQ(desk.Formulas(),
@@ -112,7 +110,7 @@ TEST_F(Sales, TheStatementHasTheOpenNotesOfTheCurrentCustomer) {
     GoToLine(2);
     AltKey(u'M');
     EXPECT_EQ(desk.Rows(Paper), (QStringList{u"C1|华兴|N1|2024-03-02|100.5|0|100.5"_s,
-                                             u"C1|华兴|N3|2024-03-15|10.01|0.01|10"_s}));
+                                             u"C1|华兴|N3|2024-03-15|10.005|0.005|10"_s}));
     EXPECT_EQ(desk.Layout(), u"prntd4.rpt"_s);
     EXPECT_EQ(
         desk.Formulas(),
@@ -147,7 +145,7 @@ TEST_F(Sales, APaperNeedsItsLayoutAndBreaksAtAnApostrophe) {
     schema::MakeLayout(AppFolder + u"prntd3.rpt"_s);
     desk.Execute(u"update TA2 set F2='华''兴'"_s);
     desk.Push(u"Cmd"_s);
-    desk.EndsWith(u"VALUES('C1','华'兴','N1','2024-03-02',100.50,0.00,100.50)"_s);
+    desk.EndsWith(u"VALUES('C1','华'兴','N1','2024-03-02',100.5,0,100.5)"_s);
     AltKey(u'P');
 }
 
