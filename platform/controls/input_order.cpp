@@ -3,6 +3,7 @@
 #include "platform/system/guard.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -28,6 +29,54 @@ constexpr int kQuietTicks = 6;
 /// Keys that the test library or the program sends have no scan code.
 bool IsReal(const QKeyEvent& key) {
     return key.nativeScanCode() != 0;
+}
+
+bool IsPopup(const QObject* watched) {
+    return watched->isWindowType() && static_cast<const QWindow*>(watched)->type() == Qt::Popup;
+}
+
+/// An open menu or list holds the keyboard, so keys that are typed before it closes come to its window,
+/// however late.
+bool IsClosedPopup(const QObject* watched) {
+    return IsPopup(watched) && !static_cast<const QWindow*>(watched)->isVisible();
+}
+
+QWidget* WidgetOf(const QWindow& window) {
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (widget->windowHandle() == &window) return widget;
+    return nullptr;
+}
+
+/// The toolkit would destroy the window and with it the keys that are still on their way to it; this one is
+/// hidden. False leaves the closing to the toolkit.
+bool HidePopup(const QWindow& window, QEvent& event) {
+    QWidget* popup = WidgetOf(window);
+    if (!popup || popup->testAttribute(Qt::WA_DeleteOnClose)) return false;
+    QCloseEvent close;
+    QCoreApplication::sendEvent(popup, &close);
+    if (close.isAccepted()) popup->hide();
+    event.setAccepted(close.isAccepted());
+    return true;
+}
+
+/// Behind all closed popups. The display may report that a popup got the keyboard when it is closed already;
+/// the toolkit then makes it the active window, where no shortcut of the form counts.
+QWidget* ActiveWindow() {
+    QWidget* const reported = QApplication::activeWindow();
+    QWidget* active = reported;
+    while (active && active->windowHandle() && IsClosedPopup(active->windowHandle()))
+        active = active->parentWidget() ? active->parentWidget()->window() : nullptr;
+    if (active != reported) QApplication::setActiveWindow(active);
+    return active;
+}
+
+/// A key that came to a closed popup is delivered where it would be, had the popup closed at once.
+void DeliverPastPopup(QKeyEvent& key) {
+    QWidget* active = ActiveWindow();
+    QWidget* modal = QApplication::activeModalWidget();
+    // Typed before a message box or a modal form had the focus.
+    if (!active || !active->windowHandle() || (modal && modal != active)) return;
+    QCoreApplication::sendEvent(active->windowHandle(), &key);
 }
 
 /// The second press of a double click must not run the command of the first once more.
@@ -103,12 +152,9 @@ InputOrder::OwnLoop::~OwnLoop() {
 bool InputOrder::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
         case QEvent::ShortcutOverride:
-            return watched->isWindowType() && OnShortcutOverride(*static_cast<QKeyEvent*>(event));
         case QEvent::KeyPress:
-            return watched->isWindowType() && OnKeyPress(*static_cast<QKeyEvent*>(event));
         case QEvent::KeyRelease:
-            if (watched->isWindowType()) OnKeyRelease(*static_cast<QKeyEvent*>(event));
-            return false;
+            return watched->isWindowType() && OnKey(*watched, *static_cast<QKeyEvent*>(event));
         case QEvent::MouseButtonDblClick:
             if (RunsCommands(watched)) return true;
             [[fallthrough]];
@@ -117,10 +163,27 @@ bool InputOrder::eventFilter(QObject* watched, QEvent* event) {
             keyRepeats_ = false;
             return FlushOpensWindow();
         case QEvent::Close:
+            if (IsPopup(watched)) return HidePopup(*static_cast<QWindow*>(watched), *event);
             return watched->isWindowType() && FlushOpensWindow();
         case QEvent::InputMethod:
             return OnComposedText(watched, *static_cast<QInputMethodEvent*>(event));
         default:
+            return false;
+    }
+}
+
+bool InputOrder::OnKey(const QObject& window, QKeyEvent& key) {
+    if (IsClosedPopup(&window)) {
+        DeliverPastPopup(key);
+        return true;
+    }
+    switch (key.type()) {
+        case QEvent::ShortcutOverride:
+            return OnShortcutOverride(key);
+        case QEvent::KeyPress:
+            return OnKeyPress(key);
+        default:
+            OnKeyRelease(key);
             return false;
     }
 }

@@ -3,7 +3,8 @@
 //
 // Always holds: before a real key, click or composed text reaches a control, every Tab that a handler asked
 // for has been sent and every due focus event has been emitted, in their order. The toolkit alone would
-// deliver all keys that have already arrived before it runs the first queued call.
+// deliver all keys that have already arrived before it runs the first queued call. Keys that were typed while
+// a menu or a list was open, but come when it has closed, reach the window under it.
 //
 // Real input is what comes to a QWindow; events that a program sends to a widget are left alone. Keys that
 // were typed before another window had the focus never reach the application: that is the limit.
@@ -65,6 +66,7 @@ class InputOrder : public QObject {
     explicit InputOrder(QObject* parent);
     void RunNext();
     bool FlushOpensWindow();
+    bool OnKey(const QObject& window, QKeyEvent& key);
     bool OnShortcutOverride(QKeyEvent& key);
     bool OnKeyPress(const QKeyEvent& key);
     void OnKeyRelease(const QKeyEvent& key);

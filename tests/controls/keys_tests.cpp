@@ -137,6 +137,30 @@ TEST_F(Commands, ADoubleClickRunsACommandOnce) {
     EXPECT_EQ(Run(), "A.增加");
 }
 
+/// The display sends what is typed to the menu's window until it learns that the menu is closed.
+TEST_F(Commands, KeysThatAreTypedBeforeAMenuClosesReachTheForm) {
+    QMenu* menu = AddMenu(bar, u"Menu_price"_s, u"&M.价格显示"_s);
+    Item(menu, u"&3.显示"_s);
+    tests::Settle();
+    for (const auto& [key, ran] : {std::pair{Qt::Key_3, "3.显示"}, std::pair{Qt::Key_Escape, ""}}) {
+        tests::AltKey(u'M');
+        ASSERT_EQ(QApplication::activePopupWidget(), menu);
+        const QPointer<QWindow> window = menu->windowHandle();
+        QTest::keyClick(window, key);
+        ASSERT_FALSE(menu->isVisible());
+        EXPECT_EQ(Run(), ran);
+        if (!ran[0]) tests::Press(Qt::Key_Escape);  // leaves the bar
+        ASSERT_TRUE(window && window->handle()) << "a window that is destroyed receives nothing";
+        box.SetText({});
+        QApplication::setActiveWindow(menu);  // as a display does that is late
+        QTest::keyClick(window, 'x');
+        QTest::keyClick(window, Qt::Key_A, Qt::AltModifier);
+        QTest::keyClick(window, 'y');
+        EXPECT_EQ(box.Text(), u"xy"_s);
+        EXPECT_EQ(Run(), "A.增加");
+    }
+}
+
 TEST_F(Commands, AFailingCommandIsReportedAndEndsTheProgram) {
     AddCommand(bar, u"Menu_x"_s, u"&X.错"_s, [] { throw std::runtime_error("broken"); });
     tests::Settle();
