@@ -211,9 +211,11 @@ void InputOrder::OnKeyRelease(const QKeyEvent& key) {
     releasedAt_ = key.timestamp();
 }
 
-/// For a key that is held down the server sends a release and a press of one moment. The toolkit takes them
-/// for a repeat only when both have arrived by the time that it looks at the first.
-bool InputOrder::Repeats(const QKeyEvent& key) const {
+/// For a key that is held down the server sends a release and a press of one moment, with no other key
+/// between them. The toolkit takes them for a repeat only when both have arrived by the time that it looks at
+/// the first.
+bool InputOrder::Repeats(const QKeyEvent& key) {
+    if (key.nativeScanCode() != releasedKey_) releasedKey_ = 0;
     const bool sameMoment = key.timestamp() != 0 && key.timestamp() == releasedAt_;
     return key.isAutoRepeat() || (sameMoment && IsReal(key) && key.nativeScanCode() == releasedKey_);
 }

@@ -70,7 +70,7 @@ class InputOrder : public QObject {
     bool OnShortcutOverride(QKeyEvent& key);
     bool OnKeyPress(const QKeyEvent& key);
     void OnKeyRelease(const QKeyEvent& key);
-    bool Repeats(const QKeyEvent& key) const;
+    bool Repeats(const QKeyEvent& key);
     bool OnComposedText(QObject* watched, const QInputMethodEvent& text);
     bool DropsKey();
     void CommitPreedit();
@@ -78,7 +78,7 @@ class InputOrder : public QObject {
     std::deque<std::function<void()>> posted_;
     bool flushing_ = false;
     bool keyRepeats_ = false;
-    quint32 releasedKey_ = 0;    ///< scan code of the last release
+    quint32 releasedKey_ = 0;    ///< scan code of the last release; 0 once another key is pressed
     quint64 releasedAt_ = 0;     ///< and its moment in milliseconds, as the system counts them
     bool swallowPress_ = false;  ///< the press that belongs to a dropped ShortcutOverride
     bool redirecting_ = false;   ///< composed text is on its way to the control that has the focus now

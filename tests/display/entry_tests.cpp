@@ -47,7 +47,7 @@ FiftyRows MakeRows(const QString& letter) {
     int balances[2] = {};
     for (int row = 0; row < kRows; ++row) {
         const QString key = letter + QString::number(100 + row);
-        const QString remark = u"no. %1"_s.arg(row);
+        const QString remark = u"%1 pcs"_s.arg(row);
         rows.script = rows.script + TypeRow(key, PartyOf(row), QString::number(row) + u".5"_s, remark);
         int& balance = balances[row % 2];
         const int before = balance;
@@ -62,7 +62,9 @@ FiftyRows MakeRows(const QString& letter) {
                                    remark}
                            .join(u'|');
     }
-    rows.script = rows.script + Save();
+    // The last remark is still open: its "s", then Alt+S in the same millisecond.
+    rows.script.back().keys.pop_back();
+    rows.script.push_back(Alt('s'));
     return rows;
 }
 

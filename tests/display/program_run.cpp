@@ -18,6 +18,8 @@ namespace {
 
 /// What a key posts may post again.
 constexpr int kTurnsToSettle = 3;
+// Between two turns. The program answers while it still reads, before it works on the keys that it has read.
+constexpr unsigned long kTurnMilliseconds = 10;
 
 // For a row, once the keys are worked off: an input method works on them in a process of its own.
 constexpr int kRowMilliseconds = 20'000;
@@ -116,8 +118,10 @@ void ProgramRun::WaitUntilIdle() {
     Client().Flush();
     const auto windows = Client().Windows();
     if (windows.empty()) Fail(u"the program has no window"_s);
-    for (int turn = 0; turn < kTurnsToSettle; ++turn)
+    for (int turn = 0; turn < kTurnsToSettle; ++turn) {
+        if (turn > 0) QThread::msleep(kTurnMilliseconds);
         if (!Client().Ping(windows.front().id)) Fail(u"the program does not answer"_s);
+    }
 }
 
 void ProgramRun::WaitForEnd() {
