@@ -395,7 +395,7 @@ void History::AskAndPutBack() {
     const bool replaces = entry.action != Action::Deleted;
     if (!(replaces ? sys::AskToDestroy(question, MsgTitle) : sys::Ask(question, MsgTitle))) return;
     QString password;
-    if (entry.object->table == "TE1") {
+    if (history::NeedsPassword(*Db, entry)) {
         NewPassword asked(window());
         asked.ShowModal();
         if (!asked.Entered) return;

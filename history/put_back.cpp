@@ -6,6 +6,7 @@
 #include "app/main_window.h"
 #include "app/operator_statement.h"
 #include "app/session.h"
+#include "platform/errors.h"
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
@@ -208,7 +209,20 @@ QString Question(dao::Database& db, const Entry& entry) {
     return question + u"。\r\r真的要恢复吗?"_s;
 }
 
+bool NeedsPassword(dao::Database& db, const Entry& entry) {
+    return entry.object->table == "TE1" && !WasOverwritten(db, entry);
+}
+
+QString PasswordRefusal(const QString& password) {
+    if (password.isEmpty()) return u"新密码不能为空!"_s;
+    if (password.contains(u'\'')) return u"新密码不能含有单引号!"_s;
+    return {};
+}
+
 void PutBack(dao::Database& db, const Entry& entry, const QString& password) {
+    const bool account = NeedsPassword(db, entry);
+    if (account)
+        if (const QString why = PasswordRefusal(password); !why.isEmpty()) throw RuntimeError(why);
     const QStringList taken = TakenPostings(db, entry);
     const bool journal = entry.object->table == "TB1";
     if (!journal && entry.action != Action::Deleted && WasOverwritten(db, entry)) {
@@ -220,7 +234,7 @@ void PutBack(dao::Database& db, const Entry& entry, const QString& password) {
         CopyFamily(db, entry);
         if (!taken.isEmpty()) AddPostings(db, taken);
     }
-    if (entry.object->table == "TE1" && !WasOverwritten(db, entry))
+    if (account)
         OperatorStatement(u"update TE1 set F3="_s)
             .Secret(password)
             .Words(u" where F1="_s)

@@ -3,6 +3,7 @@
 #include "app/main_window.h"
 #include "history/failed_command.h"
 #include "history/put_back.h"
+#include "platform/errors.h"
 #include "tests/faults/commands.h"
 #include "tests/faults/recorded_program.h"
 #include "tests/faults/waybill_entry.h"
@@ -183,6 +184,11 @@ TEST_F(PuttingBack, NeedsTheRightOfTheFormAndTheAdministratorForWhatIsReleased) 
     Frame().SetMenuVisible(u"Menu_b"_s, false);
     EXPECT_EQ(RefusalOf(open), u"你没有权限恢复该记录!"_s);
     OperatorCode = u"001"_s;
+    for (const QString& password : {QString(), u"it's"_s}) {
+        EXPECT_FALSE(history::PasswordRefusal(password).isEmpty());
+        EXPECT_THROW(history::PutBack(*Db, account, password), RuntimeError);
+    }
+    EXPECT_EQ(One(u"select count(*) from TE1 where F1='乙'"_s), u"0"_s);
     PutBack(account);
     EXPECT_EQ(One(u"select F3 from TE1 where F1='乙'"_s), u"neu"_s) << "with the new password";
 }
