@@ -170,10 +170,10 @@ const std::vector<Object>& Objects() {
 ColumnCaption CaptionOf(const QByteArray& table, const QString& column) {
     if (table == "B01")
         for (const waybills::BoxRow& box : waybills::Boxes())
-            if (box.field == column) return {box.caption, box.figure};
+            if (box.field == column) return {box.caption, box.figure, box.box == waybills::ShippingCost};
     const Captions& captions = CaptionsOf(table);
     const auto found = captions.constFind(column);
-    return {found == captions.constEnd() ? column : *found, table == "B01"};
+    return {.text = found == captions.constEnd() ? column : *found, .figure = table == "B01"};
 }
 
 QString JournalCaption(const QString& kind) {

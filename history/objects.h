@@ -33,6 +33,7 @@ const std::vector<Object>& Objects();
 struct ColumnCaption {
     QString text;
     bool figure = false;  ///< hidden from an operator who may not see figures
+    bool cost = false;    ///< hidden from all but the administrator
 };
 /// For a column without a caption its own name.
 ColumnCaption CaptionOf(const QByteArray& table, const QString& column);
