@@ -63,10 +63,6 @@ Range RowsOfPeriod(dao::Database& db, const QByteArray& table, QDate from, QDate
             FirstRow(db, table, u"At"_s, [&](const QString& at) { return at >= end; })};
 }
 
-bool HasKey(const Object& object) {
-    return object.table != "MS1";
-}
-
 QString EventColumns(const Object& object) {
     return u"select rowid,N,At,Operator,Command,Op,R,"_s + (HasKey(object) ? u"F1"_s : u"''"_s) + u',' +
            (object.name.isEmpty() ? u"''"_s : QString::fromLatin1(object.name)) + u',' +

@@ -132,6 +132,10 @@ const Captions& CaptionsOf(const QByteArray& table) {
 
 }  // namespace
 
+bool HasKey(const Object& object) {
+    return object.table != "MS1";
+}
+
 const std::vector<Object>& Objects() {
     static const std::vector<Object> objects = {
         {.table = "B01", .caption = u"速递单"_s, .menu = u"Menu_b"_s, .name = ""},

@@ -27,6 +27,9 @@ struct Object {
     std::vector<Family> family = {};
 };
 
+/// The standard is one row without a key.
+bool HasKey(const Object& object);
+
 /// In the order in which they are offered.
 const std::vector<Object>& Objects();
 

@@ -55,6 +55,7 @@ QString RightRefusal(dao::Database& db, const Entry& entry, const Images& images
     if (entry.object->table == "TB1" && !CanEditLedger) return u"你没有权限恢复帐款记录!"_s;
     if (IsAdministrator()) return {};
     if (entry.object->table == "TE1") return u"只有管理员才能恢复操作员!"_s;
+    if (!HasKey(*entry.object)) return u"只有管理员才能恢复计价标准!"_s;
     if (IsReleasedWaybill(db, entry, images)) return u"已出货的速递单只有管理员才能恢复!"_s;
     return {};
 }
@@ -63,7 +64,7 @@ QString RightRefusal(dao::Database& db, const Entry& entry, const Images& images
 bool IsUntouched(dao::Database& db, const Entry& entry) {
     if (entry.row == 0) return false;
     const QString key =
-        entry.afterKey.isNull() ? QString() : u"F1 is "_s + Literal(entry.afterKey) + u" and "_s;
+        HasKey(*entry.object) ? u"F1 is "_s + Literal(entry.afterKey) + u" and "_s : QString();
     return IsThere(db, TableOf(entry) + u" where rowid="_s + QString::number(entry.row)) &&
            !IsThere(db, u"H_%1 where %2Op<>'I' and Op<>'K' and R=%3 and rowid>%4"_s.arg(
                             TableOf(entry), key, QString::number(entry.row), QString::number(entry.after)));
@@ -71,7 +72,7 @@ bool IsUntouched(dao::Database& db, const Entry& entry) {
 
 /// Another record that has the key.
 bool IsKeyInUse(dao::Database& db, const Entry& entry) {
-    if (entry.object->table == "MS1") return entry.action == Action::Deleted && IsThere(db, TableOf(entry));
+    if (!HasKey(*entry.object)) return entry.action == Action::Deleted && IsThere(db, TableOf(entry));
     QString others = TableOf(entry) + u" where F1 is "_s + Literal(entry.key);
     if (entry.action != Action::Deleted) others += u" and rowid<>"_s + QString::number(entry.row);
     return IsThere(db, others);

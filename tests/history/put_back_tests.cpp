@@ -117,6 +117,24 @@ TEST_F(PuttingBack, RefusesAKeyThatIsInUseAgainAndAChangeBeforeTheLast) {
     EXPECT_EQ(One(u"select F2 from M04 where F1='乙'"_s), u"a"_s);
 }
 
+TEST_F(PuttingBack, LeavesTheStandardToTheAdministratorAndItsLastChangeFirst) {
+    Run(u"delete from MS1"_s);
+    const auto change = [](int price) {
+        Db->ExecuteEngine(u"delete from MS1"_s);
+        Db->ExecuteEngine(u"insert into MS1 (F1) values (%1)"_s.arg(price));
+        return LastCommand().front();
+    };
+    Run(u"insert into MS1 (F1) values (1)"_s);
+    const Entry first = change(2);
+    const Entry second = change(3);
+    EXPECT_FALSE(RefusalOf(first).isEmpty());
+    OperatorCode = u"8"_s;
+    EXPECT_EQ(RefusalOf(second), u"只有管理员才能恢复计价标准!"_s);
+    OperatorCode = u"001"_s;
+    PutBack(second);
+    EXPECT_EQ(One(u"select group_concat(F1) from MS1"_s), u"2.0"_s);
+}
+
 /// An edit whose insert fails: a text with an apostrophe breaks the statement after the row was deleted.
 class FailedEdit : public Program, public testing::Test {
   public:
