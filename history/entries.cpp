@@ -216,12 +216,13 @@ Image Read(dao::Database& db, const QString& select) {
 /// The record that a row of the mirror has inserted or overwritten, as it was from then on.
 Image ImageAfter(dao::Database& db, const QByteArray& table, const QStringList& columns, qint64 event,
                  qint64 row, const QString& key) {
-    const QString condition = key.isNull() ? QString() : key + u" and "_s;
+    const QString condition = key.isEmpty() ? QString() : key + u" and "_s;
     Image next = Read(
         db, Select(columns, MirrorOf(table)) + u" where "_s + condition +
                 u"Op<>'I' and Op<>'K' and R=%1 and rowid>%2 order by rowid limit 1"_s.arg(row).arg(event));
     if (next) return next;
-    return Read(db, Select(columns, QString::fromLatin1(table)) + u" where rowid="_s + QString::number(row));
+    return Read(db, Select(columns, QString::fromLatin1(table)) + u" where "_s + condition + u"rowid="_s +
+                        QString::number(row));
 }
 
 QString AmountOf(const QStringList& columns, const QStringList& values) {

@@ -60,12 +60,18 @@ QString RightRefusal(dao::Database& db, const Entry& entry, const Images& images
     return {};
 }
 
+/// The record that the command has left: by its key too, since a row number can be another record's by now.
+QString LeftRecord(const Entry& entry) {
+    const QString row = u"rowid="_s + QString::number(entry.row);
+    return HasKey(*entry.object) ? row + u" and F1 is "_s + Literal(entry.afterKey) : row;
+}
+
 /// Whether the record is still as the command left it.
 bool IsUntouched(dao::Database& db, const Entry& entry) {
     if (entry.row == 0) return false;
     const QString key =
         HasKey(*entry.object) ? u"F1 is "_s + Literal(entry.afterKey) + u" and "_s : QString();
-    return IsThere(db, TableOf(entry) + u" where rowid="_s + QString::number(entry.row)) &&
+    return IsThere(db, TableOf(entry) + u" where "_s + LeftRecord(entry)) &&
            !IsThere(db, u"H_%1 where %2Op<>'I' and Op<>'K' and R=%3 and rowid>%4"_s.arg(
                             TableOf(entry), key, QString::number(entry.row), QString::number(entry.after)));
 }
@@ -161,7 +167,7 @@ void RemoveSuccessor(dao::Database& db, const Entry& entry) {
     if (entry.object->table == "B01")
         db.ExecuteEngine(u"delete from TB1 where F1 in (%1,%2)"_s.arg(Literal(u"YF"_s + entry.afterKey),
                                                                       Literal(u"YS"_s + entry.afterKey)));
-    db.ExecuteEngine(u"delete from %1 where rowid=%2"_s.arg(TableOf(entry)).arg(entry.row));
+    db.ExecuteEngine(u"delete from "_s + TableOf(entry) + u" where "_s + LeftRecord(entry));
 }
 
 void CopyFamily(dao::Database& db, const Entry& entry) {
@@ -182,7 +188,8 @@ void Overwrite(dao::Database& db, const Entry& entry) {
     QStringList set;
     for (const QString& column : ColumnsOf(db, entry.object->table))
         set += u"%1=(select %1 from H_%2 where rowid=%3)"_s.arg(column, TableOf(entry)).arg(entry.before);
-    db.ExecuteEngine(u"update %1 set %2 where rowid=%3"_s.arg(TableOf(entry), set.join(u',')).arg(entry.row));
+    db.ExecuteEngine(u"update %1 set "_s.arg(TableOf(entry)) + set.join(u',') + u" where "_s +
+                     LeftRecord(entry));
 }
 
 }  // namespace

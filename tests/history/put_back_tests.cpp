@@ -135,6 +135,19 @@ TEST_F(PuttingBack, LeavesTheStandardToTheAdministratorAndItsLastChangeFirst) {
     EXPECT_EQ(One(u"select group_concat(F1) from MS1"_s), u"2.0"_s);
 }
 
+TEST_F(PuttingBack, TakesNoOtherRecordThatHasTheRowNumberNow) {
+    Run(u"update M04 set F2='a' where F1='乙'"_s);
+    const Entry changed = EntryFor("M04", u"乙"_s);
+    schema::KeptTable quiet = *schema::FindKept("M04");
+    for (const QByteArray& trigger : quiet.Triggers())
+        Db->ExecuteEngine(u"drop trigger "_s + QString::fromLatin1(trigger));
+    Run(u"update M04 set F1='丙' where F1='乙'"_s);
+    EXPECT_EQ(RefusalOf(changed), u"[乙]此后又有改动，请先恢复最后一次改动!"_s);
+    EXPECT_FALSE(history::ImagesOf(*Db, changed).after);
+    history::PutBack(*Db, changed);
+    EXPECT_EQ(One(u"select group_concat(F1||F2) from M04 where F1='丙'"_s), u"丙a"_s);
+}
+
 /// An edit whose insert fails: a text with an apostrophe breaks the statement after the row was deleted.
 class FailedEdit : public Program, public testing::Test {
   public:
