@@ -334,13 +334,16 @@ std::vector<Entry> OfGroup(dao::Database& db, qint64 group) {
     return entries;
 }
 
+QString RowBefore(const Entry& entry) {
+    return u"rowid=%1 and N=%2"_s.arg(entry.before).arg(entry.group);
+}
+
 Images ImagesOf(dao::Database& db, const Entry& entry) {
     const QByteArray& table = entry.object->table;
     const QStringList columns = ColumnsOf(db, table);
     Images images;
     if (entry.before != 0)
-        images.before =
-            Read(db, Select(columns, MirrorOf(table)) + u" where rowid="_s + QString::number(entry.before));
+        images.before = Read(db, Select(columns, MirrorOf(table)) + u" where "_s + RowBefore(entry));
     if (entry.after != 0)
         images.after = ImageAfter(db, table, columns, entry.after, entry.row,
                                   HasKey(*entry.object) ? u"F1 is "_s + Literal(entry.afterKey) : QString());

@@ -181,13 +181,13 @@ void CopyFamily(dao::Database& db, const Entry& entry) {
 
 /// A released mark or a journal row is overwritten in place and took nothing else along.
 bool WasOverwritten(dao::Database& db, const Entry& entry) {
-    return IsThere(db, u"H_%1 where rowid=%2 and Op='U'"_s.arg(TableOf(entry)).arg(entry.before));
+    return IsThere(db, u"H_%1 where %2 and Op='U'"_s.arg(TableOf(entry), RowBefore(entry)));
 }
 
 void Overwrite(dao::Database& db, const Entry& entry) {
     QStringList set;
     for (const QString& column : ColumnsOf(db, entry.object->table))
-        set += u"%1=(select %1 from H_%2 where rowid=%3)"_s.arg(column, TableOf(entry)).arg(entry.before);
+        set += u"%1=(select %1 from H_%2 where %3)"_s.arg(column, TableOf(entry), RowBefore(entry));
     db.ExecuteEngine(u"update %1 set "_s.arg(TableOf(entry)) + set.join(u',') + u" where "_s +
                      LeftRecord(entry));
 }
@@ -238,7 +238,7 @@ void PutBack(dao::Database& db, const Entry& entry, const QString& password) {
     } else {
         if (entry.action != Action::Deleted) RemoveSuccessor(db, entry);
         if (journal) return AddPostings(db, {QString::number(entry.before)});
-        CopyFrom(db, entry.object->table, u"rowid="_s + QString::number(entry.before));
+        CopyFrom(db, entry.object->table, RowBefore(entry));
         CopyFamily(db, entry);
         if (!taken.isEmpty()) AddPostings(db, taken);
     }

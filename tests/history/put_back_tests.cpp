@@ -138,14 +138,24 @@ TEST_F(PuttingBack, LeavesTheStandardToTheAdministratorAndItsLastChangeFirst) {
 TEST_F(PuttingBack, TakesNoOtherRecordThatHasTheRowNumberNow) {
     Run(u"update M04 set F2='a' where F1='乙'"_s);
     const Entry changed = EntryFor("M04", u"乙"_s);
-    schema::KeptTable quiet = *schema::FindKept("M04");
-    for (const QByteArray& trigger : quiet.Triggers())
+    for (const QByteArray& trigger : schema::FindKept("M04")->Triggers())
         Db->ExecuteEngine(u"drop trigger "_s + QString::fromLatin1(trigger));
     Run(u"update M04 set F1='丙' where F1='乙'"_s);
     EXPECT_EQ(RefusalOf(changed), u"[乙]此后又有改动，请先恢复最后一次改动!"_s);
     EXPECT_FALSE(history::ImagesOf(*Db, changed).after);
     history::PutBack(*Db, changed);
     EXPECT_EQ(One(u"select group_concat(F1||F2) from M04 where F1='丙'"_s), u"丙a"_s);
+}
+
+TEST_F(PuttingBack, RefusesAnEntryOfAListFromBeforeTheHistoryWasEmptied) {
+    Run(u"update M04 set F2='a' where F1='乙'"_s);
+    const Entry stale = EntryFor("M04", u"乙"_s);
+    Db->ExecuteEngine(u"delete from H_M04"_s);
+    Db->CloseGroup();
+    for (qint64 row = 0; row < stale.before; ++row)
+        Db->ExecuteEngine(u"update M04 set F2='b' where F1='甲'"_s);
+    ASSERT_EQ(One(u"select count(*) from H_M04 where rowid="_s + QString::number(stale.before)), u"1"_s);
+    EXPECT_EQ(RefusalOf(stale), u"该记录的内容已不在操作记录中，不能恢复!"_s);
 }
 
 /// An edit whose insert fails: a text with an apostrophe breaks the statement after the row was deleted.
