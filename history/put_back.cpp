@@ -10,6 +10,7 @@
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
+#include "schema/history.h"
 #include "waybills/waybill_fields.h"
 
 using namespace Qt::StringLiterals;
@@ -102,6 +103,17 @@ bool IsChainBroken(dao::Database& db, const QStringList& taken) {
     return !taken.isEmpty() &&
            IsThere(db, u"H_TB1 where rowid in (%1) and (instr(F3,'''')>0 or instr(F1,'''')>0)"_s.arg(
                            taken.join(u',')));
+}
+
+/// A new password overwrites the row as well, and neither password is kept.
+bool IsOfPasswordAlone(dao::Database& db, const Entry& entry, const Images& images) {
+    if (entry.object->table != "TE1" || !images.before || !images.after) return false;
+    const QStringList columns = ColumnsOf(db, entry.object->table);
+    for (qsizetype i = 0; i < columns.size(); ++i)
+        if (!schema::FindKept(entry.object->table)->computed.contains(columns[i].toLatin1()) &&
+            (*images.before)[i] != (*images.after)[i])
+            return false;
+    return true;
 }
 
 QString PostingRefusal(dao::Database& db, const Entry& entry) {
@@ -201,6 +213,7 @@ QString Refusal(dao::Database& db, const Entry& entry) {
     if (const QString why = RightRefusal(db, entry, images); !why.isEmpty()) return why;
     if (entry.action != Action::Deleted && !IsUntouched(db, entry))
         return u"[%1]此后又有改动，请先恢复最后一次改动!"_s.arg(entry.key);
+    if (IsOfPasswordAlone(db, entry, images)) return u"操作记录不保存密码，密码的改动不能恢复!"_s;
     if (IsKeyInUse(db, entry)) return u"[%1]已经重新使用，不能恢复!"_s.arg(entry.key);
     if (entry.object->table == "TE1" && entry.key.contains(u'\''))
         return u"操作员帐号含有单引号，不能恢复!"_s;

@@ -158,6 +158,16 @@ TEST_F(PuttingBack, RefusesAnEntryOfAListFromBeforeTheHistoryWasEmptied) {
     EXPECT_EQ(RefusalOf(stale), u"该记录的内容已不在操作记录中，不能恢复!"_s);
 }
 
+TEST_F(PuttingBack, RefusesAChangedPasswordSinceNoneIsKept) {
+    Run(u"update TE1 set F3='neu' where F1='乙'"_s);
+    const Entry password = EntryFor("TE1", u"乙"_s);
+    EXPECT_EQ(RefusalOf(password), u"操作记录不保存密码，密码的改动不能恢复!"_s);
+    Run(u"update TE1 set F67=1-ifnull(F67,0) where F1='乙'"_s);
+    EXPECT_EQ(RefusalOf(password), u"操作记录不保存密码，密码的改动不能恢复!"_s);
+    Run(u"update TE1 set F2='neu' where F1='乙'"_s);
+    PutBack(EntryFor("TE1", u"乙"_s));
+}
+
 /// An edit whose insert fails: a text with an apostrophe breaks the statement after the row was deleted.
 class FailedEdit : public Program, public testing::Test {
   public:
