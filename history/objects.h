@@ -25,6 +25,9 @@ struct Object {
     QString menu;     ///< the top menu whose right shows the object
     QByteArray name;  ///< column shown behind the key; "" for none
     std::vector<Family> family = {};
+    /// What holds the record's key: the tables and columns that the object's form asks before a change of
+    /// it, as "B01 where F202".
+    QStringList usedIn = {};
 };
 
 /// The standard is one row without a key.

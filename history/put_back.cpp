@@ -116,6 +116,15 @@ bool IsOfPasswordAlone(dao::Database& db, const Entry& entry, const Images& imag
     return true;
 }
 
+/// A code that records of today hold stays, as on the form, where its text box is locked then.
+bool IsRenamedAndUsed(dao::Database& db, const Entry& entry) {
+    if (entry.action == Action::Deleted || entry.object->usedIn.isEmpty()) return false;
+    if (entry.afterKey.compare(entry.key, Qt::CaseInsensitive) == 0) return false;
+    for (const QString& used : entry.object->usedIn)
+        if (IsThere(db, used + u'=' + Literal(entry.afterKey))) return true;
+    return false;
+}
+
 QString PostingRefusal(dao::Database& db, const Entry& entry) {
     const bool own = entry.object->table == "TB1";
     const QStringList taken = own ? QStringList{QString::number(entry.before)} : TakenPostings(db, entry);
@@ -215,6 +224,7 @@ QString Refusal(dao::Database& db, const Entry& entry) {
         return u"[%1]此后又有改动，请先恢复最后一次改动!"_s.arg(entry.key);
     if (IsOfPasswordAlone(db, entry, images)) return u"操作记录不保存密码，密码的改动不能恢复!"_s;
     if (IsKeyInUse(db, entry)) return u"[%1]已经重新使用，不能恢复!"_s.arg(entry.key);
+    if (IsRenamedAndUsed(db, entry)) return u"[%1]已经使用，不能恢复为[%2]!"_s.arg(entry.afterKey, entry.key);
     if (entry.object->table == "TE1" && entry.key.contains(u'\''))
         return u"操作员帐号含有单引号，不能恢复!"_s;
     if (const QString why = FamilyRefusal(db, entry); !why.isEmpty()) return why;

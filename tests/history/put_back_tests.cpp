@@ -168,6 +168,14 @@ TEST_F(PuttingBack, RefusesAChangedPasswordSinceNoneIsKept) {
     PutBack(EntryFor("TE1", u"乙"_s));
 }
 
+TEST_F(PuttingBack, RefusesARenameWhoseNewKeyIsUsed) {
+    Run(u"update M05 set F1='丙' where F1='乙'"_s);
+    const Entry renamed = EntryFor("M05", u"乙"_s);
+    EXPECT_EQ(RefusalOf(renamed), QString());
+    Run(u"update B01 set F201='丙' where F1='W2'"_s);
+    EXPECT_EQ(RefusalOf(renamed), u"[丙]已经使用，不能恢复为[乙]!"_s);
+}
+
 /// An edit whose insert fails: a text with an apostrophe breaks the statement after the row was deleted.
 class FailedEdit : public Program, public testing::Test {
   public:
