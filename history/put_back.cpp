@@ -125,8 +125,20 @@ bool IsRenamedAndUsed(dao::Database& db, const Entry& entry) {
     return false;
 }
 
+/// Whether the command has written the waybill as well that the journal row is of.
+bool IsOfWaybill(dao::Database& db, const Entry& entry) {
+    if (!entry.key.startsWith(u"YS"_s, Qt::CaseInsensitive) &&
+        !entry.key.startsWith(u"YF"_s, Qt::CaseInsensitive))
+        return false;
+    const Range range = RowsOfGroup(db, "B01", entry.group);
+    return IsThere(db, u"H_B01 where rowid>=%1 and rowid<%2 and F1="_s.arg(range.first).arg(range.end) +
+                           Literal(entry.key.mid(2)));
+}
+
 QString PostingRefusal(dao::Database& db, const Entry& entry) {
     const bool own = entry.object->table == "TB1";
+    if (own && IsOfWaybill(db, entry))
+        return u"[%1]随速递单[%2]一起恢复，请恢复该速递单!"_s.arg(entry.key, entry.key.mid(2));
     const QStringList taken = own ? QStringList{QString::number(entry.before)} : TakenPostings(db, entry);
     if (IsChainBroken(db, taken)) return u"帐款的单据号或关系单位含有单引号，不能恢复!"_s;
     // Those of the waybill that is there now go with it; those that a cascade left are the waybill's own.

@@ -176,6 +176,20 @@ TEST_F(PuttingBack, RefusesARenameWhoseNewKeyIsUsed) {
     EXPECT_EQ(RefusalOf(renamed), u"[丙]已经使用，不能恢复为[乙]!"_s);
 }
 
+TEST_F(PuttingBack, LeavesTheJournalRowOfAWaybillToTheWaybill) {
+    Run(u"delete from TB1 where F1='YSW2'"_s);
+    EXPECT_EQ(RefusalOf(EntryFor("TB1", u"YSW2"_s)), QString());
+    Db->ExecuteEngine(u"delete from B01 where F1='W1'"_s);
+    Db->ExecuteEngine(u"delete from TB1 where F1='YSW1'"_s);
+    Db->CloseGroup();
+    const history::Object& journal = *std::ranges::find(history::Objects(), "TB1", &history::Object::table);
+    const QDate day = QDate(2024, 3, 15);
+    const auto rows =
+        history::Find(*Db, {.object = &journal, .menus = {journal.menu}, .from = day, .to = day});
+    ASSERT_FALSE(rows.empty());
+    EXPECT_EQ(RefusalOf(rows.front()), u"[YSW1]随速递单[W1]一起恢复，请恢复该速递单!"_s);
+}
+
 /// An edit whose insert fails: a text with an apostrophe breaks the statement after the row was deleted.
 class FailedEdit : public Program, public testing::Test {
   public:
