@@ -16,7 +16,8 @@ struct Family {
     /// Which of the rows that the command has deleted are the record's; %1 is the record's key as an
     /// expression.
     QString condition;
-    bool prices = false;  ///< shown as a table of prices of its own
+    bool prices = false;   ///< shown as a table of prices of its own
+    bool cascade = false;  ///< goes with the record where it is deleted, and is not written with it
 };
 
 struct Object {

@@ -194,7 +194,7 @@ void AddPostings(dao::Database& db, const QStringList& taken) {
 /// What the command has put in place of the record.
 void RemoveSuccessor(dao::Database& db, const Entry& entry) {
     for (const Family& family : entry.object->family)
-        if (!family.condition.startsWith(u"%1<>"))
+        if (!family.cascade)
             db.ExecuteEngine(u"delete from %1 where "_s.arg(QString::fromLatin1(family.table)) +
                              QString(family.condition).arg(Literal(entry.afterKey)));
     if (entry.object->table == "B01")

@@ -190,6 +190,15 @@ TEST_F(PuttingBack, LeavesTheJournalRowOfAWaybillToTheWaybill) {
     EXPECT_EQ(RefusalOf(rows.front()), u"[YSW1]随速递单[W1]一起恢复，请恢复该速递单!"_s);
 }
 
+TEST_F(PuttingBack, LeavesTheZonesOfAChannelThatWasEdited) {
+    Run(u"insert into M02 (F1,F3) values ('Z8','乙')"_s);
+    Db->ExecuteEngine(u"delete from M01 where F1='乙'"_s);
+    Db->ExecuteEngine(u"insert into M01 (F1,F2) values ('乙','neu')"_s);
+    PutBack(EntryFor("M01", u"乙"_s));
+    EXPECT_EQ(One(u"select F2 from M01 where F1='乙'"_s), u"二"_s);
+    EXPECT_EQ(One(u"select count(*) from M02 where F1='Z8'"_s), u"1"_s);
+}
+
 /// An edit whose insert fails: a text with an apostrophe breaks the statement after the row was deleted.
 class FailedEdit : public Program, public testing::Test {
   public:
