@@ -252,6 +252,37 @@ TEST_F(FailedEdit, OffersNothingForACommandThatTookNothing) {
     sys::ClearEnd();
 }
 
+struct HalfDone {
+    QStringList statements;
+    QString name;
+};
+class FailedHalfway : public FailedEdit, public testing::WithParamInterface<HalfDone> {};
+
+TEST_P(FailedHalfway, IsOfferedForTheRowsThatDidNotComeBack) {
+    const QStringList before = KeptState(false);
+    script.BoxContaining(u"程序即将结束"_s);
+    script.Question(u"失败的操作已删除：%1。\r\r是否立即恢复?"_s.arg(GetParam().name), Title, true);
+    script.Box(u"恢复完成!"_s, Title);
+    script.End(1);
+    sys::Guarded([] {
+        for (const QString& statement : GetParam().statements) Db->Execute(statement);
+        Db->Execute(u"insert into M04 (F1) values ('a'b')"_s);
+    });
+    EXPECT_TRUE(script.Done());
+    sys::ClearEnd();
+    EXPECT_EQ(KeptState(false), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    History, FailedHalfway,
+    testing::Values(HalfDone{{u"delete from M02 where F1='乙'"_s, u"delete from M021 where F0='乙'"_s,
+                              u"insert into M02 (F1,F2) values ('乙','neu')"_s},
+                             u"本司分区乙"_s},
+                    HalfDone{{u"delete from B01 where F1='W1'"_s, u"delete from TB1 where F1='YSW1'"_s,
+                              u"delete from TB1 where F1='YFW1'"_s,
+                              u"insert into B01 (F1,F604) values ('W1','管理员')"_s},
+                             u"速递单W1"_s}));
+
 TEST_F(PuttingBack, NeedsTheRightOfTheFormAndTheAdministratorForWhatIsReleased) {
     Run(u"delete from B01 where F1='W1'"_s);
     const Entry released = EntryFor("B01", u"W1"_s);
