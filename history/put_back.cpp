@@ -203,6 +203,14 @@ void RemoveSuccessor(dao::Database& db, const Entry& entry) {
     db.ExecuteEngine(u"delete from "_s + TableOf(entry) + u" where "_s + LeftRecord(entry));
 }
 
+/// The steps of the amounts are not kept, and those that are there are of other amounts than come back. A
+/// release mark leaves the amounts.
+void RemoveSteps(dao::Database& db, const Entry& entry) {
+    if (entry.object->table != "B01" || entry.action == Action::Released) return;
+    db.ExecuteEngine(
+        u"delete from B011 where F1 in (%1,%2)"_s.arg(Literal(entry.key), Literal(entry.afterKey)));
+}
+
 void CopyFamily(dao::Database& db, const Entry& entry) {
     for (const Family& family : entry.object->family) {
         const Range range = RowsOfGroup(db, family.table, entry.group);
@@ -268,6 +276,7 @@ void PutBack(dao::Database& db, const Entry& entry, const QString& password) {
         if (const QString why = PasswordRefusal(password); !why.isEmpty()) throw RuntimeError(why);
     const QStringList taken = TakenPostings(db, entry);
     const bool journal = entry.object->table == "TB1";
+    RemoveSteps(db, entry);
     if (!journal && entry.action != Action::Deleted && WasOverwritten(db, entry)) {
         Overwrite(db, entry);
     } else {

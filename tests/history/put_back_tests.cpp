@@ -61,6 +61,9 @@ TEST_P(UndoneCommand, HasItsRecordsBackEntryByEntry) {
         }
     }
     EXPECT_EQ(KeptState(false), before);
+    if (GetParam() == "B01_Edit") {
+        EXPECT_EQ(One(u"select count(*) from B011 where F1='W1'"_s), u"0"_s) << "steps of the later amount";
+    }
     if (GetParam() != "B01_Delete" && GetParam() != "B01_Edit") return;
     EXPECT_EQ(One(u"select b.SN-a.SN from TB1 a join TB1 b on a.F1='YSW1' and b.F1='YFW1'"_s), u"1"_s);
     EXPECT_EQ(One(u"select count(*) from TB1 where F1 in ('YSW1','YFW1') and QC+YF-FK=QM"_s), u"2"_s);
