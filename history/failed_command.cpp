@@ -3,6 +3,7 @@
 #include "app/main_window.h"
 #include "app/session.h"
 #include "history/put_back.h"
+#include "platform/errors.h"
 #include "platform/system/guard.h"
 #include "platform/system/seams.h"
 
@@ -81,8 +82,7 @@ void Notice() {
 }
 
 /// What needs the administrator, a password or a key that is in use is left to 操作记录.
-void Offer() {
-    if (FailedGroup() == 0 || !Db) return;
+void PutBackIfWanted() {
     std::vector<Entry> missing = MissingOf(FailedGroup());
     std::erase_if(missing, [](const Entry& entry) {
         return entry.object->table == "TE1" || !Refusal(*Db, entry).isEmpty();
@@ -92,6 +92,16 @@ void Offer() {
     for (const Entry& entry : missing) PutBack(*Db, entry);
     Db->CloseGroup();
     sys::Inform(u"恢复完成!"_s, MsgTitle);
+}
+
+/// The guard passes over what is raised here, and the operator would take the records for put back.
+void Offer() {
+    if (FailedGroup() == 0 || !Db) return;
+    try {
+        PutBackIfWanted();
+    } catch (const PlatformError& error) {
+        sys::Inform(u"恢复失败！"_s + error.Text(), MsgTitle);
+    }
 }
 
 }  // namespace

@@ -255,6 +255,21 @@ TEST_F(FailedEdit, OffersNothingForACommandThatTookNothing) {
     sys::ClearEnd();
 }
 
+TEST_F(FailedEdit, SaysWhenWhatItTookCannotBePutBack) {
+    Db->ExecuteEngine(u"create trigger refuses before insert on M04 begin select raise(fail,'nein'); end"_s);
+    Db->CloseGroup();
+    script.BoxContaining(u"程序即将结束"_s);
+    script.Question(u"失败的操作已删除：外务员乙。\r\r是否立即恢复?"_s, Title, true);
+    script.BoxContaining(u"恢复失败！"_s);
+    script.End(1);
+    sys::Guarded([] {
+        Db->Execute(u"delete from M04 where F1='乙'"_s);
+        Db->Execute(u"insert into M05 (F1) values ('a'b')"_s);
+    });
+    EXPECT_TRUE(script.Done());
+    sys::ClearEnd();
+}
+
 struct HalfDone {
     QStringList statements;
     QString name;
