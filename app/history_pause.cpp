@@ -19,7 +19,22 @@ HistoryPause::HistoryPause(dao::Database& db, const QStringList& tables) : db_(d
             triggers_ += rows.Fields(1).Text();
         }
     }
-    for (const QString& name : names) db_.ExecuteEngine(u"drop trigger "_s + name);
+    // An object that raises while it is made has no destructor run.
+    QStringList dropped;
+    try {
+        for (qsizetype i = 0; i < names.size(); ++i) {
+            db_.ExecuteEngine(u"drop trigger "_s + names[i]);
+            dropped += triggers_[i];
+        }
+    } catch (const PlatformError&) {
+        triggers_ = dropped;
+        try {
+            Resume();
+        } catch (const PlatformError&) {
+            // As in the destructor. The first failure is the one that counts.
+        }
+        throw;
+    }
 }
 
 HistoryPause::~HistoryPause() {

@@ -63,10 +63,6 @@ Range RowsOfPeriod(dao::Database& db, const QByteArray& table, QDate from, QDate
             FirstRow(db, table, u"At"_s, [&](const QString& at) { return at >= end; })};
 }
 
-bool HasKey(const Object& object) {
-    return object.table != "MS1";
-}
-
 QString EventColumns(const Object& object) {
     return u"select rowid,N,At,Operator,Command,Op,R,"_s + (HasKey(object) ? u"F1"_s : u"''"_s) + u',' +
            (object.name.isEmpty() ? u"''"_s : QString::fromLatin1(object.name)) + u',' +
@@ -220,12 +216,13 @@ Image Read(dao::Database& db, const QString& select) {
 /// The record that a row of the mirror has inserted or overwritten, as it was from then on.
 Image ImageAfter(dao::Database& db, const QByteArray& table, const QStringList& columns, qint64 event,
                  qint64 row, const QString& key) {
-    const QString condition = key.isNull() ? QString() : key + u" and "_s;
+    const QString condition = key.isEmpty() ? QString() : key + u" and "_s;
     Image next = Read(
         db, Select(columns, MirrorOf(table)) + u" where "_s + condition +
                 u"Op<>'I' and Op<>'K' and R=%1 and rowid>%2 order by rowid limit 1"_s.arg(row).arg(event));
     if (next) return next;
-    return Read(db, Select(columns, QString::fromLatin1(table)) + u" where rowid="_s + QString::number(row));
+    return Read(db, Select(columns, QString::fromLatin1(table)) + u" where "_s + condition + u"rowid="_s +
+                        QString::number(row));
 }
 
 QString AmountOf(const QStringList& columns, const QStringList& values) {
@@ -337,13 +334,16 @@ std::vector<Entry> OfGroup(dao::Database& db, qint64 group) {
     return entries;
 }
 
+QString RowBefore(const Entry& entry) {
+    return u"rowid=%1 and N=%2"_s.arg(entry.before).arg(entry.group);
+}
+
 Images ImagesOf(dao::Database& db, const Entry& entry) {
     const QByteArray& table = entry.object->table;
     const QStringList columns = ColumnsOf(db, table);
     Images images;
     if (entry.before != 0)
-        images.before =
-            Read(db, Select(columns, MirrorOf(table)) + u" where rowid="_s + QString::number(entry.before));
+        images.before = Read(db, Select(columns, MirrorOf(table)) + u" where "_s + RowBefore(entry));
     if (entry.after != 0)
         images.after = ImageAfter(db, table, columns, entry.after, entry.row,
                                   HasKey(*entry.object) ? u"F1 is "_s + Literal(entry.afterKey) : QString());

@@ -59,6 +59,10 @@ struct Images {
 };
 Images ImagesOf(dao::Database& db, const Entry& entry);
 
+/// The condition for the entry's row of the mirror with the record as it was. The mirrors of an emptied table
+/// begin again, so that the row of a list from before can be another command's.
+QString RowBefore(const Entry& entry);
+
 /// A row of the record's family before and after, joined by its key.
 struct FamilyRow {
     QString key;  ///< of the row within the record

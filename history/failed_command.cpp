@@ -3,6 +3,7 @@
 #include "app/main_window.h"
 #include "app/session.h"
 #include "history/put_back.h"
+#include "platform/errors.h"
 #include "platform/system/guard.h"
 #include "platform/system/seams.h"
 
@@ -16,15 +17,42 @@ qint64 WholeOf(const QString& select) {
     return rows.Eof() ? 0 : rows.Fields(0).Text().toLongLong();
 }
 
-/// What a group has deleted and what is not there now.
+bool IsThere(const QString& from) {
+    return WholeOf(u"select exists(select 1 from "_s + from + u')') != 0;
+}
+
+/// The rows of a mirror that the group has deleted, as h.
+QString DeletedOf(const QByteArray& table, qint64 group) {
+    const Range range = RowsOfGroup(*Db, table, group);
+    return u"H_%1 h where rowid>=%2 and rowid<%3 and Op='D' and "_s.arg(QString::fromLatin1(table))
+        .arg(range.first)
+        .arg(range.end);
+}
+
+/// Whether the record is there again, but not all the places, quotes or journal rows that went with it.
+bool LacksRows(const Entry& entry) {
+    if (entry.action != Action::Changed) return false;
+    const QString key = Literal(entry.key), now = Literal(entry.afterKey);
+    for (const Family& family : entry.object->family)
+        if (!family.cascade &&
+            IsThere(DeletedOf(family.table, entry.group) + QString(family.condition).arg(key) +
+                    u" and not exists(select 1 from %1 t where t.F0 is %2 and t.F1 is h.F1)"_s.arg(
+                        QString::fromLatin1(family.table), now)))
+            return true;
+    return entry.object->table == "B01" &&
+           IsThere(
+               DeletedOf("TB1", entry.group) +
+               u"F1 in ('YS'||%1,'YF'||%1) and not exists(select 1 from TB1 t where t.F1=substr(h.F1,1,2)||%2)"_s
+                   .arg(key, now));
+}
+
+/// What a group has deleted and what is not there now, or not whole.
 std::vector<Entry> MissingOf(qint64 group) {
     std::vector<Entry> missing = OfGroup(*Db, group);
     std::erase_if(missing, [](const Entry& entry) {
-        const QString row =
-            QString::fromLatin1(entry.object->table) + u" where F1 is "_s + Literal(entry.key);
-        return entry.action != Action::Deleted ||
-               WholeOf(u"select exists(select 1 from "_s + (entry.object->table == "MS1" ? u"MS1"_s : row) +
-                       u')') != 0;
+        if (entry.action != Action::Deleted) return !LacksRows(entry);
+        const QString table = QString::fromLatin1(entry.object->table);
+        return IsThere(HasKey(*entry.object) ? table + u" where F1 is "_s + Literal(entry.key) : table);
     });
     return missing;
 }
@@ -54,8 +82,7 @@ void Notice() {
 }
 
 /// What needs the administrator, a password or a key that is in use is left to 操作记录.
-void Offer() {
-    if (FailedGroup() == 0 || !Db) return;
+void PutBackIfWanted() {
     std::vector<Entry> missing = MissingOf(FailedGroup());
     std::erase_if(missing, [](const Entry& entry) {
         return entry.object->table == "TE1" || !Refusal(*Db, entry).isEmpty();
@@ -65,6 +92,16 @@ void Offer() {
     for (const Entry& entry : missing) PutBack(*Db, entry);
     Db->CloseGroup();
     sys::Inform(u"恢复完成!"_s, MsgTitle);
+}
+
+/// The guard passes over what is raised here, and the operator would take the records for put back.
+void Offer() {
+    if (FailedGroup() == 0 || !Db) return;
+    try {
+        PutBackIfWanted();
+    } catch (const PlatformError& error) {
+        sys::Inform(u"恢复失败！"_s + error.Text(), MsgTitle);
+    }
 }
 
 }  // namespace

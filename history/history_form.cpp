@@ -90,7 +90,9 @@ QString Dressed(const QByteArray& table, const QString& column, const QString& v
 QString ShownValue(const QByteArray& table, const QString& column, const Image& image, qsizetype index) {
     if (!image) return {};
     const QString value = image->value(index);
-    if (history::CaptionOf(table, column).figure && !CanSeeFigures) return value.isEmpty() ? value : Hidden;
+    const history::ColumnCaption caption = history::CaptionOf(table, column);
+    const bool hidden = (caption.figure && !CanSeeFigures) || (caption.cost && !IsAdministrator());
+    if (hidden) return value.isEmpty() ? value : Hidden;
     return Dressed(table, column, value);
 }
 
@@ -395,7 +397,7 @@ void History::AskAndPutBack() {
     const bool replaces = entry.action != Action::Deleted;
     if (!(replaces ? sys::AskToDestroy(question, MsgTitle) : sys::Ask(question, MsgTitle))) return;
     QString password;
-    if (entry.object->table == "TE1") {
+    if (history::NeedsPassword(*Db, entry)) {
         NewPassword asked(window());
         asked.ShowModal();
         if (!asked.Entered) return;

@@ -2,6 +2,7 @@
 
 #include "app/dressing.h"
 #include "app/session.h"
+#include "history/put_back.h"
 #include "platform/controls/keys.h"
 #include "platform/system/seams.h"
 
@@ -39,6 +40,10 @@ NewPassword::NewPassword(QWidget* over) : ModalForm(u"NewPassword"_s, u"操作�
 void NewPassword::Take() {
     if (Txt[0]->Text() != Txt[1]->Text()) {
         sys::Inform(u"新密码两次输入不同，请重新输入!"_s, MsgTitle);
+        return Txt[0]->SetFocus();
+    }
+    if (const QString why = history::PasswordRefusal(Txt[0]->Text()); !why.isEmpty()) {
+        sys::Inform(why, MsgTitle);
         return Txt[0]->SetFocus();
     }
     Entered = Txt[0]->Text();

@@ -132,6 +132,10 @@ const Captions& CaptionsOf(const QByteArray& table) {
 
 }  // namespace
 
+bool HasKey(const Object& object) {
+    return object.table != "MS1";
+}
+
 const std::vector<Object>& Objects() {
     static const std::vector<Object> objects = {
         {.table = "B01", .caption = u"速递单"_s, .menu = u"Menu_b"_s, .name = ""},
@@ -140,7 +144,8 @@ const std::vector<Object>& Objects() {
          .caption = u"客户资料"_s,
          .menu = u"Menu_A"_s,
          .name = "F2",
-         .family = {{"M031", u"F0=%1"_s, true}}},
+         .family = {{"M031", u"F0=%1"_s, true}},
+         .usedIn = {u"B01 where F603"_s}},
         {.table = "M02",
          .caption = u"本司分区"_s,
          .menu = u"Menu_A"_s,
@@ -151,16 +156,35 @@ const std::vector<Object>& Objects() {
          .caption = u"出货渠道"_s,
          .menu = u"Menu_A"_s,
          .name = "F2",
-         .family = {{"M02", u"F3=%1"_s}, {"M021", u"%1<>''"_s}, {"M031", u"%1<>''"_s, true}}},
+         .family = {{"M02", u"F3=%1"_s, false, true},
+                    {"M021", u"%1<>''"_s, false, true},
+                    {"M031", u"%1<>''"_s, true, true}},
+         .usedIn = {u"M02 where F3"_s, u"B01 where F202"_s}},
         {.table = "M011",
          .caption = u"渠道区域"_s,
          .menu = u"Menu_A"_s,
          .name = "F2",
          .family = {{"M0111", u"F0=%1"_s}}},
-        {.table = "M030", .caption = u"业务员"_s, .menu = u"Menu_A"_s, .name = ""},
-        {.table = "M04", .caption = u"外务员"_s, .menu = u"Menu_A"_s, .name = ""},
-        {.table = "M05", .caption = u"始发地"_s, .menu = u"Menu_A"_s, .name = ""},
-        {.table = "M06", .caption = u"事故原因"_s, .menu = u"Menu_A"_s, .name = ""},
+        {.table = "M030",
+         .caption = u"业务员"_s,
+         .menu = u"Menu_A"_s,
+         .name = "",
+         .usedIn = {u"B01 where F602"_s}},
+        {.table = "M04",
+         .caption = u"外务员"_s,
+         .menu = u"Menu_A"_s,
+         .name = "",
+         .usedIn = {u"B01 where F602"_s}},
+        {.table = "M05",
+         .caption = u"始发地"_s,
+         .menu = u"Menu_A"_s,
+         .name = "",
+         .usedIn = {u"B01 where F201"_s}},
+        {.table = "M06",
+         .caption = u"事故原因"_s,
+         .menu = u"Menu_A"_s,
+         .name = "",
+         .usedIn = {u"B01 where F201"_s}},
         {.table = "MS1", .caption = u"计价标准"_s, .menu = u"Menu_S"_s, .name = ""},
         {.table = "TE1", .caption = u"操作员"_s, .menu = u"Menu_S"_s, .name = "F2"},
     };
@@ -170,10 +194,10 @@ const std::vector<Object>& Objects() {
 ColumnCaption CaptionOf(const QByteArray& table, const QString& column) {
     if (table == "B01")
         for (const waybills::BoxRow& box : waybills::Boxes())
-            if (box.field == column) return {box.caption, box.figure};
+            if (box.field == column) return {box.caption, box.figure, box.box == waybills::ShippingCost};
     const Captions& captions = CaptionsOf(table);
     const auto found = captions.constFind(column);
-    return {found == captions.constEnd() ? column : *found, table == "B01"};
+    return {.text = found == captions.constEnd() ? column : *found, .figure = table == "B01"};
 }
 
 QString JournalCaption(const QString& kind) {

@@ -16,7 +16,8 @@ struct Family {
     /// Which of the rows that the command has deleted are the record's; %1 is the record's key as an
     /// expression.
     QString condition;
-    bool prices = false;  ///< shown as a table of prices of its own
+    bool prices = false;   ///< shown as a table of prices of its own
+    bool cascade = false;  ///< goes with the record where it is deleted, and is not written with it
 };
 
 struct Object {
@@ -25,7 +26,13 @@ struct Object {
     QString menu;     ///< the top menu whose right shows the object
     QByteArray name;  ///< column shown behind the key; "" for none
     std::vector<Family> family = {};
+    /// What holds the record's key: the tables and columns that the object's form asks before a change of
+    /// it, as "B01 where F202".
+    QStringList usedIn = {};
 };
+
+/// The standard is one row without a key.
+bool HasKey(const Object& object);
 
 /// In the order in which they are offered.
 const std::vector<Object>& Objects();
@@ -33,6 +40,7 @@ const std::vector<Object>& Objects();
 struct ColumnCaption {
     QString text;
     bool figure = false;  ///< hidden from an operator who may not see figures
+    bool cost = false;    ///< hidden from all but the administrator
 };
 /// For a column without a caption its own name.
 ColumnCaption CaptionOf(const QByteArray& table, const QString& column);

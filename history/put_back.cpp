@@ -6,9 +6,11 @@
 #include "app/main_window.h"
 #include "app/operator_statement.h"
 #include "app/session.h"
+#include "platform/errors.h"
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
+#include "schema/history.h"
 #include "waybills/waybill_fields.h"
 
 using namespace Qt::StringLiterals;
@@ -54,23 +56,30 @@ QString RightRefusal(dao::Database& db, const Entry& entry, const Images& images
     if (entry.object->table == "TB1" && !CanEditLedger) return u"你没有权限恢复帐款记录!"_s;
     if (IsAdministrator()) return {};
     if (entry.object->table == "TE1") return u"只有管理员才能恢复操作员!"_s;
+    if (!HasKey(*entry.object)) return u"只有管理员才能恢复计价标准!"_s;
     if (IsReleasedWaybill(db, entry, images)) return u"已出货的速递单只有管理员才能恢复!"_s;
     return {};
+}
+
+/// The record that the command has left: by its key too, since a row number can be another record's by now.
+QString LeftRecord(const Entry& entry) {
+    const QString row = u"rowid="_s + QString::number(entry.row);
+    return HasKey(*entry.object) ? row + u" and F1 is "_s + Literal(entry.afterKey) : row;
 }
 
 /// Whether the record is still as the command left it.
 bool IsUntouched(dao::Database& db, const Entry& entry) {
     if (entry.row == 0) return false;
     const QString key =
-        entry.afterKey.isNull() ? QString() : u"F1 is "_s + Literal(entry.afterKey) + u" and "_s;
-    return IsThere(db, TableOf(entry) + u" where rowid="_s + QString::number(entry.row)) &&
+        HasKey(*entry.object) ? u"F1 is "_s + Literal(entry.afterKey) + u" and "_s : QString();
+    return IsThere(db, TableOf(entry) + u" where "_s + LeftRecord(entry)) &&
            !IsThere(db, u"H_%1 where %2Op<>'I' and Op<>'K' and R=%3 and rowid>%4"_s.arg(
                             TableOf(entry), key, QString::number(entry.row), QString::number(entry.after)));
 }
 
 /// Another record that has the key.
 bool IsKeyInUse(dao::Database& db, const Entry& entry) {
-    if (entry.object->table == "MS1") return entry.action == Action::Deleted && IsThere(db, TableOf(entry));
+    if (!HasKey(*entry.object)) return entry.action == Action::Deleted && IsThere(db, TableOf(entry));
     QString others = TableOf(entry) + u" where F1 is "_s + Literal(entry.key);
     if (entry.action != Action::Deleted) others += u" and rowid<>"_s + QString::number(entry.row);
     return IsThere(db, others);
@@ -96,8 +105,40 @@ bool IsChainBroken(dao::Database& db, const QStringList& taken) {
                            taken.join(u',')));
 }
 
+/// A new password overwrites the row as well, and neither password is kept.
+bool IsOfPasswordAlone(dao::Database& db, const Entry& entry, const Images& images) {
+    if (entry.object->table != "TE1" || !images.before || !images.after) return false;
+    const QStringList columns = ColumnsOf(db, entry.object->table);
+    for (qsizetype i = 0; i < columns.size(); ++i)
+        if (!schema::FindKept(entry.object->table)->computed.contains(columns[i].toLatin1()) &&
+            (*images.before)[i] != (*images.after)[i])
+            return false;
+    return true;
+}
+
+/// A code that records of today hold stays, as on the form, where its text box is locked then.
+bool IsRenamedAndUsed(dao::Database& db, const Entry& entry) {
+    if (entry.action == Action::Deleted || entry.object->usedIn.isEmpty()) return false;
+    if (entry.afterKey.compare(entry.key, Qt::CaseInsensitive) == 0) return false;
+    for (const QString& used : entry.object->usedIn)
+        if (IsThere(db, used + u'=' + Literal(entry.afterKey))) return true;
+    return false;
+}
+
+/// Whether the command has written the waybill as well that the journal row is of.
+bool IsOfWaybill(dao::Database& db, const Entry& entry) {
+    if (!entry.key.startsWith(u"YS"_s, Qt::CaseInsensitive) &&
+        !entry.key.startsWith(u"YF"_s, Qt::CaseInsensitive))
+        return false;
+    const Range range = RowsOfGroup(db, "B01", entry.group);
+    return IsThere(db, u"H_B01 where rowid>=%1 and rowid<%2 and F1="_s.arg(range.first).arg(range.end) +
+                           Literal(entry.key.mid(2)));
+}
+
 QString PostingRefusal(dao::Database& db, const Entry& entry) {
     const bool own = entry.object->table == "TB1";
+    if (own && IsOfWaybill(db, entry))
+        return u"[%1]随速递单[%2]一起恢复，请恢复该速递单!"_s.arg(entry.key, entry.key.mid(2));
     const QStringList taken = own ? QStringList{QString::number(entry.before)} : TakenPostings(db, entry);
     if (IsChainBroken(db, taken)) return u"帐款的单据号或关系单位含有单引号，不能恢复!"_s;
     // Those of the waybill that is there now go with it; those that a cascade left are the waybill's own.
@@ -153,13 +194,21 @@ void AddPostings(dao::Database& db, const QStringList& taken) {
 /// What the command has put in place of the record.
 void RemoveSuccessor(dao::Database& db, const Entry& entry) {
     for (const Family& family : entry.object->family)
-        if (!family.condition.startsWith(u"%1<>"))
+        if (!family.cascade)
             db.ExecuteEngine(u"delete from %1 where "_s.arg(QString::fromLatin1(family.table)) +
                              QString(family.condition).arg(Literal(entry.afterKey)));
     if (entry.object->table == "B01")
         db.ExecuteEngine(u"delete from TB1 where F1 in (%1,%2)"_s.arg(Literal(u"YF"_s + entry.afterKey),
                                                                       Literal(u"YS"_s + entry.afterKey)));
-    db.ExecuteEngine(u"delete from %1 where rowid=%2"_s.arg(TableOf(entry)).arg(entry.row));
+    db.ExecuteEngine(u"delete from "_s + TableOf(entry) + u" where "_s + LeftRecord(entry));
+}
+
+/// The steps of the amounts are not kept, and those that are there are of other amounts than come back. A
+/// release mark leaves the amounts.
+void RemoveSteps(dao::Database& db, const Entry& entry) {
+    if (entry.object->table != "B01" || entry.action == Action::Released) return;
+    db.ExecuteEngine(
+        u"delete from B011 where F1 in (%1,%2)"_s.arg(Literal(entry.key), Literal(entry.afterKey)));
 }
 
 void CopyFamily(dao::Database& db, const Entry& entry) {
@@ -173,14 +222,15 @@ void CopyFamily(dao::Database& db, const Entry& entry) {
 
 /// A released mark or a journal row is overwritten in place and took nothing else along.
 bool WasOverwritten(dao::Database& db, const Entry& entry) {
-    return IsThere(db, u"H_%1 where rowid=%2 and Op='U'"_s.arg(TableOf(entry)).arg(entry.before));
+    return IsThere(db, u"H_%1 where %2 and Op='U'"_s.arg(TableOf(entry), RowBefore(entry)));
 }
 
 void Overwrite(dao::Database& db, const Entry& entry) {
     QStringList set;
     for (const QString& column : ColumnsOf(db, entry.object->table))
-        set += u"%1=(select %1 from H_%2 where rowid=%3)"_s.arg(column, TableOf(entry)).arg(entry.before);
-    db.ExecuteEngine(u"update %1 set %2 where rowid=%3"_s.arg(TableOf(entry), set.join(u',')).arg(entry.row));
+        set += u"%1=(select %1 from H_%2 where %3)"_s.arg(column, TableOf(entry), RowBefore(entry));
+    db.ExecuteEngine(u"update %1 set "_s.arg(TableOf(entry)) + set.join(u',') + u" where "_s +
+                     LeftRecord(entry));
 }
 
 }  // namespace
@@ -192,7 +242,9 @@ QString Refusal(dao::Database& db, const Entry& entry) {
     if (const QString why = RightRefusal(db, entry, images); !why.isEmpty()) return why;
     if (entry.action != Action::Deleted && !IsUntouched(db, entry))
         return u"[%1]此后又有改动，请先恢复最后一次改动!"_s.arg(entry.key);
+    if (IsOfPasswordAlone(db, entry, images)) return u"操作记录不保存密码，密码的改动不能恢复!"_s;
     if (IsKeyInUse(db, entry)) return u"[%1]已经重新使用，不能恢复!"_s.arg(entry.key);
+    if (IsRenamedAndUsed(db, entry)) return u"[%1]已经使用，不能恢复为[%2]!"_s.arg(entry.afterKey, entry.key);
     if (entry.object->table == "TE1" && entry.key.contains(u'\''))
         return u"操作员帐号含有单引号，不能恢复!"_s;
     if (const QString why = FamilyRefusal(db, entry); !why.isEmpty()) return why;
@@ -208,19 +260,33 @@ QString Question(dao::Database& db, const Entry& entry) {
     return question + u"。\r\r真的要恢复吗?"_s;
 }
 
+bool NeedsPassword(dao::Database& db, const Entry& entry) {
+    return entry.object->table == "TE1" && !WasOverwritten(db, entry);
+}
+
+QString PasswordRefusal(const QString& password) {
+    if (password.isEmpty()) return u"新密码不能为空!"_s;
+    if (password.contains(u'\'')) return u"新密码不能含有单引号!"_s;
+    return {};
+}
+
 void PutBack(dao::Database& db, const Entry& entry, const QString& password) {
+    const bool account = NeedsPassword(db, entry);
+    if (account)
+        if (const QString why = PasswordRefusal(password); !why.isEmpty()) throw RuntimeError(why);
     const QStringList taken = TakenPostings(db, entry);
     const bool journal = entry.object->table == "TB1";
+    RemoveSteps(db, entry);
     if (!journal && entry.action != Action::Deleted && WasOverwritten(db, entry)) {
         Overwrite(db, entry);
     } else {
         if (entry.action != Action::Deleted) RemoveSuccessor(db, entry);
         if (journal) return AddPostings(db, {QString::number(entry.before)});
-        CopyFrom(db, entry.object->table, u"rowid="_s + QString::number(entry.before));
+        CopyFrom(db, entry.object->table, RowBefore(entry));
         CopyFamily(db, entry);
         if (!taken.isEmpty()) AddPostings(db, taken);
     }
-    if (entry.object->table == "TE1" && !WasOverwritten(db, entry))
+    if (account)
         OperatorStatement(u"update TE1 set F3="_s)
             .Secret(password)
             .Words(u" where F1="_s)

@@ -16,7 +16,13 @@ QString Refusal(dao::Database& db, const Entry& entry);
 /// What it asks before.
 QString Question(dao::Database& db, const Entry& entry);
 
-/// `password` is an operator's new one. Raises DatabaseError; call Refusal first.
+/// Whether putting back adds an operator's account, which needs a new password.
+bool NeedsPassword(dao::Database& db, const Entry& entry);
+/// Why no account can have this password; "" where one can.
+QString PasswordRefusal(const QString& password);
+
+/// `password` is an operator's new one; one that PasswordRefusal refuses raises RuntimeError before anything
+/// is written. Raises DatabaseError; call Refusal first.
 void PutBack(dao::Database& db, const Entry& entry, const QString& password = {});
 
 }  // namespace history

@@ -11,6 +11,7 @@ namespace schema {
 namespace {
 
 const QByteArray kGroup = "N,At,Operator,Command";
+constexpr int FirstVersion = 3;  // of a file with a history
 
 /// The first column of every row.
 QByteArrayList Column(sqlite3* db, const QByteArray& select, int column) {
@@ -94,6 +95,14 @@ QByteArrayList TriggersToRenew(sqlite3* db, const KeptTable& table) {
     return statements + wanted;
 }
 
+/// The numbers go on behind those that the mirrors hold.
+QByteArray GroupRowSql() {
+    QByteArrayList last = {"0"};
+    for (const KeptTable& table : KeptTables())
+        last += "ifnull((select N from " + table.Mirror() + " order by rowid desc limit 1),0)";
+    return "insert into HNow (N) select max(" + last.join(',') + ')';
+}
+
 }  // namespace
 
 QByteArrayList KeptTable::Triggers() const {
@@ -152,12 +161,24 @@ QByteArrayList TriggerStatements(const KeptTable& table, const QByteArrayList& c
             trigger(names[2], "update of " + counted.join(','), overwritten)};
 }
 
+QByteArray HNowSql() {
+    return "create table if not exists HNow (N INTEGER check(typeof(N) not in ('text', 'blob')), At TEXT "
+           "COLLATE NOCASE, "
+           "Operator TEXT COLLATE NOCASE, Command TEXT COLLATE NOCASE, Failed INTEGER check(typeof(Failed) "
+           "not in ('text', 'blob')))";
+}
+
 void CompleteHistory(sqlite3* db) {
-    if (dao::Number(db, "select count(*) from sqlite_master where name='HNow'") == 0) return;
+    const bool present = dao::Number(db, "select count(*) from sqlite_master where name='HNow'") != 0;
+    // An older file gets the table by its upgrade.
+    if (!present && (dao::Number(db, "pragma user_version") < FirstVersion ||
+                     dao::Number(db, "select count(*) from sqlite_master where name='B01'") == 0))
+        return;
     QByteArrayList statements;
+    if (!present) statements += HNowSql();
     for (const KeptTable& table : KeptTables())
         statements += MirrorStatements(db, table) + TriggersToRenew(db, table);
-    if (dao::Number(db, "select count(*) from HNow") == 0) statements += "insert into HNow (N) values (0)";
+    if (!present || dao::Number(db, "select count(*) from HNow") == 0) statements += GroupRowSql();
     if (statements.isEmpty()) return;
     const auto run = [&] {
         for (const QByteArray& statement : statements) dao::Run(db, statement);

@@ -44,9 +44,12 @@ QByteArrayList KeptColumns(sqlite3* db, const KeptTable& table);
 /// The statements that create the triggers of the table, one each.
 QByteArrayList TriggerStatements(const KeptTable& table, const QByteArrayList& columns);
 
-/// Creates what a file with table HNow lacks of the history: the row of HNow, mirrors, columns, indexes, and
-/// triggers, which are created anew where they differ. A file that has everything is only read. A file
-/// without HNow is left alone. Raises RuntimeError.
+/// The statement that creates HNow where it is missing.
+QByteArray HNowSql();
+
+/// Creates what the file lacks of the history: HNow and its row, mirrors, columns, indexes, and triggers,
+/// which are created anew where they differ. A file that has everything is only read. A file without HNow of
+/// a version that had no history is left alone. Raises RuntimeError.
 void CompleteHistory(sqlite3* db);
 
 }  // namespace schema

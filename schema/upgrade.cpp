@@ -29,11 +29,7 @@ const std::vector<UpgradeStep>& UpgradeSteps() {
           "create table PRNTB01 (F1 TEXT COLLATE NOCASE, F2 TEXT COLLATE NOCASE, F3 TEXT COLLATE NOCASE, "
           "F4 TEXT COLLATE NOCASE)"}},
         // The history's other tables follow from the tables that they mirror (history.h).
-        {3,
-         {"create table if not exists HNow (N INTEGER check(typeof(N) not in ('text', 'blob')), At TEXT "
-          "COLLATE NOCASE, "
-          "Operator TEXT COLLATE NOCASE, Command TEXT COLLATE NOCASE, Failed INTEGER check(typeof(Failed) "
-          "not in ('text', 'blob')))"}},
+        {3, {HNowSql()}},
     };
     return steps;
 }

@@ -351,7 +351,7 @@ QList<ExplainedRow> ForCustomer(const Priced& charge, const CardText& card) {
     QList<ExplainedRow> rows = RowsOf(Side::Charge, charge);
     const double basic = text::Val(card(BasicCharge));
     const double total = text::Val(card(TotalCharge));
-    if (basic != *amount)
+    if (basic != *amount || HasChanged(Side::Charge, charge, card))
         rows += {WordsOf(Side::Charge).title, agreed, text::FormatFixed(basic, 2), Look::Sum};
     rows += {TotalCaption, total == text::Val(Total(card)) ? TotalWords(card) : agreed,
              text::FormatFixed(total, 2), Look::Sum};

@@ -38,6 +38,10 @@ QRect PlaceIn(const QWidget& parent, const QWidget& control) {
 }  // namespace
 
 void B01::WireExplanation() {
+    TabS->Click = [this, select = TabS->Click] {
+        if (TabS->SelectedItem() == ListTab) CloseExplanation();
+        select();
+    };
     for (const Box box : ExplainedBoxes) {
         Txt[box]->KeyPressed = [this](controls::KeyPress& key) {
             ExplanationKey(key);
@@ -77,7 +81,7 @@ void B01::ExplanationKey(controls::KeyPress& key) {
         if (!key.repeats) ExplainPrice();
         return;
     }
-    if (explained_.empty()) return;
+    if (explained_.empty() || !explanation_ || !explanation_->isVisible()) return;
     const bool control = key.modifiers == Qt::ControlModifier;
     key.taken = key.key == Qt::Key_Escape || (control && (key.key == Qt::Key_C || key.key == Qt::Key_P));
     if (!key.taken || key.repeats) return;

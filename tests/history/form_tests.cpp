@@ -71,6 +71,14 @@ TEST_F(HistoryForm, HidesFiguresAndObjectsWithoutTheirRight) {
     EXPECT_TRUE(items.contains(u"月结金额||*"_s)) << items.toStdString();
 }
 
+TEST_F(HistoryForm, HidesTheCostFromAllButTheAdministrator) {
+    Give("B01_Release");
+    OperatorCode = u"8"_s;
+    OpenForm();
+    EXPECT_TRUE(Items().contains(u"出货成本|*|*"_s)) << Items().join(u'\n').toStdString();
+    EXPECT_FALSE(Items().contains(u"总计费用|*|*"_s));
+}
+
 TEST_F(HistoryForm, PutsADeletedWaybillBackAfterAQuestion) {
     const QString journal = u"select F1,LB,YF from TB1 order by F1"_s;
     const QStringList before = Rows(journal);

@@ -1,6 +1,8 @@
 // What the commands of the real forms leave in the history: undone from it backwards, the file is what it was
 // before. How much of it is kept, and what a reset leaves.
 #include "app/history_groups.h"
+#include "app/history_pause.h"
+#include "platform/errors.h"
 #include "schema/history.h"
 #include "tests/faults/commands.h"
 #include "tests/faults/recorded_program.h"
@@ -149,6 +151,14 @@ TEST(HistoryOfAReset, GoesWithItsTablesAndTheTriggersStay) {
     EXPECT_NE(Number(u"select count(*) from H_M05"_s), u"0"_s);
     program.Execute(u"insert into B01 (F1) values ('W9')"_s);
     EXPECT_EQ(Number(u"select F1 from H_B01"_s), u"W9"_s);
+}
+
+TEST(HistoryOfAReset, ComesOnAgainWhenItCannotBePaused) {
+    Program program;
+    const QStringList triggers = Triggers();
+    // The second time there is nothing left to drop.
+    EXPECT_THROW(HistoryPause(*Db, {u"M04"_s, u"M04"_s}), DatabaseError);
+    EXPECT_EQ(Triggers(), triggers);
 }
 
 TEST(HistoryOfAReset, ComesOnAgainWhenAStatementFailsInTheMiddle) {

@@ -3,6 +3,7 @@
 #include "app/main_window.h"
 #include "history/failed_command.h"
 #include "history/put_back.h"
+#include "platform/errors.h"
 #include "tests/faults/commands.h"
 #include "tests/faults/recorded_program.h"
 #include "tests/faults/waybill_entry.h"
@@ -60,6 +61,9 @@ TEST_P(UndoneCommand, HasItsRecordsBackEntryByEntry) {
         }
     }
     EXPECT_EQ(KeptState(false), before);
+    if (GetParam() == "B01_Edit") {
+        EXPECT_EQ(One(u"select count(*) from B011 where F1='W1'"_s), u"0"_s) << "steps of the later amount";
+    }
     if (GetParam() != "B01_Delete" && GetParam() != "B01_Edit") return;
     EXPECT_EQ(One(u"select b.SN-a.SN from TB1 a join TB1 b on a.F1='YSW1' and b.F1='YFW1'"_s), u"1"_s);
     EXPECT_EQ(One(u"select count(*) from TB1 where F1 in ('YSW1','YFW1') and QC+YF-FK=QM"_s), u"2"_s);
@@ -116,6 +120,88 @@ TEST_F(PuttingBack, RefusesAKeyThatIsInUseAgainAndAChangeBeforeTheLast) {
     EXPECT_EQ(One(u"select F2 from M04 where F1='乙'"_s), u"a"_s);
 }
 
+TEST_F(PuttingBack, LeavesTheStandardToTheAdministratorAndItsLastChangeFirst) {
+    Run(u"delete from MS1"_s);
+    const auto change = [](int price) {
+        Db->ExecuteEngine(u"delete from MS1"_s);
+        Db->ExecuteEngine(u"insert into MS1 (F1) values (%1)"_s.arg(price));
+        return LastCommand().front();
+    };
+    Run(u"insert into MS1 (F1) values (1)"_s);
+    const Entry first = change(2);
+    const Entry second = change(3);
+    EXPECT_FALSE(RefusalOf(first).isEmpty());
+    OperatorCode = u"8"_s;
+    EXPECT_EQ(RefusalOf(second), u"只有管理员才能恢复计价标准!"_s);
+    OperatorCode = u"001"_s;
+    PutBack(second);
+    EXPECT_EQ(One(u"select group_concat(F1) from MS1"_s), u"2.0"_s);
+}
+
+TEST_F(PuttingBack, TakesNoOtherRecordThatHasTheRowNumberNow) {
+    Run(u"update M04 set F2='a' where F1='乙'"_s);
+    const Entry changed = EntryFor("M04", u"乙"_s);
+    for (const QByteArray& trigger : schema::FindKept("M04")->Triggers())
+        Db->ExecuteEngine(u"drop trigger "_s + QString::fromLatin1(trigger));
+    Run(u"update M04 set F1='丙' where F1='乙'"_s);
+    EXPECT_EQ(RefusalOf(changed), u"[乙]此后又有改动，请先恢复最后一次改动!"_s);
+    EXPECT_FALSE(history::ImagesOf(*Db, changed).after);
+    history::PutBack(*Db, changed);
+    EXPECT_EQ(One(u"select group_concat(F1||F2) from M04 where F1='丙'"_s), u"丙a"_s);
+}
+
+TEST_F(PuttingBack, RefusesAnEntryOfAListFromBeforeTheHistoryWasEmptied) {
+    Run(u"update M04 set F2='a' where F1='乙'"_s);
+    const Entry stale = EntryFor("M04", u"乙"_s);
+    Db->ExecuteEngine(u"delete from H_M04"_s);
+    Db->CloseGroup();
+    for (qint64 row = 0; row < stale.before; ++row)
+        Db->ExecuteEngine(u"update M04 set F2='b' where F1='甲'"_s);
+    ASSERT_EQ(One(u"select count(*) from H_M04 where rowid="_s + QString::number(stale.before)), u"1"_s);
+    EXPECT_EQ(RefusalOf(stale), u"该记录的内容已不在操作记录中，不能恢复!"_s);
+}
+
+TEST_F(PuttingBack, RefusesAChangedPasswordSinceNoneIsKept) {
+    Run(u"update TE1 set F3='neu' where F1='乙'"_s);
+    const Entry password = EntryFor("TE1", u"乙"_s);
+    EXPECT_EQ(RefusalOf(password), u"操作记录不保存密码，密码的改动不能恢复!"_s);
+    Run(u"update TE1 set F67=1-ifnull(F67,0) where F1='乙'"_s);
+    EXPECT_EQ(RefusalOf(password), u"操作记录不保存密码，密码的改动不能恢复!"_s);
+    Run(u"update TE1 set F2='neu' where F1='乙'"_s);
+    PutBack(EntryFor("TE1", u"乙"_s));
+}
+
+TEST_F(PuttingBack, RefusesARenameWhoseNewKeyIsUsed) {
+    Run(u"update M05 set F1='丙' where F1='乙'"_s);
+    const Entry renamed = EntryFor("M05", u"乙"_s);
+    EXPECT_EQ(RefusalOf(renamed), QString());
+    Run(u"update B01 set F201='丙' where F1='W2'"_s);
+    EXPECT_EQ(RefusalOf(renamed), u"[丙]已经使用，不能恢复为[乙]!"_s);
+}
+
+TEST_F(PuttingBack, LeavesTheJournalRowOfAWaybillToTheWaybill) {
+    Run(u"delete from TB1 where F1='YSW2'"_s);
+    EXPECT_EQ(RefusalOf(EntryFor("TB1", u"YSW2"_s)), QString());
+    Db->ExecuteEngine(u"delete from B01 where F1='W1'"_s);
+    Db->ExecuteEngine(u"delete from TB1 where F1='YSW1'"_s);
+    Db->CloseGroup();
+    const history::Object& journal = *std::ranges::find(history::Objects(), "TB1", &history::Object::table);
+    const QDate day = QDate(2024, 3, 15);
+    const auto rows =
+        history::Find(*Db, {.object = &journal, .menus = {journal.menu}, .from = day, .to = day});
+    ASSERT_FALSE(rows.empty());
+    EXPECT_EQ(RefusalOf(rows.front()), u"[YSW1]随速递单[W1]一起恢复，请恢复该速递单!"_s);
+}
+
+TEST_F(PuttingBack, LeavesTheZonesOfAChannelThatWasEdited) {
+    Run(u"insert into M02 (F1,F3) values ('Z8','乙')"_s);
+    Db->ExecuteEngine(u"delete from M01 where F1='乙'"_s);
+    Db->ExecuteEngine(u"insert into M01 (F1,F2) values ('乙','neu')"_s);
+    PutBack(EntryFor("M01", u"乙"_s));
+    EXPECT_EQ(One(u"select F2 from M01 where F1='乙'"_s), u"二"_s);
+    EXPECT_EQ(One(u"select count(*) from M02 where F1='Z8'"_s), u"1"_s);
+}
+
 /// An edit whose insert fails: a text with an apostrophe breaks the statement after the row was deleted.
 class FailedEdit : public Program, public testing::Test {
   public:
@@ -169,6 +255,52 @@ TEST_F(FailedEdit, OffersNothingForACommandThatTookNothing) {
     sys::ClearEnd();
 }
 
+TEST_F(FailedEdit, SaysWhenWhatItTookCannotBePutBack) {
+    Db->ExecuteEngine(u"create trigger refuses before insert on M04 begin select raise(fail,'nein'); end"_s);
+    Db->CloseGroup();
+    script.BoxContaining(u"程序即将结束"_s);
+    script.Question(u"失败的操作已删除：外务员乙。\r\r是否立即恢复?"_s, Title, true);
+    script.BoxContaining(u"恢复失败！"_s);
+    script.End(1);
+    sys::Guarded([] {
+        Db->Execute(u"delete from M04 where F1='乙'"_s);
+        Db->Execute(u"insert into M05 (F1) values ('a'b')"_s);
+    });
+    EXPECT_TRUE(script.Done());
+    sys::ClearEnd();
+}
+
+struct HalfDone {
+    QStringList statements;
+    QString name;
+};
+class FailedHalfway : public FailedEdit, public testing::WithParamInterface<HalfDone> {};
+
+TEST_P(FailedHalfway, IsOfferedForTheRowsThatDidNotComeBack) {
+    const QStringList before = KeptState(false);
+    script.BoxContaining(u"程序即将结束"_s);
+    script.Question(u"失败的操作已删除：%1。\r\r是否立即恢复?"_s.arg(GetParam().name), Title, true);
+    script.Box(u"恢复完成!"_s, Title);
+    script.End(1);
+    sys::Guarded([] {
+        for (const QString& statement : GetParam().statements) Db->Execute(statement);
+        Db->Execute(u"insert into M04 (F1) values ('a'b')"_s);
+    });
+    EXPECT_TRUE(script.Done());
+    sys::ClearEnd();
+    EXPECT_EQ(KeptState(false), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    History, FailedHalfway,
+    testing::Values(HalfDone{{u"delete from M02 where F1='乙'"_s, u"delete from M021 where F0='乙'"_s,
+                              u"insert into M02 (F1,F2) values ('乙','neu')"_s},
+                             u"本司分区乙"_s},
+                    HalfDone{{u"delete from B01 where F1='W1'"_s, u"delete from TB1 where F1='YSW1'"_s,
+                              u"delete from TB1 where F1='YFW1'"_s,
+                              u"insert into B01 (F1,F604) values ('W1','管理员')"_s},
+                             u"速递单W1"_s}));
+
 TEST_F(PuttingBack, NeedsTheRightOfTheFormAndTheAdministratorForWhatIsReleased) {
     Run(u"delete from B01 where F1='W1'"_s);
     const Entry released = EntryFor("B01", u"W1"_s);
@@ -183,6 +315,11 @@ TEST_F(PuttingBack, NeedsTheRightOfTheFormAndTheAdministratorForWhatIsReleased) 
     Frame().SetMenuVisible(u"Menu_b"_s, false);
     EXPECT_EQ(RefusalOf(open), u"你没有权限恢复该记录!"_s);
     OperatorCode = u"001"_s;
+    for (const QString& password : {QString(), u"it's"_s}) {
+        EXPECT_FALSE(history::PasswordRefusal(password).isEmpty());
+        EXPECT_THROW(history::PutBack(*Db, account, password), RuntimeError);
+    }
+    EXPECT_EQ(One(u"select count(*) from TE1 where F1='乙'"_s), u"0"_s);
     PutBack(account);
     EXPECT_EQ(One(u"select F3 from TE1 where F1='乙'"_s), u"neu"_s) << "with the new password";
 }

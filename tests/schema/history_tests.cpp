@@ -98,6 +98,12 @@ TEST_F(History, IsCompletedWhereATriggerAColumnOrTheGroupIsMissing) {
     EXPECT_EQ(Connection(company_.File()).Rows(everything), whole);
     EXPECT_EQ(dao::Number(engine.get(), "select count(*) from HNow"), 1);
 
+    // The table itself too; the numbers go on.
+    dao::Run(engine.get(), "update HNow set N=7; insert into M06 (F1) values ('a'); drop table HNow");
+    schema::CompleteHistory(engine.get());
+    EXPECT_EQ(dao::Number(engine.get(), "select N from HNow"), 7);
+    dao::Run(engine.get(), "delete from M06 where F1='a'");
+
     // A release that adds a column to a table has nothing to do for the history.
     dao::Run(engine.get(), "alter table M04 add column F9 TEXT COLLATE NOCASE");
     schema::CompleteHistory(engine.get());

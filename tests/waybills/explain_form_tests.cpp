@@ -211,6 +211,13 @@ TEST(Explanations, AreCopiedAndPrintedForTheCustomer) {
     AltKey(u'R');
     EXPECT_TRUE(form.IsOpen());
 
+    // The list has no explanation.
+    form.Tabs().SelectItem(1);
+    Press(Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(form.Frame().Front()->objectName(), u"B01"_s);
+    form.Tabs().SelectItem(2);
+    EXPECT_FALSE(form.IsOpen());
+
     // In an edit the amounts are not the customer's yet.
     AltKey(u'E');
     form.EnterBox(BasicCharge);

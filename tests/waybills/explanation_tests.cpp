@@ -269,6 +269,8 @@ TEST_F(Explanation, SaysWhatTheTextBoxHoldsInsteadAndWhatHasChangedSince) {
     card_[TotalCharge] = u"115.00"_s;
     card_[ReceivedWeight] = u"30"_s;
     EXPECT_EQ(last(Origin::Card), u"!单据|算出之后，单据的内容有改动|"_s);
+    const QList<ExplainedRow> printed = ForCustomer(charge, [this](Box box) { return Card(box); });
+    EXPECT_EQ(printed[printed.size() - 2].words, u"另行议定"_s) << "the steps are of another weight";
     card_[ReceivedWeight] = u"3"_s;
     card_[CustomerCode] = u"C2.恒丰"_s;
     EXPECT_EQ(last(Origin::Card), u"!单据|算出之后，单据的内容有改动|"_s);
