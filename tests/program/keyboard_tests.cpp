@@ -135,10 +135,14 @@ class Tour {
         Look(form, u"list"_s, true);
         const QStringList commands = form.HasMenuBar() ? CommandsOf(*form.MenuBar()) : QStringList();
         EXPECT_FALSE(commands.isEmpty());
+        const QString name = form.objectName();
         for (const QString& command : commands) {
             if (!program_.Frame().Front()) Begin();
             Run(command);
             if (EditInProgress) VisitEdit(command, commands);
+            // A preview has opened over the form.
+            if (const ChildForm* front = program_.Frame().Front(); front && front->objectName() != name)
+                AltKey(u'R');
         }
         EXPECT_EQ(program_.Frame().Front(), nullptr) << "no key closes the form";
     }
