@@ -1,7 +1,9 @@
 // Every form of the menu table is visited by keys, in every state that its commands bring it to.
 // A form that is added to the registry is visited by itself.
 #include "app/main_menu.h"
+#include "app/session.h"
 #include "platform/controls/modal_form.h"
+#include "schema/data_files.h"
 #include "tests/support/by_keys.h"
 #include "tests/support/program.h"
 #include "tests/waybills/waybill_company.h"
@@ -70,6 +72,7 @@ QStringList TooNarrow(const QWidget& form) {
 class Tour {
   public:
     explicit Tour(const MenuRow& row) : row_(row), program_(Masters()) {
+        for (const QString& layout : schema::LayoutFiles()) schema::MakeLayout(AppFolder + layout);
         auto& seams = sys::seams();
         seams.showBox = [](const sys::BoxRequest& request) {
             return request.buttons == sys::BoxButtons::YesNo ? sys::BoxAnswer::No : sys::BoxAnswer::Ok;
@@ -141,8 +144,9 @@ class Tour {
             Run(command);
             if (EditInProgress) VisitEdit(command, commands);
             // A preview has opened over the form.
-            if (const ChildForm* front = program_.Frame().Front(); front && front->objectName() != name)
-                AltKey(u'R');
+            if (ChildForm* front = program_.Frame().Front(); front && front->objectName() != name) {
+                EXPECT_TRUE(RunByKeys(*front->MenuBar(), u"Menu_Rtn"_s));
+            }
         }
         EXPECT_EQ(program_.Frame().Front(), nullptr) << "no key closes the form";
     }
