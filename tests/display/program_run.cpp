@@ -87,14 +87,16 @@ bool ProgramRun::HasWindow(const QString& title) const {
                                [&](const TopWindow& window) { return Bears(window, title); });
 }
 
-void ProgramRun::WaitForWindow(const QString& title) {
+unsigned long ProgramRun::WaitForWindow(const QString& title) {
+    unsigned long focus = 0;
     const bool came = WaitUntil([&] {
-        const unsigned long focus = Client().Focus();
+        focus = Client().Focus();
         return std::ranges::any_of(Client().Windows(), [&](const TopWindow& window) {
             return window.id == focus && Bears(window, title);
         });
     });
     if (!came) Fail(u"the window "_s + title + u" has no focus; there are: "_s + OpenWindows());
+    return focus;
 }
 
 void ProgramRun::WaitForNoWindow(const QString& title) {
@@ -130,13 +132,18 @@ void ProgramRun::WaitForEnd() {
 }
 
 void ProgramRun::AnswerBox(const QString& title, Keysym key) {
-    WaitForWindow(title);
+    // The window and not its title: the next box may bear the same.
+    const unsigned long box = WaitForWindow(title);
+    const auto closed = [&] {
+        return std::ranges::none_of(Client().Windows(),
+                                    [&](const TopWindow& window) { return window.id == box; });
+    };
     WaitUntilIdle();  // the first box of a run takes its time to be drawn
     QThread::msleep(kLookMilliseconds);
     for (int answer = 0; answer < kAnswers; ++answer) {
         Send({.key = key}, {});
         Client().Flush();
-        if (WaitUntil([&] { return !HasWindow(title); }, kAnswerMilliseconds)) return;
+        if (WaitUntil(closed, kAnswerMilliseconds)) return;
     }
     Fail(u"the box "_s + title + u" takes no answer"_s);
 }

@@ -27,7 +27,8 @@ class ProgramRun {
     /// text names a picture of the screen.
     void Play(const Script& script, const Pace& pace = {});
 
-    void WaitForWindow(const QString& title);
+    /// Until such a window has the focus; returns the window.
+    unsigned long WaitForWindow(const QString& title);
     void WaitForNoWindow(const QString& title);
     void WaitForRows(const QString& select, const QStringList& rows);
     /// Everything that was typed up to here has had its effect.
