@@ -225,7 +225,7 @@ void TypeInvoicePayment(QWidget& dialog) {
     PressIn(dialog, u"Command1"_s);
 }
 
-/// Deletes by one command, and brings the focus to the button that puts the record back.
+/// Deletes by one command what is still there, and brings the focus to the button that puts the record back.
 std::function<void(Desk&)> Deleted(const QStringList& statements) {
     return [=](Desk& desk) {
         for (const QString& statement : statements) Db->Execute(statement);
@@ -235,6 +235,9 @@ std::function<void(Desk&)> Deleted(const QStringList& statements) {
         desk.Enter(u"Cmd(1)"_s);
     };
 }
+
+const QStringList kWaybillLost = {u"delete from TB1 where F1='YSW1' or F1='YFW1'"_s,
+                                  u"delete from B01 where F1='W1'"_s};
 
 void PressButton(Desk&) {
     Press(Qt::Key_Return);
@@ -310,9 +313,7 @@ std::vector<Command> Made() {
          InDialog(u"D201"_s, u"A"_s, TypeInvoicePayment, u"Command2"_s)},
         {"D3_Print", "", "", Shown(u"D3"_s), Print},
         {"D3_Print2", "", "", Shown(u"D3"_s), [](Desk&) { AltKey(u'M'); }},
-        {"History_Waybill", "", "",
-         Deleted({u"delete from TB1 where F1='YSW1' or F1='YFW1'"_s, u"delete from B01 where F1='W1'"_s}),
-         PressButton},
+        {"History_Waybill", "", "", Deleted(kWaybillLost), PressButton},
         {"History_Customer", "", "",
          Deleted({u"delete from M03 where F1='甲'"_s, u"delete from M031 where F0='甲'"_s}), PressButton},
         {"S01_Save",
@@ -394,6 +395,11 @@ QStringList CommandMasters() {
                       u"insert into M031 (F0,F1,F2) VALUES ('乙','Z1',1)"_s,
                       u"insert into M031 (F0,F1,F2) VALUES ('乙','甲',2)"_s,
                   };
+}
+
+void LoseWaybill() {
+    for (const QString& statement : kWaybillLost) Db->Execute(statement);
+    Db->CloseGroup();
 }
 
 void Prepare(Desk& desk, const Command& command) {

@@ -26,6 +26,10 @@ const std::vector<Command>& WritingCommands();
 const Command& CommandOf(const std::string& name);
 QStringList CommandMasters();
 
+/// Deletes W1 with its journal rows by one command: what History_Waybill deletes first, for whoever has to
+/// know when that is done.
+void LoseWaybill();
+
 /// Opens the form and does all that comes before the key.
 void Prepare(Desk& desk, const Command& command);
 

@@ -25,13 +25,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kPatience = 60'000;  // milliseconds until the program must have done anything at all
-/// The day's commands (tests/faults/commands.cpp), in an order in which each finds what it works on.
+/// The day's commands (tests/faults/save_loop.cpp), in an order in which each finds what it works on.
 const QStringList kCommands =
-    u"History_Waybill B01_Add A04_Add B01_Release zhLst_Add A03_Edit B01_Edit PayLst_Edit A02_Edit A01_Add "
-    u"A011_Edit "
-    u"PayLst_Add "
-    "A03_Add S02_Add A04_DeleteUsed A02_Add PayLst_Delete A05_Edit A03_DeleteUsed A01_DeleteUsed"_s.split(
-        u' ');
+    (u"lose History_Waybill B01_Add A04_Add B01_Release zhLst_Add A03_Edit B01_Edit PayLst_Edit A02_Edit "_s +
+     u"A01_Add A011_Edit PayLst_Add A03_Add S02_Add A04_DeleteUsed A02_Add PayLst_Delete A05_Edit "_s +
+     u"A03_DeleteUsed A01_DeleteUsed"_s)
+        .split(u' ');
 const int kDay = static_cast<int>(kCommands.size());
 
 /// The program at its work, identified by the lines that it writes.
