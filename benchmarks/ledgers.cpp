@@ -128,23 +128,26 @@ void MeasureLedger(Bench& bench, Office& office, const std::string& name, const 
     if (!bench.Wanted(name)) return;
     ChildForm& form = OpenByMenu(item);
     // In a month every second line is a total, and filling the grid takes as long as the engine.
-    const std::tuple<const char*, Period, double> periods[] = {{": a month of 200,000 rows", Month(), 1.5},
+    const std::tuple<const char*, Period, double> periods[] = {{": a month of 200,000 rows", Month(), 1.6},
                                                                {": all of 200,000 rows", Everything(), 1.3}};
     for (const auto& [what, period, limit] : periods)
         bench.Run({.name = name + what,
                    .limit = limit,
                    .runsInRound = 3,
                    .ours = [&, &p = period] { Generate(form, p); },
-                   .bare = [&, &p = period] { bare(office.Bare(), p); }});
+                   .bare = [&, &p = period] { bare(office.Bare(), p); },
+                   .makeOursReady = Office::Settle});  // else the lines of the run before are painted in it
     form.Unload();
     Office::Settle();
 }
 
 // ---------------------------------------------------------------- the refresh
 
-QStringList CustomerNames() {
+/// Together they have all rows of the journal.
+QStringList CounterpartyNames() {
     QStringList names;
     for (int i = 0; i < Customers; ++i) names += QString::fromUtf8(CustomerName(i));
+    for (int i = 0; i < Channels; ++i) names += QString::fromUtf8(ChannelName(i));
     return names;
 }
 
@@ -228,9 +231,9 @@ void MeasureEntry(Bench& bench) {
 void MeasureLedgers(Bench& bench, Office& office) {
     MeasureLedger(bench, office, "detail ledger", u"Menu_ysmx"_s, BareDetail);
     MeasureLedger(bench, office, "summary ledger", u"Menu_ysz"_s, BareSummary);
-    const QStringList names = CustomerNames();
+    const QStringList names = CounterpartyNames();
     BareEngine engine(office.Engine());
-    bench.Run({.name = "refresh: 2,000 counterparties, 100,000 rows",
+    bench.Run({.name = "refresh: 2,020 counterparties, 200,000 rows",
                .limit = 1.3,
                .ours = [&] { RefreshOurs(names); },
                .bare = [&] { RefreshBare(engine, names); }});
