@@ -45,14 +45,11 @@ TEST(CommandSearch, FindsByCaptionShortNameInitialsAndSyllables) {
     } rows[] = {
         {u"明细"_s, u"渠道出货明细表 客户对帐明细表 应付款明细帐"_s},
         {u"mx"_s, u"渠道出货明细表 客户对帐明细表 应付款明细帐"_s},
-        {u"mingxi"_s, u"渠道出货明细表 客户对帐明细表 应付款明细帐"_s},
         {u"mingx"_s, u"渠道出货明细表 客户对帐明细表 应付款明细帐"_s},
         {u"zhangmin"_s, u"客户对帐明细表"_s},  // the last one half
         {u"明xi"_s, u"渠道出货明细表 客户对帐明细表 应付款明细帐"_s},
-        {u"khdz"_s, u"客户对帐明细表"_s},
         {u" K H　dz "_s, u"客户对帐明细表"_s},
         {u"ｋｈｄｚ"_s, u"客户对帐明细表"_s},  // full-width, as an input method leaves it
-        {u"B01"_s, u"速递单据"_s},
         {u"b01"_s, u"速递单据"_s},
         {u"zhlst"_s, u"增加应付 增加应收"_s},
         {u"kuan mx"_s, u"应付款明细帐"_s},  // short name and pinyin alike
@@ -63,12 +60,10 @@ TEST(CommandSearch, FindsByCaptionShortNameInitialsAndSyllables) {
         // 单 is a name at the beginning: both readings count.
         {u"djcx"_s, u"单价查询"_s},
         {u"shanjiachaxun"_s, u"单价查询"_s},
-        {u"suididan"_s, QString()},
         // Read wrong by both, and what has no reading may be left out.
         {u"xm"_s, u"厦门 2 区"_s},
         {u"xiamen2qu"_s, u"厦门 2 区"_s},
         {u"sm"_s, QString()},
-        {u"没有"_s, QString()},
         {u"'"_s, QString()},
         {u"a01x"_s, QString()},
     };

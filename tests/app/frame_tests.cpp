@@ -37,18 +37,6 @@ TEST(Frame, TheSameItemTwiceKeepsOneInstance) {
     EXPECT_EQ(run.TakeLog(), QStringList{u"front A04 A04"_s}) << "from behind another it comes to the front";
 }
 
-TEST(Frame, AnOpenLedgerFormIsLoadedAnewForAnotherKind) {
-    FrameRun run(true, false);
-    run.Open();
-    run.Frame().MenuItem(u"Menu_FK"_s)->trigger();
-    run.Frame().MenuItem(u"Menu_sk"_s)->trigger();
-    EXPECT_EQ(run.Frame().Front()->LB, -10);
-    EXPECT_EQ(run.Frame().Front()->windowTitle(), u"收款");
-    run.Frame().MenuItem(u"Menu_sk"_s)->trigger();
-    EXPECT_EQ(run.TakeLog().filter(u"load"_s), (QStringList{u"load PayLst 10"_s, u"load PayLst -10"_s}));
-    EXPECT_FALSE(run.Frame().ToolBarShown());
-}
-
 TEST(Frame, AChildsBarTakesTheKeysOfTheFramesBar) {
     FrameRun run;
     run.Open();
@@ -175,7 +163,6 @@ TEST(ToolBar, TraditionalChineseShowsPicturesOnly) {
         EXPECT_FALSE(widget->accessibleName().isEmpty()) << "a reader of the screen needs the word";
     }
     EXPECT_EQ(Find<QStatusBar>(run.Frame(), u"StB"_s).font().family(), u"Times New Romen");
-    EXPECT_EQ(run.Frame().Panel(2), u"操作员：");
 }
 
 TEST(Frame, APictureThatCannotBeReadLeavesTheBackgroundEmpty) {

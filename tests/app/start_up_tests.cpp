@@ -74,8 +74,8 @@ TEST(StartUp, LeavesTheSessionReadyAndTheLoginOverTheFrame) {
 }
 
 TEST(StartUp, LocaleAndFolderAreTakenAsTheyCome) {
-    const std::pair<QString, int> locales[] = {{u"zh_CN"_s, 1}, {u"en_US"_s, 0}, {u"zh_TW"_s, 2},
-                                               {u"ja_JP"_s, 0}, {u"zh_HK"_s, 0}, {u"C"_s, 0}};
+    const std::pair<QString, int> locales[] = {
+        {u"zh_CN"_s, 1}, {u"zh_TW"_s, 2}, {u"zh_HK"_s, 0}, {u"C"_s, 0}};
     for (const auto& [locale, flag] : locales) {
         StartRun run;
         schema::MakeDatabase(run.File());

@@ -25,6 +25,12 @@ QStringList StoredIn(ProgramRun& run, const QString& table, const QString& condi
     return stored;
 }
 
+Script Fills(const QStringList& texts) {
+    Script script;
+    for (const QString& text : texts) script.push_back(Fill(text));
+    return script;
+}
+
 }  // namespace
 
 Script OpenWaybills() {
@@ -32,76 +38,38 @@ Script OpenWaybills() {
 }
 
 Script BeginWaybill() {
-    return {Alt('a'),
-            Fill(u"SH001"_s),  // customer
-            MoveOn(),          // release mark
-            Press(kSpace),     // released
-            MoveOn(),
-            Fill(u"Late"_s),     // incident
-            Fill(u"Strike"_s),   // its explanation
-            Fill(u"Weather"_s),  // reason
-            Fill(u"Closed"_s),   // outcome
-            Fill(u"J. Doe"_s),   // signed by
-            Fill(u"2026-12-01 10:30"_s)};
+    // Customer, release mark; incident, explanation, reason, outcome, signed by and when.
+    return Script{Alt('a'), Fill(u"SH001"_s), MoveOn(), Press(kSpace), MoveOn()} +
+           Fills({u"Late"_s, u"Strike"_s, u"Weather"_s, u"Closed"_s, u"J. Doe"_s, u"2026-12-01 10:30"_s});
 }
 
 Script FillWaybill(const QString& weight) {
-    return {MoveOn(),             // date
-            Fill(u"FW-7781"_s),   // forwarding number
-            Fill(u"Keep dry"_s),  // remark
-            MoveOn(),             // origin
-            Fill(u"D01"_s),       // service zone
-            Fill(u"New York"_s),  // destination
-            Fill(u"Q1"_s),        // channel
-            Press(kDown, 3),      // from the first of its zones, which is proposed, to the fourth
-            MoveOn(5),            // and past the shipper's boxes
-            Fill(u"Acme"_s),      // consignee
-            Fill(u"+1 212 555"_s),
-            Fill(u"Acme Optics Inc."_s),
-            Fill(u"463 7th Av."_s),
-            Fill(u"463 Seventh Avenue, NY"_s),
-            Fill(u"S"_s),        // service type
-            Fill(u"Lenses"_s),   // goods
-            Fill(u"USD 480"_s),  // declared value
-            Fill(u"3"_s),        // pieces
-            Fill(u"60x40x30"_s),
-            Fill(weight),     // received
-            Fill(u"12.4"_s),  // first weighing
-            Fill(u"13"_s),    // shipped
-            Fill(u"60"_s),
-            Fill(u"40"_s),
-            Fill(u"30"_s),
-            MoveOn()};  // payment mode
+    // Past the date: forwarding number, remark, origin, service zone, destination, channel; from the first of
+    // its zones, which is proposed, to the fourth, and past the shipper's boxes.
+    return Script{MoveOn()} + Fills({u"FW-7781"_s, u"Keep dry"_s}) + Script{MoveOn()} +
+           Fills({u"D01"_s, u"New York"_s, u"Q1"_s}) + Script{Press(kDown, 3), MoveOn(5)} +
+           // Consignee; service type, goods, declared value, pieces, size; weights received, first and
+           // shipped.
+           Fills({u"Acme"_s, u"+1 212 555"_s, u"Acme Optics Inc."_s, u"463 7th Av."_s,
+                  u"463 Seventh Avenue, NY"_s, u"S"_s, u"Lenses"_s, u"USD 480"_s, u"3"_s, u"60x40x30"_s,
+                  weight, u"12.4"_s, u"13"_s, u"60"_s, u"40"_s, u"30"_s}) +
+           Script{MoveOn()};  // payment mode
 }
 
 Script FinishWaybill() {
-    return {MoveOn(),          // basic charge
-            Fill(u"35"_s),     // additional charge
-            Fill(u"20"_s),     // other fees
-            Fill(u"1.145"_s),  // fuel rate
-            MoveOn(2),         // total, cost
-            Fill(u"15"_s),     // the channel's additional fees
-            Fill(u"5"_s),      // its other fees
-            Type(u"1.12"_s),   // its fuel rate
-            MoveBack(3),       // to the cost, which rests on the last three
-            Alt('s')};
+    // Basic charge; additional charge, other fees, fuel rate; total, cost; the channel's additional and other
+    // fees and fuel rate; back to the cost, which rests on the last three.
+    return Script{MoveOn()} + Fills({u"35"_s, u"20"_s, u"1.145"_s}) + Script{MoveOn(2)} +
+           Fills({u"15"_s, u"5"_s}) + Script{Type(u"1.12"_s), MoveBack(3), Alt('s')};
 }
 
 Script FinishExplained() {
-    return {Press(kF1),                                                           // in the basic charge
-            MoveOn(),                                                             // closes the panel
-            Fill(u"35"_s),                                                        // additional charge
-            Fill(u"20"_s),                                                        // other fees
-            Fill(u"1.145"_s),                                                     // fuel rate
-            Press(kF1),                                                           // in the total
-            Press(kEscape),   Press(kF1), Control('c'), MoveOn(), Press(kF1, 2),  // in the cost
-            MoveOn(),
-            Fill(u"15"_s),    // the channel's additional fees
-            Press(kF1),       // opens nothing here
-            Fill(u"5"_s),     // its other fees
-            Type(u"1.12"_s),  // its fuel rate
-            MoveBack(3),      // to the cost
-            Press(kF1),       Alt('s')};
+    // In the basic charge, whose leaving closes the panel; in the total; in the cost.
+    return Script{Press(kF1), MoveOn()} + Fills({u"35"_s, u"20"_s, u"1.145"_s}) +
+           Script{Press(kF1), Press(kEscape), Press(kF1), Control('c'), MoveOn(), Press(kF1, 2), MoveOn()} +
+           // In the channel's fees F1 opens nothing.
+           Script{Fill(u"15"_s), Press(kF1), Fill(u"5"_s), Type(u"1.12"_s),
+                  MoveBack(3),   Press(kF1), Alt('s')};
 }
 
 Script AddWaybill(const QString& number) {

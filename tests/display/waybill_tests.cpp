@@ -70,17 +70,6 @@ TEST(Typing, IntoAProgramThatIsStopped) {
     EXPECT_EQ(DifferenceFromReference(run, u"ST0001"_s).toStdString(), "");
 }
 
-/// A scanner types a number and Return without a pause, and the operator goes on at once.
-TEST(Typing, AfterAScanner) {
-    ProgramRun run;
-    run.Play(LogIn() + OpenWaybills());
-    run.Play(BeginWaybill(), {.milliseconds = kFast});
-    run.Play({Type(u"KV2411259999"_s), Press(kReturn)});
-    run.Play(FillWaybill(u"12.5"_s) + FinishWaybill(), {.milliseconds = kFast});
-    run.Play({ExpectWaybill(u"KV2411259999"_s)});
-    EXPECT_EQ(DifferenceFromReference(run, u"KV2411259999"_s).toStdString(), "");
-}
-
 /// The box comes up on entering the basic charge, since there is no weight; everything behind is typed ahead.
 TEST(Boxes, AreNotAnsweredByWhatIsTypedAhead) {
     const QString number = u"BX0001"_s;

@@ -16,30 +16,24 @@ QStringList Masters() {
                                               u"insert into M03 (F1,F2,F8) VALUES ('C3','百川','孙丽萍')"_s,
                                               u"update M03 set F8='钱伟' where F1='C2'"_s,
                                           };
-    const auto waybill = [&](const QString& values) {
+    const auto waybill = [&](const QString& values, const QString& courierAndRemark = u"'张三',''"_s) {
         rows +=
             u"insert into B01 (F1,F101,F202,F603,F604,F501,F504,XJ,YJ,DF,F507,F506,F301,F2031,F401,F402,"
             u"F404,F502,F503,F505,F508,F602,F103) VALUES ("_s +
-            values + u')';
+            values + u',' + courierAndRemark + u')';
     };
     waybill(
-        u"'W1','2024-03-15','H1','C1','管理员','月结',60.5,0,60.5,0,39,1.5,'D','纽约',1,1.25,1.3,50,5,1.1,2,"
+        u"'W1','2024-03-15','H1','C1','管理员','月结',60.5,0,60.5,0,39,1.5,'D','纽约',1,1.25,1.3,50,5,1.1,2"_s,
         u"'张三','轻放'"_s);
     waybill(
-        u"'W2','2024-03-15','H1','C1','管理员','现金',20.1,20.1,0,0,50.2,0,'S','东京',2,0.1,0.2,20,0,1,0,"
+        u"'W2','2024-03-15','H1','C1','管理员','现金',20.1,20.1,0,0,50.2,0,'S','东京',2,0.1,0.2,20,0,1,0"_s,
         u"'李四',null"_s);
-    waybill(
-        u"'W3','2024-03-15','H1','C2','未审核','月结',70,0,70,0,10,0,'S','首尔',1,2,2,70,0,1,0,'张三',''"_s);
-    waybill(
-        u"'W4','2024-03-15','H1','C1','未出货','月结',80,0,80,0,20,0,'S','巴黎',1,3,3,80,0,1,0,'张三',''"_s);
-    waybill(
-        u"'W5','2024-02-15','H1','C1','周婷','月结',0.2,0,0.2,0,0.1,0,'S','里昂',1,0.2,0.1,0.2,0,1,0,"
-        u"'张三',''"_s);
-    waybill(
-        u"'W6','2024-02-14','H1','C1','周婷','月结',90,0,90,0,30,0,'S','尼斯',1,4,4,90,0,1,0,'张三',''"_s);
-    waybill(u"'W7','2024-03-15','','C3','未出货','月结',5,0,5,0,0,0,'S','伦敦',1,1,0,5,0,1,0,'张三',''"_s);
-    waybill(
-        u"'W8','2024-03-15','H2','C3','管理员','到付',15,0,0,15,16,0,'S','柏林',3,1,1.5,15,0,1,0,'张三',''"_s);
+    waybill(u"'W3','2024-03-15','H1','C2','未审核','月结',70,0,70,0,10,0,'S','首尔',1,2,2,70,0,1,0"_s);
+    waybill(u"'W4','2024-03-15','H1','C1','未出货','月结',80,0,80,0,20,0,'S','巴黎',1,3,3,80,0,1,0"_s);
+    waybill(u"'W5','2024-02-15','H1','C1','周婷','月结',0.2,0,0.2,0,0.1,0,'S','里昂',1,0.2,0.1,0.2,0,1,0"_s);
+    waybill(u"'W6','2024-02-14','H1','C1','周婷','月结',90,0,90,0,30,0,'S','尼斯',1,4,4,90,0,1,0"_s);
+    waybill(u"'W7','2024-03-15','','C3','未出货','月结',5,0,5,0,0,0,'S','伦敦',1,1,0,5,0,1,0"_s);
+    waybill(u"'W8','2024-03-15','H2','C3','管理员','到付',15,0,0,15,16,0,'S','柏林',3,1,1.5,15,0,1,0"_s);
     return rows;
 }
 
@@ -51,18 +45,11 @@ class ListReports : public testing::Test {
         desk.Refresh(choice);
         EXPECT_TRUE(desk.script.Done()) << message.toStdString();
     }
-    QString Headers() {
-        QStringList texts;
-        for (int col = 0; col < desk.Grid().Cols(); ++col) texts += desk.Grid().TextMatrix(0, col);
-        return texts.join(u'|');
-    }
     ReportDesk desk{Masters()};
 };
 
 TEST_F(ListReports, TheManifestHasWhatWentOutOnTheDay) {
     desk.Open(u"C1"_s, u"C01"_s);
-    EXPECT_EQ(Headers(), u"运单号|D/S|发件公司|目的地|件数|重量|到付|备注"_s);
-    EXPECT_EQ(desk.At<controls::ComboBox>(u"Cmb"_s).List(1), u"H2.海运"_s);
     EXPECT_EQ(desk.Status(), u"2024-03-15"_s);
     Refuses(u" "_s, u"请选择渠道!"_s, u"提示"_s);
     Refuses(u"NoFound"_s, u"您输入的渠道编码无效！"_s, MsgTitle);
@@ -79,7 +66,7 @@ TEST_F(ListReports, TheManifestHasWhatWentOutOnTheDay) {
     EXPECT_EQ(desk.Lines(), QStringList{u"|||||||"_s});
 }
 
-TEST_F(ListReports, TheManifestIsPrintedOnThreeLayouts) {
+TEST_F(ListReports, TheManifestIsPrintedForTheChannelOfItsRows) {
     desk.Open(u"C1"_s, u"C01"_s);
     desk.script.Box(u"无数据可打印"_s, MsgTitle);
     desk.PrintList(0);
@@ -87,27 +74,15 @@ TEST_F(ListReports, TheManifestIsPrintedOnThreeLayouts) {
     desk.Refresh(u"H1.环洋"_s);
     desk.Enter(u"Cmb"_s);
     TypeOver(u"H2"_s);  // the heading names the channel of the rows
-    const std::pair<QString, QStringList> papers[] = {{u"prntc011.rpt"_s, {u"TOWHO='TO:环洋  出货明细 '"_s}},
-                                                      {u"prntc012.rpt"_s, {}},
-                                                      {u"prntc013.rpt"_s, {}}};
-    for (int entry = 0; entry < 3; ++entry) {
-        desk.PrintList(entry);
-        EXPECT_EQ(desk.Layout(), papers[entry].first);
-        EXPECT_EQ(desk.Formulas(), papers[entry].second);
-        EXPECT_EQ(desk.Rows(u"select F1 from PRNTC01"_s), (QStringList{u"W1"_s, u"W2"_s, u""_s}));
-        const QStringList lines = desk.PdfLines();
-        for (const auto& text : {u"W2"_s, u"环洋"_s, u"2 票"_s, u"1.50"_s, u"第 1 页 共 1 页"_s})
-            EXPECT_TRUE(desk.Contains(lines, text));
-        AltKey(u'R');
-        EXPECT_EQ(desk.Frame().Front()->objectName(), u"C01"_s);
-    }
+    desk.PrintList(0);
+    EXPECT_EQ(desk.Formulas(), QStringList{u"TOWHO='TO:环洋  出货明细 '"_s});
+    EXPECT_EQ(desk.Rows(u"select F1 from PRNTC01"_s), (QStringList{u"W1"_s, u"W2"_s, u""_s}));
 }
 
 TEST_F(ListReports, ACustomersStatementHasItsMonthlyAccount) {
     desk.Open(u"C2"_s, u"C02"_s);
     const QString ask = u"请选择适当的日期范围及客户之后刷新数据"_s;
     EXPECT_EQ(desk.Status(), ask);
-    EXPECT_EQ(Headers(), u"日期|运单号|D/S|目的地|重量|基本费用|附加费用|燃油费率|其它费用|运费"_s);
     Refuses(u""_s, u"请先择客户!"_s, u"提示"_s);
     Refuses(u"NoFound.x"_s, u"您输入的客户编码无效！"_s, MsgTitle);
     desk.script.Box(u"无数据可打印"_s, MsgTitle);
@@ -120,12 +95,6 @@ TEST_F(ListReports, ACustomersStatementHasItsMonthlyAccount) {
         << "both days of the period count, released or not, no cash";
     EXPECT_EQ(desk.Status(), u"共 3 条记录 当前为第 1 条"_s);
     desk.PrintList();
-    EXPECT_EQ(desk.Layout(), u"prntc023.rpt"_s);
-    EXPECT_EQ(desk.Formulas(), (QStringList{u"RQ='对帐日期:2024-02-15至2024-03-15'"_s, u"KH='华兴'"_s}));
-    EXPECT_EQ(desk.Rows(u"select * from PRNTC023"_s),
-              (QStringList{u"2024-03-15|W1|D|纽约|1.25|60.5"_s, u"2024-03-15|W4|S|巴黎|3|80"_s,
-                           u"2024-02-15|W5|S|里昂|0.2|0.2"_s, u"||||4.45|140.7"_s}));
-    EXPECT_TRUE(desk.Contains(desk.PdfLines(), u"壹佰肆拾元柒角整"_s));
     AltKey(u'R');
     EXPECT_EQ(desk.Status(), u"共 3 条记录 当前为第 1 条"_s);
     desk.Refresh(u"C9"_s);
@@ -135,21 +104,15 @@ TEST_F(ListReports, ACustomersStatementHasItsMonthlyAccount) {
 
 TEST_F(ListReports, AChannelsStatementHasWhatIsReleased) {
     desk.Open(u"C3"_s, u"C03"_s);
-    EXPECT_EQ(Headers(), u"日期|运单号|D/S|目的地|重量|运费"_s);
     Refuses(u""_s, u"请选择渠道!"_s, u"提示"_s);
     Refuses(u"NoFound"_s, u"您输入的渠道编码无效！"_s, MsgTitle);
     desk.Refresh(u"h1"_s);
     EXPECT_EQ(desk.Lines(), (QStringList{u"2024-03-15|W1|D|纽约|1.3|39"_s, u"2024-03-15|W2|S|东京|0.2|50.2"_s,
                                          u"2024-02-15|W5|S|里昂|0.1|0.1"_s, u"||||1.6|89.3"_s}));
-    desk.PrintList();
-    EXPECT_EQ(desk.Formulas(), (QStringList{u"RQ='对帐日期:2024-02-15至2024-03-15'"_s, u"KH='环洋'"_s}));
-    EXPECT_EQ(desk.Rows(u"select F2,F5,F6 from PRNTC023"_s),
-              (QStringList{u"W1|1.3|39"_s, u"W2|0.2|50.2"_s, u"W5|0.1|0.1"_s, u"|1.6|89.3"_s}));
 }
 
 TEST_F(ListReports, TheMonthlyTableHasEveryWaybillWithAChannel) {
     desk.Open(u"C4"_s, u"C04"_s);
-    EXPECT_EQ(Headers(), u"日期|单位|运单号|D/S|收重|目的地|现金|月结|到付|收件|出司|出重|出费|车费|备注"_s);
     desk.script.Box(u"无数据可打印"_s, MsgTitle);
     desk.PrintList();
     desk.Refresh({});
@@ -161,20 +124,11 @@ TEST_F(ListReports, TheMonthlyTableHasEveryWaybillWithAChannel) {
                            u"2024-03-15|恒丰|W3|S|2|首尔|0|70|0|张三|环洋|2|10|0|"_s,
                            u"2024-03-15|百川|W8|S|1|柏林|0|0|15|张三|海运|1.5|16|0|"_s,
                            u"||||7.55||20.1|210.7|15|||8.1|135.3|1.5|"_s}));
-    desk.PrintList();
-    EXPECT_EQ(desk.Layout(), u"prntc04.rpt"_s);
-    EXPECT_EQ(desk.Formulas(), QStringList{u"RQ='2024-02-15至2024-03-15月结表'"_s});
-    EXPECT_EQ(desk.Rows(u"select F1,F2,F3,F15 from PRNTC04"_s),
-              (QStringList{u"15|华兴|W1|轻放"_s, u"15|华兴|W2|"_s, u"15|华兴|W4|"_s, u"15|华兴|W5|"_s,
-                           u"15|恒丰|W3|"_s, u"15|百川|W8|"_s}))
-        << "without the row of sums";
-    EXPECT_TRUE(desk.Contains(desk.PdfLines(), u"7.55 20.10 210.70 15.00 8.10 135.30 1.50"_s));
 }
 
 TEST_F(ListReports, TheMarginIsMadeByCustomerInTheOrderOfSalespersons) {
     desk.Execute(u"insert into PRNTC04 (F1,F15) values ('旧','旧')"_s);
     desk.Open(u"C6"_s, u"C06"_s);
-    EXPECT_EQ(Headers(), u"客户|现金|月结|到付|总量|出货|车费||||毛利|业务员"_s);
     desk.Refresh({});
     EXPECT_EQ(desk.Lines(),
               (QStringList{u"华兴|20.1|140.7|0|160.8|109.3|1.5||||50.00|孙丽萍"_s,
@@ -184,27 +138,9 @@ TEST_F(ListReports, TheMarginIsMadeByCustomerInTheOrderOfSalespersons) {
     desk.Refresh({}, QDate(2024, 3, 1), QDate(2024, 3, 15));
     EXPECT_EQ(desk.Lines()[2], u"恒丰|0|70|0|70|80.555|0||||-10.56|钱伟"_s);
     desk.PrintList();
-    EXPECT_EQ(desk.Layout(), u"prntc06.rpt"_s);
-    EXPECT_EQ(desk.Formulas(), QStringList{u"RQ='2024-03-01至2024-03-15毛利表'"_s});
     EXPECT_EQ(desk.Rows(u"select F1,F8,F10,F11,F12,F15 from PRNTC04"_s),
               (QStringList{u"华兴|||49.90|孙丽萍|<null>"_s, u"百川|||4.00|孙丽萍|<null>"_s,
                            u"恒丰|||-10.56|钱伟|<null>"_s, u"|0|0|43.34||<null>"_s}));
-    const QStringList lines = desk.PdfLines();
-    EXPECT_TRUE(desk.Contains(lines, u"业务员 孙丽萍 2 家客户"_s));
-    EXPECT_TRUE(desk.Contains(lines, u"-10.56 -15.1%"_s));
-    EXPECT_TRUE(desk.Contains(lines, u"43.34"_s));
-}
-
-TEST_F(ListReports, AreHandedToTheExport) {
-    for (const auto& [keys, form] :
-         {std::pair{u"C1"_s, u"C01"_s}, {u"C2"_s, u"C02"_s}, {u"C6"_s, u"C06"_s}}) {
-        desk.Open(keys, form);
-        ModalScript modals;
-        modals.Next(u"ToExcel"_s,
-                    [](QWidget& dialog) { Click(Find<controls::Button>(dialog, u"Cmd(1)"_s)); });
-        AltKey(u'T');
-        AltKey(u'R');
-    }
 }
 
 TEST_F(ListReports, AnApostrophePrintsInAHeadingAndEndsTheProgramInARow) {

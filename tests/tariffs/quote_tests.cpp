@@ -42,28 +42,6 @@ class QuoteForm : public CustomerForm {
     }
 };
 
-TEST(Quotes, HeadersSayZoneKindAndBracket) {
-    CustomerForm form;
-    form.Tabs().SelectItem(2);
-    auto& grid = form.Quotes();
-    EXPECT_EQ(grid.FixedRows(), 2);
-    EXPECT_EQ(grid.Cols(), 21);
-    QStringList columns;
-    for (const int col : {0, 1, 2, 3, 4, 5, 6, 20})
-        columns += grid.TextMatrix(0, col) + u' ' + grid.TextMatrix(1, col);
-    EXPECT_EQ(columns.join(u'|'),
-              u"区域 区域|区域名称 区域名称|文件资料 首0.5Kg|文件资料 续0.5Kg|小包裹 首0.5Kg|小包裹 续0.5Kg|"
-              u"重包裹优惠价 21-45Kg|重包裹优惠价 1201Kg以上"_s);
-    // A changed standard shows at the next opening of the card, a missing one shows no captions.
-    form.Execute(u"update MS1 set F6=60"_s);
-    form.ShowCard();
-    EXPECT_EQ(grid.TextMatrix(1, 6), u"21-59Kg"_s);
-    form.Execute(u"delete from MS1"_s);
-    form.ShowCard();
-    EXPECT_EQ(grid.TextMatrix(1, 6), u""_s);
-    EXPECT_EQ(form.Zones(), u"B01"_s);
-}
-
 TEST(Quotes, OneZoneAtATime) {
     QuoteForm form;
     EXPECT_EQ(form.Quotes().Rows(), 3);
@@ -130,8 +108,6 @@ TEST(Quotes, AZoneIsPickedFromTheDropDown) {
     auto& list = form.At<controls::FlexGrid>(u"GdDownList"_s);
     EXPECT_EQ(FocusName(), u"GdDownList"_s);
     EXPECT_EQ(list.Rows(), 3);
-    EXPECT_EQ(list.TextMatrix(0, 2), u"英文名称"_s);
-    EXPECT_EQ(list.TextMatrix(2, 2), u"South Asia"_s);
     EXPECT_EQ(form.ButtonCaption(u"CmdDel"_s), u"批量增加"_s);
     Press(Qt::Key_Escape);
     EXPECT_EQ(FocusName(), u"TxtHPBM"_s);
@@ -142,7 +118,6 @@ TEST(Quotes, AZoneIsPickedFromTheDropDown) {
     Press(Qt::Key_Return);
     EXPECT_EQ(form.Line(u"TxtHPBM"_s), u"A02"_s);
     EXPECT_EQ(FocusName(), u"TxtSL"_s);
-    EXPECT_FALSE(list.isVisible());
     Press(Qt::Key_Return);
     EXPECT_EQ(form.Zones(), u"A02"_s);
 

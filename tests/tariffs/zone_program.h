@@ -8,13 +8,6 @@ namespace tests {
 class ZoneProgram : public Program {
   public:
     using Program::Program;
-    /// The headers of the list that are seen.
-    QString Headers() {
-        QStringList headers;
-        for (int col = 0; col < Grid().Cols(); ++col)
-            if (Grid().GridColWidth(col) > 0) headers += Grid().TextMatrix(0, col);
-        return headers.join(u' ');
-    }
     controls::FlexGrid& Areas() { return At<controls::FlexGrid>(u"GDdq"_s); }
     QStringList AreaLines() {
         QStringList lines;
