@@ -90,8 +90,9 @@ void Prepared::BindValues() {
         ++place;
         int code = SQLITE_OK;
         if (const auto* text = std::get_if<std::string>(&value))
+            // Not copied: the values live until the statement is reset, and who takes it up again binds anew.
             code = sqlite3_bind_text(statement, place, text->data(), static_cast<int>(text->size()),
-                                     SQLITE_TRANSIENT);
+                                     SQLITE_STATIC);
         else if (const auto* real = std::get_if<double>(&value))
             code = sqlite3_bind_double(statement, place, *real);
         else

@@ -37,6 +37,7 @@ class ScopeReader {
 
     void Run() {
         s_.partners_.assign(s_.tokens_.size(), kNone);
+        levels_.reserve(8);  // deeper ones are rare
         OpenScope(0);
         for (size_t i = 0; i < s_.tokens_.size(); ++i) Take(i);
         for (Scope& scope : s_.scopes_)
@@ -231,6 +232,11 @@ void Statement::Replace(size_t token, std::string text, TokenKind kind) {
     own_.push_back(std::move(text));
     tokens_[token].text = own_.back();
     tokens_[token].kind = kind;
+}
+
+void Statement::ReplaceByParameter(size_t token) {
+    tokens_[token].text = "?";
+    tokens_[token].kind = TokenKind::Sign;
 }
 
 void Statement::Remove(size_t begin, size_t end) {

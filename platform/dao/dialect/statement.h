@@ -8,7 +8,7 @@
 #include "platform/dao/dialect/tables.h"
 #include "platform/dao/dialect/tokens.h"
 
-#include <deque>
+#include <list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -78,6 +78,8 @@ class Statement {
     std::string Written(const ColumnRef& column) const;
 
     void Replace(size_t token, std::string text, TokenKind kind);
+    /// A parameter takes the place of the token.
+    void ReplaceByParameter(size_t token);
     void Remove(size_t begin, size_t end);
     /// Inserts engine text before a token; Size() is the end. Texts before the same token keep the call
     /// order.
@@ -96,7 +98,7 @@ class Statement {
     std::vector<Token> tokens_;
     std::vector<Scope> scopes_;
     std::vector<size_t> partners_;
-    std::deque<std::string> own_;  ///< owns the text of replaced tokens
+    std::list<std::string> own_;  ///< owns the texts that replace tokens
     std::vector<Insertion> insertions_;
     Token nothing_{TokenKind::Removed, {}, false};
 };

@@ -73,12 +73,14 @@ std::vector<Value> TakeValues(Statement& statement) {
     if (statement.Kind() != Verb::Insert) return values;
     const size_t open = ValuesOf(statement);
     if (open == kNone) return values;
-    for (const auto& [begin, end] : statement.Pieces(open + 1, statement.PartnerOf(open))) {
+    const auto pieces = statement.Pieces(open + 1, statement.PartnerOf(open));
+    values.reserve(pieces.size());
+    for (const auto& [begin, end] : pieces) {
         if (end != begin + 1) continue;
         auto value = ValueIn(statement.At(begin));
         if (!value) continue;
         values.push_back(std::move(*value));
-        statement.Replace(begin, "?", TokenKind::Sign);
+        statement.ReplaceByParameter(begin);
     }
     return values;
 }
