@@ -60,6 +60,9 @@ class B01 : public RecordForm {
     void CombosTakeBoxes();
     void DressBoxes();
 
+    /// Shows what the save will refuse; the save asks for itself.
+    void LeaveNumber();
+    void ShowNumberRefusal(const QString& refusal);
     void LeaveChannel();
     void LeaveServiceZone();
     void LeaveCustomer();
@@ -113,6 +116,7 @@ class B01 : public RecordForm {
     bool TestMasters() const;
     bool TestNumberAndTotal() const;
     bool CheckNumber();
+    QString NumberRefusal(const QString& found) const;
     QString InsertStatement() const;
     void AppendSavedLine();
     void Post();
@@ -124,6 +128,7 @@ class B01 : public RecordForm {
     std::map<waybills::Box, controls::ComboBox*> Cmb;  ///< over the text boxes of the same index
     controls::DTPicker* DTP = nullptr;                 ///< over Txt[SendDate]
     controls::CheckBox* ChkChuHuo = nullptr;
+    QString panelBeforeRefusal_;        ///< the position panel's text while the number is marked as in use
     QString customerAtEntry_;           ///< trimmed text of Cmb(31) when it got the focus
     waybills::BothSides runs_;          ///< what the computations last gave in this add or edit state
     std::vector<Explained> explained_;  ///< by the panel; empty while it is closed
