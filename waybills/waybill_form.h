@@ -27,6 +27,9 @@ class B01 : public RecordForm {
     void Load() override;
     void Activated() override;
 
+    /// Narrows the list to that number, as a search does, and shows the card. In browsing state only.
+    void ShowWaybill(const QString& number);
+
   protected:
     // The list (waybill_list.cpp).
     QStringList Headers() const override;
@@ -42,6 +45,9 @@ class B01 : public RecordForm {
     static QString ListColumns();
     /// Selects all waybills, ordered by the text of their date.
     static QString ListStatement();
+    /// The same rows without an order: a search lists its results in the order of entry. Ends before its
+    /// conditions.
+    static QString SearchStatement();
 
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
