@@ -44,9 +44,13 @@ void PlayScanner(Operator& op, const QString& folder) {
     op.ExpectRows(kMarks, {u"YL24111802|管理员"_s, u"YL24111804|管理员"_s, u"YL24112103|管理员"_s});
     op.ExpectStatus(u"扫描出货：共 6 次扫描 已出货 3 票"_s);
     op.Picture(u"scan"_s, u"扫描出货：结果和原因"_s);
-    op.Command(u"P"_s);
-    op.Press(Qt::Key_Return);
-    SavePaper(op, folder + u"/扫描出货明细.pdf"_s, u"scan"_s, u"扫描出货"_s);
+    for (const int entry : {0, 3}) {
+        op.Command(u"P"_s);
+        for (int down = 0; down < entry; ++down) op.Press(Qt::Key_Down);
+        op.Press(Qt::Key_Return);
+        const QString paper = entry == 0 ? u"扫描出货明细"_s : u"扫描清单"_s;
+        SavePaper(op, folder + u'/' + paper + u".pdf"_s, u"scan"_s, paper);
+    }
     op.Command(u"R"_s);
 }
 

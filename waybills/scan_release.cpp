@@ -1,5 +1,6 @@
 #include "waybills/scan_release.h"
 
+#include "app/data_access.h"
 #include "app/main_window.h"
 #include "app/session.h"
 #include "platform/controls/keys.h"
@@ -25,6 +26,7 @@ const QString Released = u"已出货"_s;
 const QString Refused = u"未出货"_s;
 const QString AllChannels = u"全部渠道"_s;
 const QString WaybillMenu = u"Menu_b"_s;
+const QString ListLayout = u"prntscan.rpt"_s;
 
 enum Column { At, Number, Consignee, Channel, Weight, Result, Why, Columns };
 constexpr int Shares[Columns] = {9, 15, 22, 14, 9, 9, 44};
@@ -129,6 +131,7 @@ void ScanRelease::SetCommands() {
     for (const reports::Print& print : reports::ManifestReport.prints)
         prints.items.push_back(
             {print.command, print.caption, When::Always, [this, &print] { PrintManifest(print); }});
+    prints.items.push_back({u"Menu_P4"_s, u"扫描清单"_s, When::Always, [this] { PrintList(); }});
     commands_.Fill(MenuBar(),
                    {{u"Menu_ToExcel"_s, u"&T.导出数据"_s, When::Always, [this] { ExportGrid(*GD); }},
                     prints,
@@ -249,4 +252,20 @@ void ScanRelease::PrintManifest(const reports::Print& print) {
     reports::FillWorkTable(*Db, reports::ManifestReport.work, static_cast<int>(numbers.size()),
                            [&](int row, int) { return numbers[row]; });
     RunReport(print.layout, print.formulas ? print.formulas({}, name) : QStringList());
+}
+
+/// What was scanned first comes first. The work table is that of the problem notice.
+void ScanRelease::PrintList() {
+    if (scanned_.empty()) return sys::Inform(u"无数据可打印"_s, MsgTitle);
+    if (!LayoutIsThere(ListLayout, u"丢失!"_s)) return;
+    const controls::WaitPointer wait;
+    const auto rows = static_cast<int>(scanned_.size());
+    const reports::WorkTable work{.name = u"PRNTC05"_s,
+                                  .insert = u"insert into PRNTC05 (F1,F2,F3,F4,F5,F6,F7) VALUES("_s,
+                                  .columns = {At, Number, Consignee, Channel, Weight, Result, Why}};
+    reports::FillWorkTable(*Db, work, rows, [&](int row, int col) {
+        QString cell = GD->TextMatrix(rows - row, col);
+        return CleanText(cell);  // an apostrophe would break the insert
+    });
+    RunReport(ListLayout, {u"TJ='已出货 %1，未出货 %2'"_s.arg(released_).arg(rows - released_)});
 }

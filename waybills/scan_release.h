@@ -1,6 +1,6 @@
 // 扫描出货: the window of a scanner at the packing table. Each number that ends with Return or Tab is
-// released by the test and the statement of 速递单's own 出货, but for a number that no waybill has; the list
-// shows what became of it, and its released waybills print as a manifest.
+// released by the test and the statement of 速递单's own 出货, but for a number that no waybill has. The list
+// shows what became of it; it prints, and its released waybills print as a manifest.
 //
 // Always holds: a number is shown as released only when its release is committed, each by itself. No message
 // box asks anything of the scanner; a refusal is in the list and sounds. What is scanned while another
@@ -48,6 +48,7 @@ class ScanRelease : public ChildForm {
     void ShowCounts();
     void AddChannel(const waybills::Brief& waybill);
     void GoToNumber(controls::KeyPress& key);
+    void PrintList();
     void PrintManifest(const reports::Print& print);
 
     NumberBox* Txt;

@@ -17,7 +17,7 @@ TEST(SampleRelease, IsAsExpected) {
         QStringList{u"-- 未出货、未审核"_s} + desk.Lines() + QStringList{u"-- "_s + desk.Status()};
     QStringList numbers;
     for (const QString& line : desk.Lines().first(8)) numbers += line.section(u'|', 0, 0);
-    numbers << numbers[2].toLower() << u"YL24112101"_s << u"NOWHERE"_s;
+    numbers << numbers[2].toLower() << u"YL24112101"_s << u"NO'WHERE"_s;
     AltKey(u'R');
 
     desk.Frame().ShowChild(u"ScanRelease"_s);
@@ -37,6 +37,10 @@ TEST(SampleRelease, IsAsExpected) {
         lines += desk.PdfLines();
         AltKey(u'R');
     }
+    desk.PrintList(3);
+    lines += u"-- 扫描清单"_s;
+    lines += QStringList{desk.Layout()} + desk.Formulas() + desk.Rows(u"select * from PRNTC05"_s);
+    lines += desk.PdfLines();
     ExpectAsInFile(QStringLiteral(EXPECTED "/release.txt"), lines.join(u'\n') + u'\n');
 }
 
