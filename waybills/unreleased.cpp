@@ -20,7 +20,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int LongestPeriod = 4;  // digits of the days
-const QString Usual = u"7"_s;     // days back
 
 enum Column { Number, SendDate, Customer, Consignee, Channel, Weight, Mark, Missing, Columns };
 constexpr int Shares[Columns] = {14, 10, 20, 26, 14, 8, 8, 18};
@@ -96,13 +95,13 @@ void Unreleased::MakeList() {
 }
 
 void Unreleased::Load() {
-    Txt->SetText(Usual);
+    Txt->SetText(QString::number(days_));
 }
 
 /// A waybill that was opened from here may be released by now.
 void Unreleased::Activated() {
     const QString chosen = GD->TextMatrix(qMax(1, GD->Row()), Number);
-    Refresh();
+    List();
     for (int row = 1; row < GD->Rows() && !chosen.isEmpty(); ++row)
         if (GD->TextMatrix(row, Number) == chosen) return GD->SetRow(row);
 }
@@ -117,8 +116,13 @@ int Unreleased::DaysBack() const {
 void Unreleased::Refresh() {
     const int days = DaysBack();
     if (days == 0) return;
+    days_ = days;
+    List();
+}
+
+void Unreleased::List() {
     const controls::WaitPointer wait;
-    auto rows = Db->OpenRecordset(Statement(days));
+    auto rows = Db->OpenRecordset(Statement(days_));
     Fill(rows);
     rows.Close();
     ShowStatus();

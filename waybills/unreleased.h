@@ -29,6 +29,7 @@ class Unreleased : public ChildForm {
     /// Days back from today; 0, after a message, when the text box holds no number from 1 to 9999.
     int DaysBack() const;
     void Refresh();
+    void List();
     void Fill(dao::Recordset& rows);
     void ShowStatus();
     void OpenWaybill();
@@ -36,5 +37,6 @@ class Unreleased : public ChildForm {
     controls::LineBox* Txt;
     controls::FlexGrid* GD;
     CommandBar commands_;
+    int days_ = 7;  ///< back from today, of the last 刷新数据
     int RecCount = 0;
 };
