@@ -53,6 +53,8 @@ constexpr PaletteRow kPalette[] = {
     {{u"Menu_D3", u"销售统计报表", kItem, Opens::Child, u"D3"}, u"Menu_C"},
     // It lists what belongs to the operator's own menus alone.
     {{u"Menu_History", u"操作记录", kItem, Opens::Child, u"History"}, u"Menu_A Menu_b Menu_wanglai Menu_S"},
+    {{u"Menu_ScanRelease", u"扫描出货", kItem, Opens::Child, u"ScanRelease"}, u"Menu_b"},
+    {{u"Menu_Unreleased", u"未出货、未审核", kItem, Opens::Child, u"Unreleased"}, u"Menu_b"},
 };
 
 // d3 has no menu row, so it is refused to every operator, the administrator included.

@@ -29,6 +29,7 @@ void MeasureAll(benchmarks::Bench& bench, const QString& folder) {
         benchmarks::MeasureLedgers(bench, office);
     }
     benchmarks::MeasureHistory(bench, company);
+    benchmarks::MeasureRelease(bench, company);
     benchmarks::MeasureStart(bench, company);
     benchmarks::MeasureTranslation(bench);
 }

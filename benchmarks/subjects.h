@@ -15,6 +15,8 @@ void MeasureCustomers(Bench& bench, Office& office);
 void MeasureExport(Bench& bench, Office& office);
 /// For itself, since it opens offices of its own.
 void MeasureHistory(Bench& bench, MadeCompany& company);
+/// For itself, since it opens an office of its own.
+void MeasureRelease(Bench& bench, MadeCompany& company);
 void MeasureLedgers(Bench& bench, Office& office);
 void MeasureList(Bench& bench, Office& office);
 void MeasureListReports(Bench& bench, Office& office);

@@ -5,6 +5,7 @@
 #include "demo/accounts.h"
 #include "demo/customer_papers.h"
 #include "demo/day_entries.h"
+#include "demo/packing.h"
 #include "demo/reports.h"
 #include "demo/sample_masters.h"
 #include "demo/tariffs.h"
@@ -594,6 +595,8 @@ void PlayDay(Operator& op, const QString& folder) {
          [&] { PlayCustomerPapers(op, folder); }},
         {u"查找"_s, u"按日期、客户和审核人三个条件查找。"_s, [&] { PlaySearch(op); }},
         {u"导出"_s, u"列表导出为 Excel 工作簿。"_s, [&] { PlayExport(op, folder + u"/速递单.xls"_s); }},
+        {u"打包台"_s, u"还没有出货的单；扫描出货并打印明细；单号重复时马上提示。"_s,
+         [&] { PlayPacking(op, folder); }},
         {u"另一位操作员"_s, u"看不到金额的操作员：金额以星号显示，已出货的单不能修改。"_s,
          [&] { PlayRestricted(op); }},
         {u"下班"_s, u"修改自己的密码，看一看系统信息，退出。"_s,

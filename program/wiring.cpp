@@ -23,6 +23,8 @@
 #include "tariffs/customers.h"
 #include "tariffs/service_zones.h"
 #include "tariffs/standard.h"
+#include "waybills/scan_release.h"
+#include "waybills/unreleased.h"
 #include "waybills/waybill_form.h"
 
 using namespace Qt::StringLiterals;
@@ -62,6 +64,8 @@ Registry FilledRegistry() {
     forms.children[u"KuanHz"_s] = Child<KuanHz>();
     forms.children[u"KuanMx"_s] = Child<KuanMx>();
     forms.children[u"PayLst"_s] = Child<PayLst>();
+    forms.children[u"ScanRelease"_s] = Child<ScanRelease>();
+    forms.children[u"Unreleased"_s] = Child<Unreleased>();
     forms.children[u"zhLst"_s] = Child<zhLst>();
     forms.children[u"S02"_s] = Child<S02>();
     forms.children[u"Prnt"_s] = Child<Prnt>();

@@ -467,7 +467,7 @@ create table PRNTC04 (
     F15 TEXT COLLATE NOCASE   -- remark
 );
 
--- Problem notice, one row.
+-- Problem notice, one row; the list of scans (prntscan.rpt) uses it too.
 create table PRNTC05 (
     F1 TEXT COLLATE NOCASE,  -- waybill number
     F2 TEXT COLLATE NOCASE,  -- facts of the waybill

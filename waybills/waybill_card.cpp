@@ -3,9 +3,11 @@
 #include "app/main_window.h"
 #include "app/session.h"
 #include "platform/controls/wait.h"
+#include "platform/errors.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 #include "waybills/customer_charge.h"
+#include "waybills/release.h"
 #include "waybills/shipping_cost.h"
 #include "waybills/waybill_form.h"
 
@@ -195,6 +197,7 @@ void B01::WireCard() {
                 sys::seams().switchInputMethod();
         };
     }
+    Txt[Number]->LostFocus = [this] { LeaveNumber(); };
     Combo(ChannelCode).LostFocus = [this] { LeaveChannel(); };
     Combo(ServiceZoneCode).LostFocus = [this] { LeaveServiceZone(); };
     Combo(CustomerCode).GotFocus = [this] { customerAtEntry_ = text::Trim(Combo(CustomerCode).Text()); };
@@ -234,6 +237,7 @@ void B01::OpenCard() {
 
 void B01::CloseCard() {
     CloseExplanation();
+    ShowNumberRefusal({});
     runs_ = {};
     const controls::CardAtRest rest(*Txt[Number]->Widget()->parentWidget());
     for (auto* box : Txt)
@@ -315,6 +319,30 @@ void B01::DressBoxes() {
     Txt[ServiceType]->SetText(service.isEmpty() ? ServiceTypes[1].shown : service);
     const QString mode = Shown(PaymentModes, BoxText(PaymentMode));
     if (!mode.isEmpty()) Txt[PaymentMode]->SetText(mode);
+}
+
+void B01::LeaveNumber() {
+    if (FormMode < Adding) return;
+    const QString number = text::Trim(BoxText(Number));
+    QString found;
+    try {
+        // An edit may keep its number.
+        if (number != text::Trim(OldKey())) found = waybills::StoredNumber(*Db, number);
+    } catch (const DatabaseError& error) {
+        if (error.GroupLost()) throw;
+    }
+    ShowNumberRefusal(found.isEmpty() ? QString() : NumberRefusal(found));
+}
+
+void B01::ShowNumberRefusal(const QString& refusal) {
+    auto& box = Line(Number);
+    const QString before = box.toolTip();
+    if (before == refusal) return;
+    if (before.isEmpty()) panelBeforeRefusal_ = TheFrame().Panel(MForm::PositionPanel);
+    controls::Mark(&box, "state", refusal.isEmpty() ? QString() : u"error"_s);
+    box.setToolTip(refusal);
+    box.setAccessibleDescription(refusal);
+    TheFrame().SetPanel(MForm::PositionPanel, refusal.isEmpty() ? panelBeforeRefusal_ : refusal);
 }
 
 void B01::LeaveChannel() {

@@ -27,6 +27,9 @@ class B01 : public RecordForm {
     void Load() override;
     void Activated() override;
 
+    /// Narrows the list to that number, as a search does, and shows the card. In browsing state only.
+    void ShowWaybill(const QString& number);
+
   protected:
     // The list (waybill_list.cpp).
     QStringList Headers() const override;
@@ -42,6 +45,9 @@ class B01 : public RecordForm {
     static QString ListColumns();
     /// Selects all waybills, ordered by the text of their date.
     static QString ListStatement();
+    /// The same rows without an order: a search lists its results in the order of entry. Ends before its
+    /// conditions.
+    static QString SearchStatement();
 
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -60,6 +66,9 @@ class B01 : public RecordForm {
     void CombosTakeBoxes();
     void DressBoxes();
 
+    /// Shows what the save will refuse; the save asks for itself.
+    void LeaveNumber();
+    void ShowNumberRefusal(const QString& refusal);
     void LeaveChannel();
     void LeaveServiceZone();
     void LeaveCustomer();
@@ -113,6 +122,7 @@ class B01 : public RecordForm {
     bool TestMasters() const;
     bool TestNumberAndTotal() const;
     bool CheckNumber();
+    QString NumberRefusal(const QString& found) const;
     QString InsertStatement() const;
     void AppendSavedLine();
     void Post();
@@ -124,6 +134,7 @@ class B01 : public RecordForm {
     std::map<waybills::Box, controls::ComboBox*> Cmb;  ///< over the text boxes of the same index
     controls::DTPicker* DTP = nullptr;                 ///< over Txt[SendDate]
     controls::CheckBox* ChkChuHuo = nullptr;
+    QString panelBeforeRefusal_;        ///< the position panel's text while the number is marked as in use
     QString customerAtEntry_;           ///< trimmed text of Cmb(31) when it got the focus
     waybills::BothSides runs_;          ///< what the computations last gave in this add or edit state
     std::vector<Explained> explained_;  ///< by the panel; empty while it is closed

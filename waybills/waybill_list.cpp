@@ -8,6 +8,7 @@
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
 #include "records/export.h"
+#include "waybills/release.h"
 #include "waybills/stored_steps.h"
 #include "waybills/waybill_form.h"
 
@@ -165,13 +166,8 @@ void B01::Menu_del() {
 }
 
 void B01::Menu_Check() {
-    const QString number = Quoted(text::Trim(CurrentCell(NumberColumn)));
-    const QString mark = GetStr(u"select F604 from B01 WHERE F1="_s + number);
-    if (mark != NotShipped && mark != NotChecked) {
-        sys::Inform(u"该单已经出货!不能再次进行出货操作"_s, MsgTitle);
-        return;
-    }
-    Db->Execute(u"update B01 set F604="_s + Quoted(OperatorName) + u" where F1="_s + number);
+    const QString refusal = waybills::Release(text::Trim(CurrentCell(NumberColumn)));
+    if (!refusal.isEmpty()) return sys::Inform(refusal, MsgTitle);
     // It leaves the list at once, and comes back with the operator's name when the list is next loaded.
     const bool last = GD->Rows() < 3;
     RemoveCurrentLine();

@@ -117,19 +117,22 @@ bool B01::TestNumberAndTotal() const {
     return false;
 }
 
+QString B01::NumberRefusal(const QString& found) const {
+    return u"["_s + found + u"]已经使用了"_s + BoxText(Number) + u"这个速递单号，请重新设置!"_s;
+}
+
 bool B01::CheckNumber() {
     const QString number = text::Trim(BoxText(Number));
     const QString old = text::Trim(OldKey());
     const QString found = GetStr(u"select F1 from B01 where F1="_s + Quoted(number));
-    return PrepareSave(
-        {.key = number,
-         .old = old,
-         .found = Absent(found) ? QString() : found,
-         .refusal = u"["_s + found + u"]已经使用了"_s + BoxText(Number) + u"这个速递单号，请重新设置!"_s,
-         .deleteOld = [&] {
-             accounts::DeleteWaybillEntries(*Db, old);
-             Db->Execute(u"delete from B01 where F1="_s + Quoted(old));
-         }});
+    return PrepareSave({.key = number,
+                        .old = old,
+                        .found = Absent(found) ? QString() : found,
+                        .refusal = NumberRefusal(found),
+                        .deleteOld = [&] {
+                            accounts::DeleteWaybillEntries(*Db, old);
+                            Db->Execute(u"delete from B01 where F1="_s + Quoted(old));
+                        }});
 }
 
 QString B01::InsertStatement() const {

@@ -1,15 +1,27 @@
 // The searchable fields of a waybill.
+#include "platform/text/quoted.h"
 #include "waybills/waybill_form.h"
 
 using namespace Qt::StringLiterals;
 using search::Kind;
 
+QString B01::SearchStatement() {
+    return ListColumns() +
+           u"FROM (B01 LEFT JOIN M03 ON B01.F603=M03.F1)  left join M01 on M01.F1=B01.F202 "_s;
+}
+
+void B01::ShowWaybill(const QString& number) {
+    LoadGrid(SearchStatement() + u" where B01.F1="_s + Quoted(number));
+    if (TabS->SelectedItem() == CardTab)
+        RowToCard();
+    else
+        TabS->SelectItem(CardTab);
+}
+
 void B01::Menu_query() {
     constexpr int Own = SearchField::OwnCaption;
-    // The list's columns without its ORDER BY: a search lists its results in the order of entry.
     static const SearchTable table = {
-        .base = ListColumns() +
-                u"FROM (B01 LEFT JOIN M03 ON B01.F603=M03.F1)  left join M01 on M01.F1=B01.F202 "_s,
+        .base = SearchStatement(),
         .fields = {{0, u"B01.F1"_s},
                    {1, u"B01.F101"_s, Kind::Date},
                    {2, u"B01.F2031"_s},

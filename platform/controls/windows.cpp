@@ -5,6 +5,7 @@
 #include "platform/controls/input_order.h"
 #include "platform/controls/placing.h"
 #include "platform/controls/wait.h"
+#include "platform/system/sound.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -219,6 +220,7 @@ void InstallWindows() {
     seams.askFile = ShowFileDialog;
     seams.openAddress = [](const QString& address) { QDesktopServices::openUrl(Url(address)); };
     seams.switchInputMethod = SwitchInputMethod;
+    sys::alertSound() = [] { QApplication::beep(); };
 }
 
 }  // namespace controls

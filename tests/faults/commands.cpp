@@ -287,6 +287,11 @@ std::vector<Command> Made() {
         {"B01_Edit", "B", "B01", EditOfWaybill, Save},
         {"B01_Release", "B", "B01", OnLine(u"W2"_s), [](Desk&) { AltKey(u'C'); }},
         {"B01_Delete", "B", "B01", OnLine(u"W1"_s), Delete},
+        {"ScanRelease_Scan", "", "", Shown(u"ScanRelease"_s),
+         [](Desk&) {
+             Type(u"w2"_s);
+             Press(Qt::Key_Return);
+         }},
         {"zhLst_Add", "D2", "zhLst",
          TypedRows({}, {{u"YS8"_s, u"2024-03-15"_s, u"华兴"_s, u"12.5"_s, u"张三"_s, u"仓租"_s},
                         {u"YS9"_s, u"2024-03-16"_s, u"恒丰"_s, u"3"_s, u""_s, u""_s}}),

@@ -67,6 +67,11 @@ QStringList TooNarrow(const QWidget& form) {
     return names;
 }
 
+bool IsOfPalette(const MenuRow& row) {
+    return std::ranges::any_of(PaletteRows(),
+                               [&](const PaletteRow& own) { return own.row.name == row.name; });
+}
+
 /// A tour that begins at one row of the menu. Whatever is asked on the way is declined; each modal form that
 /// comes is looked at and left.
 class Tour {
@@ -107,6 +112,10 @@ class Tour {
 
   private:
     void Begin() {
+        if (row_.opens == Opens::Child && IsOfPalette(row_)) {
+            program_.Frame().ShowChild(row_.target.toString());
+            return Settle();
+        }
         auto& bar = *qobject_cast<QMenuBar*>(program_.Frame().MenuItem(u"Menu_b"_s)->parent());
         EXPECT_TRUE(RunByKeys(bar, row_.name.toString()));
     }
@@ -143,9 +152,9 @@ class Tour {
             if (!program_.Frame().Front()) Begin();
             Run(command);
             if (EditInProgress) VisitEdit(command, commands);
-            // A preview has opened over the form.
+            // A preview has opened over the form, or another form with one of its records.
             if (ChildForm* front = program_.Frame().Front(); front && front->objectName() != name) {
-                EXPECT_TRUE(RunByKeys(*front->MenuBar(), u"Menu_Rtn"_s));
+                EXPECT_TRUE(RunByKeys(*front->MenuBar(), CommandsOf(*front->MenuBar()).last()));
             }
         }
         EXPECT_EQ(program_.Frame().Front(), nullptr) << "no key closes the form";
@@ -192,6 +201,7 @@ std::vector<MenuRow> Commands() {
     std::vector<MenuRow> rows;
     for (const MenuRow& row : MenuRows())
         if (row.opens != Opens::Nothing) rows.push_back(row);
+    for (const PaletteRow& own : PaletteRows()) rows.push_back(own.row);
     return rows;
 }
 

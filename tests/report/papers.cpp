@@ -51,6 +51,9 @@ QStringList Rows(const QString& layout, int rows) {
         } else if (layout == u"prntc05.rpt") {
             all += Insert(u"PRNTC05"_s, u"F1,F2,F3,F4,F5,F6,F7"_s,
                           u"'%1',' 重量:12.5','无人接听','','','',''"_s.arg(no));
+        } else if (layout == u"prntscan.rpt") {
+            all += Insert(u"PRNTC05"_s, u"F1,F2,F3,F4,F5,F6,F7"_s,
+                          u"'09:15:00','%1','新华','环洋','%2','未出货','没有这个速递单'"_s.arg(no, amount));
         } else if (layout == u"kuanmx.rpt") {
             all += Insert(
                 u"Plist"_s, u"F1,F3,F4,F7,F8,F9,F10,V1"_s,
@@ -101,7 +104,8 @@ const QList<Paper>& Papers() {
              InvoiceHeads},
         {u"prntd4.rpt"_s,
          QStringList{u"Cpt='客户月结单'"_s, u"myName='甲公司'"_s, u"khbm='客户编码： C1   华兴'"_s} +
-             InvoiceHeads}};
+             InvoiceHeads},
+        {u"prntscan.rpt"_s, {u"TJ='已出货 3，未出货 1'"_s}}};
     return papers;
 }
 

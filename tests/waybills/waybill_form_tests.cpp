@@ -369,5 +369,38 @@ TEST(B01, RightsDecideWhatIsSeenAndEdited) {
         << "an edit that keeps a stored total saves";
 }
 
+TEST(B01, ANumberInUseIsMarkedWhenItsTextBoxIsLeft) {
+    WaybillForm form({u"insert into B01 (F1,F101,F604) values ('W3','2024-03-13','未审核')"_s,
+                      u"insert into B01 (F1,F101,F604) values ('W4','2024-03-14','未审核')"_s});
+    const QString refusal = u"[W3]已经使用了w3这个速递单号，请重新设置!"_s;
+    const auto leave = [&](const QString& number) {
+        form.SetBox(Number, number);
+        Press(Qt::Key_Return);
+        EXPECT_NE(FocusName(), u"Txt(0)"_s) << "the focus moves on";
+        return form.TextBoxAt(Number).Widget()->toolTip();
+    };
+    const auto marked = [&] { return form.TextBoxAt(Number).Widget()->property("state").toString(); };
+    AltKey(u'A');
+    const QString before = form.Status();
+    EXPECT_EQ(leave(u"w3 "_s), u"[W3]已经使用了w3 这个速递单号，请重新设置!"_s);
+    EXPECT_EQ(leave(u"w3"_s), refusal);
+    EXPECT_EQ(form.Status(), refusal);
+    EXPECT_EQ(marked(), u"error"_s);
+    for (const QString& free : {u"W9"_s, u"O'W3"_s, u""_s}) {
+        EXPECT_EQ(leave(free), QString());
+        EXPECT_EQ(form.Status(), before);
+        EXPECT_EQ(marked(), QString());
+    }
+    EXPECT_EQ(leave(u"w3"_s), refusal);
+    AltKey(u'C');
+    EXPECT_EQ(marked(), QString());
+    EXPECT_EQ(form.Status(), u"速递单：共 2 条记录 当前为第 1 条"_s);
+    form.GoToRow(2);
+    AltKey(u'E');
+    EXPECT_EQ(leave(form.Box(Number)), QString()) << "its own number";
+    EXPECT_EQ(leave(u"w3"_s), refusal);
+    AltKey(u'C');
+}
+
 }  // namespace
 }  // namespace tests
