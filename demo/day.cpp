@@ -5,6 +5,7 @@
 #include "demo/accounts.h"
 #include "demo/customer_papers.h"
 #include "demo/day_entries.h"
+#include "demo/month_end.h"
 #include "demo/reports.h"
 #include "demo/sample_masters.h"
 #include "demo/tariffs.h"
@@ -592,6 +593,8 @@ void PlayDay(Operator& op, const QString& folder) {
          [&] { PlayReports(op, folder); }},
         {u"给客户的单据"_s, u"两种报价表；发货单的一笔付款，销售帐款统计报表和客户月结单。"_s,
          [&] { PlayCustomerPapers(op, folder); }},
+        {u"月底"_s, u"所有客户的对帐单一次生成：每个客户一份 PDF 和一份 Excel 工作簿，另有一张汇总表。"_s,
+         [&] { PlayMonthEnd(op, folder); }},
         {u"查找"_s, u"按日期、客户和审核人三个条件查找。"_s, [&] { PlaySearch(op); }},
         {u"导出"_s, u"列表导出为 Excel 工作簿。"_s, [&] { PlayExport(op, folder + u"/速递单.xls"_s); }},
         {u"另一位操作员"_s, u"看不到金额的操作员：金额以星号显示，已出货的单不能修改。"_s,

@@ -48,5 +48,6 @@ controls::Button* FilterStrip::AddButton(const QString& caption) {
     button->setObjectName(u"Cmd"_s);
     button->setDefault(true);
     Append(button);
+    row_->insertSpacing(row_->count() - behind_, Gap);
     return button;
 }

@@ -2,7 +2,7 @@
 // ones written into a folder. No menu row opens it.
 //
 // Always holds: the list is a copy, built anew by each 刷新数据. While statements are written no other input
-// than Esc counts; what was written when it stops remains.
+// than Esc counts; what was written before it remains.
 #pragma once
 
 #include "app/child_form.h"
