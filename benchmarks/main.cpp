@@ -26,6 +26,7 @@ void MeasureAll(benchmarks::Bench& bench, const QString& folder) {
         benchmarks::MeasureExport(bench, office);
         benchmarks::MeasureReports(bench, office);
         benchmarks::MeasureListReports(bench, office);
+        benchmarks::MeasureBatchStatements(bench, office);
         benchmarks::MeasureLedgers(bench, office);
     }
     benchmarks::MeasureHistory(bench, company);

@@ -5,6 +5,7 @@
 #include "demo/accounts.h"
 #include "demo/customer_papers.h"
 #include "demo/day_entries.h"
+#include "demo/month_end.h"
 #include "demo/packing.h"
 #include "demo/reports.h"
 #include "demo/sample_masters.h"
@@ -593,6 +594,8 @@ void PlayDay(Operator& op, const QString& folder) {
          [&] { PlayReports(op, folder); }},
         {u"给客户的单据"_s, u"两种报价表；发货单的一笔付款，销售帐款统计报表和客户月结单。"_s,
          [&] { PlayCustomerPapers(op, folder); }},
+        {u"月底"_s, u"所有客户的对帐单一次生成：每个客户一份 PDF 和一份 Excel 工作簿，另有一张汇总表。"_s,
+         [&] { PlayMonthEnd(op, folder); }},
         {u"查找"_s, u"按日期、客户和审核人三个条件查找。"_s, [&] { PlaySearch(op); }},
         {u"导出"_s, u"列表导出为 Excel 工作簿。"_s, [&] { PlayExport(op, folder + u"/速递单.xls"_s); }},
         {u"打包台"_s, u"还没有出货的单；扫描出货并打印明细；单号重复时马上提示。"_s,

@@ -160,6 +160,10 @@ void Operator::Expect(const QString& what, std::function<bool()> holds) {
     });
 }
 
+void Operator::WaitForBox() {
+    steps_.push_back({u"等待消息框"_s, [] { return ActiveBox() != nullptr; }, true});
+}
+
 void Operator::ExpectBox(const QString& text, const QString& title, const QString& picture, Qt::Key answer) {
     const auto add = [&](const QString& what, std::function<void(QMessageBox&)> act) {
         Add(

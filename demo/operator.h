@@ -46,6 +46,8 @@ class Operator {
     /// The rows of a SELECT, fields joined by "|", as everything up to here has left them in the file.
     void ExpectRows(const QString& select, const QStringList& rows);
     void Expect(const QString& what, std::function<bool()> holds);
+    /// Lets a command that works in the event loop go on until it shows a message box.
+    void WaitForBox();
     /// A message box is there: its picture if it has a name, then the key that answers it.
     void ExpectBox(const QString& text, const QString& title, const QString& picture = {},
                    Qt::Key answer = Qt::Key_Return);

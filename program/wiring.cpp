@@ -13,6 +13,7 @@
 #include "history/failed_command.h"
 #include "history/history_form.h"
 #include "records/small_master.h"
+#include "reports/batch_form.h"
 #include "reports/invoices/payments.h"
 #include "reports/invoices/sales.h"
 #include "reports/printing.h"
@@ -52,6 +53,7 @@ Registry FilledRegistry() {
     forms.children[u"A05"_s] = Child<A05>();
     forms.children[u"A06"_s] = Child<A06>();
     forms.children[u"B01"_s] = Child<B01>();
+    forms.children[u"BatchStatements"_s] = Child<BatchStatements>();
     forms.children[u"C01"_s] = Child<C01>();
     forms.children[u"C02"_s] = Child<C02>();
     forms.children[u"C03"_s] = Child<C03>();

@@ -9,7 +9,7 @@
 #include "platform/system/files.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
-#include "platform/workbook/workbook.h"
+#include "records/export_sheet.h"
 #include "schema/names.h"
 
 #include <QFileInfo>
@@ -24,7 +24,6 @@ using workbook::Format;
 namespace {
 
 const QString SettingsEntry = u"ToExcel"_s;  // in the user's settings: the index of the version chosen last
-const QString SheetName = u"mysheet"_s;
 const QString ExportCaption = u"导出数据"_s;
 const QString OpenCaption = u"打开文件"_s;
 const QString Extension = u".xls"_s;
@@ -171,10 +170,8 @@ bool ToExcel::WriteFile() {
 }
 
 void ToExcel::WriteRows(const QString& path) {
-    workbook::Writer book(Versions[Cmb->ListIndex()].format, SheetName);
     const std::vector<int> columns = ExportedColumns(*GD);
-    book.NextRow();
-    for (std::size_t field = 1; field <= columns.size(); ++field) book.Add(u'F' + QString::number(field));
+    ExportSheet book(Versions[Cmb->ListIndex()].format, columns.size());
     reported_.invalidate();
     for (int row = 0; row < GD->Rows(); ++row) {
         book.NextRow();

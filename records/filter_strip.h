@@ -14,6 +14,8 @@ class FilterStrip : public QWidget {
   public:
     /// Shows that form's title and follows its changes.
     explicit FilterStrip(const QWidget& form);
+    /// One without a title, for boxes below the list.
+    FilterStrip();
 
     /// Adds a combo or picker of that width behind the others; Enter in it acts as Tab. Returns its caption.
     template <class Box>
@@ -30,6 +32,7 @@ class FilterStrip : public QWidget {
     void Append(QWidget* widget);
 
     QHBoxLayout* row_;
+    int behind_ = 1;  ///< what is at the right of the boxes: the stretch, the title
 };
 
 template <class Box>

@@ -155,20 +155,11 @@ void ReportForm::Refresh() {
 }
 
 void ReportForm::Fill(dao::Recordset& rows, int count) {
-    const auto& columns = settings_.columns;
-    const int cols = GD->Cols();
-    reports::Sums sums(columns);
     GD->BeginLoad(count + 1);
     const auto loaded = qScopeGuard([this] { GD->EndLoad(); });
-    for (int row = 0; row < count; ++row, rows.MoveNext()) {
-        for (int col = 0; col < cols; ++col) {
-            QString cell = reports::CellOf(rows, columns[static_cast<std::size_t>(col)], col);
-            sums.Add(col, cell);
-            GD->LoadCell(row, col, std::move(cell));
-        }
-    }
-    for (int col = 0; col < cols; ++col) {
-        GD->LoadCell(count, col, sums.Text(col));
+    reports::ReadList(rows, count, settings_.columns,
+                      [this](int row, int col, QString cell) { GD->LoadCell(row, col, std::move(cell)); });
+    for (int col = 0; col < GD->Cols(); ++col) {
         GD->SetCellColor(count + 1, col, controls::paint::kTotal);
         GD->SetCellBold(count + 1, col, true);
     }
@@ -188,15 +179,7 @@ void ReportForm::ShowStatus() const {
 void ReportForm::PrintList(const reports::Print& print) {
     if (GD->TextMatrix(1, 0).isEmpty()) return sys::Inform(u"无数据可打印"_s, MsgTitle);
     const controls::WaitPointer wait;
-    reports::FillWorkTable(*Db, settings_.work, GD->Rows() - 1,
-                           [this](int row, int col) { return GD->TextMatrix(row + 1, col); });
-    QStringList formulas;
-    if (print.formulas) {
-        const QString& table = settings_.choice.table;
-        const QString name = table.isEmpty()
-                                 ? QString()
-                                 : GetStr(u"select F2 FROM "_s + table + u" where F1="_s + Quoted(code_));
-        formulas = print.formulas(Scope(), name);
-    }
-    RunReport(print.layout, formulas);
+    RunReport(print.layout,
+              reports::PreparePrint(*Db, settings_, print, Scope(), GD->Rows() - 1,
+                                    [this](int row, int col) { return GD->TextMatrix(row + 1, col); }));
 }

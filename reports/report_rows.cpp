@@ -1,5 +1,6 @@
 #include "reports/report_rows.h"
 
+#include "app/data_access.h"
 #include "platform/text/numbers.h"
 
 #include <QStringBuilder>
@@ -41,6 +42,20 @@ QString Sums::Text(int column) const {
     return {};
 }
 
+void ReadList(dao::Recordset& rows, int count, const std::vector<Column>& columns,
+              const std::function<void(int row, int column, QString cell)>& put) {
+    const int cols = static_cast<int>(columns.size());
+    Sums sums(columns);
+    for (int row = 0; row < count; ++row, rows.MoveNext()) {
+        for (int col = 0; col < cols; ++col) {
+            QString cell = CellOf(rows, columns[static_cast<std::size_t>(col)], col);
+            sums.Add(col, cell);
+            put(row, col, std::move(cell));
+        }
+    }
+    for (int col = 0; col < cols; ++col) put(count, col, sums.Text(col));
+}
+
 void FillWorkTable(dao::Database& db, const WorkTable& table, int rows,
                    const std::function<QString(int row, int column)>& cell) {
     db.Execute(u"DELETE FROM "_s + table.name);
@@ -51,6 +66,14 @@ void FillWorkTable(dao::Database& db, const WorkTable& table, int rows,
         if (table.take && !table.take(cells)) continue;
         db.Execute(table.insert % u'\'' % cells.join(u"','"_s) % u"')"_s);
     }
+}
+
+QStringList PreparePrint(dao::Database& db, const Settings& settings, const Print& print, const Scope& scope,
+                         int rows, const std::function<QString(int row, int column)>& cell) {
+    FillWorkTable(db, settings.work, rows, cell);
+    if (!print.formulas) return {};
+    const QString& table = settings.choice.table;
+    return print.formulas(scope, table.isEmpty() ? QString() : NameOf(db, table, scope.code));
 }
 
 }  // namespace reports

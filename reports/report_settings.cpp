@@ -27,10 +27,12 @@ QString ManifestStatement(const Scope& scope) {
            Quoted(scope.from) + u",F101 ) = 0  AND f202="_s + Quoted(scope.code);
 }
 
+const QString OnMonthlyAccount = u" AND F501='月结'"_s;
+
 /// Waybills on monthly account alone, released or not.
 QString CustomerStatement(const Scope& scope) {
     return u"select F101 ,F1,F301 ,F2031,F402,F502,F503,F505,F508,F504 from B01 where  "_s +
-           InPeriod(scope, u"F101"_s) + u" AND f603="_s + Quoted(scope.code) + u" AND F501='月结'"_s;
+           InPeriod(scope, u"F101"_s) + u" AND f603="_s + Quoted(scope.code) + OnMonthlyAccount;
 }
 
 QString ChannelStatement(const Scope& scope) {
@@ -206,5 +208,10 @@ const Settings MarginReport = {
              .columns = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}},
     .prints = {{u"Menu_P"_s, u"&P.打印报表"_s, u"prntc06.rpt"_s, MarginHeading}},
 };
+
+QString CustomersWithStatement(const Scope& scope) {
+    return u"select F603,(select F2 from M03 where M03.F1=B01.F603) as KH,count(*) as PS from B01 where "_s +
+           InPeriod(scope, u"F101"_s) + OnMonthlyAccount + u" AND F603<>'' group by F603 order by F603"_s;
+}
 
 }  // namespace reports

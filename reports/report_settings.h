@@ -76,4 +76,8 @@ extern const Settings ChannelStatementReport;   ///< C03
 extern const Settings MonthlyReport;            ///< C04
 extern const Settings MarginReport;             ///< C06
 
+/// The customers that CustomerStatementReport has rows for in the period: code, name, number of waybills, in
+/// the order of the codes. The scope's code counts for nothing.
+QString CustomersWithStatement(const Scope& scope);
+
 }  // namespace reports

@@ -27,4 +27,8 @@ class OrdinaryPointer {
 /// Paints what has changed. Processes no user input and closes no commit group.
 void ShowProgress();
 
+/// The same for long work that the operator can stop: whether Esc was pressed since the last call. All other
+/// input that has come meanwhile is dropped. Other events are processed, so no command may be half executed.
+bool EscWasPressed();
+
 }  // namespace controls

@@ -118,7 +118,9 @@ QByteArray PdfCanvas::WriteResources() {
     return resources + ">>";
 }
 
-void WritePages(const Document& document, QIODevice& out, const std::function<void(int)>& progress) {
+}  // namespace
+
+void WritePdf(const Document& document, QIODevice& out, const std::function<void(int)>& progress) {
     PdfFile file(out);
     const int pages = file.Reserve(), resources = file.Reserve();
     const PaperSize paper = document.Paper();
@@ -142,12 +144,10 @@ void WritePages(const Document& document, QIODevice& out, const std::function<vo
     file.Finish(catalog, information);
 }
 
-}  // namespace
-
 void WritePdf(const Document& document, const QString& path, const std::function<void(int)>& progress) {
     QSaveFile file(path);
     if (file.open(QIODevice::WriteOnly)) {
-        WritePages(document, file, progress);
+        WritePdf(document, file, progress);
         if (file.flush() && file.commit())
             return;  // the commit alone overlooks what the flush of its end could not write
     }

@@ -3,6 +3,7 @@
 
 #include "platform/report/document.h"
 
+#include <QIODevice>
 #include <QString>
 
 #include <functional>
@@ -13,5 +14,7 @@ namespace report {
 /// each page. Raises RuntimeError with the reason in words for the operator, and then the file is as it was.
 void WritePdf(const Document& document, const QString& path,
               const std::function<void(int page)>& progress = {});
+/// The same into a device that is open. What the device refuses is the caller's to ask.
+void WritePdf(const Document& document, QIODevice& out, const std::function<void(int page)>& progress = {});
 
 }  // namespace report

@@ -6,6 +6,7 @@
 #include "platform/report/pdf.h"
 #include "platform/report/preview.h"
 #include "platform/system/files.h"
+#include "platform/system/new_file.h"
 #include "platform/system/seams.h"
 
 #include <QEvent>
@@ -75,13 +76,6 @@ void PrintPages(const Document& document, QPrinter& printer) {
         }
 }
 
-/// A title as the name of a file.
-QString FileNameOf(QString title) {
-    for (QChar& c : title)
-        if (c < u' ' || u"/\\:*?\"<>|"_s.contains(c)) c = u' ';
-    return title.simplified() + u".pdf"_s;
-}
-
 }  // namespace
 
 ReportControl::ReportControl(QObject* parent) : QObject(parent) {
@@ -145,10 +139,11 @@ void ReportControl::Print() {
 }
 
 void ReportControl::SaveAsPdf() {
-    QString path = sys::AskFile({.kind = sys::FileRequest::Kind::Save,
-                                 .title = u"另存为 PDF"_s,
-                                 .proposed = FileNameOf(document_->Title()),
-                                 .pattern = u"*.pdf"_s});
+    QString path =
+        sys::AskFile({.kind = sys::FileRequest::Kind::Save,
+                      .title = u"另存为 PDF"_s,
+                      .proposed = sys::FileNameOf(document_->Title(), u' ').simplified() + u".pdf"_s,
+                      .pattern = u"*.pdf"_s});
     if (path.isEmpty()) return;
     if (!path.endsWith(u".pdf"_s, Qt::CaseInsensitive)) path += u".pdf"_s;
     if (sys::IsThere(path) &&

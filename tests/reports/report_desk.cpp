@@ -45,11 +45,15 @@ QString ReportDesk::Layout() {
 }
 
 QStringList ReportDesk::PdfLines() {
-    constexpr double sameLine = 3;  // points between the middles of two words
     const QString path = AppFolder + u"read.pdf"_s;
     QFile::remove(path);
     script.File(u"另存为 PDF"_s, path);
     Press(Qt::Key_S, Qt::ControlModifier);
+    return PdfLinesOf(path);
+}
+
+QStringList PdfLinesOf(const QString& path) {
+    constexpr double sameLine = 3;  // points between the middles of two words
     QList<PdfWord> words = ReadPdf(path);
     const auto middle = [](const PdfWord& word) { return (word.top + word.bottom) / 2; };
     std::ranges::stable_sort(words, {},

@@ -25,4 +25,7 @@ class ReportDesk : public Program {
     static testing::AssertionResult Contains(const QStringList& lines, const QString& text);
 };
 
+/// Of any file, read back likewise.
+QStringList PdfLinesOf(const QString& path);
+
 }  // namespace tests
