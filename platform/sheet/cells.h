@@ -39,7 +39,7 @@ std::optional<QString> DateText(double serial, Look look, bool from1904);
 
 // The readers. Each raises RuntimeError.
 void ReadCsv(const QByteArray& bytes, Cells& cells);
-void ReadXls(const QString& path, const QByteArray& bytes, int which, Cells& cells);
+void ReadXls(const QByteArray& bytes, int which, Cells& cells);
 void ReadXlsx(const QByteArray& bytes, int which, Cells& cells);
 
 /// The refusals that several readers give.

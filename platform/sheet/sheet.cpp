@@ -59,8 +59,8 @@ bool IsOldWorkbook(const QByteArray& bytes) {
     return false;
 }
 
-void ReadAny(const QString& path, const QByteArray& bytes, int which, Cells& cells) {
-    if (bytes.startsWith("\xD0\xCF\x11\xE0")) return ReadXls(path, bytes, which, cells);
+void ReadAny(const QByteArray& bytes, int which, Cells& cells) {
+    if (bytes.startsWith("\xD0\xCF\x11\xE0")) return ReadXls(bytes, which, cells);
     if (bytes.startsWith("PK\x03\x04")) return ReadXlsx(bytes, which, cells);
     if (IsOldWorkbook(bytes)) throw RuntimeError(u"工作簿的版本太旧，请另存为 EXCEL 97 或更新的格式！"_s);
     if (IsMarkup(bytes))
@@ -89,7 +89,7 @@ Sheet Read(const QString& path, int which, const Progress& progress) {
     const QuietLibraries quiet;
     Sheet sheet;
     Cells cells(sheet, progress);
-    ReadAny(path, BytesOf(path), which, cells);
+    ReadAny(BytesOf(path), which, cells);
     if (sheet.rows.empty() && sheet.reports == 0) throw RuntimeError(u"文件里没有数据！"_s);
     return sheet;
 }

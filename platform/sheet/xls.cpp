@@ -1,12 +1,15 @@
-// The values come from FreeXL, which passes over records that it does not know. So the records of the sheet
-// are looked through as well: a cell that has a record there and no value from FreeXL is read here or
-// reported.
+// Numbers, dates and the texts of the older formats come from FreeXL, which passes over records that it does
+// not know and refuses a workbook with an empty text in its table of texts, as our own exports have. So the
+// records are looked through as well: the table of texts is read here, and a cell that has a record and no
+// value from FreeXL is read here or reported.
 #include "platform/errors.h"
 #include "platform/sheet/cells.h"
 #include "platform/sheet/container.h"
+#include "platform/workbook/container.h"
 
 #include <QFile>
 #include <QHash>
+#include <QTemporaryDir>
 #include <QtEndian>
 
 #include <cstring>
@@ -21,9 +24,11 @@ enum RecordType : quint16 {
     Formula = 0x0006,
     End = 0x000A,
     FilePass = 0x002F,
+    Continue = 0x003C,
     BoundSheet = 0x0085,
     MulRk = 0x00BD,
     RString = 0x00D6,
+    Sst = 0x00FC,
     LabelSst = 0x00FD,
     Number = 0x0203,
     Label = 0x0204,
@@ -68,6 +73,97 @@ class Records {
     qsizetype at_;
 };
 
+/// The table of texts, which goes over several records: where one ends inside of a text's characters, the
+/// next begins with their width.
+class Texts {
+  public:
+    explicit Texts(std::vector<QByteArrayView> parts) : parts_(std::move(parts)) {}
+
+    std::vector<QString> Read() {
+        std::vector<QString> texts;
+        Skip(4);
+        const quint32 count = Long();
+        while (texts.size() < count && !AtEnd()) texts.push_back(Text());
+        return texts;
+    }
+
+  private:
+    bool AtEnd() const { return part_ >= parts_.size(); }
+    void NextPart() {
+        while (!AtEnd() && at_ >= parts_[part_].size()) {
+            ++part_;
+            at_ = 0;
+        }
+    }
+    quint8 Byte() {
+        NextPart();
+        if (AtEnd()) RefuseDamaged();
+        return static_cast<quint8>(parts_[part_][at_++]);
+    }
+    quint16 Short() {
+        const quint8 low = Byte();
+        return static_cast<quint16>(low | Byte() << 8);
+    }
+    quint32 Long() {
+        const quint32 low = Short();
+        return low | static_cast<quint32>(Short()) << 16;
+    }
+    void Skip(qint64 bytes) {
+        for (; bytes > 0; --bytes) Byte();
+    }
+
+    QString Text() {
+        const int length = Short();
+        const int flags = Byte();
+        const int runs = (flags & 8) != 0 ? Short() : 0;
+        const quint32 further = (flags & 4) != 0 ? Long() : 0;
+        QString text;
+        text.reserve(length);
+        bool wide = (flags & 1) != 0;
+        while (text.size() < length) {
+            if (at_ >= parts_[part_].size()) wide = (Byte() & 1) != 0;
+            text += QChar(wide ? Short() : static_cast<quint16>(Byte()));
+        }
+        Skip(4LL * runs + further);
+        NextPart();
+        return text;
+    }
+
+    std::vector<QByteArrayView> parts_;
+    std::size_t part_ = 0;
+    qsizetype at_ = 0;
+};
+
+/// Of the table's records, which come one after the other.
+std::vector<QString> TextsOf(const QByteArray& stream) {
+    Records records(stream, 0);
+    Record record;
+    std::vector<QByteArrayView> parts;
+    bool inside = false;
+    while (records.Next(record) && record.type != End) {
+        inside = record.type == Sst || (inside && record.type == Continue);
+        if (inside) parts.push_back(record.data);
+    }
+    if (parts.empty()) return {};
+    return Texts(std::move(parts)).Read();
+}
+
+/// The stream without what names texts of the table: those records get a type that no reader knows.
+QByteArray WithoutTexts(const QByteArray& stream) {
+    constexpr char unknown[] = {'\xFE', '\x0F'};
+    QByteArray without = stream;
+    Records records(stream, 0);
+    Record record;
+    bool inside = false;
+    while (records.Next(record)) {
+        inside = record.type == Sst || (inside && record.type == Continue);
+        if (!inside && record.type != LabelSst) continue;
+        const qsizetype place = record.data.data() - stream.constData() - 4;
+        std::copy(std::begin(unknown), std::end(unknown), without.data() + place);
+    }
+    return without;
+}
+
 struct SheetPlace {
     qsizetype offset;
     unsigned short index;  ///< as FreeXL counts
@@ -102,14 +198,21 @@ QString ErrorName(int code) {
     return names.value(code, u"#?"_s);
 }
 
+/// The stream as FreeXL reads it. It gets a container of our own, since it fails for streams of less than
+/// 4096 bytes, which lie in another place of the container, and trusts what a damaged one says.
 class File {
   public:
-    explicit File(const QString& path) {
-        const int code = freexl_open(QFile::encodeName(path).constData(), &handle_);
-        if (code != FREEXL_OK) {
-            freexl_close(handle_);
-            RefuseDamaged();
-        }
+    explicit File(QByteArray stream) {
+        constexpr qsizetype least = 4096;
+        if (!folder_.isValid()) throw RuntimeError(u"无法建立临时文件：%1！"_s.arg(folder_.errorString()));
+        if (stream.size() < least) stream.append(least - stream.size(), '\0');
+        const QString path = folder_.filePath(u"bill.xls"_s);
+        workbook::WriteContainer(
+            path, "Workbook", {},
+            {{reinterpret_cast<const uchar*>(stream.constData()), static_cast<std::size_t>(stream.size())}});
+        if (freexl_open(QFile::encodeName(path).constData(), &handle_) == FREEXL_OK && handle_) return;
+        freexl_close(handle_);
+        RefuseDamaged();
     }
     ~File() { freexl_close(handle_); }
     File(const File&) = delete;
@@ -145,13 +248,15 @@ class File {
     }
 
   private:
+    QTemporaryDir folder_;
     const void* handle_ = nullptr;
 };
 
 /// Brings the cells that the records of a sheet name into the sheet.
 class Reader {
   public:
-    Reader(const File& file, Cells& cells) : file_(file), cells_(cells) {}
+    Reader(const File& file, const std::vector<QString>& texts, Cells& cells)
+        : file_(file), texts_(texts), cells_(cells) {}
 
     void Read(Records records) {
         Record record;
@@ -188,15 +293,23 @@ class Reader {
     }
 
     void TakeCell(const Record& record, int row, int column) {
+        if (record.type == LabelSst) return TakeText(record, row, column);
         if (const auto text = file_.TextAt(row, column)) {
-            const bool number = record.type != Label && record.type != LabelSst && record.type != RString;
+            const bool number = record.type != Label && record.type != RString;
             if (number && IsTooLong(*text)) cells_.Report(row, column, kTooLong);
             return cells_.Put(row, column, *text);
         }
         if (record.type == Number) return cells_.Put(row, column, NumberText(record.Double(6)));
         if (record.type == BoolErr) return TakeBoolOrError(row, column, record.Byte(7) != 0, record.Byte(6));
+        if (record.type == Label && record.Short(6) == 0) return;  // an empty text
         if (record.type == Formula) return TakeFormula(record, row, column);
         cells_.Report(row, column, u"无法读取"_s);
+    }
+
+    void TakeText(const Record& record, int row, int column) {
+        const std::size_t index = record.Short(6) | static_cast<std::size_t>(record.Short(8)) << 16;
+        if (index >= texts_.size()) return cells_.Report(row, column, u"文字不在工作簿里");
+        cells_.Put(row, column, texts_[index]);
     }
 
     void TakeBoolOrError(int row, int column, bool error, int value) {
@@ -238,6 +351,7 @@ class Reader {
     }
 
     const File& file_;
+    const std::vector<QString>& texts_;
     Cells& cells_;
     int textRow_ = -1;  ///< of the formula whose text follows; -1: none
     int textColumn_ = 0;
@@ -254,15 +368,16 @@ QByteArray StreamOf(const QByteArray& bytes) {
 
 }  // namespace
 
-void ReadXls(const QString& path, const QByteArray& bytes, int which, Cells& cells) {
+void ReadXls(const QByteArray& bytes, int which, Cells& cells) {
     const QByteArray stream = StreamOf(bytes);
     const std::vector<SheetPlace> sheets = SheetsOf(stream);
-    const File file(path);
+    const std::vector<QString> texts = TextsOf(stream);
+    const File file(WithoutTexts(stream));
     for (const SheetPlace& sheet : sheets) cells.Names() += file.NameOf(sheet.index);
     const bool there = which >= 0 && which < static_cast<int>(sheets.size());
     const SheetPlace& chosen = sheets[there ? static_cast<std::size_t>(which) : 0];
     file.Choose(chosen.index);
-    Reader(file, cells).Read(Records(stream, chosen.offset));
+    Reader(file, texts, cells).Read(Records(stream, chosen.offset));
 }
 
 }  // namespace sheet

@@ -215,16 +215,24 @@ TEST(Sheet, AnXlsGivesWhatItsReaderPassesOver) {
     EXPECT_EQ(write(u"plain"_s, false).join(u'\n'),
               u"1234567890123|12.5|文字|#N/A\n#DIV/0!|TRUE\nD1: 错误值\nA2: 错误值"_s);
     EXPECT_EQ(write(u"locked"_s, true), QStringList{u"! 工作簿有密码，无法读取！请去掉密码后另存。"_s});
+    // Empty texts, and texts that go over the end of a record in each width.
+    const QString narrow(3000, u'n'), wide = u"宽"_s.repeated(3000);
     for (const auto format : {workbook::Format::Biff8, workbook::Format::Biff5}) {
+        const bool large = format == workbook::Format::Biff8;
         const QString path = folder.Path(QString::number(static_cast<int>(format)));
+        const QList<QStringList> rows = {{u"运单号"_s, u""_s, u"重量"_s},
+                                         {u""_s, u"x"_s},
+                                         {large ? narrow : u"n"_s, large ? wide : u"宽"_s,
+                                          large ? narrow + u'2' : u"2"_s, large ? wide + u'3' : u"3"_s}};
         workbook::Writer book(format, u"一"_s);
-        for (const auto& cells :
-             {QStringList{u"运单号"_s, u""_s, u"重量"_s}, QStringList{u"007"_s, u"x"_s}}) {
+        for (const QStringList& cells : rows) {
             book.NextRow();
             for (const QString& cell : cells) book.Add(cell);
         }
         book.Save(path);
-        EXPECT_EQ(Seen(path), (QStringList{u"运单号||重量"_s, u"007|x"_s}));
+        QStringList expected;
+        for (const QStringList& cells : rows) expected += cells.join(u'|');
+        EXPECT_TRUE(Seen(path) == expected) << Seen(path).join(u' ').left(200).toStdString();
     }
 }
 
