@@ -10,23 +10,27 @@ constexpr int Gap = 14;
 
 }  // namespace
 
-FilterStrip::FilterStrip(const QWidget& form) : row_(new QHBoxLayout(this)) {
+FilterStrip::FilterStrip() : row_(new QHBoxLayout(this)) {
     setProperty("role", u"strip"_s);
     setAttribute(Qt::WA_StyledBackground);
     setFixedHeight(StripHeight);
     row_->setContentsMargins(StripMargin, 0, StripMargin, 0);
     row_->setSpacing(0);
+    row_->addStretch(1);
+}
+
+FilterStrip::FilterStrip(const QWidget& form) : FilterStrip() {
     auto* title = new QLabel(form.windowTitle());
     title->setTextFormat(Qt::PlainText);
     title->setProperty("role", u"form"_s);
     connect(&form, &QWidget::windowTitleChanged, title, &QLabel::setText);
-    row_->addStretch(1);
     row_->addWidget(title);
+    behind_ = 2;
 }
 
 /// In front of the stretch and the title.
 void FilterStrip::Append(QWidget* widget) {
-    row_->insertWidget(row_->count() - 2, widget);
+    row_->insertWidget(row_->count() - behind_, widget);
 }
 
 QLabel* FilterStrip::Place(const QString& caption, const QString& name, QWidget* box, int width) {
@@ -35,13 +39,13 @@ QLabel* FilterStrip::Place(const QString& caption, const QString& name, QWidget*
     box->setFixedWidth(width);
     Append(label);
     Append(box);
-    row_->insertSpacing(row_->count() - 2, Gap);
+    row_->insertSpacing(row_->count() - behind_, Gap);
     return label;
 }
 
-controls::Button* FilterStrip::AddButton(const QString& caption) {
+controls::Button* FilterStrip::AddButton(const QString& caption, const QString& name) {
     auto* button = new controls::Button(caption);
-    button->setObjectName(u"Cmd"_s);
+    button->setObjectName(name);
     button->setDefault(true);
     Append(button);
     return button;

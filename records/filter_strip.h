@@ -14,12 +14,14 @@ class FilterStrip : public QWidget {
   public:
     /// Shows that form's title and follows its changes.
     explicit FilterStrip(const QWidget& form);
+    /// A further strip of the same form, without the caption.
+    FilterStrip();
 
     /// Adds a combo or picker of that width behind the others; Enter in it acts as Tab. Returns its caption.
     template <class Box>
     QLabel* Add(const QString& caption, const QString& name, Box* box, int width);
-    /// Cmd, the button that builds.
-    controls::Button* AddButton(const QString& caption);
+    /// The button that builds.
+    controls::Button* AddButton(const QString& caption, const QString& name = QStringLiteral("Cmd"));
 
     // Device-independent pixels.
     static constexpr int kChoiceWidth = 220;  ///< of a combo with codes and names
@@ -30,6 +32,7 @@ class FilterStrip : public QWidget {
     void Append(QWidget* widget);
 
     QHBoxLayout* row_;
+    int behind_ = 1;  ///< items of the row behind the boxes
 };
 
 template <class Box>
