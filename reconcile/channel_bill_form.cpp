@@ -175,7 +175,8 @@ QWidget* ChannelBill::MakeCompareStrip() {
     strip->setProperty("edge", u"both"_s);
     strip->Add(u"重量允差(KG)"_s, u"Txt(2)"_s, Txt[WeightTolerance], 84);
     strip->Add(u"费用允差(元)"_s, u"Txt(3)"_s, Txt[CostTolerance], 84);
-    strip->AddButton(u"核 对"_s, u"Cmd(1)"_s)->Click = [this] { Compare(); };
+    CmdCompare = strip->AddButton(u"核 对"_s, u"Cmd(1)"_s);
+    CmdCompare->Click = [this] { Compare(); };
     strip->Add(u"　显示"_s, u"Cmb(6)"_s, Cmb[Filter], 120);
     Cmb[Filter]->AddItem(AllResults);
     for (std::size_t i = 0; i < reconcile::kOutcomes; ++i)
@@ -259,10 +260,16 @@ void ChannelBill::ChooseFile() {
                                        .title = u"选择渠道帐单"_s,
                                        .proposed = {},
                                        .pattern = u"帐单 (*.xls *.xlsx *.csv *.txt)"_s});
-    if (!path.isEmpty()) Read(path, 0);
+    if (path.isEmpty() || !Read(path, 0)) return;
+    // Where the columns are known nothing is left to be chosen.
+    const bool known = Cmb[NumberColumn]->currentIndex() > 0;
+    if (known)
+        CmdCompare->SetFocus();
+    else
+        Cmb[NumberColumn]->SetFocus();
 }
 
-void ChannelBill::Read(const QString& path, int which) {
+bool ChannelBill::Read(const QString& path, int which) {
     QString refusal;
     {
         const QString caption = windowTitle();
@@ -281,7 +288,8 @@ void ChannelBill::Read(const QString& path, int which) {
     }
     if (!refusal.isEmpty()) {
         if (bill_ && bill_->names.size() > which_) Cmb[SheetName]->setCurrentIndex(which_);
-        return sys::Inform(refusal, MsgTitle);
+        sys::Inform(refusal, MsgTitle);
+        return false;
     }
     Txt[FileName]->SetText(QFileInfo(path).fileName());
     Txt[FileName]->setToolTip(path);
@@ -292,6 +300,7 @@ void ChannelBill::Read(const QString& path, int which) {
     ChooseColumns();
     ShowBill();
     ShowStatus();
+    return true;
 }
 
 void ChannelBill::ChooseChannel() {

@@ -33,8 +33,8 @@ class ChannelBill : public ChildForm {
     void MakeResultGrid();
 
     void ChooseFile();
-    /// Leaves what was read before where the file is refused.
-    void Read(const QString& path, int which);
+    /// False after a message; what was read before stays then.
+    bool Read(const QString& path, int which);
     void ChooseChannel();
     void ChooseColumns();
     void FillColumnCombos();
@@ -52,7 +52,8 @@ class ChannelBill : public ChildForm {
     std::array<controls::ComboBox*, Combos> Cmb{};
     std::array<controls::LineBox*, Boxes> Txt{};
     std::array<controls::DTPicker*, 2> DTP{};  ///< from, to
-    controls::FlexGrid* GDBill;                ///< the first rows of the bill
+    controls::Button* CmdCompare = nullptr;
+    controls::FlexGrid* GDBill;  ///< the first rows of the bill
     controls::FlexGrid* GDSum;
     controls::FlexGrid* GD;  ///< the result
     CommandBar commands_;

@@ -1,5 +1,5 @@
-// Every form of the menu table is visited by keys, in every state that its commands bring it to.
-// A form that is added to the registry is visited by itself.
+// Every form of the menu table and of the palette is visited by keys, in every state that its commands bring
+// it to. A form that is added to the registry is visited by itself.
 #include "app/main_menu.h"
 #include "app/session.h"
 #include "platform/controls/modal_form.h"
@@ -107,8 +107,14 @@ class Tour {
 
   private:
     void Begin() {
+        if (!InMenus(row_)) return sys::Guarded([&] { program_.Frame().ShowChild(row_.target.toString()); });
         auto& bar = *qobject_cast<QMenuBar*>(program_.Frame().MenuItem(u"Menu_b"_s)->parent());
         EXPECT_TRUE(RunByKeys(bar, row_.name.toString()));
+    }
+
+    /// What the palette alone opens is not in the menus.
+    static bool InMenus(const MenuRow& row) {
+        return std::ranges::any_of(MenuRows(), [&](const MenuRow& other) { return other.name == row.name; });
     }
 
     static void Look(QWidget& form, const QString& where, bool browsing = false) {
@@ -192,6 +198,8 @@ std::vector<MenuRow> Commands() {
     std::vector<MenuRow> rows;
     for (const MenuRow& row : MenuRows())
         if (row.opens != Opens::Nothing) rows.push_back(row);
+    for (const PaletteRow& own : PaletteRows())
+        if (own.row.opens == Opens::Child) rows.push_back(own.row);
     return rows;
 }
 

@@ -1,7 +1,6 @@
 // 渠道帐单核对 by keys over the sample company: a bill as CSV and as .xls against the expected file
 // (tests/support/expected.h says how to renew it), the kept columns, and what is refused.
 #include "platform/workbook/workbook.h"
-#include "tests/support/by_keys.h"
 #include "tests/support/expected.h"
 #include "tests/support/program.h"
 
@@ -127,21 +126,6 @@ TEST_F(ChannelBillForm, RefusesWithAMessageAndStaysUsable) {
     SetPeriod(QDate(2024, 11, 2), QDate(2024, 11, 1));
     refuses(u"起始日期晚于截止日期!"_s);
     EXPECT_EQ(Rows(u"select F1 from M012"_s), QStringList());
-}
-
-/// As the keyboard tests ask of the forms of the menus.
-TEST_F(ChannelBillForm, IsUsedWithoutAMouseAndReadOut) {
-    SetCombo(0, u"Q1"_s);
-    SetPeriod(QDate(2024, 11, 11), QDate(2024, 11, 14));
-    ChooseFile(QStringLiteral(HERE "/q1.csv"));
-    Push(u"Cmd(1)"_s);
-    ChildForm& form = *Frame().Front();
-    EXPECT_EQ(NotReachedByTab(form), QStringList());
-    EXPECT_EQ(WithoutNameOrRole(*form.window()), QStringList());
-    form.window()->resize(1366, 740);
-    Settle();
-    EXPECT_LE(form.width(), 1366);
-    EXPECT_LE(form.minimumSizeHint().width(), 1022);
 }
 
 }  // namespace
