@@ -3,6 +3,7 @@
 #include "app/main_window.h"
 #include "app/session.h"
 #include "demo/accounts.h"
+#include "demo/channel_bill.h"
 #include "demo/customer_papers.h"
 #include "demo/day_entries.h"
 #include "demo/reports.h"
@@ -590,6 +591,8 @@ void PlayDay(Operator& op, const QString& folder) {
          [&] { PlayAccounts(op, folder); }},
         {u"统计报表"_s, u"六种报表：生成、预览、存为 PDF；每一页的图片在后面。"_s,
          [&] { PlayReports(op, folder); }},
+        {u"渠道的帐单"_s, u"渠道月底寄来的工作簿，逐行与自己的重量和成本核对。"_s,
+         [&] { PlayChannelBill(op, folder); }},
         {u"给客户的单据"_s, u"两种报价表；发货单的一笔付款，销售帐款统计报表和客户月结单。"_s,
          [&] { PlayCustomerPapers(op, folder); }},
         {u"查找"_s, u"按日期、客户和审核人三个条件查找。"_s, [&] { PlaySearch(op); }},
