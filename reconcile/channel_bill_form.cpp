@@ -212,17 +212,17 @@ void ChannelBill::MakeResultGrid() {
     Dress(*GD, u"GD"_s, u"核对结果"_s);
     SetHeaders(*GD, {{u"结果"_s, 76},
                      {u"帐单行"_s, 60},
-                     {u"帐单单号"_s, 130},
-                     {u"运单号"_s, 130},
+                     {u"帐单单号"_s, 122},
+                     {u"运单号"_s, 122},
                      {u"转单号"_s, 120},
                      {u"日期"_s, 92},
                      {u"我方重量"_s, 76},
                      {u"帐单重量"_s, 76},
                      {u"重量差"_s, 70},
-                     {u"我方费用"_s, 84},
-                     {u"帐单费用"_s, 84},
-                     {u"费用差"_s, 76},
-                     {u"说明"_s, 280}});
+                     {u"我方费用"_s, 92},
+                     {u"帐单费用"_s, 92},
+                     {u"费用差"_s, 92},
+                     {u"说明"_s, 264}});
     for (int col = OurWeight; col <= CostDifference; ++col) GD->SetColAlignment(col, Qt::AlignRight);
     GD->SetColAlignment(BillRow, Qt::AlignRight);
     for (std::size_t i = 0; i < reconcile::kOutcomes; ++i) {

@@ -159,8 +159,8 @@ struct Book {
     bool from1904 = false;
 };
 
-QByteArray Needed(GsfInfile& zip, const QByteArray& path) {
-    auto bytes = EntryOf(zip, path);
+QByteArray Needed(const Zip& zip, const QByteArray& path) {
+    auto bytes = zip.Entry(path);
     if (!bytes) RefuseDamaged();
     return *bytes;
 }
@@ -186,7 +186,7 @@ QHash<QString, Relation> RelationsOf(const QByteArray& bytes, const QByteArray& 
     return relations;
 }
 
-Book BookOf(GsfInfile& zip) {
+Book BookOf(const Zip& zip) {
     QByteArray path = "xl/workbook.xml";
     for (const Relation& relation : RelationsOf(Needed(zip, "_rels/.rels"), {}))
         if (relation.kind == u"officeDocument") path = relation.target;
@@ -325,16 +325,15 @@ class Reader {
 }  // namespace
 
 void ReadXlsx(const QByteArray& bytes, int which, Cells& cells) {
-    const Held<GsfInfile> zip = OpenZip(bytes);
-    if (!zip) RefuseDamaged();
-    const Book book = BookOf(*zip);
+    const Zip zip(bytes);
+    const Book book = BookOf(zip);
     cells.Names() = book.names;
     Tables tables;
     tables.from1904 = book.from1904;
-    if (const auto strings = EntryOf(*zip, book.strings)) tables.strings = StringsOf(*strings);
-    if (const auto styles = EntryOf(*zip, book.styles)) tables.styles = StylesOf(*styles);
+    if (const auto strings = zip.Entry(book.strings)) tables.strings = StringsOf(*strings);
+    if (const auto styles = zip.Entry(book.styles)) tables.styles = StylesOf(*styles);
     const bool there = which >= 0 && which < book.parts.size();
-    Part part(Needed(*zip, book.parts[there ? which : 0].toUtf8()));
+    Part part(Needed(zip, book.parts[there ? which : 0].toUtf8()));
     Reader(tables, cells).Read(part);
 }
 

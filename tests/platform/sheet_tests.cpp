@@ -253,6 +253,10 @@ TEST(Sheet, ACsvIsReadInEachEncodingAndDelimiter) {
 TEST(Sheet, AFileThatIsNoneIsRefusedWithItsReason) {
     Folder folder;
     const QString damaged = u"! 文件已损坏，或者不是工作簿！"_s;
+    // One bit of a sum: what was unpacked is no more what was packed.
+    QByteArray changed = Zip(Book(kRows));
+    const qsizetype sum = changed.lastIndexOf("PK\1\2", changed.lastIndexOf("xl/s/1.xml")) + 16;
+    changed[sum] = static_cast<char>(changed[sum] ^ 1);
     const struct {
         QByteArray bytes;
         QString answer;
@@ -263,6 +267,7 @@ TEST(Sheet, AFileThatIsNoneIsRefusedWithItsReason) {
                 {"<html><table>", u"! 文件的内容是网页，不是工作簿！请用表格软件打开后另存为工作簿。"_s},
                 {"PK\3\4rest", damaged},
                 {Zip({{"a.txt", "a"}}), damaged},
+                {changed, damaged},
                 {Zip(Book({})), u"! 文件里没有数据！"_s},
                 {Zip(Book(kRows, "<!DOCTYPE a [<!ENTITY e SYSTEM \"file:///etc/passwd\">]>")), damaged},
                 {Zip(Book("<row><c><v>1</v></row>")), damaged},
