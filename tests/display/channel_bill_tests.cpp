@@ -16,14 +16,13 @@ TEST(ChannelBill, IsChosenComparedAndItsColumnsAreKeptByKeys) {
     const QString kept = u"select F1,F2,F3,F4,F5,F6,F7,F8 from M012"_s;
     for (const Pace& pace : {Pace{.milliseconds = 20}, Pace{.milliseconds = 0, .byTab = true}}) {
         ProgramRun run;
-        run.Play(LogIn() +
-                     Script{Control('k'), Type(u"qdzd"_s), Press(kReturn), ExpectIdle(), Fill(u"Q1"_s),
-                            Fill(u"20241111"_s), Fill(u"20241111"_s), MoveOn(), Press(kReturn),
-                            ExpectWindow(u"选择渠道帐单"_s), Type(path), Press(kReturn),
-                            ExpectNoWindow(u"选择渠道帐单"_s), ExpectIdle(),
-                            // The headings have chosen the columns; back to the tolerance of the cost.
-                            MoveBack(), Fill(u"6"_s), Press(kReturn),
-                            ExpectRows(kept, {u"Q1|0|0|1|2|1|0.0|6.0"_s}), Alt('r'), ExpectIdle()},
+        run.Play(LogIn() + Script{Control('k'), Type(u"qdzd"_s), Press(kReturn), ExpectIdle(), Fill(u"Q1"_s),
+                                  Fill(u"20241111"_s), Fill(u"20241111"_s), MoveOn(), Press(kReturn),
+                                  ExpectWindow(u"选择渠道帐单"_s), Type(path), Press(kReturn),
+                                  ExpectNoWindow(u"选择渠道帐单"_s), ExpectIdle(),
+                                  // The headings have chosen the columns; back to the tolerance of the cost.
+                                  MoveBack(), Fill(u"6"_s), Press(kReturn),
+                                  ExpectRows(kept, {u"Q1|0|0|1|2|1|0.0|6.0"_s}), Alt('r'), ExpectIdle()},
                  pace);
     }
 }
