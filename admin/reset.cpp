@@ -27,7 +27,7 @@ struct GroupRow {
 
 const GroupRow Rows[] = {
     {u"清除所有基本资料",
-     {u"M01", u"m011", u"M0111", u"M02", u"m021", u"M04"},
+     {u"M01", u"m011", u"M0111", u"M012", u"M02", u"m021", u"M04"},
      u"清除了基本资料，速递单据相关信息也将无法存在！请同时选择删除速递单据信息"},
     {u"清除所有客户及报信息",  // required by the business in these words
      {u"M03", u"M031", u"M030"},

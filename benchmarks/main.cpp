@@ -24,6 +24,7 @@ void MeasureAll(benchmarks::Bench& bench, const QString& folder) {
         benchmarks::MeasureSaves(bench, office);
         benchmarks::MeasureCustomers(bench, office);
         benchmarks::MeasureExport(bench, office);
+        benchmarks::MeasureChannelBill(bench, office);
         benchmarks::MeasureReports(bench, office);
         benchmarks::MeasureListReports(bench, office);
         benchmarks::MeasureBatchStatements(bench, office);

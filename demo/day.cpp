@@ -3,6 +3,7 @@
 #include "app/main_window.h"
 #include "app/session.h"
 #include "demo/accounts.h"
+#include "demo/channel_bill.h"
 #include "demo/customer_papers.h"
 #include "demo/day_entries.h"
 #include "demo/month_end.h"
@@ -592,6 +593,8 @@ void PlayDay(Operator& op, const QString& folder) {
          [&] { PlayAccounts(op, folder); }},
         {u"统计报表"_s, u"六种报表：生成、预览、存为 PDF；每一页的图片在后面。"_s,
          [&] { PlayReports(op, folder); }},
+        {u"渠道的帐单"_s, u"渠道月底寄来的工作簿，逐行与自己的重量和成本核对。"_s,
+         [&] { PlayChannelBill(op, folder); }},
         {u"给客户的单据"_s, u"两种报价表；发货单的一笔付款，销售帐款统计报表和客户月结单。"_s,
          [&] { PlayCustomerPapers(op, folder); }},
         {u"月底"_s, u"所有客户的对帐单一次生成：每个客户一份 PDF 和一份 Excel 工作簿，另有一张汇总表。"_s,

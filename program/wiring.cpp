@@ -12,6 +12,7 @@
 #include "app/login.h"
 #include "history/failed_command.h"
 #include "history/history_form.h"
+#include "reconcile/channel_bill_form.h"
 #include "records/small_master.h"
 #include "reports/batch_form.h"
 #include "reports/invoices/payments.h"
@@ -60,6 +61,7 @@ Registry FilledRegistry() {
     forms.children[u"C04"_s] = Child<C04>();
     forms.children[u"C05"_s] = Child<C05>();
     forms.children[u"C06"_s] = Child<C06>();
+    forms.children[u"ChannelBill"_s] = Child<ChannelBill>();
     forms.children[u"D2"_s] = Child<D2>();
     forms.children[u"D3"_s] = Child<D3>();
     forms.children[u"History"_s] = Child<History>();

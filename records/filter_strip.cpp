@@ -43,9 +43,9 @@ QLabel* FilterStrip::Place(const QString& caption, const QString& name, QWidget*
     return label;
 }
 
-controls::Button* FilterStrip::AddButton(const QString& caption) {
+controls::Button* FilterStrip::AddButton(const QString& caption, const QString& name) {
     auto* button = new controls::Button(caption);
-    button->setObjectName(u"Cmd"_s);
+    button->setObjectName(name);
     button->setDefault(true);
     Append(button);
     row_->insertSpacing(row_->count() - behind_, Gap);

@@ -20,8 +20,8 @@ class FilterStrip : public QWidget {
     /// Adds a combo or picker of that width behind the others; Enter in it acts as Tab. Returns its caption.
     template <class Box>
     QLabel* Add(const QString& caption, const QString& name, Box* box, int width);
-    /// Cmd, the button that builds.
-    controls::Button* AddButton(const QString& caption);
+    /// The button that builds.
+    controls::Button* AddButton(const QString& caption, const QString& name = QStringLiteral("Cmd"));
 
     // Device-independent pixels.
     static constexpr int kChoiceWidth = 220;  ///< of a combo with codes and names

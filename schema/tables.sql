@@ -228,6 +228,22 @@ create table M0111 (
 );
 create index M0111_F0 on M0111 (F0);
 
+-- Which columns of a channel's bill are compared (reconcile/bill_columns.h), at most one row a channel.
+create table M012 (
+    F1 TEXT COLLATE NOCASE,                                -- channel, M01.F1
+    F2 INTEGER check(typeof(F2) not in ('text', 'blob')),  -- 1: it names the forwarding number, B01.F102; 0: the waybill number
+    F3 INTEGER check(typeof(F3) not in ('text', 'blob')),  -- column of the number; columns count from 0, -1 is none
+    F4 INTEGER check(typeof(F4) not in ('text', 'blob')),  -- column of the weight
+    F5 INTEGER check(typeof(F5) not in ('text', 'blob')),  -- column of the cost
+    F6 INTEGER check(typeof(F6) not in ('text', 'blob')),  -- row of the first line, from 0
+    F7 DOUBLE check(typeof(F7) not in ('text', 'blob')),   -- tolerance of the weight, kg
+    F8 DOUBLE check(typeof(F8) not in ('text', 'blob')),   -- tolerance of the cost, yuan
+    F9 TEXT COLLATE NOCASE,                                -- heading of the number's column
+    F10 TEXT COLLATE NOCASE,                               -- heading of the weight's column
+    F11 TEXT COLLATE NOCASE                                -- heading of the cost's column
+);
+create index M012_F1 on M012 (F1);
+
 -- -------------------- people, places and reasons ------------------------------------------------------
 
 -- Salespersons.

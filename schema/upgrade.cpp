@@ -17,6 +17,18 @@ void Take(sqlite3* db, const UpgradeStep& step) {
     }
 }
 
+/// Which columns of a channel's bill are compared.
+QByteArrayList ChannelBillTables() {
+    return {
+        "create table M012 (F1 TEXT COLLATE NOCASE, F2 INTEGER check(typeof(F2) not in ('text', "
+        "'blob')), F3 INTEGER check(typeof(F3) not in ('text', 'blob')), F4 INTEGER "
+        "check(typeof(F4) not in ('text', 'blob')), F5 INTEGER check(typeof(F5) not in ('text', "
+        "'blob')), F6 INTEGER check(typeof(F6) not in ('text', 'blob')), F7 DOUBLE "
+        "check(typeof(F7) not in ('text', 'blob')), F8 DOUBLE check(typeof(F8) not in ('text', "
+        "'blob')), F9 TEXT COLLATE NOCASE, F10 TEXT COLLATE NOCASE, F11 TEXT COLLATE NOCASE)",
+        "create index M012_F1 on M012 (F1)"};
+}
+
 }  // namespace
 
 const std::vector<UpgradeStep>& UpgradeSteps() {
@@ -30,6 +42,7 @@ const std::vector<UpgradeStep>& UpgradeSteps() {
           "F4 TEXT COLLATE NOCASE)"}},
         // The history's other tables follow from the tables that they mirror (history.h).
         {3, {HNowSql()}},
+        {4, ChannelBillTables()},
     };
     return steps;
 }

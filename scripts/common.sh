@@ -7,7 +7,7 @@ say() { printf '%s\n' "$*"; }
 # One package a line; everything the build, the program and the tests need on a fresh machine.
 packages="g++ cmake ninja-build ccache pkg-config
 qt6-base-dev qt6-base-dev-tools qt6-svg-dev libqt6svg6 qt6-translations-l10n
-libsqlcipher-dev libgsf-1-dev libicu-dev libharfbuzz-dev libfontconfig-dev libgtest-dev libx11-dev libxtst-dev fonts-noto-cjk"
+libsqlcipher-dev libgsf-1-dev libfreexl-dev libicu-dev libharfbuzz-dev libfontconfig-dev libgtest-dev libx11-dev libxtst-dev fonts-noto-cjk"
 
 # What the display tests start: a display without hardware, a window manager, an input method on a session bus.
 display_packages="xvfb openbox dbus fcitx5 fcitx5-chinese-addons fcitx5-frontend-qt6"

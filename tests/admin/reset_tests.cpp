@@ -10,8 +10,9 @@
 namespace tests {
 namespace {
 
-const QStringList Tables = {u"M01"_s,  u"M011"_s, u"M0111"_s, u"M02"_s, u"M021"_s, u"M03"_s, u"M030"_s,
-                            u"M031"_s, u"M04"_s,  u"M05"_s,   u"M06"_s, u"B01"_s,  u"TB1"_s, u"TA2"_s};
+const QStringList Tables = {u"M01"_s,  u"M011"_s, u"M0111"_s, u"M012"_s, u"M02"_s,
+                            u"M021"_s, u"M03"_s,  u"M030"_s,  u"M031"_s, u"M04"_s,
+                            u"M05"_s,  u"M06"_s,  u"B01"_s,   u"TB1"_s,  u"TA2"_s};
 
 QStringList OneRowEach() {
     QStringList rows;
@@ -79,7 +80,7 @@ TEST(ResetForm, RefusesAndAsksBeforeAnythingGoes) {
 }
 
 TEST(ResetForm, EmptiesItsTablesAndNoOthersAfterKeepingACopy) {
-    const QString masters = u"M01 M011 M0111 M02 M021 M04 B01"_s;
+    const QString masters = u"M01 M011 M0111 M012 M02 M021 M04 B01"_s;
     const struct {
         QList<int> ticks;
         QString empty;
@@ -87,7 +88,7 @@ TEST(ResetForm, EmptiesItsTablesAndNoOthersAfterKeepingACopy) {
                 {{3}, u"TB1"_s},
                 {{0, 2}, masters},
                 {{1, 2}, u"M03 M030 M031 B01"_s},
-                {{0, 1, 2, 3}, u"M01 M011 M0111 M02 M021 M03 M030 M031 M04 B01 TB1"_s}};
+                {{0, 1, 2, 3}, u"M01 M011 M0111 M012 M02 M021 M03 M030 M031 M04 B01 TB1"_s}};
     for (const auto& row : rows) {
         Reset program;
         const QStringList counters = program.Rows(u"select ID,Setval from SysInfo order by ID"_s);

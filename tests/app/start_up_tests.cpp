@@ -155,7 +155,7 @@ class OlderFile : public testing::Test {
     OlderFile() {
         schema::MakeDatabase(run_.File());
         Connection file(run_.File());
-        for (const auto& later : {u"B011"_s, u"PRNTB01"_s}) file.Run(u"drop table "_s + later);
+        for (const auto& later : {u"B011"_s, u"PRNTB01"_s, u"M012"_s}) file.Run(u"drop table "_s + later);
         file.Run(u"pragma user_version = 0"_s);
     }
     QStringList Kept() const { return QDir(run_.folder.path()).entryList({u"tessik.更改前.*.dat"_s}); }

@@ -2,6 +2,7 @@
 
 #include "schema/data_files.h"
 #include "tests/faults/waybill_entry.h"
+#include "tests/support/files.h"
 #include "waybills/waybill_fields.h"
 
 #include <QFile>
@@ -239,6 +240,19 @@ std::function<void(Desk&)> Deleted(const QStringList& statements) {
 const QStringList kWaybillLost = {u"delete from TB1 where F1='YSW1' or F1='YFW1'"_s,
                                   u"delete from B01 where F1='W1'"_s};
 
+/// A bill of one line, chosen; the focus is on the button that compares it and keeps its columns.
+void BillChosen(Desk& desk) {
+    const QString path = AppFolder + u"bill.csv"_s;
+    Write(path, u"运单号,费用\nW1,30\n"_s.toUtf8());
+    sys::Guarded([&] { desk.Frame().ShowChild(u"ChannelBill"_s); });
+    Settle();
+    desk.SetCombo(0, u"H1"_s);
+    const auto ask = std::exchange(sys::seams().askFile, [&](const sys::FileRequest&) { return path; });
+    desk.Push(u"Cmd(0)"_s);
+    sys::seams().askFile = ask;
+    desk.Enter(u"Cmd(1)"_s);
+}
+
 void PressButton(Desk&) {
     Press(Qt::Key_Return);
 }
@@ -321,6 +335,7 @@ std::vector<Command> Made() {
         {"History_Waybill", "", "", Deleted(kWaybillLost), PressButton},
         {"History_Customer", "", "",
          Deleted({u"delete from M03 where F1='甲'"_s, u"delete from M031 where F0='甲'"_s}), PressButton},
+        {"ChannelBill_Compare", "", "", BillChosen, PressButton},
         {"S01_Save",
          "",
          "",

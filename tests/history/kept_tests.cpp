@@ -70,9 +70,9 @@ TEST_P(EveryCommand, CanBeUndoneFromTheHistoryAlone) {
 std::vector<std::string> Names() {
     std::vector<std::string> names;
     for (const Command& command : WritingCommands())
-        if (const std::string name = command.name; !name.starts_with("S3") && name != "S03_Clear" &&
-                                                   !name.starts_with("D201") &&
-                                                   name.find("_Print") == name.npos)
+        if (const std::string name = command.name;
+            !name.starts_with("S3") && name != "S03_Clear" && !name.starts_with("D201") &&
+            name != "ChannelBill_Compare" && name.find("_Print") == name.npos)
             names.push_back(name);
     return names;
 }

@@ -71,6 +71,7 @@ TEST_F(Columns, AnIndexServesWhatIsSearchedAndSortedBy) {
     } rows[] = {
         {"select * from B01 where F1 = 'a'", "B01_F1"},
         {"select F2 from B011 where F1 = 'a'", "B011_F1"},
+        {"select F2 from M012 where F1 = 'a'", "M012_F1"},
         {"select F602 from B01 where F602 = 'a'", "B01_F602"},
         {"select F1 from B01 where F101 >= '2024-01-01' and F101 < '2024-02-01'", "B01_F101"},
         {"select F1 from B01 order by F101, rowid", "B01_F101"},

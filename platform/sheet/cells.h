@@ -1,0 +1,49 @@
+// What the readers of the three formats share: the sheet that is being filled, and the texts of numbers and
+// dates.
+#pragma once
+
+#include "platform/sheet/sheet.h"
+
+#include <QByteArray>
+
+#include <optional>
+
+namespace sheet {
+
+/// Keeps the limits of sheet.h.
+class Cells {
+  public:
+    Cells(Sheet& sheet, const Progress& progress) : sheet_(sheet), progress_(progress) {}
+    /// An empty text leaves no cell.
+    void Put(int row, int column, const QString& text);
+    void Report(int row, int column, QStringView reason);
+    QStringList& Names() { return sheet_.names; }
+
+  private:
+    Sheet& sheet_;
+    const Progress& progress_;
+    int cells_ = 0;
+    int reported_ = 0;  ///< the row that the progress was last given
+};
+
+/// What a number format makes of a number.
+enum class Look { Number, Date, Time, DateTime };
+
+/// Plain digits, at most 15 that count.
+QString NumberText(double value);
+/// A number of more digits may have lost its last ones before it came into the file.
+bool IsTooLong(QStringView number);
+inline constexpr QStringView kTooLong = u"数字超过 15 位，末尾可能不准";
+/// The text of a day number of 1900 (or 1904); nullopt for one that is no date.
+std::optional<QString> DateText(double serial, Look look, bool from1904);
+
+// The readers. Each raises RuntimeError.
+void ReadCsv(const QByteArray& bytes, Cells& cells);
+void ReadXls(const QByteArray& bytes, int which, Cells& cells);
+void ReadXlsx(const QByteArray& bytes, int which, Cells& cells);
+
+/// The refusals that several readers give.
+[[noreturn]] void RefuseDamaged();
+[[noreturn]] void RefuseEncrypted();
+
+}  // namespace sheet
