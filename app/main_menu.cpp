@@ -51,6 +51,7 @@ constexpr MenuRow kMenus[] = {
 constexpr PaletteRow kPalette[] = {
     {{u"Menu_D2", u"客户付款记录", kItem, Opens::Child, u"D2"}, u"Menu_C"},
     {{u"Menu_D3", u"销售统计报表", kItem, Opens::Child, u"D3"}, u"Menu_C"},
+    {{u"Menu_Ageing", u"帐龄分析", kItem, Opens::Child, u"Ageing"}, u"Menu_wanglai"},
     // It lists what belongs to the operator's own menus alone.
     {{u"Menu_History", u"操作记录", kItem, Opens::Child, u"History"}, u"Menu_A Menu_b Menu_wanglai Menu_S"},
 };

@@ -39,6 +39,13 @@ QLabel* FilterStrip::Place(const QString& caption, const QString& name, QWidget*
     return label;
 }
 
+void FilterStrip::AddCheck(const QString& name, controls::CheckBox* box) {
+    box->KeyPressed = controls::EnterMovesOn;
+    box->setObjectName(name);
+    Append(box);
+    row_->insertSpacing(row_->count() - 2, Gap);
+}
+
 controls::Button* FilterStrip::AddButton(const QString& caption) {
     auto* button = new controls::Button(caption);
     button->setObjectName(u"Cmd"_s);

@@ -13,6 +13,8 @@ constexpr int kOneRow = 28;
 constexpr int kRow = 24;     // for each of several rows
 constexpr int kPadding = 1;  // captions of narrow columns need the width
 constexpr int kTextPixels = 12;
+constexpr int kMark = 8;       // the square in front of a caption
+constexpr int kMarkLeft = 10;  // from the edge of the column
 
 class CellFinder {
   public:
@@ -121,6 +123,10 @@ void GridHeader::paintEvent(QPaintEvent*) {
         const QString text = model_.Text(cell.row, cell.col);
         painter.drawText(textRect, Qt::AlignCenter | Qt::TextSingleLine,
                          painter.fontMetrics().elidedText(text, Qt::ElideRight, textRect.width()));
+        const QVariant mark = model_.headerData(cell.col, Qt::Horizontal, Qt::DecorationRole);
+        if (mark.isValid())
+            painter.fillRect(rect.left() + kMarkLeft, rect.center().y() - kMark / 2, kMark, kMark,
+                             mark.value<QColor>());
         Hairline(painter, kColumnLine, QLineF(rect.right(), rect.top(), rect.right(), rect.bottom()));
         if (group)
             Hairline(painter, kColumnLine, QLineF(rect.left(), rect.bottom(), rect.right(), rect.bottom()));

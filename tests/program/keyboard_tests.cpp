@@ -1,5 +1,5 @@
-// Every form of the menu table is visited by keys, in every state that its commands bring it to.
-// A form that is added to the registry is visited by itself.
+// Every form of the menu table and of the command palette is visited by keys, in every state that its
+// commands bring it to. A form that is added to the registry is visited by itself.
 #include "app/main_menu.h"
 #include "app/session.h"
 #include "platform/controls/modal_form.h"
@@ -107,6 +107,13 @@ class Tour {
 
   private:
     void Begin() {
+        const auto own = [&](const PaletteRow& each) { return each.row.name == row_.name; };
+        if (std::ranges::any_of(PaletteRows(), own)) {
+            Press(Qt::Key_K, Qt::ControlModifier);
+            Type(row_.caption.toString());
+            Press(Qt::Key_Return);
+            return;
+        }
         auto& bar = *qobject_cast<QMenuBar*>(program_.Frame().MenuItem(u"Menu_b"_s)->parent());
         EXPECT_TRUE(RunByKeys(bar, row_.name.toString()));
     }
@@ -192,6 +199,7 @@ std::vector<MenuRow> Commands() {
     std::vector<MenuRow> rows;
     for (const MenuRow& row : MenuRows())
         if (row.opens != Opens::Nothing) rows.push_back(row);
+    for (const PaletteRow& own : PaletteRows()) rows.push_back(own.row);
     return rows;
 }
 

@@ -1,4 +1,4 @@
-// The fourteen papers with rows in their work tables, for the tests of the layouts and of the preview.
+// The papers with rows in their work tables, for the tests of the layouts and of the preview.
 #pragma once
 
 #include <QString>

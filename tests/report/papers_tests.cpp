@@ -1,4 +1,4 @@
-// The fourteen layouts, each with no row, one, a page and a page and one row: laid out, printed and read
+// The layouts, each with no row, one, a page and a page and one row: laid out, printed and read
 // back.
 #include "platform/report/pdf.h"
 #include "tests/report/papers.h"
