@@ -12,8 +12,9 @@ using namespace Qt::StringLiterals;
 namespace accounts {
 namespace {
 
-enum Field { FieldUnit, FieldDate, FieldVoucher, FieldYF, FieldFK, FieldQM };
-const QString Fields = u"TB1.F3,TB1.F2,TB1.F1,TB1.YF,TB1.FK,TB1.QM"_s;
+enum Field { FieldUnit, FieldDate, FieldYF, FieldFK, FieldQM, FieldVoucher };
+const QString Fields = u"TB1.F3,TB1.F2,TB1.YF,TB1.FK,TB1.QM"_s;
+const QString FieldsOfCharges = Fields + u",TB1.F1"_s;
 
 constexpr double Largest = 1e13;
 
@@ -141,9 +142,10 @@ void ReadLines(dao::Recordset& rows, Chain& chain, const std::function<void()>& 
     if (begun) finish();
 }
 
-dao::Recordset RowsOf(dao::Database& db, const AgeingScope& scope, const QString& unit) {
+dao::Recordset RowsOf(dao::Database& db, const QString& fields, const AgeingScope& scope,
+                      const QString& unit) {
     return db.OpenRecordset(
-        LedgerRowsStatement(Fields, {.LB = scope.LB, .from = {}, .to = scope.day, .unit = unit}));
+        LedgerRowsStatement(fields, {.LB = scope.LB, .from = {}, .to = scope.day, .unit = unit}));
 }
 
 /// As a pattern of `like` that matches names with the same letters; others may match it too.
@@ -180,7 +182,7 @@ Cents AgeingLine::Open() const {
 }
 
 std::vector<AgeingLine> Age(dao::Database& db, const AgeingScope& scope) {
-    auto rows = RowsOf(db, scope, scope.unit);
+    auto rows = RowsOf(db, Fields, scope, scope.unit);
     std::vector<AgeingLine> lines;
     Chain chain(false);
     ReadLines(rows, chain, [&] {
@@ -208,7 +210,7 @@ AgeingLine SumOf(const std::vector<AgeingLine>& lines) {
 }
 
 std::vector<OpenCharge> OpenCharges(dao::Database& db, const AgeingScope& scope, const QString& unit) {
-    auto rows = RowsOf(db, scope, PatternOf(unit));
+    auto rows = RowsOf(db, FieldsOfCharges, scope, PatternOf(unit));
     std::vector<OpenCharge> charges;
     Chain chain(true);
     ReadLines(rows, chain, [&] {

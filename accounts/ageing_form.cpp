@@ -153,7 +153,6 @@ void Ageing::Load() {
     CmbSide->AddItem(Payables);
     DTP->SetValue(sys::Today());
     Txt->SetText(QString::number(scope_.overdueAfter));
-    contacts_.emplace(*Db);
     CmbSide->SetListIndex(0);
     if (TakeScope()) Build();
 }
@@ -203,6 +202,7 @@ void Ageing::Build() {
     QString failure;
     try {
         const controls::WaitPointer wait;
+        contacts_.emplace(*Db);
         all_ = Age(*Db, scope_);
         SumOf(all_);  // whatever is shown of them can be summed up then
     } catch (const RuntimeError& error) {

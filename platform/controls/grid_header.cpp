@@ -117,16 +117,17 @@ void GridHeader::paintEvent(QPaintEvent*) {
         const bool group = rows > 1 && cell.lastRow < rows - 1;
         // A group's title stays visible while its columns are scrolled.
         const QRect inner = rect.intersected(area).adjusted(kPadding, 0, -kPadding - 1, -1);
-        const QRect textRect =
-            cell.col == cell.lastCol ? rect.adjusted(kPadding, 0, -kPadding - 1, -1) : inner;
+        QRect textRect = cell.col == cell.lastCol ? rect.adjusted(kPadding, 0, -kPadding - 1, -1) : inner;
+        const QVariant mark = model_.headerData(cell.col, Qt::Horizontal, Qt::DecorationRole);
+        if (mark.isValid()) {
+            painter.fillRect(rect.left() + kMarkLeft, rect.center().y() - kMark / 2, kMark, kMark,
+                             mark.value<QColor>());
+            textRect.setLeft(rect.left() + kMarkLeft + kMark);
+        }
         painter.setPen(group ? kAccentDeep : kHeaderText);
         const QString text = model_.Text(cell.row, cell.col);
         painter.drawText(textRect, Qt::AlignCenter | Qt::TextSingleLine,
                          painter.fontMetrics().elidedText(text, Qt::ElideRight, textRect.width()));
-        const QVariant mark = model_.headerData(cell.col, Qt::Horizontal, Qt::DecorationRole);
-        if (mark.isValid())
-            painter.fillRect(rect.left() + kMarkLeft, rect.center().y() - kMark / 2, kMark, kMark,
-                             mark.value<QColor>());
         Hairline(painter, kColumnLine, QLineF(rect.right(), rect.top(), rect.right(), rect.bottom()));
         if (group)
             Hairline(painter, kColumnLine, QLineF(rect.left(), rect.bottom(), rect.right(), rect.bottom()));
