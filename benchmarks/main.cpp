@@ -27,6 +27,7 @@ void MeasureAll(benchmarks::Bench& bench, const QString& folder) {
         benchmarks::MeasureReports(bench, office);
         benchmarks::MeasureListReports(bench, office);
         benchmarks::MeasureLedgers(bench, office);
+        benchmarks::MeasureAgeing(bench, office);
     }
     benchmarks::MeasureHistory(bench, company);
     benchmarks::MeasureStart(bench, company);

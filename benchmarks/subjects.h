@@ -7,6 +7,7 @@
 
 namespace benchmarks {
 
+void MeasureAgeing(Bench& bench, Office& office);
 void MeasureCharge(Bench& bench, MadeCompany& company);
 void MeasureCost(Bench& bench, MadeCompany& company);
 void MeasureChain(Bench& bench, MadeCompany& company);
