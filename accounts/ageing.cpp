@@ -26,14 +26,16 @@ void Add(Cents& sum, Cents amount) {
     if (__builtin_add_overflow(sum, amount, &sum)) FailTooLarge();
 }
 
-/// The day of a stored date, with or without a time of day.
-QDate DayOf(QStringView stored) {
-    const auto number = [&](qsizetype from, qsizetype digits) {
-        int value = 0;
-        for (const QChar c : stored.mid(from, digits)) value = value * 10 + (c.unicode() - u'0');
-        return value;
-    };
-    return QDate(number(0, 4), number(5, 2), number(8, 2));
+/// The day of a stored date, with or without a time of day, as eight decimal digits: most are compared alone.
+int DigitsOf(QStringView stored) {
+    int digits = 0;
+    for (const QChar c : stored.first(std::min<qsizetype>(stored.size(), 10)))
+        if (c != u'-') digits = digits * 10 + (c.unicode() - u'0');
+    return digits;
+}
+
+QDate DayOf(int digits) {
+    return QDate(digits / 10000, digits / 100 % 100, digits % 100);
 }
 
 std::size_t BucketOf(int age) {
@@ -50,9 +52,9 @@ bool SameUnit(const QString& a, const QString& b) {
 
 /// What raises the balance of one row: a charge, or a negative payment.
 struct Raise {
-    QDate date;
+    int date;  ///< eight decimal digits
     double amount;
-    QString voucher;
+    std::size_t voucher;  ///< its place among the vouchers, where they are kept
 };
 
 /// The rows of one counterparty as they come, in the ledger's order.
@@ -63,10 +65,12 @@ class Chain {
     void Begin(QString unit) {
         unit_ = std::move(unit);
         raises_.clear();
+        voucherTexts_.clear();
         balance_ = moved_ = 0;
     }
 
     const QString& Unit() const { return unit_; }
+    const QString& Voucher(const Raise& raise) const { return voucherTexts_[raise.voucher]; }
 
     void Take(const dao::Recordset& rows) {
         const double raised = rows.Fields(FieldYF).Number();
@@ -93,9 +97,10 @@ class Chain {
 
   private:
     void Raised(const dao::Recordset& rows, double amount) {
-        raises_.push_back({.date = DayOf(rows.Fields(FieldDate).Text()),
+        raises_.push_back({.date = DigitsOf(rows.Fields(FieldDate).Text()),
                            .amount = amount,
-                           .voucher = vouchers_ ? rows.Fields(FieldVoucher).Text() : QString()});
+                           .voucher = voucherTexts_.size()});
+        if (vouchers_) voucherTexts_.push_back(rows.Fields(FieldVoucher).Text());
     }
 
     /// Payments cover the oldest charges, so what is open are the newest ones up to that sum. Sums of charges
@@ -111,9 +116,10 @@ class Chain {
             const bool last = raise + 1 == raises_.rend();
             const Cents upTo = last || sum >= Largest ? total : std::min(total, ToCents(sum));
             if (upTo == shared) continue;
-            const int age = static_cast<int>(raise->date.daysTo(day));
+            const QDate date = DayOf(raise->date);
+            const int age = static_cast<int>(date.daysTo(day));
             line.buckets[BucketOf(age)] += upTo - shared;
-            line.oldest = raise->date;
+            line.oldest = date;
             line.oldestAge = age;
             open(*raise, age, upTo - shared);
             shared = upTo;
@@ -123,6 +129,7 @@ class Chain {
     const bool vouchers_;
     QString unit_;
     std::vector<Raise> raises_;
+    std::vector<QString> voucherTexts_;
     double balance_ = 0;
     double moved_ = 0;
 };
@@ -216,8 +223,8 @@ std::vector<OpenCharge> OpenCharges(dao::Database& db, const AgeingScope& scope,
     ReadLines(rows, chain, [&] {
         if (!SameUnit(chain.Unit(), unit)) return;
         chain.Finish(scope.day, [&](const Raise& raise, int age, Cents open) {
-            charges.push_back({.voucher = raise.voucher,
-                               .date = raise.date,
+            charges.push_back({.voucher = chain.Voucher(raise),
+                               .date = DayOf(raise.date),
                                .age = age,
                                .amount = ToCents(raise.amount),
                                .open = open});

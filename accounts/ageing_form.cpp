@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -73,13 +74,14 @@ QString BucketShares(const AgeingLine& line) {
 }
 
 /// The amounts of a line in their columns.
-std::vector<std::pair<int, Cents>> AmountsOf(const AgeingLine& line) {
-    std::vector<std::pair<int, Cents>> amounts = {{Balance, line.balance},
-                                                  {Prepaid, line.prepaid},
-                                                  {Difference, line.difference},
-                                                  {Overdue, line.overdue}};
+std::array<std::pair<int, Cents>, AgeBuckets + 4> AmountsOf(const AgeingLine& line) {
+    std::array<std::pair<int, Cents>, AgeBuckets + 4> amounts;
     for (std::size_t i = 0; i < AgeBuckets; ++i)
-        amounts.emplace_back(FirstBucket + static_cast<int>(i), line.buckets[i]);
+        amounts[i] = {FirstBucket + static_cast<int>(i), line.buckets[i]};
+    amounts[AgeBuckets] = {Balance, line.balance};
+    amounts[AgeBuckets + 1] = {Prepaid, line.prepaid};
+    amounts[AgeBuckets + 2] = {Difference, line.difference};
+    amounts[AgeBuckets + 3] = {Overdue, line.overdue};
     return amounts;
 }
 
@@ -245,9 +247,10 @@ void Ageing::ShowLines() {
         LoadLine(count, sum, u" 合  计 "_s);
         LoadShares(count + 1, sum);
     }
-    GD->EndLoad();
+    // Nothing is repainted before the end of the load.
     for (row = 1; row <= count; ++row) GD->SetCellBold(row, Balance, true);
     if (count > 0) GD->SetRowStyle(count + 1, Name, controls::paint::kTotal, true);
+    GD->EndLoad();
     ShowStatus();
 }
 
