@@ -21,9 +21,10 @@ QString Money(double value) {
 
 /// Posted rows of the period, in the order that both ledgers need.
 QString Conditions(const LedgerScope& scope) {
-    QString sql = u" AND TB1.F6<>'' and (not TB1.F6 is null) and TB1.K=0 and datediff('d','"_s +
-                  text::DateText(scope.from) + u"',TB1.F2)>=0 AND  datediff('d','"_s +
-                  text::DateText(scope.to) + u"',TB1.F2)<=0 "_s;
+    QString sql = u" AND TB1.F6<>'' and (not TB1.F6 is null) and TB1.K=0 and "_s;
+    if (scope.from.isValid())
+        sql += u"datediff('d','"_s + text::DateText(scope.from) + u"',TB1.F2)>=0 AND  "_s;
+    sql += u"datediff('d','"_s + text::DateText(scope.to) + u"',TB1.F2)<=0 "_s;
     if (!text::Trim(scope.unit).isEmpty()) sql += u" and TB1.F3 like '"_s + scope.unit + u"' "_s;
     return sql + u" order by TB1.F3,TB1.SN"_s;
 }
@@ -111,8 +112,12 @@ QString DetailStatement(const LedgerScope& scope) {
 }
 
 QString SummaryStatement(const LedgerScope& scope) {
-    return u"select TB1.F3,'' as mc ,TB1.F1,TB1.LB,'','',TB1.QC,TB1.YF,TB1.FK,TB1.QM FROM TB1  WHERE TB1.lb"_s +
-           (scope.LB < 1 ? u"<0 "_s : u">0 "_s) + Conditions(scope);
+    return LedgerRowsStatement(u"TB1.F3,'' as mc ,TB1.F1,TB1.LB,'','',TB1.QC,TB1.YF,TB1.FK,TB1.QM"_s, scope);
+}
+
+QString LedgerRowsStatement(const QString& fields, const LedgerScope& scope) {
+    return u"select "_s + fields + u" FROM TB1  WHERE TB1.lb"_s + (scope.LB < 1 ? u"<0 "_s : u">0 "_s) +
+           Conditions(scope);
 }
 
 int BuildDetail(dao::Recordset& rows, LedgerLines& lines) {

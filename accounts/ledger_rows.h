@@ -19,8 +19,8 @@ inline constexpr int LedgerColumns = Closing + 1;
 
 /// What a ledger shows.
 struct LedgerScope {
-    int LB = 0;  ///< 10 the payable side, -10 the receivable side
-    QDate from;
+    int LB = 0;    ///< 10 the payable side, -10 the receivable side
+    QDate from;    ///< invalid: from the journal's beginning
     QDate to;      ///< the day itself included
     QString unit;  ///< the counterparty's name, with the wildcards of `like`; blank for all
 };
@@ -28,6 +28,8 @@ struct LedgerScope {
 /// The two derive the side from LB in different ways; required by the business.
 QString DetailStatement(const LedgerScope& scope);
 QString SummaryStatement(const LedgerScope& scope);
+/// Those fields of the rows of the summary ledger, in its order.
+QString LedgerRowsStatement(const QString& fields, const LedgerScope& scope);
 
 /// Where lines go, one after the other from 0.
 class LedgerLines {

@@ -53,6 +53,7 @@ constexpr PaletteRow kPalette[] = {
     {{u"Menu_D3", u"销售统计报表", kItem, Opens::Child, u"D3"}, u"Menu_C"},
     {{u"Menu_BatchStatements", u"批量对帐单", kItem, Opens::Child, u"BatchStatements"}, u"Menu_C"},
     {{u"Menu_ChannelBill", u"渠道帐单核对", kItem, Opens::Child, u"ChannelBill"}, u"Menu_C"},
+    {{u"Menu_Ageing", u"帐龄分析", kItem, Opens::Child, u"Ageing"}, u"Menu_wanglai"},
     // It lists what belongs to the operator's own menus alone.
     {{u"Menu_History", u"操作记录", kItem, Opens::Child, u"History"}, u"Menu_A Menu_b Menu_wanglai Menu_S"},
     {{u"Menu_ScanRelease", u"扫描出货", kItem, Opens::Child, u"ScanRelease"}, u"Menu_b"},

@@ -29,6 +29,7 @@ void MeasureAll(benchmarks::Bench& bench, const QString& folder) {
         benchmarks::MeasureListReports(bench, office);
         benchmarks::MeasureBatchStatements(bench, office);
         benchmarks::MeasureLedgers(bench, office);
+        benchmarks::MeasureAgeing(bench, office);
     }
     benchmarks::MeasureHistory(bench, company);
     benchmarks::MeasureRelease(bench, company);

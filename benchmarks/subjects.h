@@ -9,6 +9,7 @@ namespace benchmarks {
 
 void MeasureBatchStatements(Bench& bench, Office& office);
 void MeasureChannelBill(Bench& bench, Office& office);
+void MeasureAgeing(Bench& bench, Office& office);
 void MeasureCharge(Bench& bench, MadeCompany& company);
 void MeasureCost(Bench& bench, MadeCompany& company);
 void MeasureChain(Bench& bench, MadeCompany& company);

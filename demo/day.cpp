@@ -3,6 +3,7 @@
 #include "app/main_window.h"
 #include "app/session.h"
 #include "demo/accounts.h"
+#include "demo/ageing.h"
 #include "demo/channel_bill.h"
 #include "demo/customer_papers.h"
 #include "demo/day_entries.h"
@@ -591,6 +592,8 @@ void PlayDay(Operator& op, const QString& folder) {
          [&] { PlayRelease(op); }},
         {u"帐款"_s, u"录入应收款和补录的收款，看明细帐和总帐并打印，删除一行后刷新余额。"_s,
          [&] { PlayAccounts(op, folder); }},
+        {u"月底：谁还没有付款"_s, u"应收帐款的帐龄，逾期名单和一张催款单。"_s,
+         [&] { PlayAgeing(op, folder); }},
         {u"统计报表"_s, u"六种报表：生成、预览、存为 PDF；每一页的图片在后面。"_s,
          [&] { PlayReports(op, folder); }},
         {u"渠道的帐单"_s, u"渠道月底寄来的工作簿，逐行与自己的重量和成本核对。"_s,

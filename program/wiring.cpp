@@ -1,5 +1,6 @@
 #include "program/wiring.h"
 
+#include "accounts/ageing_form.h"
 #include "accounts/entry_form.h"
 #include "accounts/ledger_form.h"
 #include "admin/backup.h"
@@ -53,6 +54,7 @@ Registry FilledRegistry() {
     forms.children[u"A04"_s] = Child<A04>();
     forms.children[u"A05"_s] = Child<A05>();
     forms.children[u"A06"_s] = Child<A06>();
+    forms.children[u"Ageing"_s] = Child<Ageing>();
     forms.children[u"B01"_s] = Child<B01>();
     forms.children[u"BatchStatements"_s] = Child<BatchStatements>();
     forms.children[u"C01"_s] = Child<C01>();

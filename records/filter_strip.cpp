@@ -43,6 +43,13 @@ QLabel* FilterStrip::Place(const QString& caption, const QString& name, QWidget*
     return label;
 }
 
+void FilterStrip::AddCheck(const QString& name, controls::CheckBox* box) {
+    box->KeyPressed = controls::EnterMovesOn;
+    box->setObjectName(name);
+    Append(box);
+    row_->insertSpacing(row_->count() - behind_, Gap);
+}
+
 controls::Button* FilterStrip::AddButton(const QString& caption, const QString& name) {
     auto* button = new controls::Button(caption);
     button->setObjectName(name);

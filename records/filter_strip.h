@@ -20,6 +20,8 @@ class FilterStrip : public QWidget {
     /// Adds a combo or picker of that width behind the others; Enter in it acts as Tab. Returns its caption.
     template <class Box>
     QLabel* Add(const QString& caption, const QString& name, Box* box, int width);
+    /// Adds a check box, which bears its caption itself.
+    void AddCheck(const QString& name, controls::CheckBox* box);
     /// The button that builds.
     controls::Button* AddButton(const QString& caption, const QString& name = QStringLiteral("Cmd"));
 

@@ -464,7 +464,8 @@ create table PRNTC023 (
     F6 TEXT COLLATE NOCASE   -- money, yuan
 );
 
--- Monthly table / margin table: two reports share it, each with its own columns.
+-- Monthly table / margin table: two reports share it, each with its own columns. So do the three prints of
+-- the ageing, whose columns accounts/ageing_print.cpp gives.
 create table PRNTC04 (
     F1 TEXT COLLATE NOCASE,   -- day of the month / customer
     F2 TEXT COLLATE NOCASE,   -- customer / cash, yuan

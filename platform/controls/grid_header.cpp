@@ -13,6 +13,8 @@ constexpr int kOneRow = 28;
 constexpr int kRow = 24;     // for each of several rows
 constexpr int kPadding = 1;  // captions of narrow columns need the width
 constexpr int kTextPixels = 12;
+constexpr int kMark = 8;       // the square in front of a caption
+constexpr int kMarkLeft = 10;  // from the edge of the column
 
 class CellFinder {
   public:
@@ -115,8 +117,13 @@ void GridHeader::paintEvent(QPaintEvent*) {
         const bool group = rows > 1 && cell.lastRow < rows - 1;
         // A group's title stays visible while its columns are scrolled.
         const QRect inner = rect.intersected(area).adjusted(kPadding, 0, -kPadding - 1, -1);
-        const QRect textRect =
-            cell.col == cell.lastCol ? rect.adjusted(kPadding, 0, -kPadding - 1, -1) : inner;
+        QRect textRect = cell.col == cell.lastCol ? rect.adjusted(kPadding, 0, -kPadding - 1, -1) : inner;
+        const QVariant mark = model_.headerData(cell.col, Qt::Horizontal, Qt::DecorationRole);
+        if (mark.isValid()) {
+            painter.fillRect(rect.left() + kMarkLeft, rect.center().y() - kMark / 2, kMark, kMark,
+                             mark.value<QColor>());
+            textRect.setLeft(rect.left() + kMarkLeft + kMark);
+        }
         painter.setPen(group ? kAccentDeep : kHeaderText);
         const QString text = model_.Text(cell.row, cell.col);
         painter.drawText(textRect, Qt::AlignCenter | Qt::TextSingleLine,

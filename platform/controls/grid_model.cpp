@@ -279,12 +279,21 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     if (orientation != Qt::Horizontal) return QAbstractTableModel::headerData(section, orientation, role);
     if (section < 0 || section >= cols_ || fixed_ == 0) return {};
     if (role == Qt::TextAlignmentRole) return QVariant::fromValue(Qt::Alignment(Qt::AlignCenter));
+    if (role == Qt::DecorationRole && headMarks_.contains(section)) return headMarks_.at(section);
     if (role != Qt::DisplayRole) return {};
     // A screen reader hears the upper rows too.
     QStringList words;
     for (int row = 0; row < fixed_; ++row)
         if (!words.contains(Text(row, section))) words << Text(row, section);
     return words.join(u' ');
+}
+
+bool GridModel::setHeaderData(int section, Qt::Orientation orientation, const QVariant& value, int role) {
+    if (orientation != Qt::Horizontal || role != Qt::DecorationRole || section < 0 || section >= cols_)
+        return QAbstractTableModel::setHeaderData(section, orientation, value, role);
+    headMarks_[section] = value.value<QColor>();
+    Q_EMIT headerDataChanged(orientation, section, section);
+    return true;
 }
 
 }  // namespace controls

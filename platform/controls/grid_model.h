@@ -61,6 +61,8 @@ class GridModel : public QAbstractTableModel {
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    /// Takes a colour as Qt::DecorationRole alone: the header draws a square of it in front of the caption.
+    bool setHeaderData(int section, Qt::Orientation orientation, const QVariant& value, int role) override;
 
   private:
     struct Mark {
@@ -100,6 +102,7 @@ class GridModel : public QAbstractTableModel {
     std::map<int, RowMarks> marks_;
     std::unordered_map<int, std::vector<std::pair<QString, QColor>>> words_;
     std::vector<Recent> recent_;
+    std::map<int, QColor> headMarks_;  // by column
     int blockFirst_ = 0;
     int blockLast_ = 0;
 };

@@ -198,7 +198,8 @@ void NewNotice(Desk& desk) {
 /// The entry of the bar, or the first of its menu.
 void Print(Desk& desk) {
     AltKey(u'P');
-    if (desk.Frame().Front()->objectName() == u"C01") Press(Qt::Key_Return);
+    const QString form = desk.Frame().Front()->objectName();
+    if (form == u"C01" || form == u"Ageing") Press(Qt::Key_Return);
 }
 
 /// The sheet of the zones at home; both sheets have the key 1, which goes from the first to this one.
@@ -217,6 +218,13 @@ std::function<void(Desk&)> Shown(const QString& form) {
         sys::Guarded([&] { desk.Frame().ShowChild(form); });
         Settle();
     };
+}
+
+/// The ageing of a customer who owes.
+void Aged(Desk& desk) {
+    desk.Execute(
+        u"insert into TB1 (SN,LB,F1,F2,F3,YF,QM,F6) VALUES (500,-9,'YS9','2024-03-02','恒丰',7,7,'甲')"_s);
+    Shown(u"Ageing"_s)(desk);
 }
 
 void TypeInvoicePayment(QWidget& dialog) {
@@ -322,6 +330,7 @@ std::vector<Command> Made() {
         {"ReKuan_One", "D8", "KuanMx", SpoilBalances, Refresh(1)},
         {"KuanMx_Print", "D8", "KuanMx", Listed({}), Print},
         {"KuanHz_Print", "D7", "KuanHz", Listed({}), Print},
+        {"Ageing_Print", "", "", Aged, Print},
         {"C01_Print", "C1", "C01", Listed(u"H1"_s), Print},
         {"C02_Print", "C2", "C02", Listed(u"C1"_s), Print},
         {"C03_Print", "C3", "C03", Listed(u"H1"_s), Print},

@@ -39,6 +39,15 @@ QStringList Rows(const QString& layout, int rows) {
         } else if (layout == u"prntc023.rpt") {
             all += Insert(u"PRNTC023"_s, u"F1,F2,F3,F4,F5,F6"_s,
                           u"'2024-03-14','%1','S','纽约','1.5','%2'"_s.arg(no, amount));
+        } else if (layout == u"prntzl1.rpt") {
+            all += Insert(u"PRNTC04"_s, u"F1,F2,F3,F4,F5,F6,F7,F8,F9,F10"_s,
+                          u"'单位%1','%2','%2','','','','','','','2024-03-14'"_s.arg(n, amount));
+        } else if (layout == u"prntzl2.rpt") {
+            all += Insert(u"PRNTC04"_s, u"F1,F2,F3,F4,F5,F6"_s,
+                          u"'单位%1','021-5555','%2','%2','2024-03-14','40'"_s.arg(n, amount));
+        } else if (layout == u"prntzl3.rpt") {
+            all += Insert(u"PRNTC04"_s, u"F1,F2,F3,F4,F5,F6"_s,
+                          u"'YS%1','2024-03-14','%2','%2','40','逾期'"_s.arg(no, amount));
         } else if (layout == u"prntc04.rpt") {
             all += Insert(
                 u"PRNTC04"_s, u"F1,F2,F3,F4,F5,F6,F7,F8,F9,F10,F11,F12,F13,F14,F15"_s,
@@ -105,7 +114,12 @@ const QList<Paper>& Papers() {
         {u"prntd4.rpt"_s,
          QStringList{u"Cpt='客户月结单'"_s, u"myName='甲公司'"_s, u"khbm='客户编码： C1   华兴'"_s} +
              InvoiceHeads},
-        {u"prntscan.rpt"_s, {u"TJ='已出货 3，未出货 1'"_s}}};
+        {u"prntscan.rpt"_s, {u"TJ='已出货 3，未出货 1'"_s}},
+        {u"prntzl1.rpt"_s, {u"Cpt='应收帐款帐龄分析表'"_s, u"yu='预收'"_s, u"rq='2024-03-15'"_s}},
+        {u"prntzl2.rpt"_s, {u"Cpt='逾期应收帐款名单'"_s, u"rq='2024-03-15'"_s, u"ts='30'"_s}},
+        {u"prntzl3.rpt"_s,
+         {u"dw='华兴电子有限公司'"_s, u"dz='吴中路 1 号'"_s, u"dh='021-5555'"_s, u"rq='2024-03-15'"_s,
+          u"ts='30'"_s, u"yq='10.50'"_s}}};
     return papers;
 }
 
