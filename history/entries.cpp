@@ -38,13 +38,17 @@ qint64 WholeOf(dao::Database& db, const QString& select) {
     return rows.Eof() ? 0 : rows.Fields(0).Text().toLongLong();
 }
 
-/// The first row of a mirror for which `reached` is true of that column; they are true from some row on.
-qint64 FirstRow(dao::Database& db, const QByteArray& table, const QString& column,
+Range AllRows(dao::Database& db, const QByteArray& table) {
+    const QString from = u" from "_s + MirrorOf(table);
+    const qint64 first = WholeOf(db, u"select min(rowid)"_s + from);
+    return first == 0 ? Range{1, 1} : Range{first, WholeOf(db, u"select max(rowid)"_s + from) + 1};
+}
+
+/// The first row of the range for which `reached` is true of that column; they are true from some row on.
+qint64 FirstRow(dao::Database& db, const QByteArray& table, const Range& range, const QString& column,
                 const std::function<bool(const QString&)>& reached) {
     const QString from = u" from "_s + MirrorOf(table);
-    qint64 low = WholeOf(db, u"select min(rowid)"_s + from);
-    qint64 high = WholeOf(db, u"select max(rowid)"_s + from) + 1;
-    if (low == 0) return 1;
+    qint64 low = range.first, high = range.end;
     while (low < high) {
         const qint64 middle = low + (high - low) / 2;
         auto rows =
@@ -57,10 +61,33 @@ qint64 FirstRow(dao::Database& db, const QByteArray& table, const QString& colum
     return low;
 }
 
-Range RowsOfPeriod(dao::Database& db, const QByteArray& table, QDate from, QDate to) {
+/// The first row of a group of that number or a later one.
+qint64 FirstFrom(dao::Database& db, const QByteArray& table, const Range& range, qint64 group) {
+    return FirstRow(db, table, range, u"N"_s, [&](const QString& n) { return n.toLongLong() >= group; });
+}
+
+/// The rows of a period as a condition. Between two steps of the clock the times ascend.
+QString OfPeriod(dao::Database& db, const QByteArray& table, QDate from, QDate to) {
     const QString first = text::DateText(from), end = text::DateText(to.addDays(1));
-    return {FirstRow(db, table, u"At"_s, [&](const QString& at) { return at >= first; }),
-            FirstRow(db, table, u"At"_s, [&](const QString& at) { return at >= end; })};
+    const Range all = AllRows(db, table);
+    QStringList conditions;
+    const auto add = [&](const Range& steady) {
+        if (steady.first >= steady.end) return;
+        const auto reaching = [&](const QString& day) {
+            return FirstRow(db, table, steady, u"At"_s, [&](const QString& at) { return at >= day; });
+        };
+        const Range rows{reaching(first), reaching(end)};
+        if (rows.first < rows.end) conditions += u"rowid>=%1 and rowid<%2"_s.arg(rows.first).arg(rows.end);
+    };
+    Range steady = all;
+    for (auto steps = db.ReadEngine(u"select N from HClock order by rowid"_s); !steps.Eof();
+         steps.MoveNext()) {
+        steady.end = FirstFrom(db, table, all, steps.Fields(0).Text().toLongLong());
+        add(steady);
+        steady = {steady.end, all.end};
+    }
+    add(steady);
+    return conditions.isEmpty() ? u"0"_s : u'(' + conditions.join(u" or "_s) + u')';
 }
 
 QString EventColumns(const Object& object) {
@@ -76,9 +103,10 @@ std::vector<Event> Events(dao::Database& db, const Object& object, const QString
     std::vector<Event> events;
     for (; !rows.Eof(); rows.MoveNext())
         events.push_back({rows.Fields(0).Text().toLongLong(), rows.Fields(1).Text().toLongLong(),
-                          rows.Fields(2).Text(), rows.Fields(3).Text(), rows.Fields(4).Text(),
-                          rows.Fields(5).Text(), rows.Fields(6).Text().toLongLong(), TextOf(rows.Fields(7)),
-                          rows.Fields(8).Text(), rows.Fields(9).Text()});
+                          rows.Fields(2).Text(),
+                          rows.Fields(3).IsNull() ? OtherProgram : rows.Fields(3).Text(),
+                          rows.Fields(4).Text(), rows.Fields(5).Text(), rows.Fields(6).Text().toLongLong(),
+                          TextOf(rows.Fields(7)), rows.Fields(8).Text(), rows.Fields(9).Text()});
     std::reverse(events.begin(), events.end());
     return events;
 }
@@ -103,41 +131,65 @@ Entry EntryOf(const Object& object, const Event& event, Action action) {
     return entry;
 }
 
-/// An edit of a card is a delete and an insert; the insert's event gives what follows.
-void Join(Entry& deleted, const Event& inserted) {
+/// An edit of a card is a delete and an insert; the inserted one gives what follows.
+void Follow(Entry& deleted, const Entry& inserted) {
     deleted.action = Action::Changed;
-    deleted.after = inserted.rowid;
+    deleted.joined = true;
+    deleted.after = inserted.after;
     deleted.row = inserted.row;
-    deleted.afterKey = inserted.key;
+    deleted.afterKey = inserted.afterKey;
 }
 
 bool SameKey(const QString& a, const QString& b) {
     return a.compare(b, Qt::CaseInsensitive) == 0;
 }
 
+/// What a command has deleted, inserted and deleted again is deleted; what it has inserted first is an entry
+/// of its own.
+void AddDeleted(std::vector<Entry>& entries, const Object& object, const Event& event) {
+    const auto replaced = std::ranges::find_if(entries, [&](const Entry& each) {
+        return each.action == Action::Changed && each.joined && each.row == event.row &&
+               SameKey(each.afterKey, event.key);
+    });
+    if (replaced == entries.end()) return entries.push_back(EntryOf(object, event, Action::Deleted));
+    replaced->action = Action::Deleted;
+    replaced->after = replaced->row = 0;
+    replaced->afterKey = QString();
+    replaced->joined = false;
+}
+
+void AddInserted(std::vector<Entry>& entries, const Object& object, const Event& event) {
+    const auto open = std::ranges::find_if(entries, [&](const Entry& each) {
+        return each.action == Action::Deleted && SameKey(each.key, event.key);
+    });
+    if (open == entries.end()) return entries.push_back(EntryOf(object, event, Action::Added));
+    Follow(*open, EntryOf(object, event, Action::Added));
+}
+
+/// A card whose key was changed. Another program's statements have one number for all of them.
+void JoinRenamed(std::vector<Entry>& entries) {
+    const auto only = [&](Action action) {
+        const auto is = [=](const Entry& each) { return each.action == action; };
+        return std::ranges::count_if(entries, is) == 1 ? std::ranges::find_if(entries, is) : entries.end();
+    };
+    const auto deleted = only(Action::Deleted), added = only(Action::Added);
+    if (deleted == entries.end() || added == entries.end() || deleted->before > added->after ||
+        deleted->operatorName == OtherProgram)
+        return;
+    Follow(*deleted, *added);
+    entries.erase(added);
+}
+
 /// The events of one group and one object.
 std::vector<Entry> Paired(const Object& object, const std::vector<Event>& events) {
     std::vector<Entry> entries;
-    std::vector<Event> added;
     for (const Event& event : events) {
-        if (event.op == u"D") entries.push_back(EntryOf(object, event, Action::Deleted));
+        if (event.op == u"D") AddDeleted(entries, object, event);
         if (event.op == u"U") entries.push_back(EntryOf(object, event, Action::Changed));
         if (event.op == u"K" && !entries.empty()) entries.back().afterKey = event.key;
-        if (event.op != u"I") continue;
-        const auto open = std::ranges::find_if(entries, [&](const Entry& each) {
-            return each.action == Action::Deleted && SameKey(each.key, event.key);
-        });
-        if (open != entries.end())
-            Join(*open, event);
-        else
-            added.push_back(event);
+        if (event.op == u"I") AddInserted(entries, object, event);
     }
-    const auto deleted = [](const Entry& each) { return each.action == Action::Deleted; };
-    // A card whose key was changed.
-    if (added.size() == 1 && std::ranges::count_if(entries, deleted) == 1)
-        Join(*std::ranges::find_if(entries, deleted), added.front());
-    else
-        for (const Event& event : added) entries.push_back(EntryOf(object, event, Action::Added));
+    JoinRenamed(entries);
     return entries;
 }
 
@@ -171,12 +223,14 @@ bool Matches(const Entry& entry, const QString& text) {
 }
 
 std::vector<Entry> OfObject(dao::Database& db, const Object& object, const Search& search) {
-    const Range range = RowsOfPeriod(db, object.table, search.from, search.to);
-    QString condition = u"rowid>=%1 and rowid<%2"_s.arg(range.first).arg(range.end);
+    QString condition = OfPeriod(db, object.table, search.from, search.to);
     // The masters are few, and are searched by their names as well.
     const bool large = object.table == "B01" || object.table == "TB1";
     if (large && !search.text.isEmpty()) condition = ByKey(db, object, condition, search.text);
-    if (!search.operatorName.isEmpty()) condition += u" and Operator="_s + Literal(search.operatorName);
+    if (search.operatorName == OtherProgram)
+        condition += u" and Operator is null"_s;
+    else if (!search.operatorName.isEmpty())
+        condition += u" and Operator="_s + Literal(search.operatorName);
     return Grouped(object, Events(db, object, condition, MostEvents));
 }
 
@@ -303,8 +357,8 @@ QStringList ColumnsOf(dao::Database& db, const QByteArray& table) {
 }
 
 Range RowsOfGroup(dao::Database& db, const QByteArray& table, qint64 group) {
-    return {FirstRow(db, table, u"N"_s, [&](const QString& n) { return n.toLongLong() >= group; }),
-            FirstRow(db, table, u"N"_s, [&](const QString& n) { return n.toLongLong() > group; })};
+    const Range all = AllRows(db, table);
+    return {FirstFrom(db, table, all, group), FirstFrom(db, table, all, group + 1)};
 }
 
 std::vector<Entry> Find(dao::Database& db, const Search& search) {
@@ -320,15 +374,17 @@ std::vector<Entry> Find(dao::Database& db, const Search& search) {
     return entries;
 }
 
+std::vector<Entry> ChangesOf(dao::Database& db, const Object& object, qint64 group) {
+    const Range range = RowsOfGroup(db, object.table, group);
+    if (range.first >= range.end) return {};
+    return Paired(object,
+                  Events(db, object, u"rowid>=%1 and rowid<%2"_s.arg(range.first).arg(range.end), -1));
+}
+
 std::vector<Entry> OfGroup(dao::Database& db, qint64 group) {
     std::vector<Entry> entries;
-    for (const Object& object : Objects()) {
-        const Range range = RowsOfGroup(db, object.table, group);
-        if (range.first >= range.end) continue;
-        for (Entry& entry : Grouped(
-                 object, Events(db, object, u"rowid>=%1 and rowid<%2"_s.arg(range.first).arg(range.end), -1)))
-            entries.push_back(std::move(entry));
-    }
+    for (const Object& object : Objects())
+        for (Entry& entry : ChangesOf(db, object, group)) entries.push_back(std::move(entry));
     DropDependents(entries);
     SummarizeAll(db, entries);
     return entries;

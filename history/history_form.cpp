@@ -267,6 +267,7 @@ void History::FillCombos() {
     CmbOperator->AddItem(AllOperators);
     auto names = Db->OpenRecordset(u"select F2 from TE1 order by F1"_s);
     for (; !names.Eof(); names.MoveNext()) CmbOperator->AddItem(names.Fields(0).Text());
+    CmbOperator->AddItem(history::OtherProgram);
     CmbOperator->SetListIndex(0);
 }
 
@@ -403,6 +404,8 @@ void History::AskAndPutBack() {
         if (!asked.Entered) return;
         password = *asked.Entered;
     }
+    // Another program may have written while the question waited.
+    if (const QString why = history::Refusal(*Db, entry); !why.isEmpty()) return sys::Inform(why, MsgTitle);
     history::PutBack(*Db, entry, password);
     sys::Inform(u"恢复完成!"_s, MsgTitle);
     Search();

@@ -9,7 +9,7 @@ namespace schema {
 
 /// The version of tables.sql, stored in the file as user_version. A change to a table increments it and adds
 /// a step to UpgradeSteps(), which upgrades older files to the same tables.
-inline constexpr int kVersion = 3;
+inline constexpr int kVersion = 4;
 
 /// Several statements, in UTF-8.
 QByteArray TablesSql();

@@ -17,6 +17,11 @@ void Take(sqlite3* db, const UpgradeStep& step) {
     }
 }
 
+/// The times of groups, and the mirror of B011, which follows from that table.
+QByteArrayList HistoryOfVersion4() {
+    return {HClockSql()};
+}
+
 }  // namespace
 
 const std::vector<UpgradeStep>& UpgradeSteps() {
@@ -30,6 +35,7 @@ const std::vector<UpgradeStep>& UpgradeSteps() {
           "F4 TEXT COLLATE NOCASE)"}},
         // The history's other tables follow from the tables that they mirror (history.h).
         {3, {HNowSql()}},
+        {4, HistoryOfVersion4()},
     };
     return steps;
 }
