@@ -204,11 +204,38 @@ std::vector<Entry> Grouped(const Object& object, const std::vector<Event>& event
     return entries;
 }
 
-/// What matches by its key, with its neighbours, since the other half of a pair may have another key.
-QString ByKey(dao::Database& db, const Object& object, const QString& condition, const QString& text) {
-    auto rows = db.ReadEngine(u"select rowid from "_s + MirrorOf(object.table) + u" where "_s + condition +
-                              u" and instr(lower(F1),lower("_s + Literal(text) +
-                              u")) order by rowid desc limit "_s + QString::number(MostEntries));
+QString Has(const QString& column, const QString& text) {
+    return u"instr(lower(%1),lower(%2))"_s.arg(column, Literal(text));
+}
+
+/// The codes of the customers whose names have the text, also of those that are deleted by now.
+QStringList CustomersLike(dao::Database& db, const QString& text) {
+    auto rows =
+        db.ReadEngine(u"select F1 from M03 where %1 union select F1 from H_M03 where Op<>'I' and %1"_s.arg(
+            Has(u"F2"_s, text)));
+    QStringList codes;
+    for (; !rows.Eof(); rows.MoveNext()) codes += rows.Fields(0).Text();
+    return codes;
+}
+
+/// Where a row of the table or of its mirror has the customer or counterparty; "" where there is none.
+QString ByParty(const Object& object, const Search& search, const QStringList& customers) {
+    if (object.table == "TB1") return Has(u"F3"_s, search.text);
+    QStringList codes;
+    for (const QString& code : customers) codes += Literal(code);
+    return codes.isEmpty() ? QString() : u"F603 in (%1)"_s.arg(codes.join(u','));
+}
+
+/// What matches by its key or party, with its neighbours, since the other half of a pair may have another
+/// key. An insert keeps no party: it is what a later change or the row of today has.
+QString Matching(dao::Database& db, const Object& object, const QString& condition, const Search& search,
+                 const QStringList& customers) {
+    QString match = Has(u"F1"_s, search.text);
+    if (const QString party = ByParty(object, search, customers); !party.isEmpty())
+        match += u" or %1 or R in (select rowid from %2 where %1 union select R from H_%2 where %1)"_s.arg(
+            party, QString::fromLatin1(object.table));
+    auto rows = db.ReadEngine(u"select rowid from %1 where %2 and (%3) order by rowid desc limit %4"_s.arg(
+        MirrorOf(object.table), condition, match, QString::number(MostEntries)));
     QStringList near;
     for (; !rows.Eof(); rows.MoveNext()) {
         const qint64 row = rows.Fields(0).Text().toLongLong();
@@ -217,16 +244,20 @@ QString ByKey(dao::Database& db, const Object& object, const QString& condition,
     return condition + u" and rowid in ("_s + near.join(u',') + u')';
 }
 
-bool Matches(const Entry& entry, const QString& text) {
+bool Matches(const Entry& entry, const QString& text, const QStringList& customers) {
     const auto has = [&](const QString& where) { return where.contains(text, Qt::CaseInsensitive); };
-    return text.isEmpty() || has(entry.key) || has(entry.name) || has(entry.afterKey);
+    if (text.isEmpty() || has(entry.key) || has(entry.name) || has(entry.afterKey)) return true;
+    return std::ranges::any_of(entry.parties, [&](const QString& party) {
+        return entry.object->table == "B01" ? customers.contains(party, Qt::CaseInsensitive) : has(party);
+    });
 }
 
-std::vector<Entry> OfObject(dao::Database& db, const Object& object, const Search& search) {
+std::vector<Entry> OfObject(dao::Database& db, const Object& object, const Search& search,
+                            const QStringList& customers) {
     QString condition = OfPeriod(db, object.table, search.from, search.to);
     // The masters are few, and are searched by their names as well.
     const bool large = object.table == "B01" || object.table == "TB1";
-    if (large && !search.text.isEmpty()) condition = ByKey(db, object, condition, search.text);
+    if (large && !search.text.isEmpty()) condition = Matching(db, object, condition, search, customers);
     if (search.operatorName == OtherProgram)
         condition += u" and Operator is null"_s;
     else if (!search.operatorName.isEmpty())
@@ -285,16 +316,33 @@ QString AmountOf(const QStringList& columns, const QStringList& values) {
     return text::FormatFixed(text::Val(raised.isEmpty() || raised == u"0" ? lowered : raised), 2);
 }
 
-void Summarize(dao::Database& db, Entry& entry, const QStringList& columns) {
-    const Images images = ImagesOf(db, entry);
-    const Image& known = images.before ? images.before : images.after;
-    if (entry.name.isEmpty() && known && !entry.object->name.isEmpty())
-        entry.name = known->value(columns.indexOf(QString::fromLatin1(entry.object->name)));
-    if (entry.object->table == "TB1" && known) {
-        entry.caption = JournalCaption(known->value(columns.indexOf(u"LB"_s)));
-        entry.summary = known->value(columns.indexOf(u"F3"_s)) + u' ' + AmountOf(columns, *known);
+/// The captions of rows that go with a record, for its summary.
+QString CountOfFamily(dao::Database& db, const Entry& entry, bool& prices) {
+    QStringList words;
+    for (const Family& family : entry.object->family) {
+        if (family.cascade) continue;
+        const auto rows = FamilyOf(db, entry, family);
+        const auto changed = std::ranges::count_if(rows, [](const FamilyRow& row) { return row.Changed(); });
+        if (changed == 0) continue;
+        prices = family.prices;
+        words += (family.prices ? u"更新报价，%1 个区域"_s : u"改动地区 %1 处"_s).arg(changed);
     }
-    if (entry.action != Action::Changed || !images.before || !images.after) return;
+    return words.join(u'，');
+}
+
+QString CountOfFields(const Entry& entry, const QStringList& changed) {
+    const auto right = [&](const QString& column) {
+        return entry.object->table == "TE1" && column.startsWith(u"F6");
+    };
+    const auto rights = std::ranges::count_if(changed, right);
+    QStringList words;
+    if (changed.size() > rights) words += u"改动 %1 项"_s.arg(changed.size() - rights);
+    if (rights > 0) words += u"权限改动 %1 项"_s.arg(rights);
+    return words.join(u'，');
+}
+
+/// What an edit has changed; a save of a card may change nothing.
+void SummarizeChange(dao::Database& db, Entry& entry, const QStringList& columns, const Images& images) {
     QStringList changed;
     for (qsizetype i = 0; i < columns.size(); ++i)
         if (Shown(entry.object->table, columns[i]) && (*images.before)[i] != (*images.after)[i])
@@ -303,13 +351,35 @@ void Summarize(dao::Database& db, Entry& entry, const QStringList& columns) {
         waybills::IsReleased(images.after->value(columns.indexOf(u"F604"_s)))) {
         entry.action = Action::Released;
         entry.summary = u"审核人、已出货"_s;
-    } else if (!changed.isEmpty()) {
-        if (entry.object->table != "TB1") entry.summary = u"改动 %1 项"_s.arg(changed.size());
-    } else if (entry.object->table == "TE1") {
-        entry.summary = u"密码"_s;
-    } else if (entry.object->table == "M03") {
-        entry.caption = u"客户报价"_s;
+        return;
     }
+    bool prices = false;
+    QStringList words{entry.summary, CountOfFields(entry, changed), CountOfFamily(db, entry, prices)};
+    if (prices && changed.isEmpty()) entry.caption = u"客户报价"_s;
+    words.removeAll(QString());
+    if (changed.isEmpty() && entry.object->table == "TE1") words += u"密码"_s;
+    if (words.isEmpty()) words += u"内容没有改动"_s;
+    entry.summary = words.join(u'，');
+}
+
+void Summarize(dao::Database& db, Entry& entry, const QStringList& columns) {
+    const Images images = ImagesOf(db, entry);
+    const Image& known = images.before ? images.before : images.after;
+    const auto of = [&](const Image& image, const QString& column) {
+        return image ? image->value(columns.indexOf(column)) : QString();
+    };
+    if (entry.name.isEmpty() && !entry.object->name.isEmpty())
+        entry.name = of(known, QString::fromLatin1(entry.object->name));
+    const bool journal = entry.object->table == "TB1";
+    if (journal || entry.object->table == "B01")
+        for (const Image* image : {&images.before, &images.after})
+            entry.parties += of(*image, journal ? u"F3"_s : u"F603"_s);
+    if (journal && known) {
+        entry.caption = JournalCaption(of(known, u"LB"_s));
+        entry.summary = of(known, u"F3"_s) + u' ' + AmountOf(columns, *known);
+    }
+    if (entry.action == Action::Changed && images.before && images.after)
+        SummarizeChange(db, entry, columns, images);
 }
 
 void SummarizeAll(dao::Database& db, std::vector<Entry>& entries) {
@@ -363,14 +433,15 @@ Range RowsOfGroup(dao::Database& db, const QByteArray& table, qint64 group) {
 
 std::vector<Entry> Find(dao::Database& db, const Search& search) {
     std::vector<Entry> entries;
+    const QStringList customers = search.text.isEmpty() ? QStringList() : CustomersLike(db, search.text);
     for (const Object& object : Objects()) {
         if ((search.object && search.object != &object) || !search.menus.contains(object.menu)) continue;
-        for (Entry& entry : OfObject(db, object, search)) entries.push_back(std::move(entry));
+        for (Entry& entry : OfObject(db, object, search, customers)) entries.push_back(std::move(entry));
     }
     if (!search.object) DropDependents(entries);
     Newest(entries);
     SummarizeAll(db, entries);
-    std::erase_if(entries, [&](const Entry& entry) { return !Matches(entry, search.text); });
+    std::erase_if(entries, [&](const Entry& entry) { return !Matches(entry, search.text, customers); });
     return entries;
 }
 
@@ -406,36 +477,67 @@ Images ImagesOf(dao::Database& db, const Entry& entry) {
     return images;
 }
 
+namespace {
+
+/// A row that a command has inserted, by number and key.
+using Inserted = std::map<std::pair<qint64, QString>, Image>;
+
+/// Fills in what the rows were from then on: what the next change of each has found, else what they are.
+void ReadAfter(dao::Database& db, const QByteArray& table, const QString& where, qint64 end, Inserted& rows) {
+    const QString columns = ColumnsOf(db, table).join(u',');
+    const auto take = [&](const QString& number, const QString& from, int limit) {
+        auto found =
+            db.ReadEngine(u"select %1,F1,%2 from %3 limit %4"_s.arg(number, columns, from).arg(limit));
+        int taken = 0;
+        for (; !found.Eof(); found.MoveNext(), ++taken) {
+            const auto row = rows.find({found.Fields(0).Text().toLongLong(), found.Fields(1).Text()});
+            if (row == rows.end() || row->second) continue;
+            row->second.emplace();
+            for (int i = 2; i < found.FieldCount(); ++i) *row->second += TextOf(found.Fields(i));
+        }
+        return taken;
+    };
+    const auto missing = [&] {
+        return std::ranges::any_of(rows, [](const auto& row) { return !row.second; });
+    };
+    const QString later = u"%1 where %2 and Op<>'I' and Op<>'K' and rowid>=%3 order by rowid"_s.arg(
+        MirrorOf(table), where, QString::number(end));
+    // A save deletes all of them at once.
+    const int usual = 2 * static_cast<int>(rows.size());
+    if (take(u"R"_s, later, usual) == usual && missing()) take(u"R"_s, later, -1);
+    if (missing()) take(u"rowid"_s, QString::fromLatin1(table) + u" where "_s + where, -1);
+}
+
+}  // namespace
+
 std::vector<FamilyRow> FamilyOf(dao::Database& db, const Entry& entry, const Family& family) {
-    const QString mirror = MirrorOf(family.table);
     const QStringList columns = ColumnsOf(db, family.table);
     const Range range = RowsOfGroup(db, family.table, entry.group);
-    const bool areas = columns.contains(u"F0"_s);
+    const QString of = u" from %1 where rowid>=%2 and rowid<%3 and "_s.arg(MirrorOf(family.table))
+                           .arg(range.first)
+                           .arg(range.end);
+    const auto belongsTo = [&](const QString& key) { return QString(family.condition).arg(Literal(key)); };
     std::map<QString, FamilyRow> rows;
-    for (const bool before : {true, false}) {
-        const QString key = before ? entry.key : entry.afterKey;
-        if (key.isNull()) continue;
-        auto events = db.ReadEngine(
-            u"select rowid,R,F1,%1 from %2 where rowid>=%3 and rowid<%4 and Op='%5' and %6 order by rowid"_s
-                .arg(areas ? u"F0"_s : u"''"_s, mirror, QString::number(range.first),
-                     QString::number(range.end), before ? u"D"_s : u"I"_s,
-                     QString(family.condition).arg(Literal(key))));
-        for (; !events.Eof(); events.MoveNext()) {
-            const qint64 event = events.Fields(0).Text().toLongLong();
-            const QString own = events.Fields(2).Text();
-            FamilyRow& row = rows[own];
-            row.key = own;
-            if (before)
-                row.before = Read(db, Select(columns, mirror) + u" where rowid="_s + QString::number(event));
-            else
-                row.after = ImageAfter(
-                    db, family.table, columns, event, events.Fields(1).Text().toLongLong(),
-                    areas ? u"F0 is %1 and F1 is %2"_s.arg(Literal(TextOf(events.Fields(3))), Literal(own))
-                          : u"F1 is "_s + Literal(own));
-        }
+    auto deleted = db.ReadEngine(u"select F1,"_s + columns.join(u',') + of + u"Op='D' and "_s +
+                                 belongsTo(entry.key) + u" order by rowid"_s);
+    for (; !deleted.Eof(); deleted.MoveNext()) {
+        Image& before = rows[deleted.Fields(0).Text()].before;
+        before.emplace();
+        for (int i = 1; i < deleted.FieldCount(); ++i) *before += TextOf(deleted.Fields(i));
+    }
+    if (!entry.afterKey.isNull()) {
+        Inserted inserted;
+        auto events = db.ReadEngine(u"select R,F1"_s + of + u"Op='I' and "_s + belongsTo(entry.afterKey));
+        for (; !events.Eof(); events.MoveNext())
+            inserted[{events.Fields(0).Text().toLongLong(), events.Fields(1).Text()}];
+        if (!inserted.empty()) ReadAfter(db, family.table, belongsTo(entry.afterKey), range.end, inserted);
+        for (auto& [row, image] : inserted) rows[row.second].after = std::move(image);
     }
     std::vector<FamilyRow> sorted;
-    for (auto& [key, row] : rows) sorted.push_back(std::move(row));
+    for (auto& [key, row] : rows) {
+        row.key = key;
+        sorted.push_back(std::move(row));
+    }
     return sorted;
 }
 

@@ -31,6 +31,7 @@ struct Entry {
     QString name;     ///< behind the key; "" where it is not known
     QString caption;  ///< the object's, of a journal row by its kind
     QString summary;
+    QStringList parties;  ///< customer codes of a waybill, counterparties of a journal row, before and after
     qint64 before = 0;    ///< row of the mirror with the record as it was; 0 for a new one
     qint64 after = 0;     ///< row of the mirror from which on the record is as it is after; 0 for none
     qint64 row = 0;       ///< row number of the record after the command
@@ -43,7 +44,8 @@ struct Search {
     QStringList menus;               ///< top menus that the operator may use
     QString operatorName;            ///< "" for all
     QDate from, to;
-    QString text;  ///< part of the number or name; "" for all
+    /// Part of the number or name, of a waybill's customer, of a counterparty; "" for all.
+    QString text;
 };
 
 constexpr int MostEntries = 1000;
@@ -73,6 +75,8 @@ QString RowBefore(const Entry& entry);
 struct FamilyRow {
     QString key;  ///< of the row within the record
     Image before, after;
+    /// Apart from the record's key, the first column.
+    bool Changed() const { return !before || !after || before->mid(1) != after->mid(1); }
 };
 std::vector<FamilyRow> FamilyOf(dao::Database& db, const Entry& entry, const Family& family);
 
