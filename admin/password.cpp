@@ -4,44 +4,12 @@
 #include "app/dressing.h"
 #include "app/operator_statement.h"
 #include "app/session.h"
-#include "platform/controls/keys.h"
 #include "platform/system/seams.h"
-
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr std::array<QStringView, 3> Captions{u"旧密码", u"新密码", u"新密码确认"};
-
-}  // namespace
-
 S2::S2(QWidget* over) : ModalForm(u"S2"_s, u"操作员修改密码"_s, over) {
-    auto* rows = new dressing::CaptionRows;
-    for (size_t i = 0; i < Txt.size(); ++i) {
-        auto* box = new controls::LineBox(this);
-        box->setObjectName(u"Txt(%1)"_s.arg(i));
-        box->SetMasked(true);
-        box->KeyPressed = controls::EnterMovesOn;
-        rows->Add(Captions[i].toString(), u"Lab(%1)"_s.arg(i), box);
-        Txt[i] = box;
-    }
-    auto* ok = new controls::Button(u"确 定"_s, this);
-    auto* cancel = new controls::Button(u"取 消"_s, this);
-    ok->setObjectName(u"Cmd(0)"_s);
-    cancel->setObjectName(u"Cmd(1)"_s);
-    ok->setDefault(true);
-    ok->Click = [this] { Change(); };
-    cancel->Click = [this] { Unload(); };
-
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 16, 16, 16);
-    column->setSpacing(8);
-    column->addLayout(rows);
-    column->addLayout(dressing::ButtonRow({ok, cancel}));
-    setFixedWidth(372);
-    Txt[Old]->setFocus(Qt::OtherFocusReason);
+    dressing::FillPasswords(*this, {u"旧密码"_s, u"新密码"_s, u"新密码确认"_s}, Txt, [this] { Change(); });
 }
 
 void S2::Change() {

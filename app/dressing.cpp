@@ -3,12 +3,15 @@
 #include "app/product.h"
 #include "platform/controls/box.h"
 #include "platform/controls/card.h"
+#include "platform/controls/keys.h"
 #include "platform/controls/look.h"
 #include "platform/controls/paint.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -21,6 +24,7 @@ constexpr QSize kMark(40, 40);
 
 constexpr int kCaption = 54;  // the least width; the style sheet's padding is the gap
 constexpr int kBesideGap = 8;
+constexpr int kPasswordWidth = 372;
 enum Column { Caption, Box, Gap, Beside };
 
 class Line : public QWidget {
@@ -83,6 +87,34 @@ QLayout* ButtonRow(const QList<QPushButton*>& buttons) {
     row->addStretch(1);
     for (QPushButton* button : buttons) row->addWidget(button);
     return row;
+}
+
+void FillPasswords(controls::ModalForm& window, const QStringList& captions,
+                   std::span<controls::LineBox*> boxes, std::function<void()> ok) {
+    auto* rows = new CaptionRows;
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
+        auto* box = boxes[i] = new controls::LineBox(&window);
+        box->setObjectName(u"Txt(%1)"_s.arg(i));
+        box->SetMasked(true);
+        box->KeyPressed = controls::EnterMovesOn;
+        rows->Add(captions.at(static_cast<qsizetype>(i)), u"Lab(%1)"_s.arg(i), box);
+    }
+    const auto button = [&](const QString& name, const QString& caption, std::function<void()> click) {
+        auto* made = new controls::Button(caption, &window);
+        made->setObjectName(name);
+        made->Click = std::move(click);
+        return made;
+    };
+    auto* enter = button(u"Cmd(0)"_s, u"确 定"_s, std::move(ok));
+    enter->setDefault(true);
+    auto* cancel = button(u"Cmd(1)"_s, u"取 消"_s, [&window] { window.Unload(); });
+    auto* column = new QVBoxLayout(&window);
+    column->setContentsMargins(16, 16, 16, 16);
+    column->setSpacing(8);
+    column->addLayout(rows);
+    column->addLayout(ButtonRow({enter, cancel}));
+    window.setFixedWidth(kPasswordWidth);
+    boxes.front()->setFocus(Qt::OtherFocusReason);
 }
 
 void Stack(QWidget& window, QWidget& head, QLayout* body) {

@@ -2,12 +2,18 @@
 // combo, and a row of buttons at the right.
 #pragma once
 
+#include "platform/controls/box.h"
+#include "platform/controls/modal_form.h"
+
 #include <QGridLayout>
 #include <QLabel>
 #include <QLayout>
 #include <QList>
 #include <QPushButton>
 #include <QWidget>
+
+#include <functional>
+#include <span>
 
 namespace dressing {
 
@@ -24,6 +30,11 @@ class CaptionRows : public QGridLayout {
 };
 
 QLayout* ButtonRow(const QList<QPushButton*>& buttons);
+/// Fills a small window in which passwords are typed: a masked text box Txt(i) with its caption Lab(i), one
+/// for each of `boxes`, which get them; 确定 is Cmd(0) and calls `ok`, 取消 is Cmd(1) and closes the window.
+/// The first text box has the focus.
+void FillPasswords(controls::ModalForm& window, const QStringList& captions,
+                   std::span<controls::LineBox*> boxes, std::function<void()> ok);
 /// Lays out the window: the head, a hairline, the body below it.
 void Stack(QWidget& window, QWidget& head, QLayout* body);
 

@@ -57,6 +57,16 @@ struct Mirror {
     Kept oldest, removeUpTo;
 };
 
+constexpr qint64 SmallStep = 3600;  // seconds; a group keeps the time of the one before it
+
+QDateTime TimeOf(const QByteArray& at) {
+    return QDateTime::fromString(QString::fromUtf8(at), u"yyyy-MM-dd HH:mm:ss"_s);
+}
+
+QByteArray TextOf(const QDateTime& time) {
+    return text::DateTimeText(time).toUtf8();
+}
+
 QByteArray CountStatement() {
     QByteArrayList counts;
     for (const schema::KeptTable& table : schema::KeptTables()) {
@@ -70,7 +80,12 @@ class HistoryGroup : public dao::GroupStart {
   public:
     explicit HistoryGroup(sqlite3* engine)
         : engine_(engine),
+          last_(engine, "select At,(select Ahead from HClock order by rowid desc limit 1) from HNow"),
           note_(engine, "update HNow set N=N+1,At=?1,Operator=?2,Command=?3"),
+          step_(engine, "insert into HClock (N,Ahead) select N,?1 from HNow"),
+          aheadOf_(engine, "select Ahead from HClock where N<=?1 order by rowid desc limit 1"),
+          forget_(engine, "delete from HClock where N<(select max(N) from HClock where N<=?1)"),
+          over_(engine, "update HNow set N=N+1,Operator=null,Command=null"),
           count_(engine, CountStatement()) {
         for (const schema::KeptTable& table : schema::KeptTables())
             mirrors_.push_back(std::make_unique<Mirror>(engine, table.Mirror()));
@@ -80,6 +95,7 @@ class HistoryGroup : public dao::GroupStart {
         const int code = Note();
         return code == SQLITE_OK ? Trim() : code;
     }
+    int End() override { return Do(over_); }
 
   private:
     struct Oldest {
@@ -87,13 +103,43 @@ class HistoryGroup : public dao::GroupStart {
         QByteArray at;
     };
 
+    template <class... Values>
+    static int Do(Kept& statement, const Values&... values) {
+        if (const int code = statement.Begin(); code != SQLITE_OK) return code;
+        int place = 0;
+        (statement.Bind(++place, values), ...);
+        statement.Step();
+        return statement.End();
+    }
+
     int Note() {
-        if (const int code = note_.Begin(); code != SQLITE_OK) return code;
-        note_.Bind(1, text::DateTimeText(sys::Now()).toUtf8());
-        note_.Bind(2, OperatorName.toUtf8());
-        note_.Bind(3, FormInFront().toUtf8());
-        note_.Step();
-        return note_.End();
+        if (const int code = last_.Begin(); code != SQLITE_OK) return code;
+        const bool any = last_.Step() == SQLITE_ROW;
+        const QByteArray lastAt = any ? last_.Text(0) : QByteArray();
+        ahead_ = any ? last_.Whole(1) : 0;
+        if (const int code = last_.End(); code != SQLITE_OK) return code;
+        now_ = sys::Now();
+        QByteArray at = TextOf(now_);
+        bool step = false;
+        if (const QDateTime last = TimeOf(lastAt); last.isValid()) {
+            const qint64 days = last.daysTo(now_);
+            step = last.secsTo(now_) < -SmallStep || days > schema::StepDays;
+            if (step) ahead_ += days - (days > 0 ? schema::StepDays : 0);
+            if (!step && at < lastAt) at = lastAt;
+        }
+        const int code = Do(note_, at, OperatorName.toUtf8(), FormInFront().toUtf8());
+        return code == SQLITE_OK && step ? Do(step_, ahead_) : code;
+    }
+
+    /// By the clock without steps.
+    int Place(Oldest& oldest) {
+        const QDateTime at = TimeOf(oldest.at);
+        if (!at.isValid()) return SQLITE_OK;
+        if (const int code = aheadOf_.Begin(); code != SQLITE_OK) return code;
+        aheadOf_.Bind(1, oldest.number);
+        const qint64 ahead = aheadOf_.Step() == SQLITE_ROW ? aheadOf_.Whole(0) : 0;
+        oldest.at = TextOf(at.addDays(-ahead));
+        return aheadOf_.End();
     }
 
     int Trim() {
@@ -101,17 +147,20 @@ class HistoryGroup : public dao::GroupStart {
         if (const int code = count_.Begin(); code != SQLITE_OK) return code;
         const qint64 rows = count_.Step() == SQLITE_ROW ? count_.Whole(0) : 0;
         if (const int code = count_.End(); code != SQLITE_OK) return code;
-        const QByteArray since = text::DateTimeText(sys::Now().addYears(-limits.years)).toUtf8();
+        const QByteArray since = TextOf(now_.addDays(-ahead_).addYears(-limits.years));
         // Nothing becomes older than what was the oldest at the last look.
         if (rows <= limits.rows && !oldestAt_.isEmpty() && oldestAt_ >= since) return SQLITE_OK;
         qint64 removed = 0;
         while (true) {
             std::optional<Oldest> oldest;
             if (const int code = Find(oldest); code != SQLITE_OK) return code;
-            oldestAt_ = oldest ? oldest->at : QByteArray();
+            oldestAt_.clear();
+            if (!oldest) return SQLITE_OK;
+            if (const int code = Place(*oldest); code != SQLITE_OK) return code;
+            oldestAt_ = oldest->at;
             const bool tooMany = rows - removed > limits.rows;
-            if (!oldest || (!tooMany && (oldest->at >= since || removed >= limits.oldAtOnce)))
-                return SQLITE_OK;
+            if (!tooMany && (oldest->at >= since || removed >= limits.oldAtOnce))
+                return removed > 0 ? Do(forget_, oldest->number) : SQLITE_OK;
             if (const int code = Remove(oldest->number, removed); code != SQLITE_OK) return code;
         }
     }
@@ -141,13 +190,15 @@ class HistoryGroup : public dao::GroupStart {
     }
 
     sqlite3* engine_;
-    Kept note_, count_;
+    Kept last_, note_, step_, aheadOf_, forget_, over_, count_;
     std::vector<std::unique_ptr<Mirror>> mirrors_;
-    QByteArray oldestAt_;
+    QDateTime now_;        ///< of the group
+    qint64 ahead_ = 0;     ///< of now_, in days
+    QByteArray oldestAt_;  ///< by the clock without steps
 };
 
 bool KeepsHistory(sqlite3* engine) {
-    return sqlite3_table_column_metadata(engine, nullptr, "HNow", "N", nullptr, nullptr, nullptr, nullptr,
+    return sqlite3_table_column_metadata(engine, nullptr, "HClock", "N", nullptr, nullptr, nullptr, nullptr,
                                          nullptr) == SQLITE_OK;
 }
 

@@ -1,6 +1,8 @@
 // What each commit group of the session's file notes in HNow: its number, the time, the operator and the form
-// that gave the command, from which the triggers of the history take it (schema/history.h). It also removes
-// what is beyond the history's limits, so that each command removes as much as the one before it added.
+// that gave the command, from which the triggers of the history take it (schema/history.h), and that it is
+// over. It notes steps of the clock and counts age by a clock without them, so that a wrong date of the
+// machine does not remove the history. It also removes what is beyond the history's limits, so that each
+// command removes as much as the one before it added.
 #pragma once
 
 #include <QtGlobal>

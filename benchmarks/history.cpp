@@ -82,6 +82,8 @@ void MeasureList(Bench& bench) {
     bench.State("history: the list among 300,000 kept rows", seconds(), "s", 0.5);
     search.text = u"80050000"_s;
     bench.State("history: a number among them", seconds(), "s", 1);
+    search.text = QString::fromUtf8(CustomerName(7));
+    bench.State("history: a customer among them", seconds(), "s", 1);
 }
 
 double Seconds(const std::function<void()>& work) {

@@ -38,13 +38,17 @@ qint64 WholeOf(dao::Database& db, const QString& select) {
     return rows.Eof() ? 0 : rows.Fields(0).Text().toLongLong();
 }
 
-/// The first row of a mirror for which `reached` is true of that column; they are true from some row on.
-qint64 FirstRow(dao::Database& db, const QByteArray& table, const QString& column,
+Range AllRows(dao::Database& db, const QByteArray& table) {
+    const QString from = u" from "_s + MirrorOf(table);
+    const qint64 first = WholeOf(db, u"select min(rowid)"_s + from);
+    return first == 0 ? Range{1, 1} : Range{first, WholeOf(db, u"select max(rowid)"_s + from) + 1};
+}
+
+/// The first row of the range for which `reached` is true of that column; they are true from some row on.
+qint64 FirstRow(dao::Database& db, const QByteArray& table, const Range& range, const QString& column,
                 const std::function<bool(const QString&)>& reached) {
     const QString from = u" from "_s + MirrorOf(table);
-    qint64 low = WholeOf(db, u"select min(rowid)"_s + from);
-    qint64 high = WholeOf(db, u"select max(rowid)"_s + from) + 1;
-    if (low == 0) return 1;
+    qint64 low = range.first, high = range.end;
     while (low < high) {
         const qint64 middle = low + (high - low) / 2;
         auto rows =
@@ -57,10 +61,33 @@ qint64 FirstRow(dao::Database& db, const QByteArray& table, const QString& colum
     return low;
 }
 
-Range RowsOfPeriod(dao::Database& db, const QByteArray& table, QDate from, QDate to) {
+/// The first row of a group of that number or a later one.
+qint64 FirstFrom(dao::Database& db, const QByteArray& table, const Range& range, qint64 group) {
+    return FirstRow(db, table, range, u"N"_s, [&](const QString& n) { return n.toLongLong() >= group; });
+}
+
+/// The rows of a period as a condition. Between two steps of the clock the times ascend.
+QString OfPeriod(dao::Database& db, const QByteArray& table, QDate from, QDate to) {
     const QString first = text::DateText(from), end = text::DateText(to.addDays(1));
-    return {FirstRow(db, table, u"At"_s, [&](const QString& at) { return at >= first; }),
-            FirstRow(db, table, u"At"_s, [&](const QString& at) { return at >= end; })};
+    const Range all = AllRows(db, table);
+    QStringList conditions;
+    const auto add = [&](const Range& steady) {
+        if (steady.first >= steady.end) return;
+        const auto reaching = [&](const QString& day) {
+            return FirstRow(db, table, steady, u"At"_s, [&](const QString& at) { return at >= day; });
+        };
+        const Range rows{reaching(first), reaching(end)};
+        if (rows.first < rows.end) conditions += u"rowid>=%1 and rowid<%2"_s.arg(rows.first).arg(rows.end);
+    };
+    Range steady = all;
+    for (auto steps = db.ReadEngine(u"select N from HClock order by rowid"_s); !steps.Eof();
+         steps.MoveNext()) {
+        steady.end = FirstFrom(db, table, all, steps.Fields(0).Text().toLongLong());
+        add(steady);
+        steady = {steady.end, all.end};
+    }
+    add(steady);
+    return conditions.isEmpty() ? u"0"_s : u'(' + conditions.join(u" or "_s) + u')';
 }
 
 QString EventColumns(const Object& object) {
@@ -76,9 +103,10 @@ std::vector<Event> Events(dao::Database& db, const Object& object, const QString
     std::vector<Event> events;
     for (; !rows.Eof(); rows.MoveNext())
         events.push_back({rows.Fields(0).Text().toLongLong(), rows.Fields(1).Text().toLongLong(),
-                          rows.Fields(2).Text(), rows.Fields(3).Text(), rows.Fields(4).Text(),
-                          rows.Fields(5).Text(), rows.Fields(6).Text().toLongLong(), TextOf(rows.Fields(7)),
-                          rows.Fields(8).Text(), rows.Fields(9).Text()});
+                          rows.Fields(2).Text(),
+                          rows.Fields(3).IsNull() ? OtherProgram : rows.Fields(3).Text(),
+                          rows.Fields(4).Text(), rows.Fields(5).Text(), rows.Fields(6).Text().toLongLong(),
+                          TextOf(rows.Fields(7)), rows.Fields(8).Text(), rows.Fields(9).Text()});
     std::reverse(events.begin(), events.end());
     return events;
 }
@@ -103,41 +131,65 @@ Entry EntryOf(const Object& object, const Event& event, Action action) {
     return entry;
 }
 
-/// An edit of a card is a delete and an insert; the insert's event gives what follows.
-void Join(Entry& deleted, const Event& inserted) {
+/// An edit of a card is a delete and an insert; the inserted one gives what follows.
+void Follow(Entry& deleted, const Entry& inserted) {
     deleted.action = Action::Changed;
-    deleted.after = inserted.rowid;
+    deleted.joined = true;
+    deleted.after = inserted.after;
     deleted.row = inserted.row;
-    deleted.afterKey = inserted.key;
+    deleted.afterKey = inserted.afterKey;
 }
 
 bool SameKey(const QString& a, const QString& b) {
     return a.compare(b, Qt::CaseInsensitive) == 0;
 }
 
+/// What a command has deleted, inserted and deleted again is deleted; what it has inserted first is an entry
+/// of its own.
+void AddDeleted(std::vector<Entry>& entries, const Object& object, const Event& event) {
+    const auto replaced = std::ranges::find_if(entries, [&](const Entry& each) {
+        return each.action == Action::Changed && each.joined && each.row == event.row &&
+               SameKey(each.afterKey, event.key);
+    });
+    if (replaced == entries.end()) return entries.push_back(EntryOf(object, event, Action::Deleted));
+    replaced->action = Action::Deleted;
+    replaced->after = replaced->row = 0;
+    replaced->afterKey = QString();
+    replaced->joined = false;
+}
+
+void AddInserted(std::vector<Entry>& entries, const Object& object, const Event& event) {
+    const auto open = std::ranges::find_if(entries, [&](const Entry& each) {
+        return each.action == Action::Deleted && SameKey(each.key, event.key);
+    });
+    if (open == entries.end()) return entries.push_back(EntryOf(object, event, Action::Added));
+    Follow(*open, EntryOf(object, event, Action::Added));
+}
+
+/// A card whose key was changed. Another program's statements have one number for all of them.
+void JoinRenamed(std::vector<Entry>& entries) {
+    const auto only = [&](Action action) {
+        const auto is = [=](const Entry& each) { return each.action == action; };
+        return std::ranges::count_if(entries, is) == 1 ? std::ranges::find_if(entries, is) : entries.end();
+    };
+    const auto deleted = only(Action::Deleted), added = only(Action::Added);
+    if (deleted == entries.end() || added == entries.end() || deleted->before > added->after ||
+        deleted->operatorName == OtherProgram)
+        return;
+    Follow(*deleted, *added);
+    entries.erase(added);
+}
+
 /// The events of one group and one object.
 std::vector<Entry> Paired(const Object& object, const std::vector<Event>& events) {
     std::vector<Entry> entries;
-    std::vector<Event> added;
     for (const Event& event : events) {
-        if (event.op == u"D") entries.push_back(EntryOf(object, event, Action::Deleted));
+        if (event.op == u"D") AddDeleted(entries, object, event);
         if (event.op == u"U") entries.push_back(EntryOf(object, event, Action::Changed));
         if (event.op == u"K" && !entries.empty()) entries.back().afterKey = event.key;
-        if (event.op != u"I") continue;
-        const auto open = std::ranges::find_if(entries, [&](const Entry& each) {
-            return each.action == Action::Deleted && SameKey(each.key, event.key);
-        });
-        if (open != entries.end())
-            Join(*open, event);
-        else
-            added.push_back(event);
+        if (event.op == u"I") AddInserted(entries, object, event);
     }
-    const auto deleted = [](const Entry& each) { return each.action == Action::Deleted; };
-    // A card whose key was changed.
-    if (added.size() == 1 && std::ranges::count_if(entries, deleted) == 1)
-        Join(*std::ranges::find_if(entries, deleted), added.front());
-    else
-        for (const Event& event : added) entries.push_back(EntryOf(object, event, Action::Added));
+    JoinRenamed(entries);
     return entries;
 }
 
@@ -152,11 +204,38 @@ std::vector<Entry> Grouped(const Object& object, const std::vector<Event>& event
     return entries;
 }
 
-/// What matches by its key, with its neighbours, since the other half of a pair may have another key.
-QString ByKey(dao::Database& db, const Object& object, const QString& condition, const QString& text) {
-    auto rows = db.ReadEngine(u"select rowid from "_s + MirrorOf(object.table) + u" where "_s + condition +
-                              u" and instr(lower(F1),lower("_s + Literal(text) +
-                              u")) order by rowid desc limit "_s + QString::number(MostEntries));
+QString Has(const QString& column, const QString& text) {
+    return u"instr(lower(%1),lower(%2))"_s.arg(column, Literal(text));
+}
+
+/// The codes of the customers whose names have the text, also of those that are deleted by now.
+QStringList CustomersLike(dao::Database& db, const QString& text) {
+    auto rows =
+        db.ReadEngine(u"select F1 from M03 where %1 union select F1 from H_M03 where Op<>'I' and %1"_s.arg(
+            Has(u"F2"_s, text)));
+    QStringList codes;
+    for (; !rows.Eof(); rows.MoveNext()) codes += rows.Fields(0).Text();
+    return codes;
+}
+
+/// Where a row of the table or of its mirror has the customer or counterparty; "" where there is none.
+QString ByParty(const Object& object, const Search& search, const QStringList& customers) {
+    if (object.table == "TB1") return Has(u"F3"_s, search.text);
+    QStringList codes;
+    for (const QString& code : customers) codes += Literal(code);
+    return codes.isEmpty() ? QString() : u"F603 in (%1)"_s.arg(codes.join(u','));
+}
+
+/// What matches by its key or party, with its neighbours, since the other half of a pair may have another
+/// key. An insert keeps no party: it is what a later change or the row of today has.
+QString Matching(dao::Database& db, const Object& object, const QString& condition, const Search& search,
+                 const QStringList& customers) {
+    QString match = Has(u"F1"_s, search.text);
+    if (const QString party = ByParty(object, search, customers); !party.isEmpty())
+        match += u" or %1 or R in (select rowid from %2 where %1 union select R from H_%2 where %1)"_s.arg(
+            party, QString::fromLatin1(object.table));
+    auto rows = db.ReadEngine(u"select rowid from %1 where %2 and (%3) order by rowid desc limit %4"_s.arg(
+        MirrorOf(object.table), condition, match, QString::number(MostEntries)));
     QStringList near;
     for (; !rows.Eof(); rows.MoveNext()) {
         const qint64 row = rows.Fields(0).Text().toLongLong();
@@ -165,18 +244,24 @@ QString ByKey(dao::Database& db, const Object& object, const QString& condition,
     return condition + u" and rowid in ("_s + near.join(u',') + u')';
 }
 
-bool Matches(const Entry& entry, const QString& text) {
+bool Matches(const Entry& entry, const QString& text, const QStringList& customers) {
     const auto has = [&](const QString& where) { return where.contains(text, Qt::CaseInsensitive); };
-    return text.isEmpty() || has(entry.key) || has(entry.name) || has(entry.afterKey);
+    if (text.isEmpty() || has(entry.key) || has(entry.name) || has(entry.afterKey)) return true;
+    return std::ranges::any_of(entry.parties, [&](const QString& party) {
+        return entry.object->table == "B01" ? customers.contains(party, Qt::CaseInsensitive) : has(party);
+    });
 }
 
-std::vector<Entry> OfObject(dao::Database& db, const Object& object, const Search& search) {
-    const Range range = RowsOfPeriod(db, object.table, search.from, search.to);
-    QString condition = u"rowid>=%1 and rowid<%2"_s.arg(range.first).arg(range.end);
+std::vector<Entry> OfObject(dao::Database& db, const Object& object, const Search& search,
+                            const QStringList& customers) {
+    QString condition = OfPeriod(db, object.table, search.from, search.to);
     // The masters are few, and are searched by their names as well.
     const bool large = object.table == "B01" || object.table == "TB1";
-    if (large && !search.text.isEmpty()) condition = ByKey(db, object, condition, search.text);
-    if (!search.operatorName.isEmpty()) condition += u" and Operator="_s + Literal(search.operatorName);
+    if (large && !search.text.isEmpty()) condition = Matching(db, object, condition, search, customers);
+    if (search.operatorName == OtherProgram)
+        condition += u" and Operator is null"_s;
+    else if (!search.operatorName.isEmpty())
+        condition += u" and Operator="_s + Literal(search.operatorName);
     return Grouped(object, Events(db, object, condition, MostEvents));
 }
 
@@ -231,16 +316,33 @@ QString AmountOf(const QStringList& columns, const QStringList& values) {
     return text::FormatFixed(text::Val(raised.isEmpty() || raised == u"0" ? lowered : raised), 2);
 }
 
-void Summarize(dao::Database& db, Entry& entry, const QStringList& columns) {
-    const Images images = ImagesOf(db, entry);
-    const Image& known = images.before ? images.before : images.after;
-    if (entry.name.isEmpty() && known && !entry.object->name.isEmpty())
-        entry.name = known->value(columns.indexOf(QString::fromLatin1(entry.object->name)));
-    if (entry.object->table == "TB1" && known) {
-        entry.caption = JournalCaption(known->value(columns.indexOf(u"LB"_s)));
-        entry.summary = known->value(columns.indexOf(u"F3"_s)) + u' ' + AmountOf(columns, *known);
+/// The captions of rows that go with a record, for its summary.
+QString CountOfFamily(dao::Database& db, const Entry& entry, bool& prices) {
+    QStringList words;
+    for (const Family& family : entry.object->family) {
+        if (family.cascade) continue;
+        const auto rows = FamilyOf(db, entry, family);
+        const auto changed = std::ranges::count_if(rows, [](const FamilyRow& row) { return row.Changed(); });
+        if (changed == 0) continue;
+        prices = family.prices;
+        words += (family.prices ? u"更新报价，%1 个区域"_s : u"改动地区 %1 处"_s).arg(changed);
     }
-    if (entry.action != Action::Changed || !images.before || !images.after) return;
+    return words.join(u'，');
+}
+
+QString CountOfFields(const Entry& entry, const QStringList& changed) {
+    const auto right = [&](const QString& column) {
+        return entry.object->table == "TE1" && column.startsWith(u"F6");
+    };
+    const auto rights = std::ranges::count_if(changed, right);
+    QStringList words;
+    if (changed.size() > rights) words += u"改动 %1 项"_s.arg(changed.size() - rights);
+    if (rights > 0) words += u"权限改动 %1 项"_s.arg(rights);
+    return words.join(u'，');
+}
+
+/// What an edit has changed; a save of a card may change nothing.
+void SummarizeChange(dao::Database& db, Entry& entry, const QStringList& columns, const Images& images) {
     QStringList changed;
     for (qsizetype i = 0; i < columns.size(); ++i)
         if (Shown(entry.object->table, columns[i]) && (*images.before)[i] != (*images.after)[i])
@@ -249,13 +351,35 @@ void Summarize(dao::Database& db, Entry& entry, const QStringList& columns) {
         waybills::IsReleased(images.after->value(columns.indexOf(u"F604"_s)))) {
         entry.action = Action::Released;
         entry.summary = u"审核人、已出货"_s;
-    } else if (!changed.isEmpty()) {
-        if (entry.object->table != "TB1") entry.summary = u"改动 %1 项"_s.arg(changed.size());
-    } else if (entry.object->table == "TE1") {
-        entry.summary = u"密码"_s;
-    } else if (entry.object->table == "M03") {
-        entry.caption = u"客户报价"_s;
+        return;
     }
+    bool prices = false;
+    QStringList words{entry.summary, CountOfFields(entry, changed), CountOfFamily(db, entry, prices)};
+    if (prices && changed.isEmpty()) entry.caption = u"客户报价"_s;
+    words.removeAll(QString());
+    if (changed.isEmpty() && entry.object->table == "TE1") words += u"密码"_s;
+    if (words.isEmpty()) words += u"内容没有改动"_s;
+    entry.summary = words.join(u'，');
+}
+
+void Summarize(dao::Database& db, Entry& entry, const QStringList& columns) {
+    const Images images = ImagesOf(db, entry);
+    const Image& known = images.before ? images.before : images.after;
+    const auto of = [&](const Image& image, const QString& column) {
+        return image ? image->value(columns.indexOf(column)) : QString();
+    };
+    if (entry.name.isEmpty() && !entry.object->name.isEmpty())
+        entry.name = of(known, QString::fromLatin1(entry.object->name));
+    const bool journal = entry.object->table == "TB1";
+    if (journal || entry.object->table == "B01")
+        for (const Image* image : {&images.before, &images.after})
+            entry.parties += of(*image, journal ? u"F3"_s : u"F603"_s);
+    if (journal && known) {
+        entry.caption = JournalCaption(of(known, u"LB"_s));
+        entry.summary = of(known, u"F3"_s) + u' ' + AmountOf(columns, *known);
+    }
+    if (entry.action == Action::Changed && images.before && images.after)
+        SummarizeChange(db, entry, columns, images);
 }
 
 void SummarizeAll(dao::Database& db, std::vector<Entry>& entries) {
@@ -303,32 +427,35 @@ QStringList ColumnsOf(dao::Database& db, const QByteArray& table) {
 }
 
 Range RowsOfGroup(dao::Database& db, const QByteArray& table, qint64 group) {
-    return {FirstRow(db, table, u"N"_s, [&](const QString& n) { return n.toLongLong() >= group; }),
-            FirstRow(db, table, u"N"_s, [&](const QString& n) { return n.toLongLong() > group; })};
+    const Range all = AllRows(db, table);
+    return {FirstFrom(db, table, all, group), FirstFrom(db, table, all, group + 1)};
 }
 
 std::vector<Entry> Find(dao::Database& db, const Search& search) {
     std::vector<Entry> entries;
+    const QStringList customers = search.text.isEmpty() ? QStringList() : CustomersLike(db, search.text);
     for (const Object& object : Objects()) {
         if ((search.object && search.object != &object) || !search.menus.contains(object.menu)) continue;
-        for (Entry& entry : OfObject(db, object, search)) entries.push_back(std::move(entry));
+        for (Entry& entry : OfObject(db, object, search, customers)) entries.push_back(std::move(entry));
     }
     if (!search.object) DropDependents(entries);
     Newest(entries);
     SummarizeAll(db, entries);
-    std::erase_if(entries, [&](const Entry& entry) { return !Matches(entry, search.text); });
+    std::erase_if(entries, [&](const Entry& entry) { return !Matches(entry, search.text, customers); });
     return entries;
+}
+
+std::vector<Entry> ChangesOf(dao::Database& db, const Object& object, qint64 group) {
+    const Range range = RowsOfGroup(db, object.table, group);
+    if (range.first >= range.end) return {};
+    return Paired(object,
+                  Events(db, object, u"rowid>=%1 and rowid<%2"_s.arg(range.first).arg(range.end), -1));
 }
 
 std::vector<Entry> OfGroup(dao::Database& db, qint64 group) {
     std::vector<Entry> entries;
-    for (const Object& object : Objects()) {
-        const Range range = RowsOfGroup(db, object.table, group);
-        if (range.first >= range.end) continue;
-        for (Entry& entry : Grouped(
-                 object, Events(db, object, u"rowid>=%1 and rowid<%2"_s.arg(range.first).arg(range.end), -1)))
-            entries.push_back(std::move(entry));
-    }
+    for (const Object& object : Objects())
+        for (Entry& entry : ChangesOf(db, object, group)) entries.push_back(std::move(entry));
     DropDependents(entries);
     SummarizeAll(db, entries);
     return entries;
@@ -350,36 +477,67 @@ Images ImagesOf(dao::Database& db, const Entry& entry) {
     return images;
 }
 
+namespace {
+
+/// A row that a command has inserted, by number and key.
+using Inserted = std::map<std::pair<qint64, QString>, Image>;
+
+/// Fills in what the rows were from then on: what the next change of each has found, else what they are.
+void ReadAfter(dao::Database& db, const QByteArray& table, const QString& where, qint64 end, Inserted& rows) {
+    const QString columns = ColumnsOf(db, table).join(u',');
+    const auto take = [&](const QString& number, const QString& from, int limit) {
+        auto found =
+            db.ReadEngine(u"select %1,F1,%2 from %3 limit %4"_s.arg(number, columns, from).arg(limit));
+        int taken = 0;
+        for (; !found.Eof(); found.MoveNext(), ++taken) {
+            const auto row = rows.find({found.Fields(0).Text().toLongLong(), found.Fields(1).Text()});
+            if (row == rows.end() || row->second) continue;
+            row->second.emplace();
+            for (int i = 2; i < found.FieldCount(); ++i) *row->second += TextOf(found.Fields(i));
+        }
+        return taken;
+    };
+    const auto missing = [&] {
+        return std::ranges::any_of(rows, [](const auto& row) { return !row.second; });
+    };
+    const QString later = u"%1 where %2 and Op<>'I' and Op<>'K' and rowid>=%3 order by rowid"_s.arg(
+        MirrorOf(table), where, QString::number(end));
+    // A save deletes all of them at once.
+    const int usual = 2 * static_cast<int>(rows.size());
+    if (take(u"R"_s, later, usual) == usual && missing()) take(u"R"_s, later, -1);
+    if (missing()) take(u"rowid"_s, QString::fromLatin1(table) + u" where "_s + where, -1);
+}
+
+}  // namespace
+
 std::vector<FamilyRow> FamilyOf(dao::Database& db, const Entry& entry, const Family& family) {
-    const QString mirror = MirrorOf(family.table);
     const QStringList columns = ColumnsOf(db, family.table);
     const Range range = RowsOfGroup(db, family.table, entry.group);
-    const bool areas = columns.contains(u"F0"_s);
+    const QString of = u" from %1 where rowid>=%2 and rowid<%3 and "_s.arg(MirrorOf(family.table))
+                           .arg(range.first)
+                           .arg(range.end);
+    const auto belongsTo = [&](const QString& key) { return QString(family.condition).arg(Literal(key)); };
     std::map<QString, FamilyRow> rows;
-    for (const bool before : {true, false}) {
-        const QString key = before ? entry.key : entry.afterKey;
-        if (key.isNull()) continue;
-        auto events = db.ReadEngine(
-            u"select rowid,R,F1,%1 from %2 where rowid>=%3 and rowid<%4 and Op='%5' and %6 order by rowid"_s
-                .arg(areas ? u"F0"_s : u"''"_s, mirror, QString::number(range.first),
-                     QString::number(range.end), before ? u"D"_s : u"I"_s,
-                     QString(family.condition).arg(Literal(key))));
-        for (; !events.Eof(); events.MoveNext()) {
-            const qint64 event = events.Fields(0).Text().toLongLong();
-            const QString own = events.Fields(2).Text();
-            FamilyRow& row = rows[own];
-            row.key = own;
-            if (before)
-                row.before = Read(db, Select(columns, mirror) + u" where rowid="_s + QString::number(event));
-            else
-                row.after = ImageAfter(
-                    db, family.table, columns, event, events.Fields(1).Text().toLongLong(),
-                    areas ? u"F0 is %1 and F1 is %2"_s.arg(Literal(TextOf(events.Fields(3))), Literal(own))
-                          : u"F1 is "_s + Literal(own));
-        }
+    auto deleted = db.ReadEngine(u"select F1,"_s + columns.join(u',') + of + u"Op='D' and "_s +
+                                 belongsTo(entry.key) + u" order by rowid"_s);
+    for (; !deleted.Eof(); deleted.MoveNext()) {
+        Image& before = rows[deleted.Fields(0).Text()].before;
+        before.emplace();
+        for (int i = 1; i < deleted.FieldCount(); ++i) *before += TextOf(deleted.Fields(i));
+    }
+    if (!entry.afterKey.isNull()) {
+        Inserted inserted;
+        auto events = db.ReadEngine(u"select R,F1"_s + of + u"Op='I' and "_s + belongsTo(entry.afterKey));
+        for (; !events.Eof(); events.MoveNext())
+            inserted[{events.Fields(0).Text().toLongLong(), events.Fields(1).Text()}];
+        if (!inserted.empty()) ReadAfter(db, family.table, belongsTo(entry.afterKey), range.end, inserted);
+        for (auto& [row, image] : inserted) rows[row.second].after = std::move(image);
     }
     std::vector<FamilyRow> sorted;
-    for (auto& [key, row] : rows) sorted.push_back(std::move(row));
+    for (auto& [key, row] : rows) {
+        row.key = key;
+        sorted.push_back(std::move(row));
+    }
     return sorted;
 }
 

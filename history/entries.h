@@ -19,6 +19,9 @@ namespace history {
 enum class Action { Added, Changed, Deleted, Released };
 QString WordOf(Action action);
 
+/// The operator where no command of ours has written.
+inline const QString OtherProgram = QStringLiteral("其他程序");
+
 struct Entry {
     const Object* object = nullptr;
     qint64 group = 0;  ///< number of the command's commit group
@@ -28,9 +31,11 @@ struct Entry {
     QString name;     ///< behind the key; "" where it is not known
     QString caption;  ///< the object's, of a journal row by its kind
     QString summary;
-    qint64 before = 0;  ///< row of the mirror with the record as it was; 0 for a new one
-    qint64 after = 0;   ///< row of the mirror from which on the record is as it is after; 0 for none
-    qint64 row = 0;     ///< row number of the record after the command
+    QStringList parties;  ///< customer codes of a waybill, counterparties of a journal row, before and after
+    qint64 before = 0;    ///< row of the mirror with the record as it was; 0 for a new one
+    qint64 after = 0;     ///< row of the mirror from which on the record is as it is after; 0 for none
+    qint64 row = 0;       ///< row number of the record after the command
+    bool joined = false;  ///< changed by a delete and an insert, and not in place
     QString afterKey;
 };
 
@@ -39,7 +44,8 @@ struct Search {
     QStringList menus;               ///< top menus that the operator may use
     QString operatorName;            ///< "" for all
     QDate from, to;
-    QString text;  ///< part of the number or name; "" for all
+    /// Part of the number or name, of a waybill's customer, of a counterparty; "" for all.
+    QString text;
 };
 
 constexpr int MostEntries = 1000;
@@ -48,6 +54,8 @@ constexpr int MostEntries = 1000;
 std::vector<Entry> Find(dao::Database& db, const Search& search);
 /// What one command did, all objects.
 std::vector<Entry> OfGroup(dao::Database& db, qint64 group);
+/// What it did to one object, without summaries.
+std::vector<Entry> ChangesOf(dao::Database& db, const Object& object, qint64 group);
 
 /// The columns that the mirror of a table has of it.
 QStringList ColumnsOf(dao::Database& db, const QByteArray& table);
@@ -67,6 +75,8 @@ QString RowBefore(const Entry& entry);
 struct FamilyRow {
     QString key;  ///< of the row within the record
     Image before, after;
+    /// Apart from the record's key, the first column.
+    bool Changed() const { return !before || !after || before->mid(1) != after->mid(1); }
 };
 std::vector<FamilyRow> FamilyOf(dao::Database& db, const Entry& entry, const Family& family);
 

@@ -94,12 +94,22 @@ void PutBackIfWanted() {
     sys::Inform(u"恢复完成!"_s, MsgTitle);
 }
 
+/// A lost group fails whatever comes next, and a message box closes the group before it waits.
+void EndGroup() {
+    try {
+        Db->CloseGroup();
+    } catch (const PlatformError&) {
+        // What was lost is reported.
+    }
+}
+
 /// The guard passes over what is raised here, and the operator would take the records for put back.
 void Offer() {
     if (FailedGroup() == 0 || !Db) return;
     try {
         PutBackIfWanted();
     } catch (const PlatformError& error) {
+        EndGroup();
         sys::Inform(u"恢复失败！"_s + error.Text(), MsgTitle);
     }
 }

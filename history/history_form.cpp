@@ -5,6 +5,7 @@
 #include "app/session.h"
 #include "history/new_password.h"
 #include "history/put_back.h"
+#include "platform/controls/grid_parts.h"
 #include "platform/controls/keys.h"
 #include "platform/controls/paint.h"
 #include "platform/controls/wait.h"
@@ -101,6 +102,19 @@ bool Same(const Image& a, const Image& b, qsizetype index) {
     return text(a) == text(b);
 }
 
+/// Mutes the lines without the mark of a difference.
+class UnchangedMuted final : public controls::GridDelegate {
+  public:
+    using GridDelegate::GridDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        GridDelegate::initStyleOption(option, index);
+        if (index.siblingAtColumn(Mark).data().toString().isEmpty())
+            option->palette.setColor(QPalette::Text, controls::paint::kMuted);
+    }
+};
+
 /// Rows of cells with the cells that have changed.
 class Lines {
   public:
@@ -185,6 +199,7 @@ void History::MakeDetails() {
     for (controls::FlexGrid* grid : {GDItem, GDPrice}) {
         grid->SetColAlignment(Mark, Qt::AlignHCenter);
         grid->SetWordColor(Mark, Differs, controls::paint::kAccentDeep);
+        grid->setItemDelegate(new UnchangedMuted(grid));
     }
     for (int col = FirstPrice; col < GDPrice->Cols(); ++col) {
         GDPrice->SetColAlignment(col, Qt::AlignRight);
@@ -267,6 +282,7 @@ void History::FillCombos() {
     CmbOperator->AddItem(AllOperators);
     auto names = Db->OpenRecordset(u"select F2 from TE1 order by F1"_s);
     for (; !names.Eof(); names.MoveNext()) CmbOperator->AddItem(names.Fields(0).Text());
+    CmbOperator->AddItem(history::OtherProgram);
     CmbOperator->SetListIndex(0);
 }
 
@@ -352,7 +368,7 @@ void History::ShowItems(const Entry& entry) {
             const auto words = [](const Image& image) {
                 return image ? image->mid(1, 3).join(u' ') : QString();
             };
-            add(u"地区"_s, words(row.before), words(row.after), row.before == row.after);
+            add(u"地区"_s, words(row.before), words(row.after), !row.Changed());
         }
     }
     lines.Put(*GDItem);
@@ -367,7 +383,7 @@ void History::ShowPrices(const Entry& entry) {
         if (!family.prices) continue;
         for (const history::FamilyRow& row : history::FamilyOf(*Db, entry, family)) {
             any = true;
-            const bool same = row.before == row.after;
+            const bool same = !row.Changed();
             if (same && onlyChanged) continue;
             for (const bool before : {true, false}) {
                 const Image& image = before ? row.before : row.after;
@@ -403,6 +419,8 @@ void History::AskAndPutBack() {
         if (!asked.Entered) return;
         password = *asked.Entered;
     }
+    // Another program may have written while the question waited.
+    if (const QString why = history::Refusal(*Db, entry); !why.isEmpty()) return sys::Inform(why, MsgTitle);
     history::PutBack(*Db, entry, password);
     sys::Inform(u"恢复完成!"_s, MsgTitle);
     Search();

@@ -6,12 +6,15 @@
 #include "app/main_window.h"
 #include "app/operator_statement.h"
 #include "app/session.h"
+#include "history/changes.h"
 #include "platform/errors.h"
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
 #include "schema/history.h"
 #include "waybills/waybill_fields.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -67,21 +70,22 @@ QString LeftRecord(const Entry& entry) {
     return HasKey(*entry.object) ? row + u" and F1 is "_s + Literal(entry.afterKey) : row;
 }
 
-/// Whether the record is still as the command left it.
-bool IsUntouched(dao::Database& db, const Entry& entry) {
-    if (entry.row == 0) return false;
-    const QString key =
-        HasKey(*entry.object) ? u"F1 is "_s + Literal(entry.afterKey) + u" and "_s : QString();
-    return IsThere(db, TableOf(entry) + u" where "_s + LeftRecord(entry)) &&
-           !IsThere(db, u"H_%1 where %2Op<>'I' and Op<>'K' and R=%3 and rowid>%4"_s.arg(
-                            TableOf(entry), key, QString::number(entry.row), QString::number(entry.after)));
+/// Why the record of today is not the one that was changed.
+QString SameRecordRefusal(dao::Database& db, const Changes& changes) {
+    const Entry& last = changes.Last();
+    if (changes.Chosen().action == Action::Deleted) return {};
+    if (last.action == Action::Deleted) return u"[%1]此后已被删除，请先恢复该删除!"_s.arg(last.key);
+    if (!IsThere(db, TableOf(last) + u" where "_s + LeftRecord(last)))
+        return u"[%1]已不是同一条记录，不能恢复!"_s.arg(last.afterKey);
+    return {};
 }
 
 /// Another record that has the key.
-bool IsKeyInUse(dao::Database& db, const Entry& entry) {
+bool IsKeyInUse(dao::Database& db, const Changes& changes) {
+    const Entry& entry = changes.Chosen();
     if (!HasKey(*entry.object)) return entry.action == Action::Deleted && IsThere(db, TableOf(entry));
     QString others = TableOf(entry) + u" where F1 is "_s + Literal(entry.key);
-    if (entry.action != Action::Deleted) others += u" and rowid<>"_s + QString::number(entry.row);
+    if (entry.action != Action::Deleted) others += u" and rowid<>"_s + QString::number(changes.Last().row);
     return IsThere(db, others);
 }
 
@@ -117,12 +121,12 @@ bool IsOfPasswordAlone(dao::Database& db, const Entry& entry, const Images& imag
 }
 
 /// A code that records of today hold stays, as on the form, where its text box is locked then.
-bool IsRenamedAndUsed(dao::Database& db, const Entry& entry) {
-    if (entry.action == Action::Deleted || entry.object->usedIn.isEmpty()) return false;
-    if (entry.afterKey.compare(entry.key, Qt::CaseInsensitive) == 0) return false;
-    for (const QString& used : entry.object->usedIn)
-        if (IsThere(db, used + u'=' + Literal(entry.afterKey))) return true;
-    return false;
+bool IsRenamedAndUsed(dao::Database& db, const Changes& changes) {
+    const Entry& entry = changes.Chosen();
+    const QString& now = changes.Last().afterKey;
+    if (entry.action == Action::Deleted || now.compare(entry.key, Qt::CaseInsensitive) == 0) return false;
+    return std::ranges::any_of(entry.object->usedIn,
+                               [&](const QString& used) { return IsThere(db, used + u'=' + Literal(now)); });
 }
 
 /// Whether the command has written the waybill as well that the journal row is of.
@@ -135,11 +139,21 @@ bool IsOfWaybill(dao::Database& db, const Entry& entry) {
                            Literal(entry.key.mid(2)));
 }
 
-QString PostingRefusal(dao::Database& db, const Entry& entry) {
+/// The rows of the journal's mirror that come back.
+QStringList PostingsOf(dao::Database& db, const Changes& changes) {
+    if (changes.Chosen().object->table == "TB1") return {QString::number(changes.Chosen().before)};
+    const Entry* const replacing = changes.Replacing();
+    return replacing ? TakenPostings(db, *replacing) : QStringList();
+}
+
+QString PostingRefusal(dao::Database& db, const Changes& changes) {
+    const Entry& entry = changes.Chosen();
     const bool own = entry.object->table == "TB1";
-    if (own && IsOfWaybill(db, entry))
-        return u"[%1]随速递单[%2]一起恢复，请恢复该速递单!"_s.arg(entry.key, entry.key.mid(2));
-    const QStringList taken = own ? QStringList{QString::number(entry.before)} : TakenPostings(db, entry);
+    if (own)
+        for (const Entry& each : changes.All())
+            if (IsOfWaybill(db, each))
+                return u"[%1]随速递单[%2]一起恢复，请恢复该速递单!"_s.arg(each.key, each.key.mid(2));
+    const QStringList taken = PostingsOf(db, changes);
     if (IsChainBroken(db, taken)) return u"帐款的单据号或关系单位含有单引号，不能恢复!"_s;
     // Those of the waybill that is there now go with it; those that a cascade left are the waybill's own.
     if (own || entry.action != Action::Deleted || taken.isEmpty()) return {};
@@ -203,34 +217,47 @@ void RemoveSuccessor(dao::Database& db, const Entry& entry) {
     db.ExecuteEngine(u"delete from "_s + TableOf(entry) + u" where "_s + LeftRecord(entry));
 }
 
-/// The steps of the amounts are not kept, and those that are there are of other amounts than come back. A
-/// release mark leaves the amounts.
-void RemoveSteps(dao::Database& db, const Entry& entry) {
-    if (entry.object->table != "B01" || entry.action == Action::Released) return;
-    db.ExecuteEngine(
-        u"delete from B011 where F1 in (%1,%2)"_s.arg(Literal(entry.key), Literal(entry.afterKey)));
+/// The condition for what a command has deleted of a table that belongs to its record.
+QString DeletedWith(dao::Database& db, const Entry& entry, const QByteArray& table, const QString& of) {
+    const Range range = RowsOfGroup(db, table, entry.group);
+    return u"rowid>=%1 and rowid<%2 and Op='D' and "_s.arg(range.first).arg(range.end) +
+           QString(of).arg(Literal(entry.key));
+}
+
+bool HasWrittenSteps(dao::Database& db, const Entry& entry) {
+    const Range range = RowsOfGroup(db, "B011", entry.group);
+    return IsThere(db, u"H_B011 where rowid>=%1 and rowid<%2 and F1="_s.arg(range.first).arg(range.end) +
+                           Literal(entry.key));
+}
+
+/// The steps of the amounts, as they were before the first of the changes that has stored some anew; a failed
+/// one may have left them.
+void CopySteps(dao::Database& db, const Changes& changes) {
+    const Entry& entry = changes.Chosen();
+    if (entry.object->table != "B01") return;
+    if (const QString& now = changes.Last().afterKey;
+        !now.isNull() && now.compare(entry.key, Qt::CaseInsensitive) != 0)
+        db.ExecuteEngine(u"delete from B011 where F1="_s + Literal(now));
+    const auto writer =
+        std::ranges::find_if(changes.All(), [&](const Entry& each) { return HasWrittenSteps(db, each); });
+    if (writer == changes.All().end()) return;
+    db.ExecuteEngine(u"delete from B011 where F1="_s + Literal(entry.key));
+    CopyFrom(db, "B011", DeletedWith(db, *writer, "B011", u"F1=%1"_s));
 }
 
 void CopyFamily(dao::Database& db, const Entry& entry) {
-    for (const Family& family : entry.object->family) {
-        const Range range = RowsOfGroup(db, family.table, entry.group);
-        CopyFrom(db, family.table,
-                 u"rowid>=%1 and rowid<%2 and Op='D' and "_s.arg(range.first).arg(range.end) +
-                     QString(family.condition).arg(Literal(entry.key)));
-    }
+    for (const Family& family : entry.object->family)
+        CopyFrom(db, family.table, DeletedWith(db, entry, family.table, family.condition));
 }
 
-/// A released mark or a journal row is overwritten in place and took nothing else along.
-bool WasOverwritten(dao::Database& db, const Entry& entry) {
-    return IsThere(db, u"H_%1 where %2 and Op='U'"_s.arg(TableOf(entry), RowBefore(entry)));
-}
-
-void Overwrite(dao::Database& db, const Entry& entry) {
+/// A release mark or a journal row is overwritten in place and took nothing else along.
+void Overwrite(dao::Database& db, const Changes& changes) {
+    const Entry& entry = changes.Chosen();
     QStringList set;
     for (const QString& column : ColumnsOf(db, entry.object->table))
         set += u"%1=(select %1 from H_%2 where %3)"_s.arg(column, TableOf(entry), RowBefore(entry));
     db.ExecuteEngine(u"update %1 set "_s.arg(TableOf(entry)) + set.join(u',') + u" where "_s +
-                     LeftRecord(entry));
+                     LeftRecord(changes.Last()));
 }
 
 }  // namespace
@@ -239,29 +266,34 @@ QString Refusal(dao::Database& db, const Entry& entry) {
     if (entry.action == Action::Added) return u"新增的记录没有改动前的内容，不能恢复!"_s;
     const Images images = ImagesOf(db, entry);
     if (!images.before) return u"该记录的内容已不在操作记录中，不能恢复!"_s;
-    if (const QString why = RightRefusal(db, entry, images); !why.isEmpty()) return why;
-    if (entry.action != Action::Deleted && !IsUntouched(db, entry))
-        return u"[%1]此后又有改动，请先恢复最后一次改动!"_s.arg(entry.key);
+    const Changes changes(db, entry);
+    for (const Entry& each : changes.All())
+        if (const QString why = RightRefusal(db, each, ImagesOf(db, each)); !why.isEmpty()) return why;
+    if (const QString why = SameRecordRefusal(db, changes); !why.isEmpty()) return why;
     if (IsOfPasswordAlone(db, entry, images)) return u"操作记录不保存密码，密码的改动不能恢复!"_s;
-    if (IsKeyInUse(db, entry)) return u"[%1]已经重新使用，不能恢复!"_s.arg(entry.key);
-    if (IsRenamedAndUsed(db, entry)) return u"[%1]已经使用，不能恢复为[%2]!"_s.arg(entry.afterKey, entry.key);
+    if (IsKeyInUse(db, changes)) return u"[%1]已经重新使用，不能恢复!"_s.arg(entry.key);
+    if (IsRenamedAndUsed(db, changes))
+        return u"[%1]已经使用，不能恢复为[%2]!"_s.arg(changes.Last().afterKey, entry.key);
     if (entry.object->table == "TE1" && entry.key.contains(u'\''))
         return u"操作员帐号含有单引号，不能恢复!"_s;
     if (const QString why = FamilyRefusal(db, entry); !why.isEmpty()) return why;
-    return PostingRefusal(db, entry);
+    return PostingRefusal(db, changes);
 }
 
 QString Question(dao::Database& db, const Entry& entry) {
+    const Changes changes(db, entry);
     QString question = u"%1[%2]将恢复到 %3 由%4%5之前的内容"_s.arg(entry.caption, entry.key, entry.at,
                                                                    entry.operatorName, WordOf(entry.action));
     if (entry.action != Action::Deleted) question += u"，现有内容将被替换"_s;
-    if (const qsizetype postings = TakenPostings(db, entry).size(); postings > 0)
-        question += u"。\r同时恢复 %1 笔帐款"_s.arg(postings);
+    if (changes.Later() > 0)
+        question += u"。\r此后的 %1 次改动也一并撤销，但仍保留在操作记录中"_s.arg(changes.Later());
+    const qsizetype postings = entry.object->table == "TB1" ? 0 : PostingsOf(db, changes).size();
+    if (postings > 0) question += u"。\r同时恢复 %1 笔帐款"_s.arg(postings);
     return question + u"。\r\r真的要恢复吗?"_s;
 }
 
 bool NeedsPassword(dao::Database& db, const Entry& entry) {
-    return entry.object->table == "TE1" && !WasOverwritten(db, entry);
+    return entry.object->table == "TE1" && Changes(db, entry).Replacing();
 }
 
 QString PasswordRefusal(const QString& password) {
@@ -271,21 +303,20 @@ QString PasswordRefusal(const QString& password) {
 }
 
 void PutBack(dao::Database& db, const Entry& entry, const QString& password) {
+    const Changes changes(db, entry);
+    const Entry* const replacing = changes.Replacing();
     const bool account = NeedsPassword(db, entry);
     if (account)
         if (const QString why = PasswordRefusal(password); !why.isEmpty()) throw RuntimeError(why);
-    const QStringList taken = TakenPostings(db, entry);
     const bool journal = entry.object->table == "TB1";
-    RemoveSteps(db, entry);
-    if (!journal && entry.action != Action::Deleted && WasOverwritten(db, entry)) {
-        Overwrite(db, entry);
-    } else {
-        if (entry.action != Action::Deleted) RemoveSuccessor(db, entry);
-        if (journal) return AddPostings(db, {QString::number(entry.before)});
-        CopyFrom(db, entry.object->table, RowBefore(entry));
-        CopyFamily(db, entry);
-        if (!taken.isEmpty()) AddPostings(db, taken);
-    }
+    if (!journal && !replacing) return Overwrite(db, changes);
+    const QStringList taken = PostingsOf(db, changes);
+    if (entry.action != Action::Deleted) RemoveSuccessor(db, changes.Last());
+    if (journal) return AddPostings(db, taken);
+    CopyFrom(db, entry.object->table, RowBefore(entry));
+    CopyFamily(db, *replacing);
+    CopySteps(db, changes);
+    AddPostings(db, taken);
     if (account)
         OperatorStatement(u"update TE1 set F3="_s)
             .Secret(password)

@@ -1,5 +1,6 @@
-// 恢复: one command's change of one record is undone, with the record's family and, of a waybill, the journal
-// rows that the command took. Rows are copied from the mirrors inside the engine, so that nulls and
+// 恢复: one command's change of one record is undone, and with it the later changes of the same record; with
+// the record's family and, of a waybill, the journal rows that the command took and the steps of its amounts.
+// Rows are copied from the mirrors inside the engine, so that nulls and
 // apostrophes are what they were; journal rows get a new place by the protocol of adding.
 //
 // Always holds: a refused entry changes nothing; everything is one commit group, which the history keeps like

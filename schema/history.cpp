@@ -112,6 +112,10 @@ QByteArrayList KeptTable::Triggers() const {
 const std::vector<KeptTable>& KeptTables() {
     static const std::vector<KeptTable> tables = {
         {.name = "B01"},
+        // The steps of a waybill's amounts come back with the waybill. That a save has stored some where
+        // there were none before counts only for an edit.
+        {.name = "B011",
+         .insertsIf = "exists(select 1 from H_B01 where F1=new.F1 and Op<>'I' and N=(select N from HNow))"},
         // The balances and the place follow from the other rows; the passes over a chain rewrite them.
         {.name = "TB1", .computed = {"QC", "QM", "SN"}},
         {.name = "M01"},
@@ -156,7 +160,9 @@ QByteArrayList TriggerStatements(const KeptTable& table, const QByteArrayList& c
     QByteArrayList overwritten = {Keep(table, 'U', "old", columns)};
     if (!table.key.isEmpty())
         overwritten += Keep(table, 'K', "new", table.key) + " where " + KeyHasChanged(table);
-    return {trigger(names[0], "insert", {Keep(table, 'I', "new", table.key)}),
+    QByteArray inserted = Keep(table, 'I', "new", table.key);
+    if (!table.insertsIf.isEmpty()) inserted += " where " + table.insertsIf;
+    return {trigger(names[0], "insert", {inserted}),
             trigger(names[1], "delete", {Keep(table, 'D', "old", columns)}),
             trigger(names[2], "update of " + counted.join(','), overwritten)};
 }
@@ -168,6 +174,11 @@ QByteArray HNowSql() {
            "not in ('text', 'blob')))";
 }
 
+QByteArray HClockSql() {
+    return "create table if not exists HClock (N INTEGER check(typeof(N) not in ('text', 'blob')), Ahead "
+           "INTEGER check(typeof(Ahead) not in ('text', 'blob')))";
+}
+
 void CompleteHistory(sqlite3* db) {
     const bool present = dao::Number(db, "select count(*) from sqlite_master where name='HNow'") != 0;
     // An older file gets the table by its upgrade.
@@ -176,6 +187,8 @@ void CompleteHistory(sqlite3* db) {
         return;
     QByteArrayList statements;
     if (!present) statements += HNowSql();
+    if (dao::Number(db, "select count(*) from sqlite_master where name='HClock'") == 0)
+        statements += HClockSql();
     for (const KeptTable& table : KeptTables())
         statements += MirrorStatements(db, table) + TriggersToRenew(db, table);
     if (!present || dao::Number(db, "select count(*) from HNow") == 0) statements += GroupRowSql();

@@ -422,7 +422,7 @@ create index TD2_F2 on TD2 (F2);
 
 -- -------------------- history -------------------------------------------------------------------------
 
--- The commit group that is open or was the last one, one row. The triggers of the kept tables copy it beside
+-- The commit group that is open or was the last one, one row; operator and form are null in between. The triggers of the kept tables copy it beside
 -- what they keep. The mirror tables H_... and the triggers follow from the tables above: schema/history.h.
 create table HNow (
     N INTEGER check(typeof(N) not in ('text', 'blob')),           -- its number, ascending
@@ -430,6 +430,12 @@ create table HNow (
     Operator TEXT COLLATE NOCASE,                                 -- name of the operator
     Command TEXT COLLATE NOCASE,                                  -- form that gave the command, "B01"
     Failed INTEGER check(typeof(Failed) not in ('text', 'blob'))  -- last group that failed and lost a row
+);
+
+-- Where the clock made a step between two groups: schema/history.h.
+create table HClock (
+    N INTEGER check(typeof(N) not in ('text', 'blob')),         -- number of the first group behind it
+    Ahead INTEGER check(typeof(Ahead) not in ('text', 'blob'))  -- days, of all steps so far
 );
 
 -- -------------------- work tables of the reports, emptied and refilled at each print ------------------

@@ -29,6 +29,11 @@ QByteArrayList ChannelBillTables() {
         "create index M012_F1 on M012 (F1)"};
 }
 
+/// The times of groups, and the mirror of B011, which follows from that table.
+QByteArrayList HistoryOfVersion4() {
+    return {HClockSql()};
+}
+
 }  // namespace
 
 const std::vector<UpgradeStep>& UpgradeSteps() {
@@ -42,7 +47,7 @@ const std::vector<UpgradeStep>& UpgradeSteps() {
           "F4 TEXT COLLATE NOCASE)"}},
         // The history's other tables follow from the tables that they mirror (history.h).
         {3, {HNowSql()}},
-        {4, ChannelBillTables()},
+        {4, ChannelBillTables() + HistoryOfVersion4()},
     };
     return steps;
 }

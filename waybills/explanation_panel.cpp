@@ -51,6 +51,12 @@ int Draw(QPainter& painter, const QRect& place, Qt::Alignment alignment, const Q
     return painter.fontMetrics().horizontalAdvance(fitting);
 }
 
+int RowsOf(const QList<ExplainedSide>& sides) {
+    qsizetype rows = 0;
+    for (const ExplainedSide& side : sides) rows = std::max(rows, side.rows.size());
+    return static_cast<int>(rows);
+}
+
 /// A soft edge in six steps.
 void PaintShadow(QPainter& painter, const QRectF& outline) {
     painter.setPen(Qt::NoPen);
@@ -76,10 +82,10 @@ void ExplanationPanel::Explain(QList<ExplainedSide> sides, QList<HalfPlace> plac
     sides_ = std::move(sides);
     places_ = std::move(places);
     keys_ = std::move(keys);
-    rows_ = 0;
-    for (const ExplainedSide& side : sides_) rows_ = std::max(rows_, static_cast<int>(side.rows.size()));
-    const int most = (bottom - BoxGap - Fixed) / std::max(rows_, 1);
-    pitch_ = std::clamp(most, LeastRowHeight, RowHeight);
+    const int available = bottom - BoxGap - Fixed;
+    if (available < LeastRowHeight || bottom > parentWidget()->height()) return hide();
+    rows_ = std::min(RowsOf(sides_), available / LeastRowHeight);
+    pitch_ = std::clamp(available / std::max(rows_, 1), LeastRowHeight, RowHeight);
     const int height = Fixed + rows_ * pitch_;
     const int left = places_.first().left - Margin - Shadow;
     const int right = places_.last().right + Margin + Shadow;
@@ -93,6 +99,10 @@ void ExplanationPanel::Explain(QList<ExplainedSide> sides, QList<HalfPlace> plac
     // The focus remains elsewhere, so a screen reader has to be notified.
     QAccessibleEvent appeared(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&appeared);
+}
+
+int ExplanationPanel::LeastHeight(const QList<ExplainedSide>& sides) {
+    return Fixed + RowsOf(sides) * LeastRowHeight + BoxGap;
 }
 
 int ExplanationPanel::RowTop(int row) const {
@@ -137,8 +147,11 @@ void ExplanationPanel::PaintSide(QPainter& painter, const ExplainedSide& side, c
     paint::Hairline(painter, paint::kLine, QLineF(place.left, rule, place.right, rule));
 
     const int size = font().pixelSize() > 0 ? font().pixelSize() : 13;
-    for (int i = 0; i < side.rows.size(); ++i) {
-        const ExplainedRow& row = side.rows[i];
+    // The amount is at the end.
+    const int left = std::max(0, static_cast<int>(side.rows.size()) - rows_);
+    for (int i = 0; i + left < side.rows.size(); ++i) {
+        ExplainedRow row = side.rows[i + left];
+        if (left > 0 && i == 0) row.caption = u"…"_s;
         const QRect line(place.left, RowTop(i), place.right - place.left, pitch_);
         const bool sum = row.look == ExplainedRow::Look::Sum;
         const bool warning = row.look == ExplainedRow::Look::Warning;

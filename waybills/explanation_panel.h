@@ -26,8 +26,12 @@ class ExplanationPanel : public QWidget {
         int tip;  ///< centre of the text box that is explained
     };
     /// Shows one side or both above that y, which is the upper edge of the text boxes, with the keys that can
-    /// be used at the foot. Where the height is not enough the rows get lower.
+    /// be used at the foot. Where the height is not enough the rows get lower, then the first ones are left
+    /// out; without a place for one row, and with text boxes out of sight, the panel is hidden.
     void Explain(QList<waybills::ExplainedSide> sides, QList<HalfPlace> places, int bottom, QString keys);
+
+    /// Above the text boxes, for all rows at their lowest.
+    static int LeastHeight(const QList<waybills::ExplainedSide>& sides);
 
     /// Fills the context menu.
     std::function<void(QMenu&)> FillMenu;
@@ -44,6 +48,6 @@ class ExplanationPanel : public QWidget {
     QList<waybills::ExplainedSide> sides_;
     QList<HalfPlace> places_;  ///< in the panel's own coordinates
     QString keys_;
-    int rows_ = 0;   ///< of the longer side
+    int rows_ = 0;   ///< of the longer side, those that have a place
     int pitch_ = 0;  ///< from row to row
 };

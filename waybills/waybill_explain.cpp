@@ -5,6 +5,7 @@
 // where they are known.
 #include "app/data_access.h"
 #include "app/session.h"
+#include "platform/controls/card.h"
 #include "platform/controls/keys.h"
 #include "platform/errors.h"
 #include "platform/text/numbers.h"
@@ -15,6 +16,10 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using enum waybills::Box;
@@ -120,6 +125,7 @@ void B01::ExplainPrice() {
     explained_ = {ExplainedOf(Side::Charge, stored)};
     // Only the administrator reads the cost.
     if (IsAdministrator()) explained_.push_back(ExplainedOf(Side::Cost, stored));
+    ScrollForExplanation();
     ShowExplanation();
 }
 
@@ -135,13 +141,29 @@ QList<ExplainedSide> B01::ExplainedSides() const {
     return sides;
 }
 
-/// Again after a change of an amount and of the size.
+void B01::MakeExplanationPanel() {
+    explanation_ = new ExplanationPanel(Frm);
+    explanation_->FillMenu = [this](QMenu& menu) { FillExplanationMenu(menu); };
+    const auto& card = *Frm->findChild<QScrollArea*>();
+    for (const QScrollBar* bar : {card.verticalScrollBar(), card.horizontalScrollBar()})
+        connect(bar, &QScrollBar::valueChanged, this,
+                [this] { sys::Guarded([this] { ShowExplanation(); }); });
+}
+
+/// On a low window the card is scrolled so that there are as many rows as possible above the text boxes.
+void B01::ScrollForExplanation() {
+    const auto& card = *Frm->findChild<QScrollArea*>();
+    const QRect box = PlaceIn(*Frm, *Txt[BasicCharge]->Widget());
+    const int missing = ExplanationPanel::LeastHeight(ExplainedSides()) - box.top();
+    const int below = card.viewport()->height() - box.bottom() - controls::kRowGap;
+    if (missing > 0 && below > 0)
+        card.verticalScrollBar()->setValue(card.verticalScrollBar()->value() - std::min(missing, below));
+}
+
+/// Again after a change of an amount, of the size and of what the card is scrolled to.
 void B01::ShowExplanation() {
     if (explained_.empty()) return;
-    if (!explanation_) {
-        explanation_ = new ExplanationPanel(Frm);
-        explanation_->FillMenu = [this](QMenu& menu) { FillExplanationMenu(menu); };
-    }
+    if (!explanation_) MakeExplanationPanel();
     const auto place = [this](Box first, Box last, Box tip) {
         return ExplanationPanel::HalfPlace{.left = PlaceIn(*Frm, *Lab[first]).left(),
                                            .words = PlaceIn(*Frm, *Txt[tip]->Widget()).left(),

@@ -96,6 +96,8 @@ class B01 : public RecordForm {
     void ExplainPrice();
     Explained ExplainedOf(waybills::Side side, const waybills::BothSides& stored) const;
     QList<waybills::ExplainedSide> ExplainedSides() const;
+    void MakeExplanationPanel();
+    void ScrollForExplanation();
     void ShowExplanation();
     void CloseExplanation();
     void FillExplanationMenu(QMenu& menu);

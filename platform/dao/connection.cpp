@@ -267,7 +267,8 @@ void Connection::CloseGroup() {
         throw DatabaseError(loss.words, loss.statement, true);
     }
     if (!inGroup_) return;
-    const int code = sqlite3_exec(engine_, "commit", nullptr, nullptr, nullptr);
+    int code = start_ ? start_->End() : SQLITE_OK;
+    if (code == SQLITE_OK) code = sqlite3_exec(engine_, "commit", nullptr, nullptr, nullptr);
     inGroup_ = false;
     if (code == SQLITE_OK) return;
     const QString words = EngineText(code, sqlite3_errmsg(engine_), path_);

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QRadioButton>
 
+#include <map>
 #include <stdexcept>
 
 namespace tests {
@@ -234,19 +235,37 @@ void TypeInvoicePayment(QWidget& dialog) {
     PressIn(dialog, u"Command1"_s);
 }
 
-/// Deletes by one command what is still there, and brings the focus to the button that puts the record back.
-std::function<void(Desk&)> Deleted(const QStringList& statements) {
+/// What the commands of 操作记录 find: written by one command, nothing where it was written before.
+const std::map<std::string, QStringList>& WrittenBefore() {
+    static const std::map<std::string, QStringList> all = {
+        {"History_Waybill",
+         {u"delete from TB1 where F1='YSW1' or F1='YFW1'"_s, u"delete from B01 where F1='W1'"_s}},
+        {"History_Customer", {u"delete from M03 where F1='甲'"_s, u"delete from M031 where F0='甲'"_s}},
+        // Edits, which delete the rows and insert others.
+        {"History_Overwrite",
+         {u"delete from TB1 where F1 in ('YSW1','YFW1') and YF<>60"_s,
+          u"delete from B01 where F1='W1' and F504<>60"_s,
+          u"delete from B011 where F1='W1' and F5='11 0 0 50'"_s,
+          u"insert into B01 (F1,F101,F504,F602,F603,F604) select 'W1','2024-03-16',60,'张三','C1','未审核' where not exists(select 1 from B01 where F1='W1')"_s,
+          u"insert into B011 (F1,F2,F3,F4,F5) select 'W1','C1','Z1','2024-03-16','11 0 0 60' where not exists(select 1 from B011 where F1='W1')"_s,
+          u"insert into TB1 (SN,LB,F1,F2,F3,YF,QC,QM) select 131,-9,'YSW1','2024-03-16','华兴',60,0,60 where not exists(select 1 from TB1 where F1='YSW1')"_s}},
+        {"History_Zone",
+         {u"delete from M02 where F1='乙' and F2='二'"_s, u"delete from M021 where F0='乙' and F1='首尔'"_s,
+          u"insert into M02 (F1,F2) select '乙','新' where not exists(select 1 from M02 where F1='乙')"_s,
+          u"insert into M021 (F0,F1) select '乙','釜山' where not exists(select 1 from M021 where F0='乙')"_s}},
+    };
+    return all;
+}
+
+/// Brings the focus to the button that puts the last record back.
+std::function<void(Desk&)> Written(const std::string& command) {
     return [=](Desk& desk) {
-        for (const QString& statement : statements) Db->Execute(statement);
-        Db->CloseGroup();
+        WriteBefore(command);
         desk.Frame().ShowChild(u"History"_s);
         Settle();
         desk.Enter(u"Cmd(1)"_s);
     };
 }
-
-const QStringList kWaybillLost = {u"delete from TB1 where F1='YSW1' or F1='YFW1'"_s,
-                                  u"delete from B01 where F1='W1'"_s};
 
 /// A bill of one line, chosen; the focus is on the button that compares it and keeps its columns.
 void BillChosen(Desk& desk) {
@@ -341,9 +360,10 @@ std::vector<Command> Made() {
          InDialog(u"D201"_s, u"A"_s, TypeInvoicePayment, u"Command2"_s)},
         {"D3_Print", "", "", Shown(u"D3"_s), Print},
         {"D3_Print2", "", "", Shown(u"D3"_s), [](Desk&) { AltKey(u'M'); }},
-        {"History_Waybill", "", "", Deleted(kWaybillLost), PressButton},
-        {"History_Customer", "", "",
-         Deleted({u"delete from M03 where F1='甲'"_s, u"delete from M031 where F0='甲'"_s}), PressButton},
+        {"History_Waybill", "", "", Written("History_Waybill"), PressButton},
+        {"History_Customer", "", "", Written("History_Customer"), PressButton},
+        {"History_Overwrite", "", "", Written("History_Overwrite"), PressButton},
+        {"History_Zone", "", "", Written("History_Zone"), PressButton},
         {"ChannelBill_Compare", "", "", BillChosen, PressButton},
         {"S01_Save",
          "",
@@ -426,8 +446,8 @@ QStringList CommandMasters() {
                   };
 }
 
-void LoseWaybill() {
-    for (const QString& statement : kWaybillLost) Db->Execute(statement);
+void WriteBefore(const std::string& command) {
+    for (const QString& statement : WrittenBefore().at(command)) Db->ExecuteEngine(statement);
     Db->CloseGroup();
 }
 

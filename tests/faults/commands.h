@@ -9,6 +9,7 @@
 
 #include "tests/support/program.h"
 
+#include <string>
 #include <vector>
 
 namespace tests {
@@ -26,9 +27,9 @@ const std::vector<Command>& WritingCommands();
 const Command& CommandOf(const std::string& name);
 QStringList CommandMasters();
 
-/// Deletes W1 with its journal rows by one command: what History_Waybill deletes first, for whoever has to
-/// know when that is done.
-void LoseWaybill();
+/// Writes by one command what that command of 操作记录 puts back, which it does first by itself: for whoever
+/// has to know when that is done.
+void WriteBefore(const std::string& command);
 
 /// Opens the form and does all that comes before the key.
 void Prepare(Desk& desk, const Command& command);

@@ -80,7 +80,7 @@ QStringList StateOf(const QString& file) {
     QStringList state;
     for (
         const QString& table : engine.Rows(
-            u"select name from seen.sqlite_master where type='table' and name<>'HNow' and substr(name,1,2)<>'H_'"_s)) {
+            u"select name from seen.sqlite_master where type='table' and name not in ('HNow','HClock') and substr(name,1,2)<>'H_'"_s)) {
         QStringList rows = engine.Rows(u"select * from seen.[%1]"_s.arg(table));
         rows.sort();
         for (const QString& row : rows) state << table + u": "_s + row;

@@ -27,7 +27,9 @@ namespace {
 constexpr int kPatience = 60'000;  // milliseconds until the program must have done anything at all
 /// The day's commands (tests/faults/save_loop.cpp), in an order in which each finds what it works on.
 const QStringList kCommands =
-    (u"lose History_Waybill B01_Add A04_Add B01_Release zhLst_Add A03_Edit B01_Edit PayLst_Edit A02_Edit "_s +
+    (u"before:History_Waybill History_Waybill before:History_Overwrite History_Overwrite "_s +
+     u"before:History_Customer History_Customer before:History_Zone History_Zone "_s +
+     u"B01_Add A04_Add B01_Release zhLst_Add A03_Edit B01_Edit PayLst_Edit A02_Edit "_s +
      u"A01_Add A011_Edit PayLst_Add A03_Add S02_Add A04_DeleteUsed A02_Add PayLst_Delete A05_Edit "_s +
      u"A03_DeleteUsed A01_DeleteUsed"_s)
         .split(u' ');

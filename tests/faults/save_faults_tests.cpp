@@ -2,10 +2,12 @@
 // for ever after, with the file in memory and with hardly any of it there. Afterwards the file must hold all
 // of the command or nothing, and the operator must have been informed.
 #include "app/data_access.h"
+#include "history/failed_command.h"
 #include "tests/faults/commands.h"
 #include "tests/faults/recorded_program.h"
 #include "tests/support/failing_vfs.h"
 
+#include <QScopeGuard>
 #include <QSet>
 
 #include <gtest/gtest.h>
@@ -182,6 +184,69 @@ TEST(WithScarceMemory, ACommandFailsInTheMiddleOfItsStatementsToo) {
         std::printf("%s: %d failed in %d statements\n", row.command, n - 1, int(reported.size()));
         EXPECT_GT(reported.size(), 2) << "the faults miss the statements";
     }
+}
+
+/// A command that fails behind its deletions; the offer to put the waybill back is accepted.
+void FailAndAcceptTheOffer() {
+    sys::Guarded([] {
+        ::Db->Execute(u"delete from TB1 where F1='YSW1' or F1='YFW1'"_s);
+        ::Db->Execute(u"delete from B01 where F1='W1'"_s);
+        ::Db->Execute(u"insert into B01 (F1) VALUES ('a'b')"_s);
+    });
+}
+
+TEST(TheOffer, PutsBackAllOrSaysThatItFailed) {
+    const auto off = qScopeGuard([] { sys::onFailure() = {}; });
+    const auto start = [] {
+        auto program =
+            std::make_unique<tests::RecordedProgram>(tests::CommandMasters(), Failing(Memory::Ample));
+        history::WatchFailures();
+        return program;
+    };
+    // What a process that dies at its beginning, at the report, at the question and at its end leaves.
+    QList<QStringList> states;
+    {
+        const tests::FailingStorage storage;
+        const auto program = start();
+        states += program->StateLeft();
+        program->whileBox = [&] { states += program->StateLeft(); };
+        FailAndAcceptTheOffer();
+    }
+    ASSERT_EQ(states.size(), 4);
+    const QStringList &before = states[0], &lost = states[1], &restored = states[3];
+    EXPECT_EQ(states[2], lost);
+    EXPECT_NE(before, lost);
+    EXPECT_EQ(restored.filter(u"B01:"_s), before.filter(u"B01:"_s));
+    EXPECT_EQ(restored.filter(u"TB1:"_s).size(), before.filter(u"TB1:"_s).size());
+    int failedToPutBack = 0;
+    for (int n = 1;; ++n) {
+        SCOPED_TRACE(testing::Message() << "fault " << n);
+        tests::FailingStorage storage;
+        const auto program = start();
+        const Fault& fault = Faults[static_cast<size_t>(n) % std::size(Faults)];
+        storage.FailAt(n, fault.kind, fault.lasting == Lasting::ForEver);
+        FailAndAcceptTheOffer();
+        const bool failed = storage.HasFailed();
+        storage.Heal();
+        EXPECT_EQ(program->status, 1);
+        const QString said = program->boxes.back().text;
+        const QStringList left = program->StateLeft();
+        // Storage that dies in a commit and stays dead may hold the whole command all the same.
+        const bool dead = failed && fault.lasting == Lasting::ForEver;
+        if (said == u"恢复完成!"_s) {
+            EXPECT_EQ(left, restored);
+        } else if (said.startsWith(u"恢复失败！"_s)) {
+            EXPECT_TRUE(left == lost || (dead && left == restored)) << left.join(u'\n').toStdString();
+            ++failedToPutBack;
+        } else {
+            EXPECT_TRUE(said.contains(Lost)) << said.toStdString();
+            EXPECT_TRUE(left == before || (dead && left == lost)) << left.join(u'\n').toStdString();
+        }
+        if (!failed) break;
+        ASSERT_LT(n, 500);
+        if (HasFailure()) return;
+    }
+    EXPECT_GT(failedToPutBack, 3);
 }
 
 // Two boxes are in the middle of a save, which goes on behind them. Whoever is called away while one of

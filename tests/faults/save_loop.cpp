@@ -4,9 +4,9 @@
 //
 //   save-loop FOLDER FIRST STATES FILE COMMAND...
 //
-// Commands are those of commands.h, "lose", "backup" and "end". Begins with that of number FIRST (0 is the
-// first); with STATES, a folder or "", it writes what the data file holds after each into a file of that
-// folder. FILE is what the file dialog answers. Ends with status 3 when a report comes.
+// Commands are those of commands.h, "before:" with one of them, "backup" and "end". Begins with that of
+// number FIRST (0 is the first); with STATES, a folder or "", it writes what the data file holds after each
+// into a file of that folder. FILE is what the file dialog answers. Ends with status 3 when a report comes.
 #include "app/main_window.h"
 #include "app/session.h"
 #include "platform/controls/look.h"
@@ -37,7 +37,11 @@ void Say(const QString& line) {
 
 tests::Command Named(const QString& name) {
     if (name == u"end") return {"end", "", "", {}, [](tests::Desk& desk) { desk.Frame().close(); }};
-    if (name == u"lose") return {"lose", "", "", {}, [](tests::Desk&) { tests::LoseWaybill(); }};
+    const QString before = u"before:"_s;
+    if (name.startsWith(before)) {
+        const std::string command = name.mid(before.size()).toStdString();
+        return {"before", "", "", {}, [=](tests::Desk&) { tests::WriteBefore(command); }};
+    }
     if (name != u"backup") return tests::CommandOf(name.toStdString());
     return {"backup", "", "", {}, [](tests::Desk&) {
                 tests::AltKey(u's');

@@ -98,6 +98,50 @@ TEST_F(HistoryForm, PutsADeletedWaybillBackAfterAQuestion) {
     EXPECT_TRUE(Entries()[0].startsWith(u"管理员|新增|速递单|W1|"_s)) << Entries()[0].toStdString();
 }
 
+TEST_F(HistoryForm, SummarizesEveryChangeAndFindsByCustomerAndCounterparty) {
+    const auto run = [](const QStringList& statements) {
+        Db->CloseGroup();
+        for (const QString& statement : statements) Db->ExecuteEngine(statement);
+        Db->CloseGroup();
+    };
+    run({u"delete from M03 where F1='C1'"_s, u"delete from M031 where F0='C1'"_s,
+         u"insert into M03 (F1,F2,F301,F302,F401,F402) values ('C1','华兴','华兴公司','Huaxing','浦东','Pudong')"_s,
+         u"insert into M031 (F0,F1,F2) values ('C1','Z1',31)"_s,
+         u"insert into M031 (F0,F1) values ('C1','Z9')"_s});
+    run({u"delete from M02 where F1='乙'"_s, u"delete from M021 where F0='乙'"_s,
+         u"insert into M02 (F1,F2) values ('乙','二')"_s,
+         u"insert into M021 (F0,F1) values ('乙','釜山')"_s});
+    run({u"update TE1 set F60=1-ifnull(F60,0),F61=1-ifnull(F61,0),F2='新' where F1='乙'"_s});
+    run({u"update TB1 set YF=55,F10='改' where F1='YSW2'"_s});
+    run({u"delete from B01 where F1='W2'"_s,
+         u"insert into B01 (F1,F101,F603) values ('W2','2024-03-17','C3')"_s});
+    run({u"update M04 set F2=F2 where F1='乙'"_s});
+    run({u"insert into TB1 (F1,LB,F3,YF) values ('YS7',-9,'恒丰',3)"_s});
+    OpenForm();
+    QStringList entries = Entries();
+    const QStringList expected{u"新增|应收款|YS7|恒丰 3.00"_s,
+                               u"修改|外务员|乙|内容没有改动"_s,
+                               u"修改|速递单|W2|改动 "_s,
+                               u"修改|应收款|YSW2|华兴 50.00，改动 2 项"_s,
+                               u"修改|操作员|乙.二|改动 1 项，权限改动 2 项"_s,
+                               u"修改|本司分区|乙.二|改动地区 2 处"_s,
+                               u"修改|客户报价|C1.华兴|更新报价，2 个区域"_s};
+    for (qsizetype i = 0; i < expected.size(); ++i)
+        EXPECT_TRUE(entries[i].startsWith(u"管理员|"_s + expected[i])) << entries[i].toStdString();
+    const auto found = [&](const QString& text) {
+        SetBox(0, text);
+        Push(u"Cmd(0)"_s);
+        QStringList keys;
+        for (const QString& line : Entries())
+            if (const QString key = line.section(u'|', 3, 3); !keys.contains(key)) keys += key;
+        keys.sort();
+        return keys.join(u' ');
+    };
+    EXPECT_EQ(found(u"恒丰"_s), u"C2.恒丰 YS7"_s);
+    EXPECT_EQ(found(u"长江"_s), u"C3.长江 W2"_s) << "the customer of today";
+    EXPECT_TRUE(found(u"华兴"_s).contains(u"W2"_s)) << "and the one before";
+}
+
 TEST_F(HistoryForm, ShowsQuotesAsATableOfPrices) {
     Give("A03_Edit");
     OpenForm();

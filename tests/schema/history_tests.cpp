@@ -54,6 +54,7 @@ TEST_F(History, KeepsEveryColumnOfEveryTableButPasswords) {
         const qsizetype password = name == u"TE1" ? names.indexOf(u"F3"_s) : -1;
         file_.Run(u"delete from "_s + name);
         Kept(name, u"N"_s);
+        if (name == u"B011") file_.Run(u"insert into H_B01 (N,Op,F1) values (7,'D','it''s 1')"_s);  // an edit
         file_.Run(u"insert into %1 (%2) values (%3)"_s.arg(name, names.join(u','), values.join(u',')));
         file_.Run(u"update %1 set %2=%2 where rowid=1"_s.arg(name, names.front()));
         file_.Run(u"delete from "_s + name);

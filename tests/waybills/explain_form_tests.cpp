@@ -13,6 +13,8 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include <gtest/gtest.h>
 
@@ -230,6 +232,34 @@ TEST(Explanations, AreCopiedAndPrintedForTheCustomer) {
               (QStringList{u"基本费用|首重 + 续重|115.00"_s, u"基本费用|另行议定|100.00"_s,
                            u"总计费用|(100.00 + 附加 0.00) × 燃油费率 1 + 其它 0.00|100.00"_s}));
     AltKey(u'R');
+}
+
+// On a window that is too low for the card it moves with the card, whole, and covers nothing it explains.
+TEST(Explanations, FollowTheCardThatIsScrolledOnALowWindow) {
+    Explaining form({PlainWaybill});
+    form.Tabs().SelectItem(2);
+    form.Frame().setMinimumSize(400, 200);
+    int shown = 0, hidden = 0;
+    for (const int height : {480, 400, 340, 240}) {
+        form.Frame().resize(853, height);
+        Settle();
+        Press(Qt::Key_F1);
+        auto* const card = form.Frame().Front()->findChild<QScrollArea*>();
+        QScrollBar& bar = *card->verticalScrollBar();
+        EXPECT_TRUE(form.IsOpen() || height < 340) << height;
+        for (int value = bar.minimum(); value <= bar.maximum(); value += 7) {
+            bar.setValue(value);
+            const QWidget& box = *form.TextBoxAt(BasicCharge).Widget();
+            ++(form.IsOpen() ? shown : hidden);
+            if (!form.IsOpen()) continue;
+            EXPECT_GE(form.Panel()->y(), 0) << height << ' ' << value;
+            const int bottom = form.Panel()->mapToGlobal(QPoint(0, form.Panel()->height())).y();
+            EXPECT_EQ(box.mapToGlobal(QPoint()).y() - bottom, 2) << height << ' ' << value;
+        }
+        Press(Qt::Key_Escape);
+    }
+    EXPECT_GT(shown, 10);
+    EXPECT_GT(hidden, 10);
 }
 
 TEST(Explanations, OpenFromTheContextMenuOfTheirTextBoxes) {
