@@ -96,11 +96,12 @@ TEST(StartUp, WhateverFailsIsReportedThenRestoreIsOfferedThenItEnds) {
         const char* name;
         std::function<void(StartRun&)> prepare;
         QStringView end = u"restore";
+        QStringView says = u"";
     } rows[] = {
         {"no file", [](StartRun&) {}},
         {"no folder", [](StartRun& run) { run.parts.folder += u"/gone"_s; }},
-        {"other tables",
-         [](StartRun& run) { Connection(run.File()).Run(u"create table notes (F1 TEXT)"_s); }},
+        {"other tables", [](StartRun& run) { Connection(run.File()).Run(u"create table notes (F1 TEXT)"_s); },
+         u"restore", u"不是本系统的数据文件"},
         {"read-only",
          [&](StartRun& run) {
              schema::MakeDatabase(run.File());
@@ -140,6 +141,7 @@ TEST(StartUp, WhateverFailsIsReportedThenRestoreIsOfferedThenItEnds) {
         EXPECT_EQ(run.script.LastBox().title, u"Tessik Studio");
         EXPECT_EQ(run.script.LastBox().icon, sys::BoxIcon::Warning);
         EXPECT_TRUE(run.script.LastBox().text.startsWith(u"程序"));
+        EXPECT_TRUE(run.script.LastBox().text.contains(row.says));
         EXPECT_GT(run.script.LastBox().text.size(), u"程序启动错误!系统返回如下信息：\r\r"_s.size());
         EXPECT_EQ(run.events, QStringList{row.end.toString()});
         EXPECT_EQ(QDir(run.folder.path()).isEmpty(), &row == rows || &row == rows + 1)

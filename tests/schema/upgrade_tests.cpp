@@ -127,10 +127,11 @@ TEST_F(Upgrading, AFileOfTheFirstReleaseComesToTheShapeOfANewOne) {
     schema::MakeDatabase(Path());
     const QStringList made = shape();
     EXPECT_EQ(upgraded, made);
-    // The third release had a history, without the steps of prices and the steps of the clock.
-    for (const auto* drop : {"drop table HClock", "drop table H_B011", "drop trigger H_B011_insert",
-                             "drop trigger H_B011_delete", "drop trigger H_B011_update",
-                             "insert into M04 (F1) values ('kept')", "pragma user_version = 3"})
+    // The third release had a history, without the steps of prices and the steps of the clock; no bills.
+    for (const auto* drop :
+         {"drop table M012", "drop table HClock", "drop table H_B011", "drop trigger H_B011_insert",
+          "drop trigger H_B011_delete", "drop trigger H_B011_update", "insert into M04 (F1) values ('kept')",
+          "pragma user_version = 3"})
         Connection(Path()).Run(QString::fromLatin1(drop));
     schema::Upgrade(Open().get());
     EXPECT_EQ(shape(), made);
