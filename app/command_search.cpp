@@ -12,11 +12,12 @@ namespace {
 
 enum Rank { Whole, Beginning, Inside };
 
-/// Full-width letters, as an input method may leave them, count as letters.
+/// Full-width letters, as an input method may leave them, count as letters. What separates the words of a
+/// caption is not compared.
 QString Needle(const QString& typed) {
     QString needle;
     for (const QChar c : typed.normalized(QString::NormalizationForm_KC))
-        if (!c.isSpace()) needle += c.toLower();
+        if (!c.isSpace() && !c.isPunct()) needle += c.toLower();
     return needle;
 }
 
