@@ -12,13 +12,13 @@ namespace {
 
 enum Rank { Whole, Beginning, Inside };
 
-/// Full-width letters, as an input method may leave them, count as letters. What separates the words of a
-/// caption is not compared.
+/// Full-width letters, as an input method may leave them, count as letters. Marks between the words of a
+/// caption are not compared; where nothing else is typed, they find nothing.
 QString Needle(const QString& typed) {
-    QString needle;
+    QString needle, marks;
     for (const QChar c : typed.normalized(QString::NormalizationForm_KC))
-        if (!c.isSpace() && !c.isPunct()) needle += c.toLower();
-    return needle;
+        if (!c.isSpace()) (c.isPunct() ? marks : needle) += c.toLower();
+    return needle.isEmpty() ? marks : needle;
 }
 
 /// Where the text ends in the caption that is typed as the needle from `at` on; nothing if it is another one.
