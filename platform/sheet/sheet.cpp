@@ -97,10 +97,15 @@ Sheet Read(const QString& path, int which, const Progress& progress) {
 void Cells::Put(int row, int column, const QString& text) {
     if (text.isEmpty()) return;
     if (column >= kMostColumns) return Report(row, column, u"在第 %1 列之后"_s.arg(kMostColumns));
-    if (row >= kMostRows || ++cells_ > kMostCells) throw RuntimeError(u"数据太多，无法读取！"_s);
+    if (text.contains(QChar(0))) {
+        Report(row, column, u"有无法识别的字符"_s);
+        return Put(row, column, QString(text).remove(QChar(0)));
+    }
+    if (row >= kMostRows) RefuseTooMuch();
     if (row >= static_cast<int>(sheet_.rows.size())) sheet_.rows.resize(static_cast<std::size_t>(row) + 1);
     QStringList& cellsOfRow = sheet_.rows[static_cast<std::size_t>(row)];
-    while (cellsOfRow.size() <= column) cellsOfRow.emplace_back();
+    for (; cellsOfRow.size() <= column; cellsOfRow.emplace_back())
+        if (++cells_ > kMostCells) RefuseTooMuch();
     cellsOfRow[column] = text;
     if (!progress_ || row - reported_ < kRowsBetween) return;
     reported_ = row;
@@ -151,6 +156,10 @@ std::optional<QString> DateText(double serial, Look look, bool from1904) {
 
 void RefuseDamaged() {
     throw RuntimeError(u"文件已损坏，或者不是工作簿！"_s);
+}
+
+void RefuseTooMuch() {
+    throw RuntimeError(u"数据太多，无法读取！"_s);
 }
 
 void RefuseEncrypted() {

@@ -42,7 +42,9 @@ struct Record {
     quint16 type = 0;
     QByteArrayView data;
 
-    quint8 Byte(qsizetype at) const { return at < data.size() ? static_cast<quint8>(data[at]) : 0; }
+    quint8 Byte(qsizetype at) const {
+        return at >= 0 && at < data.size() ? static_cast<quint8>(data[at]) : 0;
+    }
     quint16 Short(qsizetype at) const { return static_cast<quint16>(Byte(at) | Byte(at + 1) << 8); }
     double Double(qsizetype at) const {
         quint64 bits = 0;
@@ -83,7 +85,10 @@ class Texts {
         std::vector<QString> texts;
         Skip(4);
         const quint32 count = Long();
-        while (texts.size() < count && !AtEnd()) texts.push_back(Text());
+        while (texts.size() < count && !AtEnd()) {
+            texts.push_back(Text());
+            if (texts.size() > kMostCells) RefuseTooMuch();
+        }
         return texts;
     }
 
@@ -169,8 +174,8 @@ struct SheetPlace {
     unsigned short index;  ///< as FreeXL counts
 };
 
-/// The sheets of cells that are not hidden.
-std::vector<SheetPlace> SheetsOf(const QByteArray& stream) {
+/// The sheets of cells that are not hidden; counts the others.
+std::vector<SheetPlace> SheetsOf(const QByteArray& stream, int& hiddenSheets) {
     std::vector<SheetPlace> sheets;
     Records records(stream, 0);
     Record record;
@@ -181,6 +186,7 @@ std::vector<SheetPlace> SheetsOf(const QByteArray& stream) {
         if (record.type != BoundSheet) continue;
         const bool hidden = (record.Byte(4) & 3) != 0;
         const bool cells = record.Byte(5) == 0;
+        if (hidden && cells) ++hiddenSheets;
         if (!hidden && cells) {
             const auto offset = static_cast<qsizetype>(record.Short(0) | quint32(record.Short(2)) << 16);
             sheets.push_back({offset, index});
@@ -263,7 +269,7 @@ class Reader {
         int depth = 0;  // of charts inside of the sheet
         while (records.Next(record)) {
             if (record.type == Begin) ++depth;
-            if (record.type == End && --depth <= 0) return;
+            if (record.type == End && --depth <= 0) return ReportLostText();
             if (depth == 1) Take(record);
         }
         RefuseDamaged();  // the end is missing, and cells may be
@@ -274,9 +280,7 @@ class Reader {
         const int row = record.Short(0), column = record.Short(2);
         switch (record.type) {
             case MulRk:
-                for (int last = record.Short(record.data.size() - 2), at = column; at <= last; ++at)
-                    TakeCell(record, row, at);
-                return;
+                return TakeNumbers(record, row, column);
             case Formula:
             case RString:
             case LabelSst:
@@ -292,18 +296,29 @@ class Reader {
         }
     }
 
+    /// As many as the record says and has.
+    void TakeNumbers(const Record& record, int row, int first) {
+        const qsizetype size = record.data.size();
+        const int last = std::min(int(record.Short(size - 2)), first + static_cast<int>((size - 6) / 6) - 1);
+        for (int column = first; column <= last; ++column) TakeCell(record, row, column);
+    }
+
     void TakeCell(const Record& record, int row, int column) {
         if (record.type == LabelSst) return TakeText(record, row, column);
         if (const auto text = file_.TextAt(row, column)) {
-            const bool number = record.type != Label && record.type != RString;
-            if (number && IsTooLong(*text)) cells_.Report(row, column, kTooLong);
-            return cells_.Put(row, column, *text);
+            if (record.type == Label || record.type == RString) return cells_.Put(row, column, *text);
+            return PutNumber(row, column, *text);
         }
-        if (record.type == Number) return cells_.Put(row, column, NumberText(record.Double(6)));
+        if (record.type == Number) return PutNumber(row, column, NumberText(record.Double(6)));
         if (record.type == BoolErr) return TakeBoolOrError(row, column, record.Byte(7) != 0, record.Byte(6));
         if (record.type == Label && record.Short(6) == 0) return;  // an empty text
         if (record.type == Formula) return TakeFormula(record, row, column);
         cells_.Report(row, column, u"无法读取"_s);
+    }
+
+    void PutNumber(int row, int column, const QString& text) {
+        if (IsTooLong(text)) cells_.Report(row, column, kTooLong);
+        cells_.Put(row, column, text);
     }
 
     void TakeText(const Record& record, int row, int column) {
@@ -319,9 +334,10 @@ class Reader {
     }
 
     void TakeFormula(const Record& record, int row, int column) {
-        if (record.Short(12) != 0xFFFF) return cells_.Put(row, column, NumberText(record.Double(6)));
+        if (record.Short(12) != 0xFFFF) return PutNumber(row, column, NumberText(record.Double(6)));
         switch (record.Byte(6)) {
             case 0:  // the text follows in a record of its own
+                ReportLostText();
                 textRow_ = row;
                 textColumn_ = column;
                 return;
@@ -331,6 +347,11 @@ class Reader {
             default:
                 return;  // an empty text
         }
+    }
+
+    /// Of a formula whose text has not followed.
+    void ReportLostText() {
+        if (textRow_ >= 0) cells_.Report(std::exchange(textRow_, -1), textColumn_, u"公式的文字无法读取");
     }
 
     /// Of 8.0: characters of one byte or of two, in one record; any other is reported.
@@ -370,7 +391,7 @@ QByteArray StreamOf(const QByteArray& bytes) {
 
 void ReadXls(const QByteArray& bytes, int which, Cells& cells) {
     const QByteArray stream = StreamOf(bytes);
-    const std::vector<SheetPlace> sheets = SheetsOf(stream);
+    const std::vector<SheetPlace> sheets = SheetsOf(stream, cells.Hidden());
     const std::vector<QString> texts = TextsOf(stream);
     const File file(WithoutTexts(stream));
     for (const SheetPlace& sheet : sheets) cells.Names() += file.NameOf(sheet.index);
