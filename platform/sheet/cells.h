@@ -32,6 +32,9 @@ enum class Look { Number, Date, Time, DateTime };
 
 /// Plain digits, at most 15 that count.
 QString NumberText(double value);
+/// To how many digits a format of zeros alone fills a number; 0 for any other.
+int DigitsOf(const QString& format);
+QString Filled(const QString& number, int digits);
 /// The text of a day number of 1900 (or 1904); nullopt for one that is no date.
 std::optional<QString> DateText(double serial, Look look, bool from1904);
 

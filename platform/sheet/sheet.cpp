@@ -129,6 +129,16 @@ QString NumberText(double value) {
     return sign + digits.leftJustified(exponent + 1, u'0');
 }
 
+int DigitsOf(const QString& format) {
+    constexpr qsizetype most = 40;
+    const bool zeros = format.size() > 1 && format.size() <= most && format.count(u'0') == format.size();
+    return zeros ? static_cast<int>(format.size()) : 0;
+}
+
+QString Filled(const QString& number, int digits) {
+    return number.contains(u'-') ? number : number.rightJustified(digits, u'0');
+}
+
 bool IsTooLong(QStringView number) {
     constexpr qsizetype most = 15;
     const qsizetype point = number.indexOf(u'.');

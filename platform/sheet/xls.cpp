@@ -26,6 +26,8 @@ enum RecordType : quint16 {
     FilePass = 0x002F,
     Continue = 0x003C,
     BoundSheet = 0x0085,
+    Xf = 0x00E0,
+    Format = 0x041E,
     MulRk = 0x00BD,
     RString = 0x00D6,
     Sst = 0x00FC,
@@ -197,6 +199,27 @@ std::vector<SheetPlace> SheetsOf(const QByteArray& stream, int& hiddenSheets) {
     return sheets;
 }
 
+/// Of the looks of cells: to how many digits numbers are filled up.
+std::vector<int> DigitsOfLooks(const QByteArray& stream) {
+    Records records(stream, 0);
+    Record record;
+    std::vector<int> looks;
+    QHash<int, int> formats;
+    bool large = false;  // texts of 8.0
+    while (records.Next(record) && record.type != End) {
+        if (record.type == Begin) large = record.Short(0) >= 0x0600;
+        if (record.type == Format) {
+            const bool wide = large && (record.Byte(4) & 1) != 0;
+            QByteArray format =
+                record.data.sliced(std::min<qsizetype>(large ? 5 : 3, record.data.size())).toByteArray();
+            if (wide) format.replace(QByteArrayView("\0", 1), QByteArrayView());
+            formats[record.Short(0)] = DigitsOf(QString::fromLatin1(format));
+        }
+        if (record.type == Xf) looks.push_back(formats.value(record.Short(2)));
+    }
+    return looks;
+}
+
 QString ErrorName(int code) {
     static const QHash<int, QString> names = {{0x00, u"#NULL!"_s}, {0x07, u"#DIV/0!"_s}, {0x0F, u"#VALUE!"_s},
                                               {0x17, u"#REF!"_s},  {0x1D, u"#NAME?"_s},  {0x24, u"#NUM!"_s},
@@ -261,8 +284,8 @@ class File {
 /// Brings the cells that the records of a sheet name into the sheet.
 class Reader {
   public:
-    Reader(const File& file, const std::vector<QString>& texts, Cells& cells)
-        : file_(file), texts_(texts), cells_(cells) {}
+    Reader(const File& file, const std::vector<QString>& texts, const std::vector<int>& digits, Cells& cells)
+        : file_(file), texts_(texts), digits_(digits), cells_(cells) {}
 
     void Read(Records records) {
         Record record;
@@ -307,18 +330,19 @@ class Reader {
         if (record.type == LabelSst) return TakeText(record, row, column);
         if (const auto text = file_.TextAt(row, column)) {
             if (record.type == Label || record.type == RString) return cells_.Put(row, column, *text);
-            return PutNumber(row, column, *text);
+            return PutNumber(record, row, column, *text);
         }
-        if (record.type == Number) return PutNumber(row, column, NumberText(record.Double(6)));
+        if (record.type == Number) return PutNumber(record, row, column, NumberText(record.Double(6)));
         if (record.type == BoolErr) return TakeBoolOrError(row, column, record.Byte(7) != 0, record.Byte(6));
         if (record.type == Label && record.Short(6) == 0) return;  // an empty text
         if (record.type == Formula) return TakeFormula(record, row, column);
         cells_.Report(row, column, u"无法读取"_s);
     }
 
-    void PutNumber(int row, int column, const QString& text) {
+    void PutNumber(const Record& record, int row, int column, const QString& text) {
+        const std::size_t look = record.Short(4 + 6 * (column - record.Short(2)));
         if (IsTooLong(text)) cells_.Report(row, column, kTooLong);
-        cells_.Put(row, column, text);
+        cells_.Put(row, column, look < digits_.size() ? Filled(text, digits_[look]) : text);
     }
 
     void TakeText(const Record& record, int row, int column) {
@@ -334,7 +358,7 @@ class Reader {
     }
 
     void TakeFormula(const Record& record, int row, int column) {
-        if (record.Short(12) != 0xFFFF) return PutNumber(row, column, NumberText(record.Double(6)));
+        if (record.Short(12) != 0xFFFF) return PutNumber(record, row, column, NumberText(record.Double(6)));
         switch (record.Byte(6)) {
             case 0:  // the text follows in a record of its own
                 ReportLostText();
@@ -373,6 +397,7 @@ class Reader {
 
     const File& file_;
     const std::vector<QString>& texts_;
+    const std::vector<int> digits_;  ///< by the looks of cells
     Cells& cells_;
     int textRow_ = -1;  ///< of the formula whose text follows; -1: none
     int textColumn_ = 0;
@@ -398,7 +423,7 @@ void ReadXls(const QByteArray& bytes, int which, Cells& cells) {
     const bool there = which >= 0 && which < static_cast<int>(sheets.size());
     const SheetPlace& chosen = sheets[there ? static_cast<std::size_t>(which) : 0];
     file.Choose(chosen.index);
-    Reader(file, texts, cells).Read(Records(stream, chosen.offset));
+    Reader(file, texts, DigitsOfLooks(stream), cells).Read(Records(stream, chosen.offset));
 }
 
 }  // namespace sheet

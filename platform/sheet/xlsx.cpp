@@ -132,9 +132,7 @@ std::vector<Style> StylesOf(const QByteArray& bytes) {
     while (part.Next()) {
         if (part.Starts(u"numFmt")) {
             const QString format = part.Attribute(u"formatCode");
-            const bool zeros = format.size() > 1 && format.count(u'0') == format.size();
-            own[part.Attribute(u"numFmtId").toInt()] = {LookOf(format),
-                                                        zeros ? static_cast<int>(format.size()) : 0};
+            own[part.Attribute(u"numFmtId").toInt()] = {LookOf(format), DigitsOf(format)};
         }
         if (part.Starts(u"cellXfs") || part.Ends(u"cellXfs")) cells = part.xml.isStartElement();
         if (!cells || !part.Starts(u"xf")) continue;
@@ -317,7 +315,7 @@ class Reader {
             return Report(u"不是日期"_s);
         }
         const QString text = NumberText(number);
-        Put(text.contains(u'-') ? text : text.rightJustified(style.digits, u'0'));
+        Put(Filled(text, style.digits));
         if (IsTooLong(text)) Report(kTooLong);
     }
 

@@ -194,7 +194,8 @@ QByteArray Stream(bool encrypted) {
         Biff(0x0203, Short(0) + Short(0) + Short(0) + Double(1234567890123)) + FormulaAt(0, 1, Double(12.5)) +
         FormulaAt(0, 2, special(0, 0)) + Biff(0x0207, Short(2) + '\1' + Short(0x6587) + Short(0x5B57)) +
         FormulaAt(0, 3, special(2, 0x2A)) + Biff(0x0205, Short(1) + Short(0) + Short(0) + "\x07\x01") +
-        FormulaAt(1, 1, special(1, 1)) + FormulaAt(1, 2, special(3, 0)) + FormulaAt(1, 3, special(0, 0)) +
+        Biff(0x0203, Short(0) + Short(4) + Short(1) + Double(7)) + FormulaAt(1, 1, special(1, 1)) +
+        FormulaAt(1, 2, special(3, 0)) + FormulaAt(1, 3, special(0, 0)) +
         FormulaAt(1, 4, Double(1234567890123456)) +
         Biff(0x00BD, Short(1) + Short(5) + Short(0) + Short(30) + Short(0) + Short(900)) + Biff(0x00BD, {}) +
         end;
@@ -202,10 +203,14 @@ QByteArray Stream(bool encrypted) {
         return Biff(0x0085, Short(static_cast<int>(at)) + Short(0) + hidden + '\0' +
                                 static_cast<char>(name.size()) + '\0' + name);
     };
+    const auto look = [](int format) {
+        return Biff(0x00E0, Short(0) + Short(format) + QByteArray(16, '\0'));
+    };
     QByteArray globals;
     for (qsizetype at = 0, before = -1; at != before;) {
         before = at;
         globals = bof(5) + (encrypted ? Biff(0x002F, Short(0)) : Biff(0x0042, Short(1200))) +
+                  Biff(0x041E, Short(170) + Short(4) + '\0' + "0000") + look(0) + look(170) +
                   sheet(at, 1, "old") + sheet(at + (bof(0x10) + end).size(), 0, "bill") + end;
         at = globals.size();
     }
@@ -223,7 +228,7 @@ TEST(Sheet, AnXlsGivesWhatItsReaderPassesOver) {
     };
     EXPECT_EQ(
         write(u"plain"_s, false).join(u'\n'),
-        u"1234567890123|12.5|文字|#N/A\n#DIV/0!|TRUE|||1234567890123460\n"
+        u"1234567890123|12.5|文字|#N/A|0007\n#DIV/0!|TRUE|||1234567890123460\n"
         u"D1: 错误值\nA2: 错误值\nE2: 数字超过 15 位，末尾可能不准\nF2: 无法读取\nD2: 公式的文字无法读取"_s);
     EXPECT_EQ(write(u"locked"_s, true), QStringList{u"! 工作簿有密码，无法读取！请去掉密码后另存。"_s});
     // Empty texts, and texts that go over the end of a record in each width.
