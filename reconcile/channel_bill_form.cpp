@@ -132,6 +132,9 @@ ChannelBill::ChannelBill()
     column->addWidget(MakeUpperGrids());
     column->addWidget(MakeCompareStrip());
     column->addWidget(GD, 1);
+    // Return goes from the columns over the tolerances to the comparison; in a grid it would stay.
+    setTabOrder(Cmb[Filter], GDBill);
+    setTabOrder(GDBill, GDSum);
     using When = CommandRow::When;
     commands_.Fill(MenuBar(),
                    {{u"Menu_ToExcel"_s, u"&T.导出数据"_s, When::Always, [this] { ExportGrid(*GD); }},
