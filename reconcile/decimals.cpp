@@ -23,9 +23,12 @@ bool HasDigit(const QString& text) {
 QString Plain(const QString& text) {
     QString plain;
     for (const QChar c : text) {
+        if (c.unicode() < 0x80) {
+            plain += c.toUpper();
+            continue;
+        }
         const QString usual = QString(c).normalized(QString::NormalizationForm_KC).toUpper();
-        const bool digit = c.unicode() >= 0x80 && HasDigit(usual);
-        if (digit && c.decompositionTag() != QChar::Wide) return {};
+        if (HasDigit(usual) && c.decompositionTag() != QChar::Wide) return {};
         plain += c == QChar(0x2212) ? u"-"_s : usual;
     }
     return plain.trimmed();
