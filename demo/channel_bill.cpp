@@ -60,7 +60,8 @@ void PlayChannelBill(Operator& op, const QString& folder) {
     op.Type(file);
     op.Press(Qt::Key_Return);
     op.ExpectStatus(u"帐单：共 39 行"_s);
-    op.ExpectFocus(u"Cmd(1)"_s);
+    op.ExpectFocus(u"Cmb(3)"_s);
+    op.EnterTo(u"Cmd(1)"_s);
     op.Picture(u"channel-bill-file"_s, u"渠道帐单核对：帐单和它的各列"_s);
     op.Press(Qt::Key_Return);
     op.ExpectStatus(u"核对结果：共 37 行 当前为第 1 行 帐单中略过 1 行合计和空行"_s);

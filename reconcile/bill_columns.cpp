@@ -15,13 +15,20 @@ constexpr int kHeadRows = 30;  // among which the headings are looked for
 const QStringList kNumberWords = {u"转单号"_s, u"转运单号"_s, u"运单号"_s, u"单号"_s,
                                   u"提单号"_s, u"运单编号"_s, u"AWB"_s};
 const QStringList kWeightWords = {u"计费重"_s, u"结算重"_s, u"收费重"_s, u"重量"_s, u"实重"_s, u"KG"_s};
+// Amounts of something else.
+const QStringList kOtherWords = {u"申报"_s, u"保险"_s, u"代收"_s};
 const QStringList kCostWords = {u"应付"_s, u"总金额"_s, u"总费用"_s, u"金额"_s,
                                 u"运费"_s, u"费用"_s,   u"合计"_s};
+
+bool HasAny(const QString& heading, const QStringList& words) {
+    return std::ranges::any_of(
+        words, [&](const QString& word) { return heading.contains(word, Qt::CaseInsensitive); });
+}
 
 int ColumnWith(const QStringList& headings, const QStringList& words) {
     for (const QString& word : words)
         for (int column = 0; column < headings.size(); ++column)
-            if (headings[column].contains(word, Qt::CaseInsensitive)) return column;
+            if (HasAny(headings[column], {word}) && !HasAny(headings[column], kOtherWords)) return column;
     return -1;
 }
 
@@ -68,7 +75,7 @@ BillColumns ColumnsFor(dao::Database& db, const QString& channel, const sheet::S
     if (kept.Eof()) return guessed;
     const auto number = [&](int field) { return kept.Fields(field).Text().toInt(); };
     const auto text = [&](int field) { return kept.Fields(field).Text(); };
-    BillColumns columns{.byForwarding = number(0) != 0, .firstRow = number(4)};
+    BillColumns columns{.byForwarding = number(0) != 0, .firstRow = number(4), .kept = true};
     // The lines of another month may begin elsewhere.
     if (HeadingOf(bill, columns.firstRow, number(1)) != text(7) && guessed.number >= 0)
         columns.firstRow = guessed.firstRow;

@@ -17,6 +17,8 @@ struct BillColumns {
     Decimal weightTolerance = 0;
     Decimal costTolerance = 0;
 
+    bool kept = false;  ///< for the channel
+
     bool operator==(const BillColumns&) const = default;
 };
 

@@ -6,8 +6,10 @@
 #include "waybills/waybill_fields.h"
 
 #include <QHash>
+#include <QRegularExpression>
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 
 using namespace Qt::StringLiterals;
@@ -15,16 +17,34 @@ using namespace Qt::StringLiterals;
 namespace reconcile {
 namespace {
 
-/// Blanks of any width around it do not count, and letters compare as the data file's do: a to z alone.
+/// Blanks of any width around it do not count, full-width characters are the usual ones, and letters compare
+/// as the data file's do: a to z alone.
 QString KeyOf(const QString& number) {
     QString key = number.trimmed();
-    for (QChar& c : key)
+    for (QChar& c : key) {
+        if (c >= QChar(0xFF01) && c <= QChar(0xFF5E)) c = QChar(c.unicode() - (0xFF01 - u'!'));
         if (c >= u'a' && c <= u'z') c = QChar(c.unicode() - (u'a' - u'A'));
+    }
     return key;
 }
 
+/// A number too small for the digits of an amount is stored as 1E-05.
 Amount StoredAmount(const QString& text) {
-    return text.isEmpty() ? Amount(0) : ReadDecimal(text);
+    constexpr double least = 0.00005;
+    bool number = false;
+    const double value = text.toDouble(&number);
+    if (text.isEmpty() || (number && std::abs(value) < least)) return 0;
+    return ReadDecimal(text);
+}
+
+/// What a number of many digits becomes in a table: "1.23457E+11".
+bool IsScientific(const QString& number) {
+    static const QRegularExpression form(u"^[0-9](\\.[0-9]+)?[Ee]\\+[0-9]+$"_s);
+    return form.match(number).hasMatch();
+}
+
+bool IsLongNumber(const QString& number) {
+    return sheet::IsTooLong(number) && std::ranges::all_of(number, [](QChar c) { return c.isDigit(); });
 }
 
 /// One line of the bill.
@@ -71,11 +91,19 @@ class BillReader {
             return;
         }
         BillLine line{row, number, {}, {}};
-        TakeReason(line, columns_.number);
-        if (number.isEmpty()) line.problems += u"没有单号"_s;
+        if (!TakeReason(line, columns_.number)) CheckNumber(line);
         if (columns_.weight >= 0) line.side.weight = AmountOf(line, columns_.weight, weight);
         if (columns_.cost >= 0) line.side.cost = AmountOf(line, columns_.cost, cost);
         lines.push_back(std::move(line));
+    }
+
+    void CheckNumber(BillLine& line) const {
+        const QString place = sheet::Address(line.row, columns_.number) + u' ';
+        if (line.number.isEmpty()) line.problems += u"没有单号"_s;
+        if (IsScientific(line.number)) line.problems += place + u"单号成了科学计数"_s;
+        // Whether the cell was reported is not known where not all reports are kept.
+        const bool all = bill_.reports <= static_cast<int>(bill_.notUnderstood.size());
+        if (!all && IsLongNumber(line.number)) line.problems += place + sheet::kTooLong.toString();
     }
 
     bool Reported(int row) const {
@@ -87,10 +115,11 @@ class BillReader {
 
     /// The number's cell is empty or says itself that the row is one.
     bool IsTotal(int row, const QString& number) const {
+        static const QStringList words = {u"合计"_s, u"总计"_s, u"小计"_s, u"共计"_s, u"总额"_s, u"total"_s};
         const auto says = [](QString text) {
             text.remove(u' ').remove(QChar(0x3000));
-            return std::ranges::any_of(std::array{u"合计"_s, u"总计"_s, u"小计"_s, u"共计"_s},
-                                       [&](const QString& word) { return text.startsWith(word); });
+            return std::ranges::any_of(
+                words, [&](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });
         };
         if (!number.isEmpty()) return says(number);
         return std::ranges::any_of(bill_.rows[static_cast<std::size_t>(row)], says);
@@ -153,13 +182,11 @@ class Comparison {
     Reconciliation Run() {
         reader_.Read();
         result_.passedOver = reader_.passedOver;
+        result_.weight = columns_.weight >= 0;
+        result_.cost = columns_.cost >= 0;
         for (const Waybill& waybill : ours_)
             if (const QString key = KeyOf(waybill); !key.isEmpty()) ourKeys_[key].push_back(&waybill);
-        for (const BillLine& line : reader_.lines) {
-            const QString key = reconcile::KeyOf(line.number);
-            auto& same = theirKeys_[key];
-            same.push_back(&line);
-        }
+        for (const BillLine& line : reader_.lines) ++theirKeys_[reconcile::KeyOf(line.number)].lines;
         for (const BillLine& line : reader_.lines) TakeLine(line);
         for (const BillLine& other : reader_.Others()) AddUnread(other);
         for (const Waybill& waybill : ours_) TakeOurs(waybill);
@@ -167,12 +194,26 @@ class Comparison {
     }
 
   private:
+    using Waybills = std::vector<const Waybill*>;
+    /// Lines of the bill with one number.
+    struct Same {
+        std::size_t lines = 0;
+        std::size_t taken = 0;
+    };
+
+    const Waybills& OursOf(const QString& key) const {
+        static const Waybills none;
+        const auto found = ourKeys_.constFind(key);
+        return found == ourKeys_.constEnd() ? none : *found;
+    }
+
     QString KeyOf(const Waybill& waybill) const {
         return reconcile::KeyOf(columns_.byForwarding ? waybill.forwarding : waybill.number);
     }
 
     void AddUnread(const BillLine& line) {
         Line unread = LineOf(&line, nullptr);
+        if (unread.theirs.weight || unread.theirs.cost) ++result_.unnumbered;
         unread.outcome = Outcome::NotRead;
         result_.lines.push_back(std::move(unread));
     }
@@ -180,12 +221,12 @@ class Comparison {
     void TakeLine(const BillLine& theirs) {
         if (theirs.number.isEmpty()) return AddUnread(theirs);
         const QString key = reconcile::KeyOf(theirs.number);
-        const auto& same = theirKeys_[key];
-        const auto ours = ourKeys_.value(key);
-        const auto place = static_cast<std::size_t>(std::ranges::find(same, &theirs) - same.begin());
+        Same& same = theirKeys_[key];
+        const Waybills& ours = OursOf(key);
+        const std::size_t place = same.taken++;
         Line line = LineOf(&theirs, place < ours.size() ? ours[place] : nullptr);
-        if (same.size() > 1 || ours.size() > 1)
-            TakeTwice(line, same.size(), ours.size());
+        if (same.lines > 1 || ours.size() > 1)
+            TakeTwice(line, same.lines, ours.size());
         else if (!theirs.problems.isEmpty())
             line.outcome = Outcome::NotRead;
         else if (ours.empty())
@@ -194,7 +235,7 @@ class Comparison {
             line.outcome = OutcomeOf(line);
         if (place < ours.size() && !ours[place]->released) Remark(line, u"我方未出货"_s);
         result_.lines.push_back(std::move(line));
-        if (place + 1 == same.size()) AddRestOfOurs(key, same.size());
+        if (same.taken == same.lines) AddRestOfOurs(ours, same.lines);
     }
 
     static void TakeTwice(Line& line, std::size_t theirs, std::size_t ours) {
@@ -205,8 +246,7 @@ class Comparison {
     }
 
     /// Waybills of a number beyond the lines of the bill.
-    void AddRestOfOurs(const QString& key, std::size_t first) {
-        const auto ours = ourKeys_.value(key);
+    void AddRestOfOurs(const Waybills& ours, std::size_t first) {
         for (std::size_t i = first; i < ours.size(); ++i) {
             Line line = LineOf(nullptr, ours[i]);
             TakeTwice(line, first, ours.size());
@@ -242,17 +282,19 @@ class Comparison {
     const BillColumns& columns_;
     const std::vector<Waybill>& ours_;
     BillReader reader_;
-    QHash<QString, std::vector<const Waybill*>> ourKeys_;
-    QHash<QString, std::vector<const BillLine*>> theirKeys_;
+    QHash<QString, Waybills> ourKeys_;
+    QHash<QString, Same> theirKeys_;
     Reconciliation result_;
 };
 
 /// The numbers of what is theirs only, with their lines.
 QHash<QString, Line*> TheirsByKey(Reconciliation& result) {
     QHash<QString, Line*> lines;
-    for (Line& line : result.lines)
-        if (line.outcome == Outcome::TheirsOnly && !line.billNumber.contains(u'\''))
-            lines[KeyOf(line.billNumber)] = &line;
+    for (Line& line : result.lines) {
+        const QString key = KeyOf(line.billNumber);
+        // No statement takes an apostrophe.
+        if (line.outcome == Outcome::TheirsOnly && !key.contains(u'\'')) lines[key] = &line;
+    }
     return lines;
 }
 
@@ -285,15 +327,42 @@ Amount Difference(const Amount& ours, const Amount& theirs) {
     return *theirs - *ours;
 }
 
+void Sum::Add(const Amount& amount) {
+    value += amount.value_or(0);
+    known = known || amount;
+    unknown = unknown || !amount;
+}
+
+Sum& Sum::operator+=(const Sum& other) {
+    value += other.value;
+    known = known || other.known;
+    unknown = unknown || other.unknown;
+    return *this;
+}
+
+Sums& Sums::operator+=(const Sums& other) {
+    lines += other.lines;
+    ourWeight += other.ourWeight;
+    theirWeight += other.theirWeight;
+    ourCost += other.ourCost;
+    theirCost += other.theirCost;
+    costDifference += other.costDifference;
+    return *this;
+}
+
 std::array<Sums, kOutcomes> Reconciliation::SumsOf() const {
     std::array<Sums, kOutcomes> all{};
     for (const Line& line : lines) {
         Sums& sums = all[static_cast<std::size_t>(line.outcome)];
         ++sums.lines;
-        sums.ourWeight += line.ours.weight.value_or(0);
-        sums.theirWeight += line.theirs.weight.value_or(0);
-        sums.ourCost += line.ours.cost.value_or(0);
-        sums.theirCost += line.theirs.cost.value_or(0);
+        const bool isOurs = !line.number.isEmpty(), isTheirs = !line.billNumber.isEmpty();
+        if (isOurs) sums.ourWeight.Add(line.ours.weight);
+        if (isTheirs) sums.theirWeight.Add(line.theirs.weight);
+        if (isOurs) sums.ourCost.Add(line.ours.cost);
+        if (isTheirs) sums.theirCost.Add(line.theirs.cost);
+        if (isOurs || isTheirs)
+            sums.costDifference.Add(
+                Difference(isOurs ? line.ours.cost : Amount(0), isTheirs ? line.theirs.cost : Amount(0)));
     }
     return all;
 }

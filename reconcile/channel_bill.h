@@ -47,15 +47,32 @@ struct Line {
 /// Theirs less ours; nullopt where a side is missing.
 Amount Difference(const Amount& ours, const Amount& theirs);
 
+/// Of the amounts that are known.
+struct Sum {
+    Decimal value = 0;
+    bool known = false, unknown = false;  ///< among the amounts
+
+    void Add(const Amount& amount);
+    Sum& operator+=(const Sum& other);
+    /// nullopt where amounts are there and none is known.
+    Amount Value() const { return unknown && !known ? Amount() : Amount(value); }
+};
+
+/// A side that is not in a line has no amounts in it, and the difference is the other side's amount.
 struct Sums {
     int lines = 0;
-    Decimal ourWeight = 0, theirWeight = 0;
-    Decimal ourCost = 0, theirCost = 0;
+    Sum ourWeight, theirWeight;
+    Sum ourCost, theirCost;
+    Sum costDifference;
+
+    Sums& operator+=(const Sums& other);
 };
 
 struct Reconciliation {
     std::vector<Line> lines;  ///< in the order of the bill, then what is ours only, by date and number
     int passedOver = 0;       ///< rows of the bill without number, weight and cost, and those of totals
+    int unnumbered = 0;       ///< lines with an amount and without a number, whose amounts no sum has
+    bool weight = false, cost = false;  ///< compared
 
     std::array<Sums, kOutcomes> SumsOf() const;
 };
@@ -72,8 +89,8 @@ struct Waybill {
 /// The waybills of the channel in the period, both days included. Raises DatabaseError.
 std::vector<Waybill> WaybillsOf(dao::Database& db, const QString& channel, QDate from, QDate to);
 
-/// Numbers compare without the blanks around them, and case-blind as the data file does. Columns that are not
-/// there are not compared.
+/// Numbers compare without the blanks around them, case-blind as the data file does, and full-width
+/// characters as the usual ones. Columns that are not there are not compared.
 Reconciliation Compare(const sheet::Sheet& bill, const BillColumns& columns,
                        const std::vector<Waybill>& ours);
 

@@ -84,6 +84,11 @@ const QColor& InkOf(Outcome outcome) {
     }
 }
 
+/// No statement takes an apostrophe, and no channel has one.
+bool MayBeChannel(const QString& code) {
+    return !code.isEmpty() && !code.contains(u'\'');
+}
+
 QString Shown(const Amount& amount) {
     return amount ? DecimalText(*amount) : QString();
 }
@@ -127,6 +132,9 @@ ChannelBill::ChannelBill()
     column->addWidget(MakeUpperGrids());
     column->addWidget(MakeCompareStrip());
     column->addWidget(GD, 1);
+    // Return goes from the columns over the tolerances to the comparison; in a grid it would stay.
+    setTabOrder(Cmb[Filter], GDBill);
+    setTabOrder(GDBill, GDSum);
     using When = CommandRow::When;
     commands_.Fill(MenuBar(),
                    {{u"Menu_ToExcel"_s, u"&T.导出数据"_s, When::Always, [this] { ExportGrid(*GD); }},
@@ -261,9 +269,8 @@ void ChannelBill::ChooseFile() {
                                        .proposed = {},
                                        .pattern = u"帐单 (*.xls *.xlsx *.csv *.txt)"_s});
     if (path.isEmpty() || !Read(path, 0)) return;
-    // Where the columns are known nothing is left to be chosen.
-    const bool known = Cmb[NumberColumn]->currentIndex() > 0;
-    if (known)
+    // Where the columns are known nothing is left to be chosen; guessed ones want a look.
+    if (kept_ && Cmb[NumberColumn]->currentIndex() > 0)
         CmdCompare->SetFocus();
     else
         Cmb[NumberColumn]->SetFocus();
@@ -316,7 +323,8 @@ void ChannelBill::ChooseColumns() {
     if (!bill_) return;
     const QString code = ChannelCode();
     const BillColumns columns =
-        code.isEmpty() ? reconcile::Guess(*bill_) : reconcile::ColumnsFor(*Db, code, *bill_);
+        MayBeChannel(code) ? reconcile::ColumnsFor(*Db, code, *bill_) : reconcile::Guess(*bill_);
+    kept_ = columns.kept;
     Txt[FirstRow]->SetText(QString::number(columns.firstRow + 1));
     FillColumnCombos();
     Cmb[Basis]->setCurrentIndex(columns.byForwarding ? 1 : 0);
@@ -381,7 +389,8 @@ std::optional<BillColumns> ChannelBill::Chosen() const {
         return std::nullopt;
     };
     if (ChannelCode().isEmpty()) return refuse(u"请选择渠道!"_s);
-    if (NameOf(u"M01"_s, ChannelCode()).isEmpty()) return refuse(u"您输入的渠道编码无效！"_s);
+    if (!MayBeChannel(ChannelCode()) || NameOf(u"M01"_s, ChannelCode()).isEmpty())
+        return refuse(u"您输入的渠道编码无效！"_s);
     if (!bill_) return refuse(u"请选择帐单文件!"_s);
     if (DTP[0]->Value() > DTP[1]->Value()) return refuse(u"起始日期晚于截止日期!"_s);
     const Amount weight = reconcile::ReadDecimal(Txt[WeightTolerance]->Text());
@@ -443,24 +452,22 @@ void ChannelBill::ShowSums() {
     const auto all = result_ ? result_->SumsOf() : std::array<reconcile::Sums, reconcile::kOutcomes>{};
     reconcile::Sums total;
     GDSum->BeginLoad(static_cast<int>(reconcile::kOutcomes) + 1);
+    // Of a column that is not compared the bill has no amounts.
+    const bool weight = !result_ || result_->weight, cost = !result_ || result_->cost;
     const auto load = [&](int row, const QString& word, const reconcile::Sums& sums) {
         const QStringList cells = {word,
                                    QString::number(sums.lines),
-                                   DecimalText(sums.ourWeight),
-                                   DecimalText(sums.theirWeight),
-                                   DecimalText(sums.ourCost),
-                                   DecimalText(sums.theirCost),
-                                   DecimalText(sums.theirCost - sums.ourCost)};
+                                   Shown(sums.ourWeight.Value()),
+                                   weight ? Shown(sums.theirWeight.Value()) : QString(),
+                                   Shown(sums.ourCost.Value()),
+                                   cost ? Shown(sums.theirCost.Value()) : QString(),
+                                   cost ? Shown(sums.costDifference.Value()) : QString()};
         for (int col = 0; col < cells.size(); ++col) GDSum->LoadCell(row, col, cells[col]);
     };
     int row = 0;
     for (const reconcile::Sums& sums : all) {
         load(row, WordOf(static_cast<Outcome>(row)), sums);
-        total.lines += sums.lines;
-        total.ourWeight += sums.ourWeight;
-        total.theirWeight += sums.theirWeight;
-        total.ourCost += sums.ourCost;
-        total.theirCost += sums.theirCost;
+        total += sums;
         ++row;
     }
     load(row, u"合计"_s, total);
@@ -469,14 +476,20 @@ void ChannelBill::ShowSums() {
 }
 
 void ChannelBill::ShowStatus() {
+    if (TheFrame().Front() != this) return;  // a combo loses the focus to another form
     QString status = u"请选择渠道和帐单文件之后核对"_s;
     if (result_) {
         const bool empty = GD->TextMatrix(1, Result).isEmpty();
         status =
             u"核对结果：共 %1 行 当前为第 %2 行"_s.arg(empty ? 0 : GD->Rows() - 1).arg(empty ? 0 : GD->Row());
         if (result_->passedOver > 0) status += u" 帐单中略过 %1 行合计和空行"_s.arg(result_->passedOver);
+        if (result_->unnumbered > 0) status += u" 没有单号的 %1 行不计入合计"_s.arg(result_->unnumbered);
     } else if (bill_) {
         status = u"帐单：共 %1 行"_s.arg(bill_->rows.size());
+        if (bill_->names.size() > 1)
+            status += u" 共 %1 个工作表，当前为“%2”"_s.arg(QString::number(bill_->names.size()),
+                                                           bill_->names.value(which_));
+        if (bill_->hidden > 0) status += u" 另有 %1 个隐藏的工作表"_s.arg(bill_->hidden);
         if (bill_->reports > 0) status += u" 有 %1 个单元格无法读取"_s.arg(bill_->reports);
     }
     TheFrame().SetPanel(MForm::PositionPanel, status);

@@ -57,7 +57,8 @@ class ChannelBill : public ChildForm {
     controls::FlexGrid* GDSum;
     controls::FlexGrid* GD;  ///< the result
     CommandBar commands_;
-    QString channel_;  ///< whose columns are shown
+    QString channel_;    ///< whose columns are shown
+    bool kept_ = false;  ///< they are those of an earlier comparison
     QString path_;
     int which_ = 0;  ///< the sheet that was read
     std::optional<sheet::Sheet> bill_;

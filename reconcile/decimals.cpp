@@ -2,6 +2,7 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cstdlib>
 
 using namespace Qt::StringLiterals;
@@ -11,25 +12,37 @@ namespace {
 
 constexpr int kDigits = 4;  // behind the point
 constexpr Decimal kUnit = 10'000;
-constexpr int kMostWhole = 9;  // digits before the point
+constexpr int kMostWhole = 8;  // digits before the point
 
-/// Blanks of any kind are left out, and full-width characters become the usual ones.
+bool HasDigit(const QString& text) {
+    return std::ranges::any_of(text, [](QChar c) { return c >= u'0' && c <= u'9'; });
+}
+
+/// Full-width characters become the usual ones; "" where another character, as a raised one, would become a
+/// digit.
 QString Plain(const QString& text) {
     QString plain;
-    for (const QChar c : text.normalized(QString::NormalizationForm_KC).toUpper())
-        if (!c.isSpace()) plain += c == QChar(0x2212) ? u'-' : c;
-    return plain;
+    for (const QChar c : text) {
+        if (c.unicode() < 0x80) {
+            plain += c.toUpper();
+            continue;
+        }
+        const QString usual = QString(c).normalized(QString::NormalizationForm_KC).toUpper();
+        if (HasDigit(usual) && c.decompositionTag() != QChar::Wide) return {};
+        plain += c == QChar(0x2212) ? u"-"_s : usual;
+    }
+    return plain.trimmed();
 }
 
 bool TakeStart(QString& text, const QString& start) {
     if (!text.startsWith(start)) return false;
-    text.remove(0, start.size());
+    text = text.mid(start.size()).trimmed();
     return true;
 }
 
 bool TakeEnd(QString& text, const QString& end) {
     if (!text.endsWith(end)) return false;
-    text.chop(end.size());
+    text = text.chopped(end.size()).trimmed();
     return true;
 }
 
@@ -60,7 +73,7 @@ std::optional<Decimal> ReadDecimal(const QString& text) {
     QString rest = Plain(text);
     bool negative = TakeSignAndUnit(rest);
     if (!negative && rest.startsWith(u'(') && rest.endsWith(u')')) {
-        rest = rest.mid(1, rest.size() - 2);
+        rest = rest.mid(1, rest.size() - 2).trimmed();
         if (TakeSignAndUnit(rest)) return std::nullopt;
         negative = true;
     }

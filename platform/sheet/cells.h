@@ -14,15 +14,16 @@ namespace sheet {
 class Cells {
   public:
     Cells(Sheet& sheet, const Progress& progress) : sheet_(sheet), progress_(progress) {}
-    /// An empty text leaves no cell.
+    /// An empty text leaves no cell; characters of number 0 are left out and reported.
     void Put(int row, int column, const QString& text);
     void Report(int row, int column, QStringView reason);
     QStringList& Names() { return sheet_.names; }
+    int& Hidden() { return sheet_.hidden; }
 
   private:
     Sheet& sheet_;
     const Progress& progress_;
-    int cells_ = 0;
+    int cells_ = 0;     ///< with the empty ones before the last of each row
     int reported_ = 0;  ///< the row that the progress was last given
 };
 
@@ -31,9 +32,9 @@ enum class Look { Number, Date, Time, DateTime };
 
 /// Plain digits, at most 15 that count.
 QString NumberText(double value);
-/// A number of more digits may have lost its last ones before it came into the file.
-bool IsTooLong(QStringView number);
-inline constexpr QStringView kTooLong = u"数字超过 15 位，末尾可能不准";
+/// To how many digits a format of zeros alone fills a number; 0 for any other.
+int DigitsOf(const QString& format);
+QString Filled(const QString& number, int digits);
 /// The text of a day number of 1900 (or 1904); nullopt for one that is no date.
 std::optional<QString> DateText(double serial, Look look, bool from1904);
 
@@ -45,5 +46,6 @@ void ReadXlsx(const QByteArray& bytes, int which, Cells& cells);
 /// The refusals that several readers give.
 [[noreturn]] void RefuseDamaged();
 [[noreturn]] void RefuseEncrypted();
+[[noreturn]] void RefuseTooMuch();
 
 }  // namespace sheet

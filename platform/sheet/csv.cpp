@@ -13,6 +13,7 @@ namespace sheet {
 namespace {
 
 constexpr QChar kUnknown(0xFFFD);
+constexpr int kMostLines = 30;  // of a cell between quotes
 
 QString FromGb18030(const QByteArray& bytes) {
     struct Close {
@@ -66,16 +67,22 @@ class Lines {
   private:
     void ReadCell() {
         QString cell;
+        const qsizetype start = at_;
         if (text_[at_] == u'"') {
             cell = Quoted();
         } else if (QStringView(text_).mid(at_).startsWith(u"=\"")) {  // a number that is kept as text
             ++at_;
             cell = Quoted();
         }
+        const bool quoted = at_ > start;
         qsizetype end = at_;
         while (end < text_.size() && text_[end] != delimiter_ && text_[end] != u'\n' && text_[end] != u'\r')
             ++end;
-        cell += QStringView(text_).mid(at_, end - at_);
+        const QStringView rest = QStringView(text_).mid(at_, end - at_);
+        if (quoted && !rest.trimmed().isEmpty()) cells_.Report(row_, column_, u"引号之后还有文字");
+        // A quote that is missing somewhere makes one cell of many lines.
+        if (cell.count(u'\n') > kMostLines) cells_.Report(row_, column_, u"一个单元格里有太多行");
+        cell += rest;
         at_ = end;
         if (cell.contains(kUnknown)) cells_.Report(row_, column_, u"有无法识别的字符"_s);
         cells_.Put(row_, column_, cell);

@@ -97,10 +97,15 @@ Sheet Read(const QString& path, int which, const Progress& progress) {
 void Cells::Put(int row, int column, const QString& text) {
     if (text.isEmpty()) return;
     if (column >= kMostColumns) return Report(row, column, u"在第 %1 列之后"_s.arg(kMostColumns));
-    if (row >= kMostRows || ++cells_ > kMostCells) throw RuntimeError(u"数据太多，无法读取！"_s);
+    if (text.contains(QChar(0))) {
+        Report(row, column, u"有无法识别的字符"_s);
+        return Put(row, column, QString(text).remove(QChar(0)));
+    }
+    if (row >= kMostRows) RefuseTooMuch();
     if (row >= static_cast<int>(sheet_.rows.size())) sheet_.rows.resize(static_cast<std::size_t>(row) + 1);
     QStringList& cellsOfRow = sheet_.rows[static_cast<std::size_t>(row)];
-    while (cellsOfRow.size() <= column) cellsOfRow.emplace_back();
+    for (; cellsOfRow.size() <= column; cellsOfRow.emplace_back())
+        if (++cells_ > kMostCells) RefuseTooMuch();
     cellsOfRow[column] = text;
     if (!progress_ || row - reported_ < kRowsBetween) return;
     reported_ = row;
@@ -122,6 +127,16 @@ QString NumberText(double value) {
     const QString sign = negative ? u"-"_s : QString();
     if (exponent < 0) return sign + u"0."_s + QString(-exponent - 1, u'0') + digits;
     return sign + digits.leftJustified(exponent + 1, u'0');
+}
+
+int DigitsOf(const QString& format) {
+    constexpr qsizetype most = 40;
+    const bool zeros = format.size() > 1 && format.size() <= most && format.count(u'0') == format.size();
+    return zeros ? static_cast<int>(format.size()) : 0;
+}
+
+QString Filled(const QString& number, int digits) {
+    return number.contains(u'-') ? number : number.rightJustified(digits, u'0');
 }
 
 bool IsTooLong(QStringView number) {
@@ -151,6 +166,10 @@ std::optional<QString> DateText(double serial, Look look, bool from1904) {
 
 void RefuseDamaged() {
     throw RuntimeError(u"文件已损坏，或者不是工作簿！"_s);
+}
+
+void RefuseTooMuch() {
+    throw RuntimeError(u"数据太多，无法读取！"_s);
 }
 
 void RefuseEncrypted() {

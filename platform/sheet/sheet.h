@@ -16,7 +16,7 @@ namespace sheet {
 
 inline constexpr int kMostColumns = 256;      ///< cells further right are reported
 inline constexpr int kMostRows = 1'048'576;   ///< more raise
-inline constexpr int kMostCells = 5'000'000;  ///< likewise
+inline constexpr int kMostCells = 5'000'000;  ///< likewise; with the empty ones before others of their rows
 inline constexpr int kMostBytes =
     256'000'000;                           ///< of the file, and of each part of an .xlsx unpacked; likewise
 inline constexpr int kMostReports = 1000;  ///< that are kept; all are counted
@@ -29,6 +29,7 @@ struct NotUnderstood {
 
 struct Sheet {
     QStringList names;  ///< of the sheets that are not hidden; none of a CSV file
+    int hidden = 0;     ///< sheets
     /// Each as long as its last cell that is not empty. A number is plain digits ("1234567890123", "12.5"),
     /// at most 15 that count; a date is yyyy-MM-dd, with a time of day yyyy-MM-dd HH:mm:ss.
     std::vector<QStringList> rows;
@@ -38,6 +39,10 @@ struct Sheet {
     /// "" where there is no such cell.
     QString At(int row, int column) const;
 };
+
+/// A number of more digits may have lost its last ones before it came into the file.
+bool IsTooLong(QStringView number);
+inline constexpr QStringView kTooLong = u"数字超过 15 位，末尾可能不准";
 
 /// "A1"
 QString Address(int row, int column);

@@ -26,6 +26,8 @@ enum RecordType : quint16 {
     FilePass = 0x002F,
     Continue = 0x003C,
     BoundSheet = 0x0085,
+    Xf = 0x00E0,
+    Format = 0x041E,
     MulRk = 0x00BD,
     RString = 0x00D6,
     Sst = 0x00FC,
@@ -42,7 +44,9 @@ struct Record {
     quint16 type = 0;
     QByteArrayView data;
 
-    quint8 Byte(qsizetype at) const { return at < data.size() ? static_cast<quint8>(data[at]) : 0; }
+    quint8 Byte(qsizetype at) const {
+        return at >= 0 && at < data.size() ? static_cast<quint8>(data[at]) : 0;
+    }
     quint16 Short(qsizetype at) const { return static_cast<quint16>(Byte(at) | Byte(at + 1) << 8); }
     double Double(qsizetype at) const {
         quint64 bits = 0;
@@ -83,7 +87,10 @@ class Texts {
         std::vector<QString> texts;
         Skip(4);
         const quint32 count = Long();
-        while (texts.size() < count && !AtEnd()) texts.push_back(Text());
+        while (texts.size() < count && !AtEnd()) {
+            texts.push_back(Text());
+            if (texts.size() > kMostCells) RefuseTooMuch();
+        }
         return texts;
     }
 
@@ -169,8 +176,8 @@ struct SheetPlace {
     unsigned short index;  ///< as FreeXL counts
 };
 
-/// The sheets of cells that are not hidden.
-std::vector<SheetPlace> SheetsOf(const QByteArray& stream) {
+/// The sheets of cells that are not hidden; counts the others.
+std::vector<SheetPlace> SheetsOf(const QByteArray& stream, int& hiddenSheets) {
     std::vector<SheetPlace> sheets;
     Records records(stream, 0);
     Record record;
@@ -181,6 +188,7 @@ std::vector<SheetPlace> SheetsOf(const QByteArray& stream) {
         if (record.type != BoundSheet) continue;
         const bool hidden = (record.Byte(4) & 3) != 0;
         const bool cells = record.Byte(5) == 0;
+        if (hidden && cells) ++hiddenSheets;
         if (!hidden && cells) {
             const auto offset = static_cast<qsizetype>(record.Short(0) | quint32(record.Short(2)) << 16);
             sheets.push_back({offset, index});
@@ -189,6 +197,27 @@ std::vector<SheetPlace> SheetsOf(const QByteArray& stream) {
     }
     if (sheets.empty()) throw RuntimeError(u"工作簿里没有可以读取的工作表！"_s);
     return sheets;
+}
+
+/// Of the looks of cells: to how many digits numbers are filled up.
+std::vector<int> DigitsOfLooks(const QByteArray& stream) {
+    Records records(stream, 0);
+    Record record;
+    std::vector<int> looks;
+    QHash<int, int> formats;
+    bool large = false;  // texts of 8.0
+    while (records.Next(record) && record.type != End) {
+        if (record.type == Begin) large = record.Short(0) >= 0x0600;
+        if (record.type == Format) {
+            const bool wide = large && (record.Byte(4) & 1) != 0;
+            QByteArray format =
+                record.data.sliced(std::min<qsizetype>(large ? 5 : 3, record.data.size())).toByteArray();
+            if (wide) format.replace(QByteArrayView("\0", 1), QByteArrayView());
+            formats[record.Short(0)] = DigitsOf(QString::fromLatin1(format));
+        }
+        if (record.type == Xf) looks.push_back(formats.value(record.Short(2)));
+    }
+    return looks;
 }
 
 QString ErrorName(int code) {
@@ -255,15 +284,15 @@ class File {
 /// Brings the cells that the records of a sheet name into the sheet.
 class Reader {
   public:
-    Reader(const File& file, const std::vector<QString>& texts, Cells& cells)
-        : file_(file), texts_(texts), cells_(cells) {}
+    Reader(const File& file, const std::vector<QString>& texts, const std::vector<int>& digits, Cells& cells)
+        : file_(file), texts_(texts), digits_(digits), cells_(cells) {}
 
     void Read(Records records) {
         Record record;
         int depth = 0;  // of charts inside of the sheet
         while (records.Next(record)) {
             if (record.type == Begin) ++depth;
-            if (record.type == End && --depth <= 0) return;
+            if (record.type == End && --depth <= 0) return ReportLostText();
             if (depth == 1) Take(record);
         }
         RefuseDamaged();  // the end is missing, and cells may be
@@ -274,9 +303,7 @@ class Reader {
         const int row = record.Short(0), column = record.Short(2);
         switch (record.type) {
             case MulRk:
-                for (int last = record.Short(record.data.size() - 2), at = column; at <= last; ++at)
-                    TakeCell(record, row, at);
-                return;
+                return TakeNumbers(record, row, column);
             case Formula:
             case RString:
             case LabelSst:
@@ -292,18 +319,30 @@ class Reader {
         }
     }
 
+    /// As many as the record says and has.
+    void TakeNumbers(const Record& record, int row, int first) {
+        const qsizetype size = record.data.size();
+        const int last = std::min(int(record.Short(size - 2)), first + static_cast<int>((size - 6) / 6) - 1);
+        for (int column = first; column <= last; ++column) TakeCell(record, row, column);
+    }
+
     void TakeCell(const Record& record, int row, int column) {
         if (record.type == LabelSst) return TakeText(record, row, column);
         if (const auto text = file_.TextAt(row, column)) {
-            const bool number = record.type != Label && record.type != RString;
-            if (number && IsTooLong(*text)) cells_.Report(row, column, kTooLong);
-            return cells_.Put(row, column, *text);
+            if (record.type == Label || record.type == RString) return cells_.Put(row, column, *text);
+            return PutNumber(record, row, column, *text);
         }
-        if (record.type == Number) return cells_.Put(row, column, NumberText(record.Double(6)));
+        if (record.type == Number) return PutNumber(record, row, column, NumberText(record.Double(6)));
         if (record.type == BoolErr) return TakeBoolOrError(row, column, record.Byte(7) != 0, record.Byte(6));
         if (record.type == Label && record.Short(6) == 0) return;  // an empty text
         if (record.type == Formula) return TakeFormula(record, row, column);
         cells_.Report(row, column, u"无法读取"_s);
+    }
+
+    void PutNumber(const Record& record, int row, int column, const QString& text) {
+        const std::size_t look = record.Short(4 + 6 * (column - record.Short(2)));
+        if (IsTooLong(text)) cells_.Report(row, column, kTooLong);
+        cells_.Put(row, column, look < digits_.size() ? Filled(text, digits_[look]) : text);
     }
 
     void TakeText(const Record& record, int row, int column) {
@@ -319,9 +358,10 @@ class Reader {
     }
 
     void TakeFormula(const Record& record, int row, int column) {
-        if (record.Short(12) != 0xFFFF) return cells_.Put(row, column, NumberText(record.Double(6)));
+        if (record.Short(12) != 0xFFFF) return PutNumber(record, row, column, NumberText(record.Double(6)));
         switch (record.Byte(6)) {
             case 0:  // the text follows in a record of its own
+                ReportLostText();
                 textRow_ = row;
                 textColumn_ = column;
                 return;
@@ -331,6 +371,11 @@ class Reader {
             default:
                 return;  // an empty text
         }
+    }
+
+    /// Of a formula whose text has not followed.
+    void ReportLostText() {
+        if (textRow_ >= 0) cells_.Report(std::exchange(textRow_, -1), textColumn_, u"公式的文字无法读取");
     }
 
     /// Of 8.0: characters of one byte or of two, in one record; any other is reported.
@@ -352,6 +397,7 @@ class Reader {
 
     const File& file_;
     const std::vector<QString>& texts_;
+    const std::vector<int> digits_;  ///< by the looks of cells
     Cells& cells_;
     int textRow_ = -1;  ///< of the formula whose text follows; -1: none
     int textColumn_ = 0;
@@ -370,14 +416,14 @@ QByteArray StreamOf(const QByteArray& bytes) {
 
 void ReadXls(const QByteArray& bytes, int which, Cells& cells) {
     const QByteArray stream = StreamOf(bytes);
-    const std::vector<SheetPlace> sheets = SheetsOf(stream);
+    const std::vector<SheetPlace> sheets = SheetsOf(stream, cells.Hidden());
     const std::vector<QString> texts = TextsOf(stream);
     const File file(WithoutTexts(stream));
     for (const SheetPlace& sheet : sheets) cells.Names() += file.NameOf(sheet.index);
     const bool there = which >= 0 && which < static_cast<int>(sheets.size());
     const SheetPlace& chosen = sheets[there ? static_cast<std::size_t>(which) : 0];
     file.Choose(chosen.index);
-    Reader(file, texts, cells).Read(Records(stream, chosen.offset));
+    Reader(file, texts, DigitsOfLooks(stream), cells).Read(Records(stream, chosen.offset));
 }
 
 }  // namespace sheet

@@ -132,14 +132,13 @@ std::vector<Style> StylesOf(const QByteArray& bytes) {
     while (part.Next()) {
         if (part.Starts(u"numFmt")) {
             const QString format = part.Attribute(u"formatCode");
-            const bool zeros = format.size() > 1 && format.count(u'0') == format.size();
-            own[part.Attribute(u"numFmtId").toInt()] = {LookOf(format),
-                                                        zeros ? static_cast<int>(format.size()) : 0};
+            own[part.Attribute(u"numFmtId").toInt()] = {LookOf(format), DigitsOf(format)};
         }
         if (part.Starts(u"cellXfs") || part.Ends(u"cellXfs")) cells = part.xml.isStartElement();
         if (!cells || !part.Starts(u"xf")) continue;
         const int number = part.Attribute(u"numFmtId").toInt();
         styles.push_back(own.value(number, {LookOf(number)}));
+        if (styles.size() > kMostCells) RefuseTooMuch();
     }
     return styles;
 }
@@ -147,8 +146,10 @@ std::vector<Style> StylesOf(const QByteArray& bytes) {
 std::vector<QString> StringsOf(const QByteArray& bytes) {
     std::vector<QString> strings;
     Part part(bytes);
-    while (part.Next())
+    while (part.Next()) {
         if (part.Starts(u"si")) strings.push_back(RichText(part, u"si"));
+        if (strings.size() > kMostCells) RefuseTooMuch();
+    }
     return strings;
 }
 
@@ -156,6 +157,7 @@ struct Book {
     QStringList names, parts;  ///< of the sheets of cells that are not hidden
     QByteArray strings = "xl/sharedStrings.xml";
     QByteArray styles = "xl/styles.xml";
+    int hidden = 0;
     bool from1904 = false;
 };
 
@@ -210,7 +212,11 @@ Book BookOf(const Zip& zip) {
         for (const QXmlStreamAttribute& attribute : part.xml.attributes())
             if (attribute.name() == u"id" && !attribute.prefix().isEmpty()) id = attribute.value().toString();
         const Relation sheet = relations.value(id);
-        if ((!state.isEmpty() && state != u"visible") || sheet.kind != u"worksheet") continue;
+        if (sheet.kind != u"worksheet") continue;
+        if (!state.isEmpty() && state != u"visible") {
+            ++book.hidden;
+            continue;
+        }
         book.names += part.Attribute(u"name");
         book.parts += QString::fromUtf8(sheet.target);
     }
@@ -265,7 +271,7 @@ class Reader {
         }
         if (valued && !(value.isEmpty() && text.isEmpty()))
             PutValue(kind, value, text, style);
-        else if (formula && !valued)
+        else if (formula && !(valued && kind == u"str"))  // whose result may be an empty text
             Report(u"公式没有保存结果"_s);
     }
 
@@ -309,7 +315,7 @@ class Reader {
             return Report(u"不是日期"_s);
         }
         const QString text = NumberText(number);
-        Put(text.contains(u'-') ? text : text.rightJustified(style.digits, u'0'));
+        Put(Filled(text, style.digits));
         if (IsTooLong(text)) Report(kTooLong);
     }
 
@@ -328,6 +334,7 @@ void ReadXlsx(const QByteArray& bytes, int which, Cells& cells) {
     const Zip zip(bytes);
     const Book book = BookOf(zip);
     cells.Names() = book.names;
+    cells.Hidden() = book.hidden;
     Tables tables;
     tables.from1904 = book.from1904;
     if (const auto strings = zip.Entry(book.strings)) tables.strings = StringsOf(*strings);

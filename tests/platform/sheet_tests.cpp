@@ -157,6 +157,12 @@ TEST(Sheet, AnXlsxGivesEveryCellOrReportsIt) {
     const QByteArray day = "<row><c s=\"1\"><v>1</v></c></row>";
     EXPECT_EQ(Seen(folder.Put(Zip(Book(day, {}, "<workbookPr date1904=\"1\"/>")))),
               QStringList{u"1904-01-02"_s});
+    const QByteArray odd =
+        "<row><c t=\"inlineStr\"><is><t>A_x0000_1</t></is></c><c><f>A1</f><v/></c><c "
+        "t=\"str\"><f>A1</f><v/></c></row>";
+    EXPECT_EQ(Seen(folder.Put(Zip(Book(odd)))),
+              (QStringList{u"A1"_s, u"A1: 有无法识别的字符"_s, u"B1: 公式没有保存结果"_s}));
+    EXPECT_EQ(sheet::Read(path).hidden, 1);
 }
 
 QByteArray Short(int value) {
@@ -188,15 +194,23 @@ QByteArray Stream(bool encrypted) {
         Biff(0x0203, Short(0) + Short(0) + Short(0) + Double(1234567890123)) + FormulaAt(0, 1, Double(12.5)) +
         FormulaAt(0, 2, special(0, 0)) + Biff(0x0207, Short(2) + '\1' + Short(0x6587) + Short(0x5B57)) +
         FormulaAt(0, 3, special(2, 0x2A)) + Biff(0x0205, Short(1) + Short(0) + Short(0) + "\x07\x01") +
-        FormulaAt(1, 1, special(1, 1)) + FormulaAt(1, 2, special(3, 0)) + end;
+        Biff(0x0203, Short(0) + Short(4) + Short(1) + Double(7)) + FormulaAt(1, 1, special(1, 1)) +
+        FormulaAt(1, 2, special(3, 0)) + FormulaAt(1, 3, special(0, 0)) +
+        FormulaAt(1, 4, Double(1234567890123456)) +
+        Biff(0x00BD, Short(1) + Short(5) + Short(0) + Short(30) + Short(0) + Short(900)) + Biff(0x00BD, {}) +
+        end;
     const auto sheet = [](qsizetype at, char hidden, const QByteArray& name) {
         return Biff(0x0085, Short(static_cast<int>(at)) + Short(0) + hidden + '\0' +
                                 static_cast<char>(name.size()) + '\0' + name);
+    };
+    const auto look = [](int format) {
+        return Biff(0x00E0, Short(0) + Short(format) + QByteArray(16, '\0'));
     };
     QByteArray globals;
     for (qsizetype at = 0, before = -1; at != before;) {
         before = at;
         globals = bof(5) + (encrypted ? Biff(0x002F, Short(0)) : Biff(0x0042, Short(1200))) +
+                  Biff(0x041E, Short(170) + Short(4) + '\0' + "0000") + look(0) + look(170) +
                   sheet(at, 1, "old") + sheet(at + (bof(0x10) + end).size(), 0, "bill") + end;
         at = globals.size();
     }
@@ -212,8 +226,10 @@ TEST(Sheet, AnXlsGivesWhatItsReaderPassesOver) {
             {{reinterpret_cast<const uchar*>(stream.constData()), static_cast<std::size_t>(stream.size())}});
         return Seen(folder.Path(name));
     };
-    EXPECT_EQ(write(u"plain"_s, false).join(u'\n'),
-              u"1234567890123|12.5|文字|#N/A\n#DIV/0!|TRUE\nD1: 错误值\nA2: 错误值"_s);
+    EXPECT_EQ(
+        write(u"plain"_s, false).join(u'\n'),
+        u"1234567890123|12.5|文字|#N/A|0007\n#DIV/0!|TRUE|||1234567890123460\n"
+        u"D1: 错误值\nA2: 错误值\nE2: 数字超过 15 位，末尾可能不准\nF2: 无法读取\nD2: 公式的文字无法读取"_s);
     EXPECT_EQ(write(u"locked"_s, true), QStringList{u"! 工作簿有密码，无法读取！请去掉密码后另存。"_s});
     // Empty texts, and texts that go over the end of a record in each width.
     const QString narrow(3000, u'n'), wide = u"宽"_s.repeated(3000);
@@ -248,6 +264,11 @@ TEST(Sheet, ACsvIsReadInEachEncodingAndDelimiter) {
     EXPECT_EQ(Seen(folder.Put(gb)).last(), u"1|2"_s);
     EXPECT_EQ(Seen(folder.Put("a,b\xFF\n\"c")),
               (QStringList{u"a|b\uFFFD"_s, u"c"_s, u"B1: 有无法识别的字符"_s, u"A2: 引号没有结束"_s}));
+    EXPECT_EQ(Seen(folder.Put("\"a\" ,\"b\"c,\"" + QByteArray(31, '\n') + "\"")).mid(1),
+              (QStringList{u"B1: 引号之后还有文字"_s, u"C1: 一个单元格里有太多行"_s}));
+    // Few cells, but behind many empty ones.
+    EXPECT_EQ(Seen(folder.Put((QByteArray(255, ',') + "x\n").repeated(20'000))),
+              QStringList{u"! 数据太多，无法读取！"_s});
 }
 
 TEST(Sheet, AFileThatIsNoneIsRefusedWithItsReason) {

@@ -102,6 +102,8 @@ TEST_F(ChannelBillForm, RefusesWithAMessageAndStaysUsable) {
         EXPECT_TRUE(script.Done()) << message.toStdString();
     };
     refuses(u"请选择渠道!"_s);
+    SetCombo(0, u"Q'1"_s);
+    refuses(u"您输入的渠道编码无效！"_s);
     SetCombo(0, u"QX9"_s);
     refuses(u"您输入的渠道编码无效！"_s);
     SetCombo(0, u"Q1"_s);
@@ -114,6 +116,10 @@ TEST_F(ChannelBillForm, RefusesWithAMessageAndStaysUsable) {
     EXPECT_EQ(Box(0), u""_s);
     ChooseFile(QStringLiteral(HERE "/q1.csv"));
     EXPECT_EQ(Box(0), u"q1.csv"_s);
+    SetCombo(0, u"Q'1"_s);
+    SetBox(2, u"0"_s);
+    EXPECT_EQ(Combo(3), u"B 运单编号"_s);
+    SetCombo(0, u"Q1"_s);
     SetBox(2, u"x"_s);
     refuses(u"重量允差应为不小于 0 的数字!"_s);
     SetBox(2, u"0"_s);

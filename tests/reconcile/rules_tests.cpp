@@ -24,15 +24,16 @@ TEST(Decimals, AreReadExactlyOrNotAtAll) {
                 {u".5"_s, u"0.50"_s},
                 {u"0.12345"_s, u"0.1235"_s},
                 {u"000000000012"_s, u"12.00"_s},
-                {u"999999999.99"_s, u"999999999.99"_s}};
+                {u"- 5 元"_s, u"-5.00"_s},
+                {u"99999999.99"_s, u"99999999.99"_s}};
     for (const auto& row : rows) {
         const auto value = ReadDecimal(row.text);
         ASSERT_TRUE(value) << row.text.toStdString();
         EXPECT_EQ(DecimalText(*value), row.value) << row.text.toStdString();
     }
-    for (const auto& text :
-         {u""_s, u"-"_s, u"."_s, u"1,5"_s, u"1.234,5"_s, u"1,23,456"_s, u"1.2.3"_s, u"1E3"_s, u"(-3)"_s,
-          u"--3"_s, u"12kg3"_s, u"面议"_s, u"#N/A"_s, u"10000000000"_s, u"()"_s})
+    for (const auto& text : {u""_s, u"-"_s, u"."_s, u"1,5"_s, u"1.234,5"_s, u"1,23,456"_s, u"1.2.3"_s,
+                             u"1E3"_s, u"(-3)"_s, u"--3"_s, u"12kg3"_s, u"面议"_s, u"#N/A"_s, u"100000000"_s,
+                             u"()"_s, u"10\n5"_s, u"12 5"_s, u"12²"_s, u"⑴"_s})
         EXPECT_FALSE(ReadDecimal(text)) << text.toStdString();
 }
 
@@ -67,6 +68,35 @@ TEST(Comparison, ByForwardingNumberShowsEveryLineAndWaybillOnce) {
                      u"有差异|6|W5|费用不符；我方未出货"_s, u"未识别|7|W8|B7 “x”不是数字"_s,
                      u"未识别|8||A8 末尾不准"_s, u"未识别|1||J1 错误值"_s,
                      u"未识别|0||另有 1 个单元格无法读取"_s, u"我方独有|0|W6|没有转单号"_s}));
+}
+
+TEST(Comparison, LeavesOutTotalsAndSumsWhatIsKnown) {
+    sheet::Sheet bill;
+    bill.rows = {{u"单号"_s, u"申报金额"_s, u"金额"_s},
+                 {u"ｗ１"_s, u""_s, u"10"_s},
+                 {u"W2"_s, u""_s, u"x"_s},
+                 {u"1.23457E+11"_s, u""_s, u"1"_s},
+                 {u"12345678901234600"_s, u""_s, u"1"_s},
+                 {u""_s, u"本页合计"_s, u"13"_s},
+                 {u"Grand Total"_s, u""_s, u"13"_s},
+                 {u""_s, u"附加费"_s, u"3"_s}};
+    bill.reports = 1;  // one that is not kept
+    BillColumns columns = Guess(bill);
+    EXPECT_EQ(columns, (BillColumns{.number = 0, .cost = 2, .firstRow = 1}));
+    const std::vector<Waybill> ours = {{u"W1"_s, {}, {}, {0, 90'000}, true},
+                                       {u"W2"_s, {}, {}, {0, 50'000}, true}};
+    const Reconciliation result = Compare(bill, columns, ours);
+    EXPECT_EQ(Seen(result),
+              (QStringList{u"有差异|2|W1|费用不符"_s, u"未识别|3|W2|C3 “x”不是数字"_s,
+                           u"未识别|4||A4 单号成了科学计数"_s, u"未识别|5||A5 数字超过 15 位，末尾可能不准"_s,
+                           u"未识别|8||没有单号"_s, u"未识别|0||另有 1 个单元格无法读取"_s}));
+    EXPECT_EQ(result.passedOver, 2);
+    EXPECT_EQ(result.unnumbered, 1);
+    const Sums unread = result.SumsOf()[static_cast<std::size_t>(Outcome::NotRead)];
+    EXPECT_EQ(unread.theirCost.Value(), Amount(20'000));
+    EXPECT_EQ(unread.ourCost.Value(), Amount(50'000));
+    EXPECT_EQ(unread.costDifference.Value(), Amount(20'000));
+    EXPECT_EQ(unread.theirWeight.Value(), Amount());
 }
 
 }  // namespace
