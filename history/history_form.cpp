@@ -419,9 +419,8 @@ void History::AskAndPutBack() {
         if (!asked.Entered) return;
         password = *asked.Entered;
     }
-    // Another program may have written while the question waited.
-    if (const QString why = history::Refusal(*Db, entry); !why.isEmpty()) return sys::Inform(why, MsgTitle);
-    history::PutBack(*Db, entry, password);
+    if (const QString why = history::PutBack(*Db, entry, password); !why.isEmpty())
+        return sys::Inform(why, MsgTitle);
     sys::Inform(u"恢复完成!"_s, MsgTitle);
     Search();
 }
