@@ -254,12 +254,22 @@ bool Matches(const Entry& entry, const QString& text, const QStringList& custome
     });
 }
 
+bool HasParties(const Object& object) {
+    return object.table == "B01" || object.table == "TB1";
+}
+
+/// Whether the summary, which costs the most, can still find a name or a party.
+bool MayMatch(const Entry& entry, const QString& text, const QStringList& customers) {
+    const bool unnamed = entry.name.isEmpty() && !entry.object->name.isEmpty();
+    return unnamed || HasParties(*entry.object) || Matches(entry, text, customers);
+}
+
 std::vector<Entry> OfObject(dao::Database& db, const Object& object, const Search& search,
                             const QStringList& customers, bool& cut) {
     QString condition = OfPeriod(db, object.table, search.from, search.to);
     // The masters are few, and are searched by their names as well.
-    const bool large = object.table == "B01" || object.table == "TB1";
-    if (large && !search.text.isEmpty()) condition = Matching(db, object, condition, search, customers, cut);
+    if (HasParties(object) && !search.text.isEmpty())
+        condition = Matching(db, object, condition, search, customers, cut);
     if (search.operatorName == OtherProgram)
         condition += u" and Operator is null"_s;
     else if (!search.operatorName.isEmpty())
@@ -453,6 +463,7 @@ std::vector<Entry> Find(dao::Database& db, const Search& search, bool* cut) {
             entries.push_back(std::move(entry));
     }
     if (!search.object) DropDependents(entries);
+    std::erase_if(entries, [&](const Entry& entry) { return !MayMatch(entry, search.text, customers); });
     std::ranges::stable_sort(entries, [](const Entry& a, const Entry& b) { return a.group > b.group; });
     const auto wanted = [&](const Entry& entry) { return Matches(entry, search.text, customers); };
     more = SummarizeFirst(db, entries, MostEntries, wanted) || more;
