@@ -83,6 +83,7 @@ class HistoryGroup : public dao::GroupStart {
           last_(engine, "select At,(select Ahead from HClock order by rowid desc limit 1) from HNow"),
           note_(engine, "update HNow set N=N+1,At=?1,Operator=?2,Command=?3"),
           step_(engine, "insert into HClock (N,Ahead) select N,?1 from HNow"),
+          caughtUp_(engine, "update HClock set Ahead=?1 where rowid=(select max(rowid) from HClock)"),
           aheadOf_(engine, "select Ahead from HClock where N<=?1 order by rowid desc limit 1"),
           forget_(engine, "delete from HClock where N<(select max(N) from HClock where N<=?1)"),
           over_(engine, "update HNow set N=N+1,Operator=null,Command=null"),
@@ -116,19 +117,31 @@ class HistoryGroup : public dao::GroupStart {
         if (const int code = last_.Begin(); code != SQLITE_OK) return code;
         const bool any = last_.Step() == SQLITE_ROW;
         const QByteArray lastAt = any ? last_.Text(0) : QByteArray();
-        ahead_ = any ? last_.Whole(1) : 0;
+        const qint64 before = any ? last_.Whole(1) : 0;
+        ahead_ = before;
         if (const int code = last_.End(); code != SQLITE_OK) return code;
         now_ = sys::Now();
         QByteArray at = TextOf(now_);
         bool step = false;
         if (const QDateTime last = TimeOf(lastAt); last.isValid()) {
-            const qint64 days = last.daysTo(now_);
-            step = last.secsTo(now_) < -SmallStep || days > schema::StepDays;
-            if (step) ahead_ += days - (days > 0 ? schema::StepDays : 0);
+            step = last.secsTo(now_) < -SmallStep || last.daysTo(now_) > schema::StepDays;
             if (!step && at < lastAt) at = lastAt;
+            GoAhead(last.daysTo(now_));
         }
+        const bool other = ahead_ != before;
         const int code = Do(note_, at, OperatorName.toUtf8(), FormInFront().toUtf8());
-        return code == SQLITE_OK && step ? Do(step_, ahead_) : code;
+        if (code != SQLITE_OK || !(step || other)) return code;
+        return step ? Do(step_, ahead_) : Do(caughtUp_, ahead_);
+    }
+
+    /// A clock that was put back first catches up with what it was, so that a wrong date costs nothing of the
+    /// history once it is right again.
+    void GoAhead(qint64 days) {
+        const qint64 caughtUp = std::clamp(days, qint64{0}, std::max(-ahead_, qint64{0}));
+        ahead_ += caughtUp;
+        days -= caughtUp;
+        if (days < 0) ahead_ += days;
+        if (days > schema::StepDays) ahead_ += days - schema::StepDays;
     }
 
     /// By the clock without steps.
@@ -190,7 +203,7 @@ class HistoryGroup : public dao::GroupStart {
     }
 
     sqlite3* engine_;
-    Kept last_, note_, step_, aheadOf_, forget_, over_, count_;
+    Kept last_, note_, step_, caughtUp_, aheadOf_, forget_, over_, count_;
     std::vector<std::unique_ptr<Mirror>> mirrors_;
     QDateTime now_;        ///< of the group
     qint64 ahead_ = 0;     ///< of now_, in days

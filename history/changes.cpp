@@ -1,5 +1,7 @@
 #include "history/changes.h"
 
+#include "schema/history.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -31,7 +33,22 @@ std::optional<Entry> NextChange(dao::Database& db, const Entry& entry) {
                      [=](const Entry& each) { return each.before == row; });
 }
 
-/// The key may be another record's by now: its next insert has to be one of ours.
+/// Whether the record that was inserted is the one that was deleted, apart from what putting back makes anew
+/// and what the history does not follow.
+bool IsSameRecord(dao::Database& db, const Entry& inserted, const Entry& deleted) {
+    const QByteArray& table = deleted.object->table;
+    const Image was = ImagesOf(db, deleted).before, is = ImagesOf(db, inserted).after;
+    if (!was || !is) return false;
+    const QStringList columns = ColumnsOf(db, table);
+    for (qsizetype i = 0; i < columns.size(); ++i) {
+        const bool anew = schema::FindKept(table)->computed.contains(columns[i].toLatin1()) ||
+                          (table == "TB1" && columns[i] == u"H8");
+        if (!anew && (*was)[i] != (*is)[i]) return false;
+    }
+    return true;
+}
+
+/// The key may be another record's by now: its next insert has to be one of ours, and of this record.
 std::optional<Entry> PutBackAgain(dao::Database& db, const Entry& deleted) {
     auto rows =
         db.ReadEngine(u"select rowid,N,Command from H_%1 where %2Op='I' and rowid>%3 order by rowid limit 1"_s
@@ -39,8 +56,10 @@ std::optional<Entry> PutBackAgain(dao::Database& db, const Entry& deleted) {
                           .arg(deleted.before));
     if (rows.Eof() || rows.Fields(2).Text() != u"History") return std::nullopt;
     const qint64 row = rows.Fields(0).Text().toLongLong();
-    return EntryWith(db, *deleted.object, rows.Fields(1).Text().toLongLong(),
-                     [=](const Entry& each) { return each.action == Action::Added && each.after == row; });
+    const auto added =
+        EntryWith(db, *deleted.object, rows.Fields(1).Text().toLongLong(),
+                  [=](const Entry& each) { return each.action == Action::Added && each.after == row; });
+    return added && IsSameRecord(db, *added, deleted) ? added : std::nullopt;
 }
 
 }  // namespace

@@ -229,7 +229,7 @@ QString ByParty(const Object& object, const Search& search, const QStringList& c
 /// What matches by its key or party, with its neighbours, since the other half of a pair may have another
 /// key. An insert keeps no party: it is what a later change or the row of today has.
 QString Matching(dao::Database& db, const Object& object, const QString& condition, const Search& search,
-                 const QStringList& customers) {
+                 const QStringList& customers, bool& cut) {
     QString match = Has(u"F1"_s, search.text);
     if (const QString party = ByParty(object, search, customers); !party.isEmpty())
         match += u" or %1 or R in (select rowid from %2 where %1 union select R from H_%2 where %1)"_s.arg(
@@ -237,10 +237,12 @@ QString Matching(dao::Database& db, const Object& object, const QString& conditi
     auto rows = db.ReadEngine(u"select rowid from %1 where %2 and (%3) order by rowid desc limit %4"_s.arg(
         MirrorOf(object.table), condition, match, QString::number(MostEntries)));
     QStringList near;
-    for (; !rows.Eof(); rows.MoveNext()) {
+    int found = 0;
+    for (; !rows.Eof(); rows.MoveNext(), ++found) {
         const qint64 row = rows.Fields(0).Text().toLongLong();
         for (qint64 i = row - 4; i <= row + 4; ++i) near += QString::number(i);
     }
+    cut = cut || found == MostEntries;
     return condition + u" and rowid in ("_s + near.join(u',') + u')';
 }
 
@@ -252,17 +254,29 @@ bool Matches(const Entry& entry, const QString& text, const QStringList& custome
     });
 }
 
+bool HasParties(const Object& object) {
+    return object.table == "B01" || object.table == "TB1";
+}
+
+/// Whether the summary, which costs the most, can still find a name or a party.
+bool MayMatch(const Entry& entry, const QString& text, const QStringList& customers) {
+    const bool unnamed = entry.name.isEmpty() && !entry.object->name.isEmpty();
+    return unnamed || HasParties(*entry.object) || Matches(entry, text, customers);
+}
+
 std::vector<Entry> OfObject(dao::Database& db, const Object& object, const Search& search,
-                            const QStringList& customers) {
+                            const QStringList& customers, bool& cut) {
     QString condition = OfPeriod(db, object.table, search.from, search.to);
     // The masters are few, and are searched by their names as well.
-    const bool large = object.table == "B01" || object.table == "TB1";
-    if (large && !search.text.isEmpty()) condition = Matching(db, object, condition, search, customers);
+    if (HasParties(object) && !search.text.isEmpty())
+        condition = Matching(db, object, condition, search, customers, cut);
     if (search.operatorName == OtherProgram)
         condition += u" and Operator is null"_s;
     else if (!search.operatorName.isEmpty())
         condition += u" and Operator="_s + Literal(search.operatorName);
-    return Grouped(object, Events(db, object, condition, MostEvents));
+    const std::vector<Event> events = Events(db, object, condition, MostEvents);
+    cut = cut || events.size() == MostEvents;
+    return Grouped(object, events);
 }
 
 /// A waybill's journal rows come with the waybill, the zones of a deleted channel with the channel.
@@ -279,11 +293,6 @@ void DropDependents(std::vector<Entry>& entries) {
         return entry.object->table == "TB1" && found != numbers.end() &&
                found->second.contains(entry.key.mid(2));
     });
-}
-
-void Newest(std::vector<Entry>& entries) {
-    std::ranges::stable_sort(entries, [](const Entry& a, const Entry& b) { return a.group > b.group; });
-    if (entries.size() > MostEntries) entries.resize(MostEntries);
 }
 
 QString Select(const QStringList& columns, const QString& from) {
@@ -382,13 +391,26 @@ void Summarize(dao::Database& db, Entry& entry, const QStringList& columns) {
         SummarizeChange(db, entry, columns, images);
 }
 
-void SummarizeAll(dao::Database& db, std::vector<Entry>& entries) {
+/// Summarizes the entries in their order until there are enough for which `wanted` is true, and leaves those.
+/// Gives whether there were more.
+template <class Wanted>
+bool SummarizeFirst(dao::Database& db, std::vector<Entry>& entries, std::size_t enough,
+                    const Wanted& wanted) {
     std::map<QByteArray, QStringList> columns;
+    std::vector<Entry> kept;
     for (Entry& entry : entries) {
         QStringList& ofTable = columns[entry.object->table];
         if (ofTable.isEmpty()) ofTable = ColumnsOf(db, entry.object->table);
         Summarize(db, entry, ofTable);
+        if (!wanted(entry)) continue;
+        if (kept.size() == enough) {
+            entries = std::move(kept);
+            return true;
+        }
+        kept.push_back(std::move(entry));
     }
+    entries = std::move(kept);
+    return false;
 }
 
 }  // namespace
@@ -431,17 +453,21 @@ Range RowsOfGroup(dao::Database& db, const QByteArray& table, qint64 group) {
     return {FirstFrom(db, table, all, group), FirstFrom(db, table, all, group + 1)};
 }
 
-std::vector<Entry> Find(dao::Database& db, const Search& search) {
+std::vector<Entry> Find(dao::Database& db, const Search& search, bool* cut) {
     std::vector<Entry> entries;
+    bool more = false;
     const QStringList customers = search.text.isEmpty() ? QStringList() : CustomersLike(db, search.text);
     for (const Object& object : Objects()) {
         if ((search.object && search.object != &object) || !search.menus.contains(object.menu)) continue;
-        for (Entry& entry : OfObject(db, object, search, customers)) entries.push_back(std::move(entry));
+        for (Entry& entry : OfObject(db, object, search, customers, more))
+            entries.push_back(std::move(entry));
     }
     if (!search.object) DropDependents(entries);
-    Newest(entries);
-    SummarizeAll(db, entries);
-    std::erase_if(entries, [&](const Entry& entry) { return !Matches(entry, search.text, customers); });
+    std::erase_if(entries, [&](const Entry& entry) { return !MayMatch(entry, search.text, customers); });
+    std::ranges::stable_sort(entries, [](const Entry& a, const Entry& b) { return a.group > b.group; });
+    const auto wanted = [&](const Entry& entry) { return Matches(entry, search.text, customers); };
+    more = SummarizeFirst(db, entries, MostEntries, wanted) || more;
+    if (cut) *cut = more;
     return entries;
 }
 
@@ -457,7 +483,7 @@ std::vector<Entry> OfGroup(dao::Database& db, qint64 group) {
     for (const Object& object : Objects())
         for (Entry& entry : ChangesOf(db, object, group)) entries.push_back(std::move(entry));
     DropDependents(entries);
-    SummarizeAll(db, entries);
+    SummarizeFirst(db, entries, entries.size(), [](const Entry&) { return true; });
     return entries;
 }
 

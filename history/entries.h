@@ -50,8 +50,8 @@ struct Search {
 
 constexpr int MostEntries = 1000;
 
-/// The newest first, at most MostEntries.
-std::vector<Entry> Find(dao::Database& db, const Search& search);
+/// The newest first, at most MostEntries. `cut` becomes whether older ones may be left out.
+std::vector<Entry> Find(dao::Database& db, const Search& search, bool* cut = nullptr);
 /// What one command did, all objects.
 std::vector<Entry> OfGroup(dao::Database& db, qint64 group);
 /// What it did to one object, without summaries.

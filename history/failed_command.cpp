@@ -89,7 +89,8 @@ void PutBackIfWanted() {
     });
     if (missing.empty()) return;
     if (!sys::Ask(u"失败的操作已删除："_s + NamesOf(missing) + u"。\r\r是否立即恢复?"_s, MsgTitle)) return;
-    for (const Entry& entry : missing) PutBack(*Db, entry);
+    for (const Entry& entry : missing)
+        if (const QString why = PutBack(*Db, entry); !why.isEmpty()) throw RuntimeError(why);
     Db->CloseGroup();
     sys::Inform(u"恢复完成!"_s, MsgTitle);
 }

@@ -297,7 +297,7 @@ void History::Search() {
     search.to = DTP[1]->Value();
     search.text = text::Trim(Txt->Text());
     const controls::WaitPointer wait;
-    entries_ = history::Find(*Db, search);
+    entries_ = history::Find(*Db, search, &cut_);
     FillList();
 }
 
@@ -322,12 +322,12 @@ const Entry* History::Chosen() const {
 }
 
 void History::ShowStatus() {
-    const bool cut = entries_.size() >= history::MostEntries;
     TheFrame().SetPanel(MForm::PositionPanel,
-                        entries_.empty() ? u"无操作记录"_s
-                                         : u"操作记录：共 "_s + QString::number(entries_.size()) +
-                                               (cut ? u" 条最近的记录 当前为第 "_s : u" 条记录 当前为第 "_s) +
-                                               QString::number(GD->Row()) + u" 条"_s);
+                        entries_.empty()
+                            ? u"无操作记录"_s
+                            : u"操作记录：共 "_s + QString::number(entries_.size()) +
+                                  (cut_ ? u" 条最近的记录 当前为第 "_s : u" 条记录 当前为第 "_s) +
+                                  QString::number(GD->Row()) + u" 条"_s);
 }
 
 void History::ShowEntry() {
@@ -419,9 +419,8 @@ void History::AskAndPutBack() {
         if (!asked.Entered) return;
         password = *asked.Entered;
     }
-    // Another program may have written while the question waited.
-    if (const QString why = history::Refusal(*Db, entry); !why.isEmpty()) return sys::Inform(why, MsgTitle);
-    history::PutBack(*Db, entry, password);
+    if (const QString why = history::PutBack(*Db, entry, password); !why.isEmpty())
+        return sys::Inform(why, MsgTitle);
     sys::Inform(u"恢复完成!"_s, MsgTitle);
     Search();
 }

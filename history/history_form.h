@@ -54,4 +54,5 @@ class History : public ChildForm {
     controls::FlexGrid* GDPrice;
     CommandBar commands_;
     std::vector<history::Entry> entries_;
+    bool cut_ = false;  ///< whether the list lacks older ones
 };

@@ -36,7 +36,7 @@ QString MenuOf(const Entry& entry) {
     QString top;
     for (const MenuRow& row : MenuRows()) {
         if (row.top) top = row.name.toString();
-        if (row.target == entry.command) return top;
+        if (!entry.command.isEmpty() && row.target == entry.command) return top;
     }
     return entry.object->menu;
 }
@@ -89,24 +89,54 @@ bool IsKeyInUse(dao::Database& db, const Changes& changes) {
     return IsThere(db, others);
 }
 
-/// The rows of the journal's mirror that the command deleted with the waybill, receivable first.
-QStringList TakenPostings(dao::Database& db, const Entry& entry) {
-    if (entry.object->table != "B01") return {};
+/// The keys of a waybill's journal rows as a list of literals.
+QString PostingKeys(const QString& waybill) {
+    return Literal(u"YS"_s + waybill) + u',' + Literal(u"YF"_s + waybill);
+}
+
+/// The rows of the journal's mirror that a command has written for a waybill, as h.
+QString WrittenPostings(dao::Database& db, const Entry& entry, const QString& keys) {
     const Range range = RowsOfGroup(db, "TB1", entry.group);
+    return u"H_TB1 h where rowid>=%1 and rowid<%2 and F1 in (%3)"_s.arg(QString::number(range.first),
+                                                                        QString::number(range.end), keys);
+}
+
+/// The first of the changes that has written the waybill's journal rows; a deletion with its uses leaves
+/// them. Null where they are still the same ones.
+const Entry* PostingWriter(dao::Database& db, const Changes& changes) {
+    if (changes.Chosen().object->table != "B01") return nullptr;
+    for (const Entry& each : changes.All()) {
+        QString keys = PostingKeys(each.key);
+        if (!each.afterKey.isNull()) keys += u',' + PostingKeys(each.afterKey);
+        if (IsThere(db, WrittenPostings(db, each, keys))) return &each;
+    }
+    return nullptr;
+}
+
+/// The rows of the journal's mirror with what the command deleted or overwrote of the waybill, receivable
+/// first. What it had inserted itself is not among them.
+QStringList TakenPostings(dao::Database& db, const Entry& entry) {
     auto rows = db.ReadEngine(
-        u"select rowid from H_TB1 where rowid>=%1 and rowid<%2 and Op='D' and F1 in (%3,%4) order by LB"_s
-            .arg(QString::number(range.first), QString::number(range.end), Literal(u"YS"_s + entry.key),
-                 Literal(u"YF"_s + entry.key)));
+        u"select rowid from "_s + WrittenPostings(db, entry, PostingKeys(entry.key)) +
+        u" and Op in ('D','U') and not exists(select 1 from H_TB1 e where e.rowid>=%1 and e.rowid<h.rowid"
+        u" and e.R=h.R) order by LB"_s.arg(RowsOfGroup(db, "TB1", entry.group).first));
     QStringList taken;
     for (; !rows.Eof(); rows.MoveNext()) taken += rows.Fields(0).Text();
     return taken;
 }
 
-/// A chain is rolled by statements of the system's own wording, which an apostrophe breaks.
-bool IsChainBroken(dao::Database& db, const QStringList& taken) {
-    return !taken.isEmpty() &&
-           IsThere(db, u"H_TB1 where rowid in (%1) and (instr(F3,'''')>0 or instr(F1,'''')>0)"_s.arg(
-                           taken.join(u',')));
+/// A chain is rolled by statements of the system's own wording, which an apostrophe breaks, and by adding
+/// amounts, which a null breaks.
+QString ChainRefusal(dao::Database& db, const QStringList& taken) {
+    if (taken.isEmpty()) return {};
+    const QString rows = u"H_TB1 where rowid in (%1)"_s.arg(taken.join(u','));
+    if (IsThere(db, rows + u" and (instr(F3,'''')>0 or instr(F1,'''')>0)"_s))
+        return u"帐款的单据号或关系单位含有单引号，不能恢复!"_s;
+    const QString noAmount = u" and (YF is null or FK is null)"_s;
+    if (IsThere(db, rows + noAmount) ||
+        IsThere(db, u"TB1 where F3 in (select F3 from "_s + rows + u") and SN<>0"_s + noAmount))
+        return u"关系单位的帐款中有空的金额，不能恢复!"_s;
+    return {};
 }
 
 /// A new password overwrites the row as well, and neither password is kept.
@@ -142,8 +172,8 @@ bool IsOfWaybill(dao::Database& db, const Entry& entry) {
 /// The rows of the journal's mirror that come back.
 QStringList PostingsOf(dao::Database& db, const Changes& changes) {
     if (changes.Chosen().object->table == "TB1") return {QString::number(changes.Chosen().before)};
-    const Entry* const replacing = changes.Replacing();
-    return replacing ? TakenPostings(db, *replacing) : QStringList();
+    const Entry* const writer = changes.Replacing() ? PostingWriter(db, changes) : nullptr;
+    return writer ? TakenPostings(db, *writer) : QStringList();
 }
 
 QString PostingRefusal(dao::Database& db, const Changes& changes) {
@@ -154,7 +184,7 @@ QString PostingRefusal(dao::Database& db, const Changes& changes) {
             if (IsOfWaybill(db, each))
                 return u"[%1]随速递单[%2]一起恢复，请恢复该速递单!"_s.arg(each.key, each.key.mid(2));
     const QStringList taken = PostingsOf(db, changes);
-    if (IsChainBroken(db, taken)) return u"帐款的单据号或关系单位含有单引号，不能恢复!"_s;
+    if (const QString why = ChainRefusal(db, taken); !why.isEmpty()) return why;
     // Those of the waybill that is there now go with it; those that a cascade left are the waybill's own.
     if (own || entry.action != Action::Deleted || taken.isEmpty()) return {};
     const bool there =
@@ -191,8 +221,32 @@ void CopyPosting(dao::Database& db, const QString& taken, double sequence) {
         columns.join(u','), values.join(u','), taken));
 }
 
+/// A place in the chain of a counterparty.
+struct Place {
+    double sequence;
+    QString party;
+};
+
+std::vector<Place> PlacesOf(dao::Database& db, const QString& from) {
+    auto rows = db.ReadEngine(u"select SN,F3 from "_s + from + u" and SN<>0"_s);
+    std::vector<Place> places;
+    for (; !rows.Eof(); rows.MoveNext()) places.push_back({rows.Fields(0).Number(), rows.Fields(1).Text()});
+    return places;
+}
+
+/// The balances behind places that have lost their row: neither a deletion nor the edit of a waybill has
+/// rolled them. Where a chain cannot be rolled, they stay as they are.
+void RollFrom(dao::Database& db, const std::vector<Place>& places) {
+    for (const auto& [sequence, party] : places)
+        if (!party.contains(u'\'') &&
+            !IsThere(db, u"TB1 where F3=%1 and SN<>0 and (YF is null or FK is null)"_s.arg(Literal(party))))
+            accounts::RollBalanceChain(db, sequence, party);
+}
+
 /// By the protocol of adding; a waybill's payable takes the place behind its receivable.
 void AddPostings(dao::Database& db, const QStringList& taken) {
+    if (taken.isEmpty()) return;
+    RollFrom(db, PlacesOf(db, u"H_TB1 where rowid in (%1)"_s.arg(taken.join(u','))));
     double sequence = 0;
     for (const QString& row : taken) {
         auto fields = db.ReadEngine(u"select F1,F2,F3 from H_TB1 where rowid="_s + row);
@@ -205,16 +259,23 @@ void AddPostings(dao::Database& db, const QStringList& taken) {
     }
 }
 
-/// What the command has put in place of the record.
-void RemoveSuccessor(dao::Database& db, const Entry& entry) {
+/// What the command has put in place of the record, of a waybill with its journal rows where `postings` says
+/// so.
+void RemoveSuccessor(dao::Database& db, const Entry& entry, bool postings) {
     for (const Family& family : entry.object->family)
         if (!family.cascade)
             db.ExecuteEngine(u"delete from %1 where "_s.arg(QString::fromLatin1(family.table)) +
                              QString(family.condition).arg(Literal(entry.afterKey)));
-    if (entry.object->table == "B01")
-        db.ExecuteEngine(u"delete from TB1 where F1 in (%1,%2)"_s.arg(Literal(u"YF"_s + entry.afterKey),
-                                                                      Literal(u"YS"_s + entry.afterKey)));
-    db.ExecuteEngine(u"delete from "_s + TableOf(entry) + u" where "_s + LeftRecord(entry));
+    const QString record = TableOf(entry) + u" where "_s + LeftRecord(entry);
+    std::vector<Place> places;
+    if (entry.object->table == "TB1") places = PlacesOf(db, record);
+    if (postings) {
+        const QString rows = u"TB1 where F1 in (%1)"_s.arg(PostingKeys(entry.afterKey));
+        places = PlacesOf(db, rows);
+        db.ExecuteEngine(u"delete from "_s + rows);
+    }
+    db.ExecuteEngine(u"delete from "_s + record);
+    RollFrom(db, places);
 }
 
 /// The condition for what a command has deleted of a table that belongs to its record.
@@ -242,7 +303,8 @@ void CopySteps(dao::Database& db, const Changes& changes) {
         std::ranges::find_if(changes.All(), [&](const Entry& each) { return HasWrittenSteps(db, each); });
     if (writer == changes.All().end()) return;
     db.ExecuteEngine(u"delete from B011 where F1="_s + Literal(entry.key));
-    CopyFrom(db, "B011", DeletedWith(db, *writer, "B011", u"F1=%1"_s));
+    if (writer->key.compare(entry.key, Qt::CaseInsensitive) == 0)
+        CopyFrom(db, "B011", DeletedWith(db, *writer, "B011", u"F1=%1"_s));
 }
 
 void CopyFamily(dao::Database& db, const Entry& entry) {
@@ -258,6 +320,21 @@ void Overwrite(dao::Database& db, const Changes& changes) {
         set += u"%1=(select %1 from H_%2 where %3)"_s.arg(column, TableOf(entry), RowBefore(entry));
     db.ExecuteEngine(u"update %1 set "_s.arg(TableOf(entry)) + set.join(u',') + u" where "_s +
                      LeftRecord(changes.Last()));
+}
+
+void Write(dao::Database& db, const Changes& changes) {
+    const Entry& entry = changes.Chosen();
+    const Entry* const replacing = changes.Replacing();
+    const bool journal = entry.object->table == "TB1";
+    if (!journal && !replacing) return Overwrite(db, changes);
+    const QStringList taken = PostingsOf(db, changes);
+    if (entry.action != Action::Deleted)
+        RemoveSuccessor(db, changes.Last(), PostingWriter(db, changes) != nullptr);
+    if (journal) return AddPostings(db, taken);
+    CopyFrom(db, entry.object->table, RowBefore(entry));
+    CopyFamily(db, *replacing);
+    CopySteps(db, changes);
+    AddPostings(db, taken);
 }
 
 }  // namespace
@@ -302,27 +379,22 @@ QString PasswordRefusal(const QString& password) {
     return {};
 }
 
-void PutBack(dao::Database& db, const Entry& entry, const QString& password) {
-    const Changes changes(db, entry);
-    const Entry* const replacing = changes.Replacing();
+QString PutBack(dao::Database& db, const Entry& entry, const QString& password) {
     const bool account = NeedsPassword(db, entry);
     if (account)
         if (const QString why = PasswordRefusal(password); !why.isEmpty()) throw RuntimeError(why);
-    const bool journal = entry.object->table == "TB1";
-    if (!journal && !replacing) return Overwrite(db, changes);
-    const QStringList taken = PostingsOf(db, changes);
-    if (entry.action != Action::Deleted) RemoveSuccessor(db, changes.Last());
-    if (journal) return AddPostings(db, taken);
-    CopyFrom(db, entry.object->table, RowBefore(entry));
-    CopyFamily(db, *replacing);
-    CopySteps(db, changes);
-    AddPostings(db, taken);
+    // The first write of a group removes what is beyond the history's limits, and another program may have
+    // written. The form in front can be the one whose command has failed.
+    db.ExecuteEngine(u"update HNow set Command='History'"_s);
+    if (const QString why = Refusal(db, entry); !why.isEmpty()) return why;
+    Write(db, Changes(db, entry));
     if (account)
         OperatorStatement(u"update TE1 set F3="_s)
             .Secret(password)
             .Words(u" where F1="_s)
             .Text(entry.key)
             .Execute(db);
+    return {};
 }
 
 }  // namespace history

@@ -3,8 +3,8 @@
 // Rows are copied from the mirrors inside the engine, so that nulls and
 // apostrophes are what they were; journal rows get a new place by the protocol of adding.
 //
-// Always holds: a refused entry changes nothing; everything is one commit group, which the history keeps like
-// any other.
+// Always holds: a refused entry changes no record; everything is one commit group, which the history keeps
+// like any other.
 #pragma once
 
 #include "history/entries.h"
@@ -22,8 +22,8 @@ bool NeedsPassword(dao::Database& db, const Entry& entry);
 /// Why no account can have this password; "" where one can.
 QString PasswordRefusal(const QString& password);
 
-/// `password` is an operator's new one; one that PasswordRefusal refuses raises RuntimeError before anything
-/// is written. Raises DatabaseError; call Refusal first.
-void PutBack(dao::Database& db, const Entry& entry, const QString& password = {});
+/// Gives why the entry could not be put back after all; "" where it was. `password` is an operator's new one;
+/// one that PasswordRefusal refuses raises RuntimeError before anything is written. Raises DatabaseError.
+[[nodiscard]] QString PutBack(dao::Database& db, const Entry& entry, const QString& password = {});
 
 }  // namespace history

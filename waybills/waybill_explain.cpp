@@ -146,18 +146,21 @@ void B01::MakeExplanationPanel() {
     explanation_->FillMenu = [this](QMenu& menu) { FillExplanationMenu(menu); };
     const auto& card = *Frm->findChild<QScrollArea*>();
     for (const QScrollBar* bar : {card.verticalScrollBar(), card.horizontalScrollBar()})
-        connect(bar, &QScrollBar::valueChanged, this,
-                [this] { sys::Guarded([this] { ShowExplanation(); }); });
+        connect(bar, &QScrollBar::valueChanged, this, [this] {
+            if (explained_.empty()) return;
+            sys::Guarded([this] { ShowExplanation(); });
+        });
 }
 
-/// On a low window the card is scrolled so that there are as many rows as possible above the text boxes.
+/// On a low window the card is scrolled so that there are as many rows as possible above the text boxes,
+/// which can be below the part that is shown.
 void B01::ScrollForExplanation() {
     const auto& card = *Frm->findChild<QScrollArea*>();
     const QRect box = PlaceIn(*Frm, *Txt[BasicCharge]->Widget());
     const int missing = ExplanationPanel::LeastHeight(ExplainedSides()) - box.top();
     const int below = card.viewport()->height() - box.bottom() - controls::kRowGap;
-    if (missing > 0 && below > 0)
-        card.verticalScrollBar()->setValue(card.verticalScrollBar()->value() - std::min(missing, below));
+    const int down = std::min(std::max(missing, 0), below);
+    card.verticalScrollBar()->setValue(card.verticalScrollBar()->value() - down);
 }
 
 /// Again after a change of an amount, of the size and of what the card is scrolled to.
