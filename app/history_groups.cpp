@@ -123,12 +123,15 @@ class HistoryGroup : public dao::GroupStart {
         now_ = sys::Now();
         QByteArray at = TextOf(now_);
         bool step = false;
-        if (const QDateTime last = TimeOf(lastAt); last.isValid()) {
+        if (lastAt != at_) lastTime_ = TimeOf(lastAt);
+        if (const QDateTime last = lastTime_; last.isValid()) {
             step = last.secsTo(now_) < -SmallStep || last.daysTo(now_) > schema::StepDays;
             if (!step && at < lastAt) at = lastAt;
             GoAhead(last.daysTo(now_));
         }
         const bool other = ahead_ != before;
+        at_ = at;
+        lastTime_ = at == lastAt ? lastTime_ : now_;
         const int code = Do(note_, at, OperatorName.toUtf8(), FormInFront().toUtf8());
         if (code != SQLITE_OK || !(step || other)) return code;
         return step ? Do(step_, ahead_) : Do(caughtUp_, ahead_);
@@ -157,9 +160,8 @@ class HistoryGroup : public dao::GroupStart {
 
     int Trim() {
         const HistoryLimits& limits = historyLimits();
-        if (const int code = count_.Begin(); code != SQLITE_OK) return code;
-        const qint64 rows = count_.Step() == SQLITE_ROW ? count_.Whole(0) : 0;
-        if (const int code = count_.End(); code != SQLITE_OK) return code;
+        qint64 rows = 0;
+        if (const int code = Count(limits.rows, rows); code != SQLITE_OK) return code;
         const QByteArray since = TextOf(now_.addDays(-ahead_).addYears(-limits.years));
         // Nothing becomes older than what was the oldest at the last look.
         if (rows <= limits.rows && !oldestAt_.isEmpty() && oldestAt_ >= since) return SQLITE_OK;
@@ -176,6 +178,19 @@ class HistoryGroup : public dao::GroupStart {
                 return removed > 0 ? Do(forget_, oldest->number) : SQLITE_OK;
             if (const int code = Remove(oldest->number, removed); code != SQLITE_OK) return code;
         }
+    }
+
+    /// The kept rows, or more as long as that is within the limit. They are counted again when as many may
+    /// have come as the limit leaves; what another program adds is seen then.
+    int Count(qint64 limit, qint64& rows) {
+        const qint64 changes = sqlite3_total_changes(engine_);
+        rows = counted_ + changes - changesThen_;
+        if (counted_ >= 0 && changes >= changesThen_ && rows <= limit) return SQLITE_OK;
+        if (const int code = count_.Begin(); code != SQLITE_OK) return code;
+        rows = count_.Step() == SQLITE_ROW ? count_.Whole(0) : 0;
+        counted_ = rows;
+        changesThen_ = changes;
+        return count_.End();
     }
 
     int Find(std::optional<Oldest>& oldest) {
@@ -205,7 +220,11 @@ class HistoryGroup : public dao::GroupStart {
     sqlite3* engine_;
     Kept last_, note_, step_, caughtUp_, aheadOf_, forget_, over_, count_;
     std::vector<std::unique_ptr<Mirror>> mirrors_;
-    QDateTime now_;        ///< of the group
+    QDateTime now_;  ///< of the group
+    QByteArray at_;  ///< as written last, and the time that it says
+    QDateTime lastTime_;
+    qint64 counted_ = -1;  ///< rows, when they were counted last; the connection's changes then
+    qint64 changesThen_ = 0;
     qint64 ahead_ = 0;     ///< of now_, in days
     QByteArray oldestAt_;  ///< by the clock without steps
 };
