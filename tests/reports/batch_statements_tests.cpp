@@ -83,12 +83,14 @@ TEST_F(Batch, NeverReplacesAFileAndGoesOnBehindACustomerWithoutStatement) {
     desk.Execute(
         u"insert into B01 (F1,F101,F603,F501,F402,F504) VALUES (\"O'1\",'2024-02-15','C','月结',1,1)"_s);
     Write(folder.filePath(u"A_华_兴.pdf"_s), "old");
+    desk.Execute(u"insert into PRNTC023 (F1) VALUES ('left')"_s);
     Open();
     EXPECT_EQ(desk.Lines(),
               (QStringList{u"√|A|华/兴|2|||"_s, u"√|A_华|兴|1|||"_s, u"√|B|O'Hara|1|||"_s, u"√|C||1|||"_s}));
     const QString words =
         u"已生成 3 个客户的对帐单，1 个未生成。\r汇总表：%1\rC.：语法错误：文本缺少结束的引号。"_s;
     Generate(words.arg(Summary + u".xls"_s));
+    EXPECT_EQ(desk.Rows(u"select * from PRNTC023"_s), QStringList());
     const QString files =
         u"A_华_兴(2).pdf|A_华_兴(2).xls|A_华_兴(3).pdf|A_华_兴(3).xls|%1A_华_兴.pdf|%2B_O'Hara.pdf|"
         u"B_O'Hara.xls|%3"_s +
@@ -130,6 +132,8 @@ TEST_F(Batch, StopsWhereTheFolderTakesNoFile) {
     Generate(u"请首先选择文件夹!"_s);
     AltKey(u'N');
     Generate(u"请选择客户!"_s);
+    desk.At<controls::DTPicker>(u"DTP(0)"_s).SetValue(QDate(2024, 2, 1));
+    Generate(u"日期已改变，请先刷新数据！"_s);
 }
 
 TEST_F(Batch, WritesTheChosenCustomersUntilEsc) {
