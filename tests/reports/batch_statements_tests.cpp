@@ -1,5 +1,7 @@
 // The statements of many customers: names of files, what exists, what cannot be written, which customers are
 // chosen, and the stop by Esc.
+#include "platform/errors.h"
+#include "platform/system/guard.h"
 #include "reports/batch_statements.h"
 #include "tests/reports/report_desk.h"
 #include "tests/support/by_keys.h"
@@ -134,6 +136,20 @@ TEST_F(Batch, StopsWhereTheFolderTakesNoFile) {
     Generate(u"请选择客户!"_s);
     desk.At<controls::DTPicker>(u"DTP(0)"_s).SetValue(QDate(2024, 2, 1));
     Generate(u"日期已改变，请先刷新数据！"_s);
+}
+
+TEST_F(Batch, ReportsWhatItMadeWhereACommitFails) {
+    for (const QString& code : {u"A"_s, u"B"_s, u"C"_s}) Add(code, u"客户"_s);
+    Open();
+    bool failed = false;
+    const int hook = sys::AddCommandEndHook([&] {
+        if (Files().contains(u"B_客户.pdf"_s) && !std::exchange(failed, true))
+            throw DatabaseError(u"磁盘已满"_s, {}, true);
+    });
+    Generate(u"已停止。已生成 2 个客户的对帐单，1 个未生成。\r汇总表："_s + Summary +
+             u".xls\rB.客户：磁盘已满"_s);
+    sys::RemoveCommandEndHook(hook);
+    EXPECT_TRUE(desk.Lines()[2].endsWith(u"|未生成"_s));
 }
 
 TEST_F(Batch, WritesTheChosenCustomersUntilEsc) {
