@@ -182,6 +182,10 @@ QString CentsText(Cents amount) {
            QString::number(size % 100).rightJustified(2, u'0');
 }
 
+QString AmountText(Cents amount) {
+    return amount == 0 ? QString() : CentsText(amount);
+}
+
 Cents AgeingLine::Open() const {
     Cents open = 0;
     for (const Cents bucket : buckets) Add(open, bucket);
@@ -216,22 +220,25 @@ AgeingLine SumOf(const std::vector<AgeingLine>& lines) {
     return sum;
 }
 
-std::vector<OpenCharge> OpenCharges(dao::Database& db, const AgeingScope& scope, const QString& unit) {
+UnitAgeing AgeUnit(dao::Database& db, const AgeingScope& scope, const QString& unit) {
     auto rows = RowsOf(db, FieldsOfCharges, scope, PatternOf(unit));
-    std::vector<OpenCharge> charges;
+    UnitAgeing ageing{.line = {.unit = unit}, .charges = {}};
     Chain chain(true);
     ReadLines(rows, chain, [&] {
         if (!SameUnit(chain.Unit(), unit)) return;
-        chain.Finish(scope.day, [&](const Raise& raise, int age, Cents open) {
-            charges.push_back({.voucher = chain.Voucher(raise),
-                               .date = DayOf(raise.date),
-                               .age = age,
-                               .amount = ToCents(raise.amount),
-                               .open = open});
+        Cents overdue = 0;
+        ageing.line = chain.Finish(scope.day, [&](const Raise& raise, int age, Cents open) {
+            if (age > scope.overdueAfter) overdue += open;
+            ageing.charges.push_back({.voucher = chain.Voucher(raise),
+                                      .date = DayOf(raise.date),
+                                      .age = age,
+                                      .amount = ToCents(raise.amount),
+                                      .open = open});
         });
+        ageing.line.overdue = overdue;
     });
-    std::ranges::reverse(charges);
-    return charges;
+    std::ranges::reverse(ageing.charges);
+    return ageing;
 }
 
 }  // namespace accounts

@@ -25,6 +25,8 @@ using Cents = std::int64_t;
 /// holds its cents.
 Cents ToCents(double yuan);
 QString CentsText(Cents amount);
+/// Nothing for zero.
+QString AmountText(Cents amount);
 
 /// 0 to 30 days, then to 60, 90, 180, then above.
 inline constexpr std::size_t AgeBuckets = 5;
@@ -68,8 +70,14 @@ std::vector<AgeingLine> Age(dao::Database& db, const AgeingScope& scope);
 /// Raises RuntimeError for a sum that cannot be held.
 AgeingLine SumOf(const std::vector<AgeingLine>& lines);
 
-/// The open charges of exactly one counterparty, oldest first; their open amounts add up to its buckets.
-/// `scope.unit` is not read. Raises as Age does.
-std::vector<OpenCharge> OpenCharges(dao::Database& db, const AgeingScope& scope, const QString& unit);
+/// One counterparty with its open charges, oldest first; their open amounts add up to its buckets.
+struct UnitAgeing {
+    AgeingLine line;
+    std::vector<OpenCharge> charges;
+};
+
+/// Of exactly this counterparty, all 0 and without charges where it has no rows. `scope.unit` is not read.
+/// Raises as Age does, for a single charge that is too large too.
+UnitAgeing AgeUnit(dao::Database& db, const AgeingScope& scope, const QString& unit);
 
 }  // namespace accounts

@@ -39,6 +39,7 @@ void AgeingBar::paint(QPainter* painter, const QStyleOptionViewItem& option, con
 
 void OldAmount::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     GridDelegate::initStyleOption(option, index);
-    if (!index.data(Qt::BackgroundRole).isValid())
+    const bool isShare = index.data().toString().endsWith(u'%');
+    if (!isShare && !index.data(Qt::BackgroundRole).isValid())
         option->palette.setColor(QPalette::Text, BucketColours.back());
 }

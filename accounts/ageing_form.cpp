@@ -1,6 +1,7 @@
 #include "accounts/ageing_form.h"
 
 #include "accounts/ageing_bar.h"
+#include "accounts/ledger_form.h"
 #include "app/data_access.h"
 #include "app/main_window.h"
 #include "app/session.h"
@@ -13,6 +14,7 @@
 #include "records/export.h"
 #include "records/filter_strip.h"
 
+#include <QAction>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -54,10 +56,6 @@ QString BucketCaption(std::size_t bucket) {
     if (bucket == AgeBuckets - 1) return QString::number(LastDayOfBucket.back()) + u"天以上"_s;
     const int first = bucket == 0 ? 0 : LastDayOfBucket[bucket - 1] + 1;
     return u"%1-%2天"_s.arg(first).arg(LastDayOfBucket[bucket]);
-}
-
-QString Amount(Cents amount) {
-    return amount == 0 ? QString() : CentsText(amount);
 }
 
 QString Share(Cents part, Cents whole) {
@@ -135,6 +133,12 @@ void Ageing::MakeGrid() {
         GD->model()->setHeaderData(FirstBucket + static_cast<int>(i), Qt::Horizontal, BucketColours[i],
                                    Qt::DecorationRole);
     GD->RowChange = [this] { ShowStatus(); };
+    GD->DoubleClick = [this] { OpenLedger(); };
+    GD->KeyPressed = [this](controls::KeyPress& key) {
+        if (!key.IsFirstEnter()) return;
+        key.taken = true;
+        OpenLedger();
+    };
 }
 
 void Ageing::SetCommands() {
@@ -256,7 +260,7 @@ void Ageing::ShowLines() {
 
 void Ageing::LoadLine(int row, const AgeingLine& line, const QString& unit) {
     GD->LoadCell(row, Name, unit);
-    for (const auto& [col, amount] : AmountsOf(line)) GD->LoadCell(row, col, Amount(amount));
+    for (const auto& [col, amount] : AmountsOf(line)) GD->LoadCell(row, col, AmountText(amount));
     GD->LoadCell(row, Balance, CentsText(line.balance));
     GD->LoadCell(row, Bar, BucketShares(line));
     GD->LoadCell(row, Oldest, text::DateText(line.oldest));
@@ -280,10 +284,28 @@ void Ageing::ShowStatus() {
                                          QString::number(std::min(GD->Row(), count)) + u" 条"_s);
 }
 
+const AgeingLine* Ageing::Current() const {
+    const int row = GD->Row() - 1;
+    return row < 0 || row >= static_cast<int>(shown_.size()) ? nullptr
+                                                             : &shown_[static_cast<std::size_t>(row)];
+}
+
+/// By the frame's own entry, which unloads a ledger of the other side first. Over the days of the open
+/// charges up to that of the analysis.
+void Ageing::OpenLedger() {
+    const AgeingLine* line = Current();
+    if (!line || line->unit.isEmpty() || WarnOfEdit()) return;
+    TheFrame().MenuItem(scope_.LB > 0 ? u"Menu_yfmx"_s : u"Menu_ysmx"_s)->trigger();
+    auto* ledger = dynamic_cast<KuanMx*>(TheFrame().Front());
+    if (!ledger || ledger->LB != scope_.LB) return;
+    const QDate monthBegin = scope_.day.addDays(1 - scope_.day.day());
+    ledger->ShowUnit(line->unit, line->oldest.isValid() ? line->oldest : monthBegin, scope_.day);
+}
+
 // ---------------------------------------------------------------- the prints
 
 AgeingPrint Ageing::WhatToPrint() const {
-    return {.scope = scope_, .lines = shown_, .contacts = *contacts_};
+    return {.scope = scope_, .lines = shown_, .contacts = *contacts_, .overdueOnly = Chk->Value() == 1};
 }
 
 void Ageing::PrintTable() {
@@ -294,17 +316,23 @@ void Ageing::PrintOverdueList() {
     PrintOverdue(WhatToPrint());
 }
 
+/// The rows may have changed since the list was built, so that the counterparty is aged anew.
 void Ageing::PrintReminderToOne() {
-    const int row = GD->Row() - 1;
     if (scope_.LB > 0) return sys::Inform(u"催款单只用于应收帐款!"_s, MsgTitle);
-    if (row < 0 || row >= static_cast<int>(shown_.size()))
-        return sys::Inform(u"请选择要催款的单位!"_s, MsgTitle);
-    const AgeingLine& line = shown_[static_cast<std::size_t>(row)];
+    const AgeingLine* chosen = Current();
+    if (!chosen) return sys::Inform(u"请选择要催款的单位!"_s, MsgTitle);
+    UnitAgeing unit;
+    try {
+        unit = AgeUnit(*Db, scope_, chosen->unit);
+    } catch (const RuntimeError& error) {
+        return sys::Inform(error.Text(), MsgTitle);
+    }
+    const AgeingLine& line = unit.line;
     if (line.Open() == 0) return sys::Inform(line.unit + u"没有未付的帐款!"_s, MsgTitle);
     if (line.difference != 0 &&
         !sys::Ask(u"%1的余额与单据相差 %2 元，请先核对或刷新明细帐。\r\r仍然打印催款单吗?"_s.arg(
                       line.unit, CentsText(line.difference)),
                   MsgTitle))
         return;
-    PrintReminder(WhatToPrint(), line);
+    PrintReminder(WhatToPrint(), unit);
 }

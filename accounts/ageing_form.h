@@ -1,5 +1,5 @@
 // 帐龄分析: what each counterparty of one side has not paid on a day, by age; from it the list of who is
-// overdue and a reminder to print.
+// overdue and a reminder to print. Enter on a counterparty opens its ledger.
 //
 // Always holds: the grid is a copy, built anew by each 生成报表; the box 只看逾期 narrows down what it shows
 // and what is printed. With n lines it has n + 3 rows, the header, the sums and their shares among them, and
@@ -34,7 +34,10 @@ class Ageing : public ChildForm {
     void LoadLine(int row, const accounts::AgeingLine& line, const QString& unit);
     void LoadShares(int row, const accounts::AgeingLine& sum);
     void ShowStatus();
+    /// The line of the current row; null on the sums, the shares and the blank row.
+    const accounts::AgeingLine* Current() const;
     accounts::AgeingPrint WhatToPrint() const;
+    void OpenLedger();
     void PrintTable();
     void PrintOverdueList();
     void PrintReminderToOne();

@@ -21,11 +21,6 @@ QString Formula(const QString& name, const QString& value) {
     return name + u"='"_s + Clean(value) + u'\'';
 }
 
-/// Zero is not shown.
-QString Amount(Cents amount) {
-    return amount == 0 ? QString() : CentsText(amount);
-}
-
 /// Fields F1 on of the work table, a row for each list.
 void Fill(const std::vector<QStringList>& rows) {
     Db->Execute(u"DELETE FROM PRNTC04"_s);
@@ -46,6 +41,15 @@ bool Receivable(const AgeingPrint& print) {
 
 QString Day(const AgeingPrint& print) {
     return Formula(u"rq"_s, text::DateText(print.scope.day));
+}
+
+/// With what the lines are narrowed down to.
+QString DayAndLimits(const AgeingPrint& print, bool overdueOnly) {
+    QStringList limits;
+    if (overdueOnly) limits += u"逾期%1天以上的单位"_s.arg(print.scope.overdueAfter);
+    if (!print.scope.unit.isEmpty()) limits += u"关系单位“"_s + print.scope.unit + u'”';
+    const QString day = text::DateText(print.scope.day);
+    return Formula(u"rq"_s, limits.isEmpty() ? day : day + u"（只含"_s + limits.join(u"，"_s) + u'）');
 }
 
 QString OverdueDays(const AgeingPrint& print) {
@@ -70,13 +74,14 @@ void PrintAgeing(const AgeingPrint& print) {
     std::vector<QStringList> rows;
     for (const AgeingLine& line : print.lines) {
         QStringList& row = rows.emplace_back(QStringList{line.unit, CentsText(line.balance)});
-        for (const Cents bucket : line.buckets) row += Amount(bucket);
-        row += {Amount(line.prepaid), Amount(line.difference), text::DateText(line.oldest)};
+        for (const Cents bucket : line.buckets) row += AmountText(bucket);
+        row += {AmountText(line.prepaid), AmountText(line.difference), text::DateText(line.oldest)};
     }
     Fill(rows);
     RunReport(u"prntzl1.rpt"_s,
               {Formula(u"Cpt"_s, Receivable(print) ? u"应收帐款帐龄分析表"_s : u"应付帐款帐龄分析表"_s),
-               Formula(u"yu"_s, Receivable(print) ? u"预收"_s : u"预付"_s), Day(print)});
+               Formula(u"yu"_s, Receivable(print) ? u"预收"_s : u"预付"_s),
+               DayAndLimits(print, print.overdueOnly)});
 }
 
 void PrintOverdue(const AgeingPrint& print) {
@@ -84,28 +89,29 @@ void PrintOverdue(const AgeingPrint& print) {
     std::vector<QStringList> rows;
     for (const AgeingLine& line : print.lines)
         if (line.overdue != 0)
-            rows.push_back({line.unit, print.contacts.Of(line.unit).telephone, CentsText(line.balance),
-                            CentsText(line.overdue), text::DateText(line.oldest),
-                            QString::number(line.oldestAge)});
+            rows.push_back({line.unit, Receivable(print) ? print.contacts.Of(line.unit).telephone : QString(),
+                            CentsText(line.balance), CentsText(line.overdue), text::DateText(line.oldest),
+                            QString::number(line.oldestAge), AmountText(line.difference)});
     Fill(rows);
     RunReport(u"prntzl2.rpt"_s,
               {Formula(u"Cpt"_s, Receivable(print) ? u"逾期应收帐款名单"_s : u"逾期应付帐款名单"_s),
-               Day(print), OverdueDays(print)});
+               DayAndLimits(print, false), OverdueDays(print)});
 }
 
-void PrintReminder(const AgeingPrint& print, const AgeingLine& line) {
+void PrintReminder(const AgeingPrint& print, const UnitAgeing& unit) {
     const controls::WaitPointer wait;
     std::vector<QStringList> rows;
-    for (const OpenCharge& charge : OpenCharges(*Db, print.scope, line.unit))
+    for (const OpenCharge& charge : unit.charges)
         rows.push_back({charge.voucher, text::DateText(charge.date), CentsText(charge.amount),
                         CentsText(charge.open), QString::number(charge.age),
                         charge.age > print.scope.overdueAfter ? u"逾期"_s : QString()});
     Fill(rows);
-    const Contact contact = print.contacts.Of(line.unit);
-    RunReport(u"prntzl3.rpt"_s, {Formula(u"dw"_s, contact.fullName.isEmpty() ? line.unit : contact.fullName),
-                                 Formula(u"dz"_s, contact.address), Formula(u"dh"_s, contact.telephone),
-                                 Formula(u"cz"_s, contact.fax), Day(print), OverdueDays(print),
-                                 Formula(u"yq"_s, CentsText(line.overdue))});
+    const Contact contact = print.contacts.Of(unit.line.unit);
+    RunReport(u"prntzl3.rpt"_s,
+              {Formula(u"dw"_s, contact.fullName.isEmpty() ? unit.line.unit : contact.fullName),
+               Formula(u"dz"_s, contact.address), Formula(u"dh"_s, contact.telephone),
+               Formula(u"cz"_s, contact.fax), Day(print), OverdueDays(print),
+               Formula(u"yq"_s, CentsText(unit.line.overdue))});
 }
 
 }  // namespace accounts

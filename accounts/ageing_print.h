@@ -32,13 +32,15 @@ struct AgeingPrint {
     AgeingScope scope;
     const std::vector<AgeingLine>& lines;
     const Contacts& contacts;
+    bool overdueOnly = false;  ///< the lines without an overdue amount are left out
 };
 
-/// Apostrophes become ’ on all three. They raise DatabaseError and what RunReport raises.
+/// Apostrophes become ’ on all three. They raise DatabaseError and what RunReport raises. Beside the day the
+/// first two say which counterparties they leave out.
 void PrintAgeing(const AgeingPrint& print);
 /// Of the lines those with an overdue amount.
 void PrintOverdue(const AgeingPrint& print);
-/// With the charges that `line`, one of the receivable side, has open.
-void PrintReminder(const AgeingPrint& print, const AgeingLine& line);
+/// To a counterparty of the receivable side, with the charges it has open.
+void PrintReminder(const AgeingPrint& print, const UnitAgeing& unit);
 
 }  // namespace accounts

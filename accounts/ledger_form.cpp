@@ -252,11 +252,24 @@ void LedgerForm::Generate() {
     if (unit.startsWith(allUnits)) unit.clear();
     const qsizetype point = unit.indexOf(u'.');
     unit_ = settings_.cutsAtPoint && point > 0 ? unit.left(point) : unit;
+    BuildUnderPanel();
+}
+
+void LedgerForm::BuildUnderPanel() {
     cancelfrm->adjustSize();
     cancelfrm->move((GD->width() - cancelfrm->width()) / 2, (GD->height() - cancelfrm->height()) / 2);
     cancelfrm->show();
     controls::ShowProgress();
     Build();
+}
+
+void LedgerForm::ShowUnit(const QString& unit, QDate from, QDate to) {
+    Cmb->SetText(unit);
+    DTP[0]->SetValue(from);
+    DTP[1]->SetValue(to);
+    unit_ = unit;
+    CleanText(unit_);
+    BuildUnderPanel();
 }
 
 void LedgerForm::Build() {

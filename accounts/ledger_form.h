@@ -34,6 +34,8 @@ class LedgerForm : public ChildForm {
   public:
     void Load() override;
     void Activated() override;
+    /// Builds the ledger of one counterparty, its name whole, over a period, and shows both in the boxes.
+    void ShowUnit(const QString& unit, QDate from, QDate to);
 
   protected:
     explicit LedgerForm(const LedgerSettings& settings);
@@ -48,6 +50,7 @@ class LedgerForm : public ChildForm {
     void DressGrid();
     void Choose(const QString& name, int index);
     void Generate();
+    void BuildUnderPanel();
     void Build();
     void ShowStatus();
     void PlayRow();

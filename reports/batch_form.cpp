@@ -137,9 +137,13 @@ void BatchStatements::Load() {
 
 // ---------------------------------------------------------------- the list
 
+reports::Scope BatchStatements::ShownPeriod() const {
+    return {.from = text::DateText(DTP.front()->Value()), .to = text::DateText(DTP.back()->Value())};
+}
+
 void BatchStatements::Refresh() {
     const controls::WaitPointer wait;
-    period_ = {.from = text::DateText(DTP.front()->Value()), .to = text::DateText(DTP.back()->Value())};
+    period_ = ShownPeriod();
     customers_ = reports::CustomersOf(*Db, period_);
     GD->BeginLoad(static_cast<int>(customers_.size()));
     int row = 0;
@@ -203,8 +207,11 @@ void BatchStatements::ChooseFolder() {
 bool BatchStatements::Ready() const {
     const QString folder = text::Trim(Txt->Text());
     const QFileInfo info(folder);
+    const reports::Scope shown = ShownPeriod();
     QString refusal;
-    if (Chosen() == 0)
+    if (shown.from != period_.from || shown.to != period_.to)
+        refusal = u"日期已改变，请先刷新数据！"_s;
+    else if (Chosen() == 0)
         refusal = u"请选择客户!"_s;
     else if (folder.isEmpty())
         refusal = u"请首先选择文件夹!"_s;
@@ -254,6 +261,10 @@ void BatchStatements::WriteChosen(reports::StatementBatch& batch, Run& run) {
                 sys::CloseCommand();
             } catch (const sys::CommandGivenUp&) {
                 run.stopped = true;
+            } catch (const DatabaseError& error) {
+                // What is lost is the work table's rows, which no file needs any more.
+                run.stopped = true;
+                run.failures += Named(customer) + u"："_s + error.Text();
             }
         }
         if (result.refusal.isEmpty())

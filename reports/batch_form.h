@@ -28,6 +28,7 @@ class BatchStatements : public ChildForm {
     QWidget* MakeStrip();
     QWidget* MakeFolderStrip();
     void MakeList();
+    reports::Scope ShownPeriod() const;
     void Refresh();
     void ShowStatus() const;
     int Chosen() const;
@@ -36,7 +37,7 @@ class BatchStatements : public ChildForm {
     void ChooseAll(bool chosen);
     void ToggleSelected();
     void ChooseFolder();
-    /// Whether statements can be written; else a message box has said why.
+    /// Whether statements can be written, for the period of the list; else a message box has said why.
     bool Ready() const;
     void Generate();
     void WriteChosen(reports::StatementBatch& batch, Run& run);

@@ -23,6 +23,7 @@ namespace {
 
 const QString Pdf = u".pdf"_s;
 const QString Xls = u".xls"_s;
+constexpr int Tries = 5;  // for a name that is still free when the files are whole
 constexpr qsizetype LongestName =
     200;  // bytes of the 255 that a name may have; a number and an extension follow
 
@@ -34,6 +35,11 @@ const Settings& Report() {
 QString CutToBytes(QString name, qsizetype bytes) {
     while (name.toUtf8().size() > bytes) name.chop(name.back().isLowSurrogate() && name.size() > 1 ? 2 : 1);
     return name;
+}
+
+/// From (2) up behind the name.
+QString Numbered(const QString& name, int number) {
+    return number == 1 ? name : name + u"(%1)"_s.arg(number);
 }
 
 bool IsSummed(const Column& column) {
@@ -128,20 +134,36 @@ QByteArray StatementBatch::MakePdf(const Scope& scope, const Cells& cells) const
     return pdf.data();
 }
 
-/// The name with a number from (2) up where one of the files is there.
-QString StatementBatch::FreeName(const QString& name, const QStringList& extensions) const {
-    for (int number = 1;; ++number) {
-        const QString numbered = number == 1 ? name : name + u"(%1)"_s.arg(number);
-        const auto taken = [&](const QString& extension) {
-            return sys::IsThere(folder_ + numbered + extension);
-        };
-        if (std::ranges::none_of(extensions, taken)) return numbered;
+void StatementBatch::EmptyWorkTable() {
+    db_.Execute(u"DELETE FROM PRNTC023"_s);
+}
+
+/// The first number from `number` on whose name none of the files has.
+int StatementBatch::FreeNumber(const QString& name, const QStringList& extensions, int number) const {
+    const auto taken = [&](const QString& extension) {
+        return sys::IsThere(folder_ + Numbered(name, number) + extension);
+    };
+    while (std::ranges::any_of(extensions, taken)) ++number;
+    return number;
+}
+
+/// Gives the name that they have. One that has been taken since it was found free is passed over.
+QString StatementBatch::WriteFiles(const QString& name, const QByteArray& pdf, ExportSheet& sheet) const {
+    int number = 0;
+    for (int tries = 1;; ++tries) {
+        number = FreeNumber(name, {Pdf, Xls}, number + 1);
+        const QString free = Numbered(name, number);
+        try {
+            WritePair(folder_ + free + Pdf, pdf, folder_ + free + Xls, sheet);
+            return free;
+        } catch (const sys::WriteError& error) {
+            if (error.Why() != sys::WriteError::Cause::NameTaken || tries == Tries) throw;
+        }
     }
 }
 
 BatchResult StatementBatch::Write(const BatchCustomer& customer) {
     BatchResult result{.customer = customer};
-    bool writing = false;
     try {
         const Scope scope{.from = period_.from, .to = period_.to, .code = customer.code};
         const Cells cells = ReadCells(scope);
@@ -150,19 +172,20 @@ BatchResult StatementBatch::Write(const BatchCustomer& customer) {
         sheet.AddRow(Headers());
         for (const QStringList& row : cells) sheet.AddRow(row);
         const QByteArray pdf = MakePdf(scope, cells);
-        const QString name = FreeName(StatementFileName(customer), {Pdf, Xls});
-        writing = true;
-        WritePair(folder_ + name + Pdf, pdf, folder_ + name + Xls, sheet);
-        result.file = name;
+        EmptyWorkTable();  // before there are files, which remain where this fails
+        result.file = WriteFiles(StatementFileName(customer), pdf, sheet);
         result.sums = Summed(cells.back());
         result.customer.waybills = static_cast<int>(cells.size()) - 1;
     } catch (const DatabaseError& error) {
         if (error.GroupLost()) throw;
         result.refusal = error.Text();
+    } catch (const sys::WriteError& error) {
+        result.refusal = error.Text();
+        result.folderRefuses = error.Why() == sys::WriteError::Cause::Other;
     } catch (const RuntimeError& error) {
         result.refusal = error.Text();
-        result.folderRefuses = writing;
     }
+    if (!result.refusal.isEmpty()) EmptyWorkTable();
     return result;
 }
 
@@ -186,8 +209,8 @@ QString StatementBatch::WriteSummary(const std::vector<BatchResult>& results) co
     QStringList total{u"合计"_s, {}, QString::number(waybills)};
     for (int col = 0; col < blank.size(); ++col) total += sums.Text(col);
     sheet.AddRow(total);
-    const QString name =
-        FreeName(sys::FileNameOf(u"对帐单汇总_"_s + period_.from + u"至"_s + period_.to, u'_'), {Xls});
+    const QString base = sys::FileNameOf(u"对帐单汇总_"_s + period_.from + u"至"_s + period_.to, u'_');
+    const QString name = Numbered(base, FreeNumber(base, {Xls}, 1));
     sheet.Save(folder_ + name + Xls);
     return name + Xls;
 }

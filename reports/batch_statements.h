@@ -2,8 +2,9 @@
 // statement and the workbook of its list beside it, and a workbook that lists the customers with their sums.
 //
 // Always holds: rows, sums and paper of a customer are those of the single statement
-// (CustomerStatementReport). A PDF and its workbook have the same name; they are both there or neither is. No
-// file is replaced.
+// (CustomerStatementReport). A PDF and its workbook have the same name; they are both there or neither is,
+// unless the process ends between the two. No file is replaced. The work table of the paper is empty behind
+// each customer, so that a preview that is open over it never shows the rows of another one.
 #pragma once
 
 #include "platform/dao/database.h"
@@ -15,6 +16,8 @@
 
 #include <memory>
 #include <vector>
+
+class ExportSheet;
 
 namespace reports {
 
@@ -33,7 +36,7 @@ struct BatchResult {
     QStringList sums;            ///< of the list's columns that are summed up; empty where there are no files
     QString file;                ///< the files' name without folder and extension
     QString refusal;             ///< why there are no files, in words for the operator
-    bool folderRefuses = false;  ///< a file could not be written, so that the next one could not either
+    bool folderRefuses = false;  ///< a file could not be written, and the next one could not either
 };
 
 class StatementBatch {
@@ -54,7 +57,9 @@ class StatementBatch {
     using Cells = std::vector<QStringList>;
     Cells ReadCells(const Scope& scope) const;
     QByteArray MakePdf(const Scope& scope, const Cells& cells) const;
-    QString FreeName(const QString& name, const QStringList& extensions) const;
+    void EmptyWorkTable();
+    int FreeNumber(const QString& name, const QStringList& extensions, int number) const;
+    QString WriteFiles(const QString& name, const QByteArray& pdf, ExportSheet& sheet) const;
 
     dao::Database& db_;
     QString folder_;

@@ -1,9 +1,8 @@
 #include "platform/system/new_file.h"
 
-#include "platform/errors.h"
-
 #include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
 
 #include <cerrno>
 #include <cstdio>
@@ -40,14 +39,23 @@ QString Words(int error) {
     }
 }
 
+WriteError::Cause CauseOf(int error) {
+    using enum WriteError::Cause;
+    return error == EEXIST ? NameTaken : error == ENAMETOOLONG ? NameTooLong : Other;
+}
+
+/// A name of its own in a folder that other machines write to as well, where a process number says little.
+QByteArray TemporaryIn(const QString& folder) {
+    const quint64 random = QRandomGenerator::system()->generate64();
+    return QFile::encodeName(folder +
+                             u"/.writing-%1-%2.tmp"_s.arg(::getpid()).arg(random, 16, 16, QChar(u'0')));
+}
+
 /// A file that is not there under its own name yet, and never will be unless it was placed.
 class Begun {
   public:
     explicit Begun(const QString& path)
-        : path_(path),
-          target_(QFile::encodeName(path)),
-          temporary_(QFile::encodeName(QFileInfo(path).path() + u"/.writing-%1.tmp"_s.arg(::getpid()))) {
-        ::unlink(temporary_.constData());  // of a process of that number that was killed
+        : path_(path), target_(QFile::encodeName(path)), temporary_(TemporaryIn(QFileInfo(path).path())) {
         file_ = ::open(temporary_.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
         if (file_ < 0) Fail();
     }
@@ -93,7 +101,7 @@ class Begun {
         return ::rename(from, to) == 0;
     }
     [[noreturn]] void Fail(int error = errno) const {
-        throw RuntimeError(u"无法写入“%1”：%2！"_s.arg(path_, Words(error)));
+        throw WriteError(u"无法写入“%1”：%2！"_s.arg(path_, Words(error)), CauseOf(error));
     }
 
     QString path_;

@@ -4,12 +4,25 @@
 // already is never replaced. The file can be read by its owner alone.
 #pragma once
 
+#include "platform/errors.h"
+
 #include <QByteArrayView>
 #include <QString>
 
 namespace sys {
 
-/// Raises RuntimeError with the reason in words for the operator; then no file is left behind.
+/// Why a file was not written, in words for the operator.
+class WriteError : public RuntimeError {
+  public:
+    enum class Cause { NameTaken, NameTooLong, Other };
+    WriteError(const QString& text, Cause cause) : RuntimeError(text), cause_(cause) {}
+    Cause Why() const { return cause_; }
+
+  private:
+    Cause cause_;
+};
+
+/// Raises WriteError; then no file is left behind.
 void WriteNew(const QString& path, QByteArrayView bytes);
 
 /// A text as the name of a file or a part of it: each character that some file system refuses or a program

@@ -57,7 +57,7 @@ class AgeingOf : public testing::Test {
             }
             Cents open = 0;
             for (const auto& charge :
-                 accounts::OpenCharges(company.Db(), {.LB = lb, .day = day}, line.unit)) {
+                 accounts::AgeUnit(company.Db(), {.LB = lb, .day = day}, line.unit).charges) {
                 EXPECT_TRUE(charge.open > 0 && charge.age >= 0);
                 open += charge.open;
             }
@@ -95,7 +95,7 @@ TEST_F(AgeingOf, ChargesIsOldestFirstWithEachDayInItsBucket) {
                                     u"丁 60.00 - 60.00 - - - 0.00 0.00 60.00 2024-10-06"_s,
                                     u"乙 -50.50 - - - - - -50.50 0.00 0.00 "_s}));
     EXPECT_EQ(Texts(10), QStringList{u"船 33.00 33.00 - - - - 0.00 0.00 0.00 2024-11-15"_s});
-    const auto charges = accounts::OpenCharges(company.Db(), {.LB = -10, .day = Today}, u"甲"_s);
+    const auto charges = accounts::AgeUnit(company.Db(), {.LB = -10, .day = Today}, u"甲"_s).charges;
     ASSERT_EQ(charges.size(), 6U);
     EXPECT_EQ(charges.front().voucher, u"D3"_s);
     EXPECT_EQ(charges.front().amount, 35000);

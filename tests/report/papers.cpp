@@ -43,8 +43,8 @@ QStringList Rows(const QString& layout, int rows) {
             all += Insert(u"PRNTC04"_s, u"F1,F2,F3,F4,F5,F6,F7,F8,F9,F10"_s,
                           u"'单位%1','%2','%2','','','','','','','2024-03-14'"_s.arg(n, amount));
         } else if (layout == u"prntzl2.rpt") {
-            all += Insert(u"PRNTC04"_s, u"F1,F2,F3,F4,F5,F6"_s,
-                          u"'单位%1','021-5555','%2','%2','2024-03-14','40'"_s.arg(n, amount));
+            all += Insert(u"PRNTC04"_s, u"F1,F2,F3,F4,F5,F6,F7"_s,
+                          u"'单位%1','021-5555','%2','%2','2024-03-14','40',''"_s.arg(n, amount));
         } else if (layout == u"prntzl3.rpt") {
             all += Insert(u"PRNTC04"_s, u"F1,F2,F3,F4,F5,F6"_s,
                           u"'YS%1','2024-03-14','%2','%2','40','逾期'"_s.arg(no, amount));

@@ -1,5 +1,7 @@
 // The statements of many customers: names of files, what exists, what cannot be written, which customers are
 // chosen, and the stop by Esc.
+#include "platform/errors.h"
+#include "platform/system/guard.h"
 #include "reports/batch_statements.h"
 #include "tests/reports/report_desk.h"
 #include "tests/support/by_keys.h"
@@ -83,12 +85,14 @@ TEST_F(Batch, NeverReplacesAFileAndGoesOnBehindACustomerWithoutStatement) {
     desk.Execute(
         u"insert into B01 (F1,F101,F603,F501,F402,F504) VALUES (\"O'1\",'2024-02-15','C','月结',1,1)"_s);
     Write(folder.filePath(u"A_华_兴.pdf"_s), "old");
+    desk.Execute(u"insert into PRNTC023 (F1) VALUES ('left')"_s);
     Open();
     EXPECT_EQ(desk.Lines(),
               (QStringList{u"√|A|华/兴|2|||"_s, u"√|A_华|兴|1|||"_s, u"√|B|O'Hara|1|||"_s, u"√|C||1|||"_s}));
     const QString words =
         u"已生成 3 个客户的对帐单，1 个未生成。\r汇总表：%1\rC.：语法错误：文本缺少结束的引号。"_s;
     Generate(words.arg(Summary + u".xls"_s));
+    EXPECT_EQ(desk.Rows(u"select * from PRNTC023"_s), QStringList());
     const QString files =
         u"A_华_兴(2).pdf|A_华_兴(2).xls|A_华_兴(3).pdf|A_华_兴(3).xls|%1A_华_兴.pdf|%2B_O'Hara.pdf|"
         u"B_O'Hara.xls|%3"_s +
@@ -130,6 +134,22 @@ TEST_F(Batch, StopsWhereTheFolderTakesNoFile) {
     Generate(u"请首先选择文件夹!"_s);
     AltKey(u'N');
     Generate(u"请选择客户!"_s);
+    desk.At<controls::DTPicker>(u"DTP(0)"_s).SetValue(QDate(2024, 2, 1));
+    Generate(u"日期已改变，请先刷新数据！"_s);
+}
+
+TEST_F(Batch, ReportsWhatItMadeWhereACommitFails) {
+    for (const QString& code : {u"A"_s, u"B"_s, u"C"_s}) Add(code, u"客户"_s);
+    Open();
+    bool failed = false;
+    const int hook = sys::AddCommandEndHook([&] {
+        if (Files().contains(u"B_客户.pdf"_s) && !std::exchange(failed, true))
+            throw DatabaseError(u"磁盘已满"_s, {}, true);
+    });
+    Generate(u"已停止。已生成 2 个客户的对帐单，1 个未生成。\r汇总表："_s + Summary +
+             u".xls\rB.客户：磁盘已满"_s);
+    sys::RemoveCommandEndHook(hook);
+    EXPECT_TRUE(desk.Lines()[2].endsWith(u"|未生成"_s));
 }
 
 TEST_F(Batch, WritesTheChosenCustomersUntilEsc) {

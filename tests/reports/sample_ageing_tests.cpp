@@ -48,6 +48,7 @@ TEST_F(SampleAgeing, BothSidesAndTheirPrintsAreAsExpected) {
     Build(u"应收"_s, QDate(2024, 11, 23), u"30"_s);
     Print(0);
     Build(u"应收"_s, QDate(2025, 3, 31), u"150"_s, true);
+    Print(0);
     desk.Enter(u"GD"_s);
     Press(Qt::Key_Down);
     Print(1);
@@ -62,6 +63,18 @@ TEST_F(SampleAgeing, RefusesWhatItCannotAnswer) {
     Build(u"应付"_s, QDate(2024, 11, 23), u"0"_s);
     desk.script.Box(u"催款单只用于应收帐款!"_s, Title);
     desk.PrintList(2);
+    // From a counterparty to its ledger, of this side too where that of the other is open.
+    desk.Frame().MenuItem(u"Menu_ysmx"_s)->trigger();
+    desk.Frame().ShowChild(u"Ageing"_s);
+    desk.Enter(u"GD"_s);
+    Press(Qt::Key_Down);
+    const QString unit = desk.Grid().TextMatrix(desk.Grid().Row(), 0);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(desk.Frame().Front()->windowTitle(), u"应付帐款明细"_s);
+    EXPECT_EQ(desk.At<controls::ComboBox>(u"Cmb"_s).Text(), unit);
+    EXPECT_EQ(desk.At<controls::DTPicker>(u"DTP(1)"_s).Value(), QDate(2024, 11, 23));
+    EXPECT_GT(desk.Lines().filter(unit).size(), 1);
+    AltKey(u'R');
     Build(u"应收"_s, QDate(2020, 1, 1), u"30"_s);
     EXPECT_EQ(desk.Status(), u"无信息"_s);
     desk.script.Box(u"请选择要催款的单位!"_s, Title);
@@ -73,13 +86,15 @@ TEST_F(SampleAgeing, RefusesWhatItCannotAnswer) {
     desk.script.Question(first + u"的余额与单据相差 0.01 元，请先核对或刷新明细帐。\r\r仍然打印催款单吗?"_s,
                          Title, false);
     desk.PrintList(2);
+    // What others have entered since the list was built counts.
     desk.Execute(u"update TB1 set FK=99999999.99 where LB=-10"_s);
-    desk.Push(u"Cmd"_s);
-    const QString paid = desk.Grid().TextMatrix(1, 0);
-    EXPECT_NE(desk.Grid().TextMatrix(1, 7), QString());
-    desk.script.Box(paid + u"没有未付的帐款!"_s, Title);
+    desk.script.Box(first + u"没有未付的帐款!"_s, Title);
     desk.PrintList(2);
+    desk.Push(u"Cmd"_s);
+    EXPECT_NE(desk.Grid().TextMatrix(1, 7), QString());
     desk.Execute(u"update TB1 set YF=1e15 where LB=-9"_s);
+    desk.script.Box(u"金额太大，无法分析帐龄！"_s, Title);
+    desk.PrintList(2);
     desk.script.Box(u"金额太大，无法分析帐龄！"_s, Title);
     desk.Push(u"Cmd"_s);
     EXPECT_EQ(desk.Lines().size(), 1);
