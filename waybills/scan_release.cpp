@@ -6,6 +6,8 @@
 #include "platform/controls/keys.h"
 #include "platform/controls/paint.h"
 #include "platform/controls/wait.h"
+#include "platform/errors.h"
+#include "platform/system/guard.h"
 #include "platform/system/seams.h"
 #include "platform/system/sound.h"
 #include "platform/text/numbers.h"
@@ -13,8 +15,10 @@
 #include "records/filter_strip.h"
 #include "reports/printing.h"
 #include "reports/report_rows.h"
+#include "waybills/waybill_fields.h"
 
 #include <QAccessible>
+#include <QSet>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -26,18 +30,22 @@ const QString Released = u"已出货"_s;
 const QString Refused = u"未出货"_s;
 const QString AllChannels = u"全部渠道"_s;
 const QString WaybillMenu = u"Menu_b"_s;
+const QString ReportMenu = u"Menu_C"_s;
 const QString ListLayout = u"prntscan.rpt"_s;
 
 enum Column { At, Number, Consignee, Channel, Weight, Result, Why, Columns };
 constexpr int Shares[Columns] = {9, 15, 22, 14, 9, 9, 44};
 
-/// What the manifests are chosen by.
+/// What the manifests are chosen by. The code of a channel is a figure of the card.
 QString ChannelItem(const Brief& waybill) {
-    return waybill.channelCode.isEmpty() ? u"无渠道"_s : waybill.channelCode + u'.' + waybill.channelName;
+    if (waybill.channelCode.isEmpty()) return u"无渠道"_s;
+    if (CanSeeFigures) return waybill.channelCode + u'.' + waybill.channelName;
+    return waybill.channelName.isEmpty() ? u"无名渠道"_s : waybill.channelName;
 }
 
 QString Cell(QString text) {
-    return text.replace(u'\t', u' ');
+    for (const QChar divider : {u'\t', u'\r', u'\n'}) text.replace(divider, u' ');
+    return text;
 }
 
 }  // namespace
@@ -165,13 +173,22 @@ void ScanRelease::Scan() {
     const QString number = text::Trim(Txt->Text());
     if (number.isEmpty()) return;
     Txt->SetText({});
+    // Until its release is committed it has failed.
+    Scanned scanned{sys::Now().toString(u"HH:mm:ss"_s), {.number = number}, u"出错，没有出货"_s};
     try {
-        Show(ReleaseOne(number));
-    } catch (...) {
-        // The guard reports what has failed; a release that is not committed is none.
-        Show({sys::Now().toString(u"HH:mm:ss"_s), {.number = number}, u"出错，没有出货"_s});
+        scanned = ReleaseOne(number);
+    } catch (const DatabaseError& error) {
+        if (!error.GroupLost()) scanned.refusal += u"："_s + error.Text();
+        Show(scanned);
+        if (error.GroupLost()) throw;
+        return;
+    } catch (const sys::CommandGivenUp&) {
+        scanned.refusal = u"数据文件正忙，没有出货"_s;
+    } catch (const PlatformError&) {
+        Show(scanned);
         throw;
     }
+    Show(scanned);
 }
 
 ScanRelease::Scanned ScanRelease::ReleaseOne(const QString& number) {
@@ -232,20 +249,37 @@ void ScanRelease::ShowCounts() {
 
 /// The channels that something was released through.
 void ScanRelease::AddChannel(const Brief& waybill) {
-    const QString item = ChannelItem(waybill);
-    if (Cmb->findText(item, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0) Cmb->AddItem(item);
+    if (channels_.contains(waybill.channelCode)) return;
+    channels_ += waybill.channelCode;
+    Cmb->AddItem(ChannelItem(waybill));
 }
 
+/// As they are now: since its scan a waybill may have been unmarked, or given another channel.
+std::vector<Brief> ScanRelease::StillReleased() const {
+    const controls::WaitPointer wait;
+    std::vector<Brief> released;
+    QSet<QString> taken;
+    for (const Scanned& scanned : scanned_) {
+        if (!scanned.refusal.isEmpty()) continue;
+        const auto now = waybills::FindBrief(*Db, scanned.waybill.number);
+        if (!now || !waybills::IsReleased(now->releaseMark) || taken.contains(now->number)) continue;
+        taken.insert(now->number);
+        released.push_back(*now);
+    }
+    return released;
+}
+
+/// The manifests have what the report of the shipments has, and its right.
 void ScanRelease::PrintManifest(const reports::Print& print) {
-    const QString chosen = Cmb->Text();
+    if (!TheFrame().MenuVisible(ReportMenu)) return sys::Inform(u"您没有统计报表的权限!"_s, MsgTitle);
+    const int chosen = Cmb->currentIndex() - 1;  // all of them come first; names may be equal
     QStringList numbers;
     QString name = AllChannels;
-    for (const Scanned& scanned : scanned_) {
-        const Brief& waybill = scanned.waybill;
-        const bool wanted = chosen == AllChannels || chosen == ChannelItem(waybill);
-        if (!scanned.refusal.isEmpty() || !wanted) continue;
+    for (const Brief& waybill : StillReleased()) {
+        AddChannel(waybill);
+        if (chosen >= 0 && waybill.channelCode != channels_[chosen]) continue;
         numbers += waybill.number;
-        if (chosen != AllChannels) name = waybill.channelName;
+        if (chosen >= 0) name = waybill.channelName;
     }
     if (numbers.isEmpty()) return sys::Inform(u"无数据可打印"_s, MsgTitle);
     const controls::WaitPointer wait;

@@ -1,5 +1,9 @@
 // 扫描出货 and 未出货、未审核 by keys.
+#include "platform/dao/busy.h"
+#include "platform/system/guard.h"
 #include "platform/system/sound.h"
+#include "schema/data_files.h"
+#include "tests/support/data_file.h"
 #include "tests/support/program.h"
 #include "tests/waybills/waybill_company.h"
 #include "waybills/waybill_fields.h"
@@ -82,15 +86,60 @@ TEST(ScanRelease, ReleasesOrSaysWhyNotWithoutAQuestion) {
     EXPECT_EQ(form.Marks(), u"管理员 管理员 小王 管理员 未审核"_s);
 }
 
-TEST(ScanRelease, ShowsWhatCouldNotBeStoredAsNotReleased) {
+TEST(ScanRelease, ShowsWhatCouldNotBeStoredAndEndsOnlyWithALostCommand) {
     ReleaseForm form(u"ScanRelease"_s);
-    Db->ExecuteEngine(
-        u"create trigger broken before update on B01 begin select raise(abort,'broken'); end"_s);
-    Db->CloseGroup();
+    const auto fail = [](const QString& how) {
+        Db->ExecuteEngine(u"drop trigger if exists broken"_s);
+        Db->ExecuteEngine(
+            u"create trigger broken before update on B01 begin select raise(%1,'broken'); end"_s.arg(how));
+        Db->CloseGroup();
+    };
+    fail(u"abort"_s);
+    form.Scan(u"W1"_s);
+    dao::whenBusy().handle = [](const auto&) { throw sys::CommandGivenUp{}; };
+    {
+        Connection other(form.File());
+        other.Run(u"begin immediate"_s);
+        form.Scan(u"W1"_s);
+    }
+    dao::whenBusy() = {};
+    QStringList lines = {u"10:00:00|W1||||未出货|数据文件正忙，没有出货"_s,
+                         u"10:00:00|W1||||未出货|出错，没有出货：broken"_s};
+    EXPECT_EQ(form.Lines(), lines);
+    fail(u"rollback"_s);
     form.EndsWith(u"broken"_s);
     form.Scan(u"W1"_s);
-    EXPECT_EQ(form.Lines(), QStringList{u"10:00:00|W1||||未出货|出错，没有出货"_s});
-    EXPECT_EQ(form.sounds, 1);
+    EXPECT_EQ(form.Lines(), QStringList{u"10:00:00|W1||||未出货|出错，没有出货"_s} + lines);
+    EXPECT_EQ(form.sounds, 3);
+}
+
+TEST(ScanRelease, PrintsEachWaybillOnceAsItIsByThen) {
+    ReleaseForm form(u"ScanRelease"_s);
+    schema::MakeLayout(AppFolder + u"prntc011.rpt"_s);
+    CanSeeFigures = false;
+    const auto printed = [&] {
+        AltKey(u'P');
+        Press(Qt::Key_Return);
+        if (form.Frame().Front()->objectName() == u"Prnt") AltKey(u'R');
+        return form.Rows(u"select F1 from PRNTC01 order by rowid"_s).join(u' ');
+    };
+    for (const auto& number : {u"W1"_s, u"W2"_s, u"W4"_s}) form.Scan(number);
+    form.Execute(u"update B01 set F604='未出货' where F1 in ('W1','W2')"_s);
+    form.Scan(u"w1"_s);
+    form.Execute(u"update B01 set F202='X9' where F1='W4'"_s);
+    form.Frame().SetMenuVisible(u"Menu_C"_s, false);
+    form.script.Box(u"您没有统计报表的权限!"_s, Title);
+    EXPECT_EQ(printed(), QString());
+    form.Frame().SetMenuVisible(u"Menu_C"_s, true);
+    EXPECT_EQ(printed(), u"W1 W4"_s);
+    auto& channels = form.At<controls::ComboBox>(u"Cmb"_s);
+    QStringList items;
+    for (int item = 0; item < channels.ListCount(); ++item) items += channels.List(item);
+    EXPECT_EQ(items, (QStringList{u"全部渠道"_s, u"环洋"_s, u"无渠道"_s, u"无名渠道"_s}));
+    channels.SetListIndex(1);
+    EXPECT_EQ(printed(), u"W1"_s);
+    channels.SetListIndex(3);
+    EXPECT_EQ(printed(), u"W4"_s);
 }
 
 TEST(Unreleased, ListsTheOldestFirstWithWhatIsMissingAndOpensTheWaybill) {
