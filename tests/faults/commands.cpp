@@ -356,14 +356,6 @@ std::vector<Command> Made() {
         {"C04_Print", "C4", "C04", Listed({}), Print},
         {"C05_Print", "C5", "C05", NewNotice, Print},
         {"C06_Print", "C6", "C06", Listed({}), Print},
-        {"BatchStatements_Print", "", "",
-         [](Desk& desk) {
-             Shown(u"BatchStatements"_s)(desk);
-             Listed({})(desk);
-             desk.SetBox(0, AppFolder);
-             desk.Enter(u"Cmd(1)"_s);
-         },
-         PressButton},
         {"D201_Register", "", "", Shown(u"D2"_s),
          InDialog(u"D201"_s, u"A"_s, TypeInvoicePayment, u"Command2"_s)},
         {"D3_Print", "", "", Shown(u"D3"_s), Print},
