@@ -41,9 +41,12 @@ Prepared::Prepared(Connection& connection, const QString& text, Wording wording,
     : connection_(connection), reported_(reported) {
     connection_.Engine(reported_);
     const std::size_t hash = qHash(text);
-    if (TakeCached(text, wording, hash)) return;
+    // The whole text of an insert is looked up only where it has no values.
+    const bool insert = text.startsWith(u"insert", Qt::CaseInsensitive);
+    if (!insert && TakeCached(text, wording, hash)) return;
     dialect::Translation translation = connection_.Translate(text, wording, reported_);
     if (translation.values.empty()) {
+        if (insert && TakeCached(text, wording, hash)) return;
         repeated_ = connection_.Kept().IsRepeated(hash);
         statement_ = {text, wording, hash, std::move(translation), nullptr};
         return;
