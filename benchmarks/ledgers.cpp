@@ -42,10 +42,9 @@ ChildForm& OpenByMenu(const QString& item) {
     return *TheFrame().Front();
 }
 
-void Generate(ChildForm& form, const Period& period) {
+void Choose(ChildForm& form, const Period& period) {
     form.findChild<controls::DTPicker*>(u"DTP(0)"_s)->SetValue(period.from);
     form.findChild<controls::DTPicker*>(u"DTP(1)"_s)->SetValue(period.to);
-    form.findChild<controls::Button*>(u"Cmd"_s)->click();
 }
 
 QString Money(double value) {
@@ -127,16 +126,18 @@ void MeasureLedger(Bench& bench, Office& office, const std::string& name, const 
                    void (*bare)(BareEngine&, const Period&)) {
     if (!bench.Wanted(name)) return;
     ChildForm& form = OpenByMenu(item);
-    // In a month every second line is a total, and filling the grid takes as long as the engine.
-    const std::tuple<const char*, Period, double> periods[] = {{": a month of 200,000 rows", Month(), 1.6},
-                                                               {": all of 200,000 rows", Everything(), 1.3}};
-    for (const auto& [what, period, limit] : periods)
+    const std::pair<const char*, Period> periods[] = {{": a month of 200,000 rows", Month()},
+                                                      {": all of 200,000 rows", Everything()}};
+    auto& generate = *form.findChild<controls::Button*>(u"Cmd"_s);
+    for (const auto& [what, period] : periods) {
+        Choose(form, period);
         bench.Run({.name = name + what,
-                   .limit = limit,
+                   .limit = 1.3,
                    .runsInRound = 3,
-                   .ours = [&, &p = period] { Generate(form, p); },
+                   .ours = [&] { generate.click(); },
                    .bare = [&, &p = period] { bare(office.Bare(), p); },
                    .makeOursReady = Office::Settle});  // else the lines of the run before are painted in it
+    }
     form.Unload();
     Office::Settle();
 }

@@ -199,6 +199,7 @@ void GridModel::Share(int col, QString& text) {
         text = QString();
         return;
     }
+    if (!text.isDetached()) return;  // its owner hands out one text for many cells
     Recent& recent = recent_[static_cast<std::size_t>(col)];
     if (recent.tries >= kTrial && recent.hits < kWorthwhile) return;
     if (recent.texts.empty()) recent.texts.resize(kRecent);

@@ -37,13 +37,13 @@ void LeaveEdit(RecordsetData& data) {
 
 bool Field::IsNull() const {
     const Cell& cell = data_->CurrentCell(column_);
-    return cell.Kind() == CellKind::Null && !PendingValue(*data_, column_);
+    return cell.kind == CellKind::Null && !PendingValue(*data_, column_);
 }
 
 QString Field::Text() const {
     const Cell& cell = data_->CurrentCell(column_);
     if (const auto* pending = PendingValue(*data_, column_)) return text::GeneralText(pending->value);
-    switch (cell.Kind()) {
+    switch (cell.kind) {
         case CellKind::Null:
             break;
         case CellKind::Text: {
@@ -51,9 +51,9 @@ QString Field::Text() const {
             return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
         }
         case CellKind::Real:
-            return text::GeneralText(data_->RealOf(cell));
+            return text::GeneralText(cell.real);
         case CellKind::Whole:
-            return WholeText(data_->WholeOf(cell));
+            return WholeText(cell.whole);
     }
     return {};
 }
@@ -61,15 +61,15 @@ QString Field::Text() const {
 double Field::Number() const {
     const Cell& cell = data_->CurrentCell(column_);
     if (const auto* pending = PendingValue(*data_, column_)) return pending->value;
-    switch (cell.Kind()) {
+    switch (cell.kind) {
         case CellKind::Null:
             break;
         case CellKind::Text:
             return text::Val(Text());
         case CellKind::Real:
-            return data_->RealOf(cell);
+            return cell.real;
         case CellKind::Whole:
-            return static_cast<double>(data_->WholeOf(cell));
+            return static_cast<double>(cell.whole);
     }
     return 0;
 }
@@ -161,8 +161,8 @@ void Recordset::Update() {
         const auto row = static_cast<size_t>(data.row);
         data.writer->Write(data.rowNumbers[row], data.pending, data.names);
         for (const RowWriter::Value& value : data.pending)
-            data.cells[row * data.names.size() + static_cast<size_t>(value.column)] =
-                data.PutNumber(CellKind::Real, &value.value);
+            data.cells[row * data.names.size() + static_cast<size_t>(value.column)] = {
+                .real = value.value, .kind = CellKind::Real};
     }
     LeaveEdit(data);
 }

@@ -1,7 +1,6 @@
 #include "platform/dao/recordset_data.h"
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -19,27 +18,29 @@ std::vector<bool> BooleanColumns(sqlite3_stmt* statement, int columns) {
     return boolean;
 }
 
-void AddCell(RecordsetData& data, sqlite3_stmt* statement, int i, bool boolean) {
-    switch (sqlite3_column_type(statement, i)) {
+Cell RealCell(double value) {
+    return {.real = value, .kind = CellKind::Real};
+}
+
+Cell WholeCell(std::int64_t value) {
+    return {.whole = value, .kind = CellKind::Whole};
+}
+
+Cell ReadCell(RecordsetData& data, sqlite3_value* value, bool boolean) {
+    switch (sqlite3_value_type(value)) {
         case SQLITE_NULL:
-            data.cells.emplace_back();
-            break;
+            return {};
         case SQLITE_INTEGER: {
-            const std::int64_t value = sqlite3_column_int64(statement, i);
-            data.AddWhole(boolean ? (value == 0 ? 0 : -1) : value);
-            break;
+            const std::int64_t whole = sqlite3_value_int64(value);
+            return WholeCell(boolean && whole != 0 ? -1 : whole);
         }
         case SQLITE_FLOAT: {
-            const double value = sqlite3_column_double(statement, i);
-            if (boolean)
-                data.AddWhole(value == 0 ? 0 : -1);
-            else
-                data.AddReal(value);
-            break;
+            const double real = sqlite3_value_double(value);
+            return boolean ? WholeCell(real == 0 ? 0 : -1) : RealCell(real);
         }
         default: {
-            const auto* text = static_cast<const char*>(sqlite3_column_blob(statement, i));
-            data.AddText({text ? text : "", static_cast<size_t>(sqlite3_column_bytes(statement, i))});
+            const auto* text = static_cast<const char*>(sqlite3_value_blob(value));
+            return data.TextCell({text ? text : "", static_cast<size_t>(sqlite3_value_bytes(value))});
         }
     }
 }
@@ -55,13 +56,14 @@ std::unique_ptr<RecordsetData> ReadRows(const std::shared_ptr<Connection>& conne
     // Most sets have one row; reserving its cells avoids repeated growth.
     data->names.reserve(static_cast<size_t>(columns));
     data->cells.reserve(static_cast<size_t>(columns));
-    data->arena.reserve(static_cast<size_t>(columns) * sizeof(double));
     for (int i = 0; i < columns; ++i)
         data->names.push_back(QString::fromUtf8(sqlite3_column_name(prepared, i)));
     const std::vector<bool> boolean = BooleanColumns(prepared, columns);
     int code = SQLITE_ROW;
     while ((code = sqlite3_step(prepared)) == SQLITE_ROW) {
-        for (int i = 0; i < columns; ++i) AddCell(*data, prepared, i, boolean[static_cast<size_t>(i)]);
+        for (int i = 0; i < columns; ++i)
+            data->cells.push_back(
+                ReadCell(*data, sqlite3_column_value(prepared, i), boolean[static_cast<size_t>(i)]));
         if (writable) data->rowNumbers.push_back(sqlite3_column_int64(prepared, columns));
         ++data->rows;
     }
@@ -87,43 +89,12 @@ const Cell& RecordsetData::CurrentCell(int column) const {
     return cells[static_cast<size_t>(row) * names.size() + static_cast<size_t>(column)];
 }
 
-void RecordsetData::AddText(std::string_view value) {
+Cell RecordsetData::TextCell(std::string_view value) {
     constexpr size_t kLargest = std::numeric_limits<std::uint32_t>::max();
-    if (arena.size() + value.size() > kLargest || value.size() >= (size_t{1} << 30)) throw std::bad_alloc();
-    Cell cell;
-    cell.offset = static_cast<std::uint32_t>(arena.size());
-    cell.kind = static_cast<std::uint32_t>(CellKind::Text);
-    cell.length = static_cast<std::uint32_t>(value.size()) & 0x3FFFFFFFU;
+    if (arena.size() + value.size() > kLargest) throw std::bad_alloc();
+    const auto offset = static_cast<std::uint32_t>(arena.size());
     arena.append(value);
-    cells.push_back(cell);
-}
-
-Cell RecordsetData::PutNumber(CellKind kind, const void* bytes) {
-    AddText({static_cast<const char*>(bytes), 8});
-    Cell cell = cells.back();
-    cells.pop_back();
-    cell.kind = static_cast<std::uint32_t>(kind) & 3U;
-    return cell;
-}
-
-void RecordsetData::AddReal(double value) {
-    cells.push_back(PutNumber(CellKind::Real, &value));
-}
-
-void RecordsetData::AddWhole(std::int64_t value) {
-    cells.push_back(PutNumber(CellKind::Whole, &value));
-}
-
-double RecordsetData::RealOf(const Cell& cell) const {
-    double value = 0;
-    std::memcpy(&value, arena.data() + cell.offset, sizeof value);
-    return value;
-}
-
-std::int64_t RecordsetData::WholeOf(const Cell& cell) const {
-    std::int64_t value = 0;
-    std::memcpy(&value, arena.data() + cell.offset, sizeof value);
-    return value;
+    return {.offset = offset, .kind = CellKind::Text, .length = static_cast<std::uint32_t>(value.size())};
 }
 
 RowWriter::RowWriter(std::shared_ptr<Connection> connection, std::string table, QString statement)

@@ -1,4 +1,5 @@
-// The data of a Recordset: all rows in one arena, and for a dynaset the writer that updates its table.
+// The data of a Recordset: all rows with their texts in one arena, and for a dynaset the writer that updates
+// its table.
 #pragma once
 
 #include "platform/dao/connection.h"
@@ -15,13 +16,15 @@ namespace dao {
 
 enum class CellKind : std::uint32_t { Null, Text, Real, Whole };
 
-/// One value in the arena: text as UTF-8, a number as its eight bytes.
+/// One value. A text is UTF-8 in the arena.
 struct Cell {
-    std::uint32_t offset = 0;
-    std::uint32_t kind : 2 = 0;
-    std::uint32_t length : 30 = 0;
-
-    CellKind Kind() const { return static_cast<CellKind>(kind); }
+    union {
+        std::uint32_t offset = 0;
+        double real;
+        std::int64_t whole;
+    };
+    CellKind kind = CellKind::Null;
+    std::uint32_t length = 0;  ///< of a text, in bytes
 };
 
 /// Updates rows by their row number. Reuses one prepared statement while the same fields are set.
@@ -67,16 +70,12 @@ struct RecordsetData {
     const Cell& CurrentCell(int column) const;
     void RequireRow() const;
 
-    void AddText(std::string_view value);
-    void AddReal(double value);
-    void AddWhole(std::int64_t value);
-    Cell PutNumber(CellKind kind, const void* bytes);
+    /// Puts the text into the arena.
+    Cell TextCell(std::string_view value);
 
     std::string_view TextOf(const Cell& cell) const {
         return std::string_view(arena).substr(cell.offset, cell.length);
     }
-    double RealOf(const Cell& cell) const;
-    std::int64_t WholeOf(const Cell& cell) const;
 };
 
 /// Runs a SELECT and reads all its rows.
