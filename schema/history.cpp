@@ -115,7 +115,8 @@ const std::vector<KeptTable>& KeptTables() {
         // The steps of a waybill's amounts come back with the waybill. That a save has stored some where
         // there were none before counts only for an edit.
         {.name = "B011",
-         .insertsIf = "exists(select 1 from H_B01 where F1=new.F1 and Op<>'I' and N=(select N from HNow))"},
+         .insertsIf = "(select N from H_B01 where F1=new.F1 and Op<>'I' order by rowid desc limit 1)="
+                      "(select N from HNow)"},
         // The balances and the place follow from the other rows; the passes over a chain rewrite them.
         {.name = "TB1", .computed = {"QC", "QM", "SN"}},
         {.name = "M01"},
