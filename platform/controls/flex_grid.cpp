@@ -192,6 +192,7 @@ void FlexGrid::Move(int row, int col) {
     State& s = *state_;
     const bool changed = row != s.row;
     const bool other = changed || s.rowSel != row;
+    if (changed) s.cover.TakeScrolled();
     s.row = s.rowSel = row;
     s.col = s.colSel = col;
     if (other) Highlight();

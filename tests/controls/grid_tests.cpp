@@ -485,6 +485,41 @@ TEST_F(GridEditorTest, ACharacterOpensItAndAKeyGoesOn) {
     EXPECT_TRUE(grid.hasFocus());
 }
 
+TEST_F(GridEditorTest, TypingGoesOnAfterScrolling) {
+    grid.KeyPressed = [this](controls::KeyPress& key) {
+        grid.EditByKey(key, controls::EditStart::Characters, [this] { grid.EditCell(2, grid.Col()); });
+    };
+    grid.CellEdited = [this](int row, int col, const QString&) { grid.SetTextMatrix(row, col, u"9"_s); };
+    const struct {
+        const char* what;
+        std::function<void()> between;
+        QString text;
+    } rows[] = {
+        {"nothing", [] {}, u"1250"_s},
+        {"Backspace", [&] { QTest::keyClick(&grid, Qt::Key_Backspace); }, u"150"_s},
+        {"Delete", [&] { QTest::keyClick(&grid, Qt::Key_Delete); }, u"50"_s},
+        {"Esc", [&] { QTest::keyClick(&grid, Qt::Key_Escape); }, u"50"_s},
+        {"the next cell", [&] { grid.EditCell(2, 2), grid.DropEditor(); }, u"50"_s},
+        {"a move and back", [&] { grid.SetRow(3), grid.SetRow(2); }, u"50"_s},
+        {"another control", [&] { other.setFocus(), grid.setFocus(); }, u"50"_s},
+        {"the row goes", [&] { grid.RemoveItem(2), grid.AddItem(u""_s, 2); }, u"50"_s},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        grid.SetTopRow(1);
+        grid.SetRow(2);
+        grid.SetCol(1);
+        Edit(u"12"_s);
+        grid.SetTopRow(5);
+        EXPECT_EQ(grid.TextMatrix(2, 1), u"9"_s) << "committed, whatever the form made of it";
+        row.between();
+        for (const char digit : {'5', '0'})
+            QTest::keyClick(grid.Editing() ? static_cast<QWidget*>(grid.Editor()) : &grid, digit);
+        EXPECT_EQ(grid.Editor()->text(), row.text);
+        grid.DropEditor();
+    }
+}
+
 TEST_F(GridEditorTest, AComboOfTheFormIsAnEditorToo) {
     auto* combo = new controls::ComboBox(&window);
     for (const auto& item : {u"甲"_s, u"乙"_s}) combo->AddItem(item);
