@@ -453,6 +453,13 @@ TEST_F(GridEditorTest, IsOnItsCellAndFollows) {
     EXPECT_TRUE(grid.Editing()) << "only the operator's own scrolling commits";
     EXPECT_EQ(grid.Editor()->geometry(), grid.CellRect(30, 7));
     EXPECT_TRUE(grid.viewport()->rect().contains(grid.Editor()->geometry()));
+    grid.SetTopRow(40);
+    grid.SetRow(40);
+    grid.EditCell(40, 7);
+    window.resize(900, 500);  // there would be an empty strip under the last row
+    QApplication::processEvents();
+    EXPECT_TRUE(grid.Editing());
+    EXPECT_EQ(grid.Editor()->geometry(), grid.CellRect(40, 7));
     grid.AddItem(u"x"_s);  // at the end: the editor is not touched
     EXPECT_TRUE(grid.Editing());
 }
