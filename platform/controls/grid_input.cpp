@@ -86,10 +86,10 @@ void FlexGrid::mousePressEvent(QMouseEvent* event) {
     event->accept();
     state_->pressed = -1;
     const QPointer<FlexGrid> self(this);
+    // The row that the operator sees there: what the form makes of the editor's text may remove rows.
+    const QPersistentModelIndex index = indexAt(event->position().toPoint());
     state_->cover.Finish(true);
-    if (!self || event->button() != Qt::LeftButton) return;
-    const QModelIndex index = indexAt(event->position().toPoint());
-    if (!index.isValid()) return;
+    if (!self || event->button() != Qt::LeftButton || !index.isValid()) return;
     state_->pressed = index.row() + FixedRows();
     Move(state_->pressed, index.column());
 }
@@ -105,9 +105,9 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event) {
     state_->pressed = -1;
     if (event->button() != Qt::LeftButton) return;
     const QPointer<FlexGrid> self(this);
+    const QPersistentModelIndex index = indexAt(event->position().toPoint());
     state_->cover.Finish(true);
-    const QModelIndex index = self ? indexAt(event->position().toPoint()) : QModelIndex();
-    if (!index.isValid()) return;
+    if (!self || !index.isValid()) return;
     Move(index.row() + FixedRows(), index.column());
     if (self) DoubleClick();
 }

@@ -492,6 +492,24 @@ TEST_F(GridEditorTest, ACharacterOpensItAndAKeyGoesOn) {
     EXPECT_TRUE(grid.hasFocus());
 }
 
+TEST_F(GridEditorTest, AClickMeansTheRowUnderItEvenWhereTheCommitRemovesAnother) {
+    grid.CellEdited = [this](int row, int, const QString&) { grid.RemoveItem(row); };
+    const auto doubleClick = [this](int row) {
+        QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, grid.CellRect(row, 0).center());
+    };
+    for (const bool twice : {false, true}) {
+        Edit(u"0"_s);
+        const QString clicked = grid.TextMatrix(5, 0);
+        twice ? doubleClick(5) : ClickCell(5, 0);
+        EXPECT_EQ(grid.TextMatrix(grid.Row(), 0), clicked);
+        EXPECT_EQ(grid.Row(), 4);
+    }
+    Edit(u"0"_s);
+    const int row = grid.Row();
+    ClickCell(2, 0);
+    EXPECT_EQ(grid.Row(), row) << "the row under it has gone itself";
+}
+
 TEST_F(GridEditorTest, TypingGoesOnAfterScrolling) {
     grid.KeyPressed = [this](controls::KeyPress& key) {
         grid.EditByKey(key, controls::EditStart::Characters, [this] { grid.EditCell(2, grid.Col()); });
