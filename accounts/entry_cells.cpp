@@ -160,6 +160,7 @@ void EntryForm::CommitKey(int row, QString key, const QString& before) {
 /// A row without a key goes; the last one is only emptied.
 void EntryForm::DropRow(int row) {
     if (row < CurRowLimit()) {
+        editedRowGone_ = FormMode == Editing;
         GD->RemoveItem(row);
         CurRow = 1;
         GD->SetRow(1);

@@ -213,6 +213,8 @@ void EntryForm::Menu_edit() {
     EnterEdit();
     oldKey_ = Cell(CurRow, Key);
     oldParty_ = Cell(CurRow, Party);
+    oldSequence_ = text::Val(Cell(CurRow, Sequence));
+    editedRowGone_ = false;
     GoTo(CurRow, Key);
 }
 
@@ -260,6 +262,10 @@ void EntryForm::Menu_cancel() {
     GD->DropEditor();
     const bool typed = FormMode == Adding && (!Cell(first_, Key).isEmpty() || CurRowLimit() > first_);
     if (typed && !sys::ConfirmLoss(u"确定不保存您新录入的资料吗？"_s)) return EnterCell();
+    LeaveAndReload();
+}
+
+void EntryForm::LeaveAndReload() {
     CurRow = std::min(CurRow, CurRowLimit());
     LeaveEdit();
     LoadGrid(remembered_);

@@ -60,6 +60,7 @@ class EntryForm : public ChildForm, public QueryCaller {
     bool MayEditLedger() const;
     void EnterEdit();
     void LeaveEdit();
+    void LeaveAndReload();
 
     // Typing over the cells.
     void EnterCell();
@@ -103,6 +104,8 @@ class EntryForm : public ChildForm, public QueryCaller {
     int first_ = 0;       ///< where the entry block begins
     QString oldKey_;      ///< of the row being edited
     QString oldParty_;
+    double oldSequence_ = 0;
+    bool editedRowGone_ = false;  ///< its key was emptied, and it was removed from the grid
 };
 
 /// 应收应付: charges, LB 9 payable and -9 receivable.

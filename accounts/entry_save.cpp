@@ -78,11 +78,14 @@ void EntryForm::SaveBlock() {
 }
 
 void EntryForm::SaveEdited() {
+    if (editedRowGone_) {  // what is in its place now is another record
+        sys::Inform(u"请选择要修改的行！"_s, {});
+        return LeaveAndReload();
+    }
     const int row = std::min(first_, CurRowLimit());
     LedgerEntry entry = EntryAt(row);
     entry.counterparty = CutAtPoint(entry.counterparty);
-    entry.sequence =
-        MoveSequence(*Db, entry.kind, oldKey_, text::Val(Cell(row, Sequence)), oldParty_, DateOf(entry));
+    entry.sequence = MoveSequence(*Db, entry.kind, oldKey_, oldSequence_, oldParty_, DateOf(entry));
     UpdateEntry(*Db, oldKey_, entry);
     GD->SetTextMatrix(row, Sequence, text::GeneralText(entry.sequence));
     CurRow = row;

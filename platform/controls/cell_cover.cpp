@@ -7,8 +7,6 @@
 #include <QKeyEvent>
 #include <QPointer>
 
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 namespace controls {
@@ -90,8 +88,17 @@ void CellCover::Open(int row, int col, ComboBox* combo) {
     TextLine()->selectAll();
 }
 
-void CellCover::Type(const QString& text) {
-    if (editing_) TextLine()->insert(text);
+void CellCover::Type(const KeyPress& key, const std::optional<Typed>& scrolled) {
+    if (!editing_) return;
+    QLineEdit* line = TextLine();
+    const bool goesOn = scrolled && scrolled->row == row_ && scrolled->col == col_;
+    if (goesOn && key.key != Qt::Key_Delete) line->setText(scrolled->text);
+    if (key.key == Qt::Key_Backspace)
+        line->backspace();
+    else if (key.key == Qt::Key_Delete)
+        line->del();
+    else
+        line->insert(key.text);
 }
 
 void CellCover::Place() {
@@ -117,12 +124,14 @@ void CellCover::Hide() {
 }
 
 void CellCover::Finish(bool keep) {
+    scrolled_.reset();
     Write(keep);
     Hide();
     EmitEdited();
 }
 
 void CellCover::DropFrom(int row) {
+    if (scrolled_ && scrolled_->row >= row) scrolled_.reset();
     if (!editing_ || row_ < row) return;
     Write(false);
     Hide();
@@ -135,7 +144,12 @@ void CellCover::EmitEdited() {
 }
 
 void CellCover::Leave() {
-    if (editing_) Finish(true);
+    if (!editing_) return;
+    const Typed typed{row_, col_, TextLine()->text()};
+    Write(true);
+    scrolled_ = typed;  // before the form hears of it: what the form does then may forget it
+    Hide();
+    EmitEdited();
 }
 
 // ---------------------------------------------------------------- keys and focus

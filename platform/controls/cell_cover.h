@@ -12,6 +12,7 @@
 #include <QPointer>
 
 #include <optional>
+#include <utility>
 
 namespace controls {
 
@@ -27,8 +28,17 @@ class CellCover : public QObject {
     /// Opens an editor over a cell in sight, with the cell's text, all of it selected; without a combo it is
     /// the grid's own line.
     void Open(int row, int col, ComboBox* combo);
-    /// Types a text over what is selected in the open editor.
-    void Type(const QString& text);
+    /// What was being typed over a cell when scrolling committed it.
+    struct Typed {
+        int row;
+        int col;
+        QString text;
+    };
+    /// Nothing if something else has been done since, and at the second call.
+    std::optional<Typed> TakeScrolled() { return std::exchange(scrolled_, std::nullopt); }
+    /// A key that has opened the editor types over the cell's text, or goes on at the end of what was being
+    /// typed over this cell; Delete empties that too.
+    void Type(const KeyPress& key, const std::optional<Typed>& scrolled);
     /// Closes the editor; keep writes its text into the cell, and the form hears of that at once.
     void Finish(bool keep);
     /// Rows from this one on go or move: an editor over one of them is dropped.
@@ -65,6 +75,7 @@ class CellCover : public QObject {
     int col_ = 0;
     bool editing_ = false;
     std::optional<Edited> notEmitted_;  ///< written, and its event still to come
+    std::optional<Typed> scrolled_;
 };
 
 }  // namespace controls

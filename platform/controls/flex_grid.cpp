@@ -192,6 +192,7 @@ void FlexGrid::Move(int row, int col) {
     State& s = *state_;
     const bool changed = row != s.row;
     const bool other = changed || s.rowSel != row;
+    if (changed) s.cover.TakeScrolled();
     s.row = s.rowSel = row;
     s.col = s.colSel = col;
     if (other) Highlight();
@@ -291,15 +292,13 @@ void FlexGrid::showEvent(QShowEvent* event) {
 
 void FlexGrid::resizeEvent(QResizeEvent* event) {
     State& s = *state_;
+    const QScopedValueRollback quiet(s.fitting, true);
     const int at = s.row - FixedRows();
     const int y = (at - verticalScrollBar()->value()) * kRowHeight;
     const bool inSight = at >= 0 && y >= 0 && y < event->oldSize().height();
     QTableView::resizeEvent(event);
     s.columns->Refit();
-    if (inSight) {
-        const QScopedValueRollback quiet(s.fitting, true);
-        ShowRow(s.row);
-    }
+    if (inSight) ShowRow(s.row);
     s.cover.Place();
 }
 
@@ -314,6 +313,7 @@ void FlexGrid::scrollContentsBy(int dx, int dy) {
 }
 
 void FlexGrid::updateGeometries() {
+    const QScopedValueRollback quiet(state_->fitting, true);
     QTableView::updateGeometries();
     BeginWithWholeRow();
 }

@@ -127,7 +127,8 @@ class FlexGrid : public QTableView, public FocusEvents {
     /// the menu bar does not leave the editor.
     void EditCell(int row, int col, ComboBox* combo = nullptr);
     /// For a form's KeyPressed: runs `open`, which is to call EditCell, for a key that opens an editor; a
-    /// character replaces the cell's text in it.
+    /// character replaces the cell's text in it, or goes on with what was being typed there when the operator
+    /// scrolled.
     void EditByKey(KeyPress& key, EditStart start, const std::function<void()>& open);
     bool Editing() const;
     void CommitEditor();

@@ -14,6 +14,7 @@ namespace controls {
 
 void FlexGrid::keyPressEvent(QKeyEvent* event) {
     event->accept();
+    if (event->key() == Qt::Key_Escape) state_->cover.TakeScrolled();
     if (!OfferKey(this, KeyPressed, *event)) return;
     if (event->matches(QKeySequence::Copy)) {
         CopyRows();
@@ -50,6 +51,7 @@ bool FlexGrid::MoveByKey(int key) {
             break;
         case Qt::Key_Left:
         case Qt::Key_Right:
+            state_->cover.TakeScrolled();
             state_->col = state_->colSel = ColBeside(key == Qt::Key_Left ? -1 : 1);
             ShowCol(state_->col);
             if (state_->cellFramed) viewport()->update();
@@ -84,10 +86,10 @@ void FlexGrid::mousePressEvent(QMouseEvent* event) {
     event->accept();
     state_->pressed = -1;
     const QPointer<FlexGrid> self(this);
+    // The row that the operator sees there: what the form makes of the editor's text may remove rows.
+    const QPersistentModelIndex index = indexAt(event->position().toPoint());
     state_->cover.Finish(true);
-    if (!self || event->button() != Qt::LeftButton) return;
-    const QModelIndex index = indexAt(event->position().toPoint());
-    if (!index.isValid()) return;
+    if (!self || event->button() != Qt::LeftButton || !index.isValid()) return;
     state_->pressed = index.row() + FixedRows();
     Move(state_->pressed, index.column());
 }
@@ -103,9 +105,9 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event) {
     state_->pressed = -1;
     if (event->button() != Qt::LeftButton) return;
     const QPointer<FlexGrid> self(this);
+    const QPersistentModelIndex index = indexAt(event->position().toPoint());
     state_->cover.Finish(true);
-    const QModelIndex index = self ? indexAt(event->position().toPoint()) : QModelIndex();
-    if (!index.isValid()) return;
+    if (!self || !index.isValid()) return;
     Move(index.row() + FixedRows(), index.column());
     if (self) DoubleClick();
 }
@@ -122,6 +124,7 @@ void FlexGrid::wheelEvent(QWheelEvent* event) {
 void FlexGrid::focusInEvent(QFocusEvent* event) {
     // The table view's own would make the first row current where none is.
     QAbstractScrollArea::focusInEvent(event);
+    state_->cover.TakeScrolled();
     viewport()->update();
 }
 
@@ -160,8 +163,9 @@ void FlexGrid::EditByKey(KeyPress& key, EditStart start, const std::function<voi
     const bool types = !chord && ((printable && (digit || any)) || (empties && any));
     if (!opens && !types) return;
     key.taken = true;
+    const std::optional<CellCover::Typed> scrolled = state_->cover.TakeScrolled();
     open();
-    if (!opens) state_->cover.Type(empties ? QString() : key.text);
+    if (!opens) state_->cover.Type(key, scrolled);
 }
 
 void FlexGrid::CommitEditor() {

@@ -27,7 +27,7 @@ struct FlexGrid::State {
     bool rowOnShow = false;        // Row set while hidden
 
     bool cellFramed = false;
-    bool fitting = false;       // scrolled because the grid was resized
+    bool fitting = false;       // scrolled because the grid or its columns were resized
     bool firing = false;        // inside the handler of RowChange
     bool highlighting = false;  // the selection is changed by us and not from outside
     int pressed = -1;           // the row under a mouse button that is down

@@ -201,6 +201,31 @@ TEST_F(Entry, AnEditIsCheckedByNothingAndCutsTheCounterparty) {
     EXPECT_EQ(desk.Grid().TextMatrix(1, 0), u"SK1"_s);
 }
 
+TEST_F(Entry, AnEditWhoseKeyIsEmptiedTouchesNoOtherRecord) {
+    for (const int row : {1, 2})
+        desk.Execute(
+            u"insert into TB1 (SN,LB,F1,F2,F3,YF,QC,QM,F5,F6) values (%1,-9,'YS%1','2024-03-01','华兴',5,0,5,'x','x')"_s
+                .arg(row));
+    Open();
+    const QStringList journal = Journal();
+    AltKey(u'E');
+    Press(Qt::Key_Delete);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(desk.Grid().TextMatrix(1, 0), u"YS2"_s) << "the row has gone from the grid";
+    ExpectBox(u"请选择要修改的行！"_s);
+    AltKey(u'S');
+    EXPECT_FALSE(EditInProgress);
+    EXPECT_EQ(desk.Lines().size(), 2);
+    EXPECT_EQ(Journal(), journal);
+    // The last row is only emptied; it is still the record that is written.
+    Press(Qt::Key_Down);
+    AltKey(u'E');
+    EnterRow({u""_s, u"2024-03-01"_s, u"华兴"_s, u"7"_s, u""_s, u""_s});
+    Press(Qt::Key_Escape);  // else the empty key would be committed once more
+    AltKey(u'S');
+    EXPECT_EQ(desk.Rows(u"select SN,F1,YF from TB1 order by SN"_s), (QStringList{u"1|YS1|5"_s, u"3||7"_s}));
+}
+
 TEST_F(Entry, PaymentsFollowTheChainAndKeepTheirOwnColumn) {
     desk.Execute(
         u"insert into TB1 (SN,LB,F1,F2,F3,YF,QC,QM,F6) values "

@@ -453,6 +453,13 @@ TEST_F(GridEditorTest, IsOnItsCellAndFollows) {
     EXPECT_TRUE(grid.Editing()) << "only the operator's own scrolling commits";
     EXPECT_EQ(grid.Editor()->geometry(), grid.CellRect(30, 7));
     EXPECT_TRUE(grid.viewport()->rect().contains(grid.Editor()->geometry()));
+    grid.SetTopRow(40);
+    grid.SetRow(40);
+    grid.EditCell(40, 7);
+    window.resize(900, 500);  // there would be an empty strip under the last row
+    QApplication::processEvents();
+    EXPECT_TRUE(grid.Editing());
+    EXPECT_EQ(grid.Editor()->geometry(), grid.CellRect(40, 7));
     grid.AddItem(u"x"_s);  // at the end: the editor is not touched
     EXPECT_TRUE(grid.Editing());
 }
@@ -483,6 +490,59 @@ TEST_F(GridEditorTest, ACharacterOpensItAndAKeyGoesOn) {
     QTest::keyClick(&grid, Qt::Key_Return);
     QTest::keyClick(grid.Editor(), Qt::Key_Tab);
     EXPECT_TRUE(grid.hasFocus());
+}
+
+TEST_F(GridEditorTest, AClickMeansTheRowUnderItEvenWhereTheCommitRemovesAnother) {
+    grid.CellEdited = [this](int row, int, const QString&) { grid.RemoveItem(row); };
+    const auto doubleClick = [this](int row) {
+        QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, grid.CellRect(row, 0).center());
+    };
+    for (const bool twice : {false, true}) {
+        Edit(u"0"_s);
+        const QString clicked = grid.TextMatrix(5, 0);
+        twice ? doubleClick(5) : ClickCell(5, 0);
+        EXPECT_EQ(grid.TextMatrix(grid.Row(), 0), clicked);
+        EXPECT_EQ(grid.Row(), 4);
+    }
+    Edit(u"0"_s);
+    const int row = grid.Row();
+    ClickCell(2, 0);
+    EXPECT_EQ(grid.Row(), row) << "the row under it has gone itself";
+}
+
+TEST_F(GridEditorTest, TypingGoesOnAfterScrolling) {
+    grid.KeyPressed = [this](controls::KeyPress& key) {
+        grid.EditByKey(key, controls::EditStart::Characters, [this] { grid.EditCell(2, grid.Col()); });
+    };
+    grid.CellEdited = [this](int row, int col, const QString&) { grid.SetTextMatrix(row, col, u"9"_s); };
+    const struct {
+        const char* what;
+        std::function<void()> between;
+        QString text;
+    } rows[] = {
+        {"nothing", [] {}, u"1250"_s},
+        {"Backspace", [&] { QTest::keyClick(&grid, Qt::Key_Backspace); }, u"150"_s},
+        {"Delete", [&] { QTest::keyClick(&grid, Qt::Key_Delete); }, u"50"_s},
+        {"Esc", [&] { QTest::keyClick(&grid, Qt::Key_Escape); }, u"50"_s},
+        {"the next cell", [&] { grid.EditCell(2, 2), grid.DropEditor(); }, u"50"_s},
+        {"a move and back", [&] { grid.SetRow(3), grid.SetRow(2); }, u"50"_s},
+        {"another control", [&] { other.setFocus(), grid.setFocus(); }, u"50"_s},
+        {"the row goes", [&] { grid.RemoveItem(2), grid.AddItem(u""_s, 2); }, u"50"_s},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        grid.SetTopRow(1);
+        grid.SetRow(2);
+        grid.SetCol(1);
+        Edit(u"12"_s);
+        grid.SetTopRow(5);
+        EXPECT_EQ(grid.TextMatrix(2, 1), u"9"_s) << "committed, whatever the form made of it";
+        row.between();
+        for (const char digit : {'5', '0'})
+            QTest::keyClick(grid.Editing() ? static_cast<QWidget*>(grid.Editor()) : &grid, digit);
+        EXPECT_EQ(grid.Editor()->text(), row.text);
+        grid.DropEditor();
+    }
 }
 
 TEST_F(GridEditorTest, AComboOfTheFormIsAnEditorToo) {
