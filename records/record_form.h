@@ -93,7 +93,8 @@ class RecordForm : public ChildForm, public QueryCaller {
     void ShowRow();
     void EnterEdit();
     void LeaveEdit();
-    /// The row-change routine: the grid's row becomes the current one.
+    /// The row-change routine: the grid's row becomes the current one. During an edit the list stays on the
+    /// record that is being edited.
     void RowChanged();
     void Menu_cancel();
     void Menu_Return() { Unload(); }
@@ -170,6 +171,7 @@ class RecordForm : public ChildForm, public QueryCaller {
     RecordFormSettings settings_;
     CommandBar commands_;
     QLabel* badge_;
+    bool cardIsOpen_ = false;  ///< from EnterEdit, once it has filled the card, to LeaveEdit
 };
 
 template <class Control>

@@ -73,6 +73,26 @@ TEST(A04, ARefusalLosesNothingAndCancelReadsTheRow) {
     AltKey(u'C');
 }
 
+TEST(A04, TheListDuringAnEditLeavesTheRecordAndTheCardAlone) {
+    Couriers form;
+    for (const bool edit : {true, false}) {
+        AltKey(edit ? u'E' : u'A');
+        form.SetBox(0, edit ? u"赵六"_s : u"新人"_s);
+        form.SetBox(1, u"夜班"_s);
+        form.Tabs().SelectItem(1);
+        Settle();
+        auto& grid = form.Grid();
+        const int row = grid.Row();
+        ClickAt(*grid.viewport(), grid.CellRect(row == 2 ? 1 : 2, 0).center());
+        EXPECT_EQ(grid.Row(), row) << "the list stays on the record that is edited";
+        form.Tabs().SelectItem(2);
+        EXPECT_EQ(form.Box(0) + form.Box(1), edit ? u"赵六夜班"_s : u"新人夜班"_s) << "as typed";
+        AltKey(u'S');
+    }
+    EXPECT_EQ(form.Table(), (QStringList{u"新人|夜班"_s, u"李四|晚班"_s, u"王五|"_s, u"赵六|夜班"_s}));
+    EXPECT_EQ(form.Lines(), (QStringList{u"李四|晚班"_s, u"王五|"_s, u"赵六|夜班"_s, u"新人|夜班"_s}));
+}
+
 TEST(A04, AClickOnTheHighlightedLineLeavesTheSavedRecordCurrent) {
     Couriers form;
     AltKey(u'A');
