@@ -120,7 +120,7 @@ void RecordForm::SetCommands(std::vector<CommandRow> rows) {
 }
 
 bool RecordForm::QueryUnload() {
-    return !WarnOfEdit();
+    return !WarnOfEdit(*this);
 }
 
 QString RecordForm::StatusText() const {

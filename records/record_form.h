@@ -46,6 +46,7 @@ class RecordForm : public ChildForm, public QueryCaller {
     Q_OBJECT
   public:
     bool QueryUnload() override;
+    bool InEdit() const override { return FormMode != Browsing; }
     QWidget* FirstFocus() const override { return GD; }
 
     std::int16_t FormMode = 0;  ///< 0 browsing, 1 adding, 2 editing

@@ -93,6 +93,28 @@ TEST(A04, TheListDuringAnEditLeavesTheRecordAndTheCardAlone) {
     EXPECT_EQ(form.Lines(), (QStringList{u"李四|晚班"_s, u"王五|"_s, u"赵六|夜班"_s, u"新人|夜班"_s}));
 }
 
+TEST(A04, AnEditThatWasLeftForAnotherFormIsNotForgotten) {
+    const QString editing = u"操作员正在编辑数据,请先[保存]数据或[取消]编辑!"_s;
+    Couriers form;
+    AltKey(u'E');
+    form.SetBox(1, u"改了"_s);
+    Find<QAction>(form.Frame(), u"d1"_s).trigger();  // the tool bar shows again after any child form
+    ASSERT_EQ(form.Frame().Front()->objectName(), u"A03"_s);
+    AltKey(u'A');
+    AltKey(u'C');
+    form.script.Box(editing, Title, sys::BoxIcon::Warning);
+    form.Frame().close();
+    ASSERT_TRUE(Db);
+    AltKey(u'R');
+    ASSERT_EQ(form.Frame().Front()->objectName(), u"A04"_s);
+    form.script.Box(editing, Title, sys::BoxIcon::Warning);
+    AltKey(u'R');
+    EXPECT_TRUE(EditInProgress);
+    AltKey(u'S');
+    EXPECT_EQ(form.Table()[0], u"张三|改了"_s);
+    EXPECT_FALSE(EditInProgress);
+}
+
 TEST(A04, AClickOnTheHighlightedLineLeavesTheSavedRecordCurrent) {
     Couriers form;
     AltKey(u'A');
