@@ -136,8 +136,8 @@ class RecordForm : public ChildForm, public QueryCaller {
     void RemoveCurrentRecord(CurRowLimit last);
 
     QString BoxText(int box) const { return Txt[box]->Text(); }
-    /// Txt(i), where it has but one row.
-    controls::LineBox& Line(int box) const { return static_cast<controls::LineBox&>(*Txt[box]); }
+    /// Txt(i), which must have but one row; raises std::bad_cast else.
+    controls::LineBox& Line(int box) const { return dynamic_cast<controls::LineBox&>(*Txt[box]); }
     /// The grid's text at the current row.
     QString CurrentCell(int col) const { return GD->TextMatrix(CurRow, col); }
     /// Removes the current line, or dresses the grid anew when it is the only one.
