@@ -140,7 +140,7 @@ void EntryForm::Load() {
 }
 
 bool EntryForm::QueryUnload() {
-    return !WarnOfEdit();
+    return !WarnOfEdit(*this);
 }
 
 // ---------------------------------------------------------------- the list

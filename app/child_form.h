@@ -36,6 +36,8 @@ class ChildForm : public QWidget {
     virtual QWidget* FirstFocus() const { return nullptr; }
     /// The form came to the front.
     virtual void Activated() {}
+    /// Whether the form is in add or edit state.
+    virtual bool InEdit() const { return false; }
 
     /// Set by the frame that shows the form: removes the form from it.
     std::function<void()> LeaveFrame;

@@ -405,7 +405,10 @@ void MForm::State::ShowFront() {
     if (bars->indexOf(itsBar) < 0) bars->addWidget(itsBar);
     bars->setCurrentWidget(itsBar);
     pages->setCurrentWidget(front ? static_cast<QWidget*>(front) : wall);
-    if (front) FocusPage(front);
+    if (!front) return;
+    FocusPage(front);
+    // Another form's edit may have ended meanwhile, which cleared the flag.
+    EditInProgress = EditInProgress || front->InEdit();
 }
 
 void MForm::State::RemovePage(ChildForm& form) {
@@ -437,6 +440,10 @@ ChildForm* MForm::Front() const {
     return state_->open.empty() ? nullptr : state_->open.back();
 }
 
+bool MForm::AnyInEdit() const {
+    return std::ranges::any_of(state_->open, &ChildForm::InEdit);
+}
+
 /// When it unloads of itself.
 void MForm::State::RemoveChild(ChildForm& form) {
     if (std::ranges::find(open, &form) == open.end()) return;
@@ -464,9 +471,22 @@ void MForm::closeEvent(QCloseEvent* event) {
 
 // ------------------------------------------------------------------------------------------ the one of a run
 
+namespace {
+
+bool WarnIf(bool editing) {
+    if (editing) sys::Warn(u"操作员正在编辑数据,请先[保存]数据或[取消]编辑!"_s, u"提示"_s);
+    return editing;
+}
+
+}  // namespace
+
+/// An edit that ends in one form clears the flag, while another form that was left for it may be in edit.
 bool WarnOfEdit() {
-    if (EditInProgress) sys::Warn(u"操作员正在编辑数据,请先[保存]数据或[取消]编辑!"_s, u"提示"_s);
-    return EditInProgress;
+    return WarnIf(EditInProgress || (theFrame && theFrame->AnyInEdit()));
+}
+
+bool WarnOfEdit(const ChildForm& form) {
+    return WarnIf(EditInProgress || form.InEdit());
 }
 
 MForm& TheFrame() {

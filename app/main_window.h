@@ -48,6 +48,8 @@ class MForm : public QMainWindow {
     ChildForm* Child(const QString& form) const;
     /// The child form in front; null if there is none.
     ChildForm* Front() const;
+    /// Whether any open child form is in add or edit state.
+    bool AnyInEdit() const;
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -57,8 +59,12 @@ class MForm : public QMainWindow {
     std::unique_ptr<State> state_;
 };
 
-/// While a record is being edited: shows the operator a warning and returns true. Otherwise returns false.
+/// While a record is being edited in any form: shows the operator a warning and returns true. Otherwise
+/// returns false.
 bool WarnOfEdit();
+
+/// For a form's QueryUnload: the same, but where EditInProgress is not set only the form's own edit counts.
+bool WarnOfEdit(const ChildForm& form);
 
 /// The main window of this run. Raises RuntimeError when there is none.
 MForm& TheFrame();

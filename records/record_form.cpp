@@ -120,7 +120,7 @@ void RecordForm::SetCommands(std::vector<CommandRow> rows) {
 }
 
 bool RecordForm::QueryUnload() {
-    return !WarnOfEdit();
+    return !WarnOfEdit(*this);
 }
 
 QString RecordForm::StatusText() const {
@@ -166,7 +166,7 @@ void RecordForm::ShowRow() {
 }
 
 void RecordForm::RowChanged() {
-    CurRow = GD->Row();
+    if (!cardIsOpen_) CurRow = GD->Row();  // else a save would delete another record than the one on the card
     ShowRow();
 }
 
@@ -178,7 +178,7 @@ void RecordForm::SelectTab() {
         RowChanged();
         GD->SetFocus();
         GD->SetTopRow(CurRow);
-    } else {
+    } else if (!cardIsOpen_) {  // else it holds what has been typed
         RowToCard();
     }
 }
@@ -202,6 +202,7 @@ void RecordForm::EnterEdit() {
         TabS->setEnabled(false);
     else
         TabS->SetInTabOrder(false);
+    cardIsOpen_ = true;
     OpenCard();
     commands_.Show(CommandRow::When::Editing);
     EditInProgress = true;
@@ -214,6 +215,7 @@ void RecordForm::LeaveEdit() {
     CloseCard();
     commands_.Show(CommandRow::When::Browsing);
     FormMode = Browsing;
+    cardIsOpen_ = false;
     TabS->SetFocus();
     GD->SetRow(CurRow);
     RowChanged();

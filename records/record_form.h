@@ -46,6 +46,7 @@ class RecordForm : public ChildForm, public QueryCaller {
     Q_OBJECT
   public:
     bool QueryUnload() override;
+    bool InEdit() const override { return FormMode != Browsing; }
     QWidget* FirstFocus() const override { return GD; }
 
     std::int16_t FormMode = 0;  ///< 0 browsing, 1 adding, 2 editing
@@ -93,7 +94,8 @@ class RecordForm : public ChildForm, public QueryCaller {
     void ShowRow();
     void EnterEdit();
     void LeaveEdit();
-    /// The row-change routine: the grid's row becomes the current one.
+    /// The row-change routine: the grid's row becomes the current one. During an edit the list stays on the
+    /// record that is being edited.
     void RowChanged();
     void Menu_cancel();
     void Menu_Return() { Unload(); }
@@ -134,8 +136,8 @@ class RecordForm : public ChildForm, public QueryCaller {
     void RemoveCurrentRecord(CurRowLimit last);
 
     QString BoxText(int box) const { return Txt[box]->Text(); }
-    /// Txt(i), where it has but one row.
-    controls::LineBox& Line(int box) const { return static_cast<controls::LineBox&>(*Txt[box]); }
+    /// Txt(i), which must have but one row; raises std::bad_cast else.
+    controls::LineBox& Line(int box) const { return dynamic_cast<controls::LineBox&>(*Txt[box]); }
     /// The grid's text at the current row.
     QString CurrentCell(int col) const { return GD->TextMatrix(CurRow, col); }
     /// Removes the current line, or dresses the grid anew when it is the only one.
@@ -170,6 +172,7 @@ class RecordForm : public ChildForm, public QueryCaller {
     RecordFormSettings settings_;
     CommandBar commands_;
     QLabel* badge_;
+    bool cardIsOpen_ = false;  ///< from EnterEdit, once it has filled the card, to LeaveEdit
 };
 
 template <class Control>

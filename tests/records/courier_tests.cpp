@@ -73,6 +73,48 @@ TEST(A04, ARefusalLosesNothingAndCancelReadsTheRow) {
     AltKey(u'C');
 }
 
+TEST(A04, TheListDuringAnEditLeavesTheRecordAndTheCardAlone) {
+    Couriers form;
+    for (const bool edit : {true, false}) {
+        AltKey(edit ? u'E' : u'A');
+        form.SetBox(0, edit ? u"赵六"_s : u"新人"_s);
+        form.SetBox(1, u"夜班"_s);
+        form.Tabs().SelectItem(1);
+        Settle();
+        auto& grid = form.Grid();
+        const int row = grid.Row();
+        ClickAt(*grid.viewport(), grid.CellRect(row == 2 ? 1 : 2, 0).center());
+        EXPECT_EQ(grid.Row(), row) << "the list stays on the record that is edited";
+        form.Tabs().SelectItem(2);
+        EXPECT_EQ(form.Box(0) + form.Box(1), edit ? u"赵六夜班"_s : u"新人夜班"_s) << "as typed";
+        AltKey(u'S');
+    }
+    EXPECT_EQ(form.Table(), (QStringList{u"新人|夜班"_s, u"李四|晚班"_s, u"王五|"_s, u"赵六|夜班"_s}));
+    EXPECT_EQ(form.Lines(), (QStringList{u"李四|晚班"_s, u"王五|"_s, u"赵六|夜班"_s, u"新人|夜班"_s}));
+}
+
+TEST(A04, AnEditThatWasLeftForAnotherFormIsNotForgotten) {
+    const QString editing = u"操作员正在编辑数据,请先[保存]数据或[取消]编辑!"_s;
+    Couriers form;
+    AltKey(u'E');
+    form.SetBox(1, u"改了"_s);
+    Find<QAction>(form.Frame(), u"d1"_s).trigger();  // the tool bar shows again after any child form
+    ASSERT_EQ(form.Frame().Front()->objectName(), u"A03"_s);
+    AltKey(u'A');
+    AltKey(u'C');
+    form.script.Box(editing, Title, sys::BoxIcon::Warning);
+    form.Frame().close();
+    ASSERT_TRUE(Db);
+    AltKey(u'R');
+    ASSERT_EQ(form.Frame().Front()->objectName(), u"A04"_s);
+    form.script.Box(editing, Title, sys::BoxIcon::Warning);
+    AltKey(u'R');
+    EXPECT_TRUE(EditInProgress);
+    AltKey(u'S');
+    EXPECT_EQ(form.Table()[0], u"张三|改了"_s);
+    EXPECT_FALSE(EditInProgress);
+}
+
 TEST(A04, AClickOnTheHighlightedLineLeavesTheSavedRecordCurrent) {
     Couriers form;
     AltKey(u'A');
