@@ -1,6 +1,7 @@
 // The ledgers of both sides, and the refresh of the balances that they show.
 #include "tests/support/program.h"
 
+#include <QBrush>
 #include <QRadioButton>
 
 #include <gtest/gtest.h>
@@ -76,6 +77,13 @@ TEST_F(Ledger, TheDetailShowsThePeriodLineByLine) {
                            u"恒丰|| 合  计 |0.00|0.00|7.50|-7.50"_s,
                        }));
     EXPECT_EQ(desk.Status(), u"进出流水帐：共 5 条记录 当前为第 1 条"_s);
+    const auto back = [&](int row, int col) {
+        const QModelIndex cell = desk.Grid().model()->index(row - 1, col);
+        return cell.data(Qt::BackgroundRole).value<QBrush>().color().name();
+    };
+    for (const int row : {3, 6})
+        EXPECT_EQ((QStringList{back(row, 0), back(row, 2), back(row, 9), back(row - 1, 9)}),
+                  (QStringList{u"#000000"_s, u"#c0ffff"_s, u"#c0ffff"_s, u"#000000"_s}));
     // The last line cannot be the current one, after a click either.
     ClickAt(*desk.Grid().viewport(), desk.Grid().CellRect(6, 0).center());
     EXPECT_EQ(desk.Grid().Row(), 1);
