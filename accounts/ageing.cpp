@@ -155,14 +155,6 @@ dao::Recordset RowsOf(dao::Database& db, const QString& fields, const AgeingScop
         LedgerRowsStatement(fields, {.LB = scope.LB, .from = {}, .to = scope.day, .unit = unit}));
 }
 
-/// As a pattern of `like` that matches names with the same letters; others may match it too.
-QString PatternOf(const QString& unit) {
-    QString pattern = unit;
-    for (QChar& c : pattern)
-        if (QStringView(u"'*?#[]!").contains(c)) c = u'?';
-    return pattern;
-}
-
 }  // namespace
 
 Cents ToCents(double yuan) {

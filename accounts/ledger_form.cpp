@@ -267,8 +267,7 @@ void LedgerForm::ShowUnit(const QString& unit, QDate from, QDate to) {
     Cmb->SetText(unit);
     DTP[0]->SetValue(from);
     DTP[1]->SetValue(to);
-    unit_ = unit;
-    CleanText(unit_);
+    unit_ = PatternOf(unit);
     BuildUnderPanel();
 }
 

@@ -34,7 +34,8 @@ class LedgerForm : public ChildForm {
   public:
     void Load() override;
     void Activated() override;
-    /// Builds the ledger of one counterparty, its name whole, over a period, and shows both in the boxes.
+    /// Builds the ledger of one counterparty, its name whole and without wildcards, over a period, and shows
+    /// both in the boxes.
     void ShowUnit(const QString& unit, QDate from, QDate to);
 
   protected:

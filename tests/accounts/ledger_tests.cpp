@@ -1,4 +1,5 @@
 // The ledgers of both sides, and the refresh of the balances that they show.
+#include "accounts/ledger_form.h"
 #include "tests/support/program.h"
 
 #include <QBrush>
@@ -104,6 +105,17 @@ TEST_F(Ledger, AFilterHasWildcardsAndOnlyTheDetailCutsIt) {
     desk.Open(u"D7"_s, u"KuanHz"_s);
     Generate(u"华兴.南"_s);
     EXPECT_EQ(Shown().front(), u"华兴.南|140.01|0.00|30.00|110.01"_s);
+}
+
+TEST_F(Ledger, OneCounterpartyIsShownByItsNameAndNotByWildcards) {
+    const QString name = u"3#仓[南]"_s;
+    desk.Execute(u"update TB1 set F3='"_s + name + u"' where F1='SK1'"_s);
+    desk.Execute(u"update TB1 set F3='33仓南' where F1='YS2'"_s);
+    auto& form = dynamic_cast<LedgerForm&>(desk.Open(u"D8"_s, u"KuanMx"_s));
+    form.ShowUnit(name, QDate(2024, 3, 1), QDate(2024, 3, 31));
+    EXPECT_EQ(Shown().value(0), name + u"|SK1|收款|140.01||30.00|110.01"_s);
+    EXPECT_EQ(Shown().size(), 2);
+    EXPECT_EQ(desk.At<controls::ComboBox>(u"Cmb"_s).Text(), name);
 }
 
 TEST_F(Ledger, TheSummaryAddsOverAllCounterparties) {
