@@ -15,6 +15,8 @@
 #include <QScopeGuard>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 using namespace accounts;
 
@@ -102,7 +104,7 @@ LedgerForm::LedgerForm(const LedgerSettings& settings)
     for (const int col : settings_.hidden) GD->SetGridColWidth(col, 0);
     for (int col = Opening; col <= Closing; ++col) GD->SetColAlignment(col, Qt::AlignRight);
     GD->Click = [this] { ShowStatus(); };
-    GD->RowChange = [this] { PlayRow(); };
+    GD->RowChange = [this] { ShowPosition(); };
     MakePanel();
     SetCommands();
 }
@@ -292,15 +294,17 @@ void LedgerForm::Build() {
 /// After a build and a click: the last line, which sums up, cannot be the current one.
 void LedgerForm::ShowStatus() {
     if (GD->Row() == GD->Rows() - 1) GD->SetRow(1);
-    PlayRow();
+    ShowPosition();
 }
 
-void LedgerForm::PlayRow() {
+/// Keys reach the last line, which is no record.
+void LedgerForm::ShowPosition() {
     const bool blank = GD->Rows() == 2 && text::Trim(GD->TextMatrix(1, Name2)).isEmpty();
-    TheFrame().SetPanel(MForm::PositionPanel, blank ? u"无信息"_s
-                                                    : u"进出流水帐：共 "_s + QString::number(GD->Rows() - 2) +
-                                                          u" 条记录 当前为第 "_s +
-                                                          QString::number(GD->Row()) + u" 条"_s);
+    TheFrame().SetPanel(MForm::PositionPanel,
+                        blank ? u"无信息"_s
+                              : u"进出流水帐：共 "_s + QString::number(GD->Rows() - 2) +
+                                    u" 条记录 当前为第 "_s +
+                                    QString::number(std::min(GD->Row(), GD->Rows() - 2)) + u" 条"_s);
 }
 
 void LedgerForm::Print() {

@@ -54,7 +54,7 @@ class LedgerForm : public ChildForm {
     void BuildUnderPanel();
     void Build();
     void ShowStatus();
-    void PlayRow();
+    void ShowPosition();
     void Print();
     void Maintain();
 
