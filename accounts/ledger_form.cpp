@@ -1,6 +1,7 @@
 #include "accounts/ledger_form.h"
 
 #include "accounts/refresh_form.h"
+#include "accounts/unit_choice.h"
 #include "app/data_access.h"
 #include "app/main_window.h"
 #include "app/session.h"
@@ -29,8 +30,6 @@ constexpr int UnitWidth = 220;
 constexpr int DateWidth = 118;
 
 constexpr int LinesAtOnce = 256;  // by which the grid grows while totals come in
-
-const QString allUnits = u"所有"_s;
 
 /// Lines go straight into the grid's load. Their number is known at the end only.
 class GridLines : public LedgerLines {
@@ -205,18 +204,9 @@ void LedgerForm::Load() {
         today.addDays(-today.day()));  // the last day of the month before, not the first of this one
     DTP[1]->SetValue(today);
     if (settings_.maintenance) commands_.Action(u"Menu_Weihu"_s).setEnabled(IsAdministrator());
-    FillUnits();
+    FillUnits(*Cmb, LabDW->text(), LB >= 1);
     unit_.clear();
     Build();
-}
-
-void LedgerForm::FillUnits() {
-    Cmb->AddItem(allUnits + LabDW->text());
-    auto names =
-        Db->OpenRecordset(LB < 1 ? u"select F2 from M03 order by F1"_s : u"select F2 from M01 order by F1"_s);
-    for (; !names.Eof(); names.MoveNext()) Cmb->AddItem(names.Fields(0).Text());
-    names.Close();
-    Cmb->SetListIndex(0);
 }
 
 /// It is read before it is narrowed down.
@@ -249,9 +239,7 @@ void LedgerForm::Choose(const QString& name, int index) {
 }
 
 void LedgerForm::Generate() {
-    QString unit = Cmb->Text();
-    CleanText(unit);
-    if (unit.startsWith(allUnits)) unit.clear();
+    const QString unit = ChosenUnit(*Cmb);
     const qsizetype point = unit.indexOf(u'.');
     unit_ = settings_.cutsAtPoint && point > 0 ? unit.left(point) : unit;
     BuildUnderPanel();

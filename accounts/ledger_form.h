@@ -47,7 +47,6 @@ class LedgerForm : public ChildForm {
     void SetCommands();
     QWidget* MakeStrip();
     void MakePanel();
-    void FillUnits();
     void DressGrid();
     void Choose(const QString& name, int index);
     void Generate();
