@@ -84,14 +84,14 @@ class Chain {
 
     /// Gives each open charge, the newest first, to `open`.
     template <class Open>
-    AgeingLine Finish(QDate day, Open open) {
+    AgeingLine Finish(const AgeingScope& scope, Open open) {
         AgeingLine line{.unit = unit_, .balance = ToCents(balance_)};
         const Cents moved = ToCents(moved_);
         line.difference = line.balance - moved;
         if (moved <= 0)
             line.prepaid = moved;
         else
-            Share(moved, day, line, open);
+            Share(moved, scope, line, open);
         return line;
     }
 
@@ -106,7 +106,7 @@ class Chain {
     /// Payments cover the oldest charges, so what is open are the newest ones up to that sum. Sums of charges
     /// are rounded and not the charges, so that the shares add up to it.
     template <class Open>
-    void Share(Cents total, QDate day, AgeingLine& line, Open open) {
+    void Share(Cents total, const AgeingScope& scope, AgeingLine& line, Open open) {
         if (!std::ranges::is_sorted(raises_, {}, &Raise::date))
             std::ranges::stable_sort(raises_, {}, &Raise::date);
         double sum = 0;
@@ -117,8 +117,9 @@ class Chain {
             const Cents upTo = last || sum >= Largest ? total : std::min(total, ToCents(sum));
             if (upTo == shared) continue;
             const QDate date = DayOf(raise->date);
-            const int age = static_cast<int>(date.daysTo(day));
+            const int age = static_cast<int>(date.daysTo(scope.day));
             line.buckets[BucketOf(age)] += upTo - shared;
+            if (age > scope.overdueAfter) line.overdue += upTo - shared;
             line.oldest = date;
             line.oldestAge = age;
             open(*raise, age, upTo - shared);
@@ -155,14 +156,6 @@ dao::Recordset RowsOf(dao::Database& db, const QString& fields, const AgeingScop
         LedgerRowsStatement(fields, {.LB = scope.LB, .from = {}, .to = scope.day, .unit = unit}));
 }
 
-/// As a pattern of `like` that matches names with the same letters; others may match it too.
-QString PatternOf(const QString& unit) {
-    QString pattern = unit;
-    for (QChar& c : pattern)
-        if (QStringView(u"'*?#[]!").contains(c)) c = u'?';
-    return pattern;
-}
-
 }  // namespace
 
 Cents ToCents(double yuan) {
@@ -197,11 +190,7 @@ std::vector<AgeingLine> Age(dao::Database& db, const AgeingScope& scope) {
     std::vector<AgeingLine> lines;
     Chain chain(false);
     ReadLines(rows, chain, [&] {
-        Cents overdue = 0;
-        AgeingLine line = chain.Finish(scope.day, [&](const Raise&, int age, Cents open) {
-            if (age > scope.overdueAfter) overdue += open;
-        });
-        line.overdue = overdue;
+        AgeingLine line = chain.Finish(scope, [](const Raise&, int, Cents) {});
         if (line.balance != 0 || line.difference != 0) lines.push_back(std::move(line));
     });
     std::ranges::stable_sort(lines, std::ranges::greater(), &AgeingLine::balance);
@@ -226,16 +215,13 @@ UnitAgeing AgeUnit(dao::Database& db, const AgeingScope& scope, const QString& u
     Chain chain(true);
     ReadLines(rows, chain, [&] {
         if (!SameUnit(chain.Unit(), unit)) return;
-        Cents overdue = 0;
-        ageing.line = chain.Finish(scope.day, [&](const Raise& raise, int age, Cents open) {
-            if (age > scope.overdueAfter) overdue += open;
+        ageing.line = chain.Finish(scope, [&](const Raise& raise, int age, Cents open) {
             ageing.charges.push_back({.voucher = chain.Voucher(raise),
                                       .date = DayOf(raise.date),
                                       .age = age,
                                       .amount = ToCents(raise.amount),
                                       .open = open});
         });
-        ageing.line.overdue = overdue;
     });
     std::ranges::reverse(ageing.charges);
     return ageing;

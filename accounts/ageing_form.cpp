@@ -2,7 +2,7 @@
 
 #include "accounts/ageing_bar.h"
 #include "accounts/ledger_form.h"
-#include "app/data_access.h"
+#include "accounts/unit_choice.h"
 #include "app/main_window.h"
 #include "app/session.h"
 #include "platform/controls/paint.h"
@@ -50,7 +50,6 @@ constexpr int MostDays = 9999;
 
 const QString Receivables = u"应收"_s;
 const QString Payables = u"应付"_s;
-const QString AllUnits = u"所有"_s;
 
 QString BucketCaption(std::size_t bucket) {
     if (bucket == AgeBuckets - 1) return QString::number(LastDayOfBucket.back()) + u"天以上"_s;
@@ -114,7 +113,7 @@ QWidget* Ageing::MakeStrip() {
     strip->Add(u"逾期天数"_s, u"Txt(0)"_s, Txt, DaysWidth);
     strip->AddCheck(u"Chk(0)"_s, Chk);
     Cmd = strip->AddButton(u"生成报表"_s);
-    CmbSide->Click = [this] { FillUnits(); };
+    CmbSide->Click = [this] { FillUnits(*Cmb, u"关系单位"_s, Payable()); };
     Chk->Click = [this] { ShowLines(); };
     Cmd->Click = [this] { Generate(); };
     return strip;
@@ -169,14 +168,8 @@ void Ageing::Activated() {
     ShowStatus();
 }
 
-void Ageing::FillUnits() {
-    Cmb->Clear();
-    Cmb->AddItem(AllUnits + u"关系单位"_s);
-    auto names = Db->OpenRecordset(CmbSide->Text() == Payables ? u"select F2 from M01 order by F1"_s
-                                                               : u"select F2 from M03 order by F1"_s);
-    for (; !names.Eof(); names.MoveNext()) Cmb->AddItem(names.Fields(0).Text());
-    names.Close();
-    Cmb->SetListIndex(0);
+bool Ageing::Payable() const {
+    return CmbSide->Text() == Payables;
 }
 
 // ---------------------------------------------------------------- the lines
@@ -189,13 +182,8 @@ bool Ageing::TakeScope() {
         Txt->SetFocus();
         return false;
     }
-    QString unit = Cmb->Text();
-    CleanText(unit);
-    if (unit.startsWith(AllUnits)) unit.clear();
-    scope_ = {.LB = CmbSide->Text() == Payables ? 10 : -10,
-              .day = DTP->Value(),
-              .unit = unit,
-              .overdueAfter = days};
+    scope_ = {
+        .LB = Payable() ? 10 : -10, .day = DTP->Value(), .unit = ChosenUnit(*Cmb), .overdueAfter = days};
     return true;
 }
 

@@ -25,7 +25,7 @@ class Ageing : public ChildForm {
     QWidget* MakeStrip();
     void MakeGrid();
     void SetCommands();
-    void FillUnits();
+    bool Payable() const;  ///< the chosen side
     void DressGrid();
     bool TakeScope();
     void Generate();

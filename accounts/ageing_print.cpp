@@ -17,8 +17,8 @@ QString Clean(QString text) {
     return CleanText(text);
 }
 
-QString Formula(const QString& name, const QString& value) {
-    return name + u"='"_s + Clean(value) + u'\'';
+QString CleanFormula(const QString& name, const QString& value) {
+    return Formula(name, Clean(value));
 }
 
 /// Fields F1 on of the work table, a row for each list.
@@ -40,7 +40,7 @@ bool Receivable(const AgeingPrint& print) {
 }
 
 QString Day(const AgeingPrint& print) {
-    return Formula(u"rq"_s, text::DateText(print.scope.day));
+    return CleanFormula(u"rq"_s, text::DateText(print.scope.day));
 }
 
 /// With what the lines are narrowed down to.
@@ -49,11 +49,11 @@ QString DayAndLimits(const AgeingPrint& print, bool overdueOnly) {
     if (overdueOnly) limits += u"逾期%1天以上的单位"_s.arg(print.scope.overdueAfter);
     if (!print.scope.unit.isEmpty()) limits += u"关系单位“"_s + print.scope.unit + u'”';
     const QString day = text::DateText(print.scope.day);
-    return Formula(u"rq"_s, limits.isEmpty() ? day : day + u"（只含"_s + limits.join(u"，"_s) + u'）');
+    return CleanFormula(u"rq"_s, limits.isEmpty() ? day : day + u"（只含"_s + limits.join(u"，"_s) + u'）');
 }
 
 QString OverdueDays(const AgeingPrint& print) {
-    return Formula(u"ts"_s, QString::number(print.scope.overdueAfter));
+    return CleanFormula(u"ts"_s, QString::number(print.scope.overdueAfter));
 }
 
 }  // namespace
@@ -79,8 +79,8 @@ void PrintAgeing(const AgeingPrint& print) {
     }
     Fill(rows);
     RunReport(u"prntzl1.rpt"_s,
-              {Formula(u"Cpt"_s, Receivable(print) ? u"应收帐款帐龄分析表"_s : u"应付帐款帐龄分析表"_s),
-               Formula(u"yu"_s, Receivable(print) ? u"预收"_s : u"预付"_s),
+              {CleanFormula(u"Cpt"_s, Receivable(print) ? u"应收帐款帐龄分析表"_s : u"应付帐款帐龄分析表"_s),
+               CleanFormula(u"yu"_s, Receivable(print) ? u"预收"_s : u"预付"_s),
                DayAndLimits(print, print.overdueOnly)});
 }
 
@@ -94,7 +94,7 @@ void PrintOverdue(const AgeingPrint& print) {
                             QString::number(line.oldestAge), AmountText(line.difference)});
     Fill(rows);
     RunReport(u"prntzl2.rpt"_s,
-              {Formula(u"Cpt"_s, Receivable(print) ? u"逾期应收帐款名单"_s : u"逾期应付帐款名单"_s),
+              {CleanFormula(u"Cpt"_s, Receivable(print) ? u"逾期应收帐款名单"_s : u"逾期应付帐款名单"_s),
                DayAndLimits(print, false), OverdueDays(print)});
 }
 
@@ -108,10 +108,10 @@ void PrintReminder(const AgeingPrint& print, const UnitAgeing& unit) {
     Fill(rows);
     const Contact contact = print.contacts.Of(unit.line.unit);
     RunReport(u"prntzl3.rpt"_s,
-              {Formula(u"dw"_s, contact.fullName.isEmpty() ? unit.line.unit : contact.fullName),
-               Formula(u"dz"_s, contact.address), Formula(u"dh"_s, contact.telephone),
-               Formula(u"cz"_s, contact.fax), Day(print), OverdueDays(print),
-               Formula(u"yq"_s, CentsText(unit.line.overdue))});
+              {CleanFormula(u"dw"_s, contact.fullName.isEmpty() ? unit.line.unit : contact.fullName),
+               CleanFormula(u"dz"_s, contact.address), CleanFormula(u"dh"_s, contact.telephone),
+               CleanFormula(u"cz"_s, contact.fax), Day(print), OverdueDays(print),
+               CleanFormula(u"yq"_s, CentsText(unit.line.overdue))});
 }
 
 }  // namespace accounts

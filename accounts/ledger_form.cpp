@@ -1,6 +1,7 @@
 #include "accounts/ledger_form.h"
 
 #include "accounts/refresh_form.h"
+#include "accounts/unit_choice.h"
 #include "app/data_access.h"
 #include "app/main_window.h"
 #include "app/session.h"
@@ -15,6 +16,8 @@
 #include <QScopeGuard>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 using namespace accounts;
 
@@ -27,8 +30,6 @@ constexpr int UnitWidth = 220;
 constexpr int DateWidth = 118;
 
 constexpr int LinesAtOnce = 256;  // by which the grid grows while totals come in
-
-const QString allUnits = u"所有"_s;
 
 /// Lines go straight into the grid's load. Their number is known at the end only.
 class GridLines : public LedgerLines {
@@ -102,7 +103,7 @@ LedgerForm::LedgerForm(const LedgerSettings& settings)
     for (const int col : settings_.hidden) GD->SetGridColWidth(col, 0);
     for (int col = Opening; col <= Closing; ++col) GD->SetColAlignment(col, Qt::AlignRight);
     GD->Click = [this] { ShowStatus(); };
-    GD->RowChange = [this] { PlayRow(); };
+    GD->RowChange = [this] { ShowPosition(); };
     MakePanel();
     SetCommands();
 }
@@ -203,18 +204,9 @@ void LedgerForm::Load() {
         today.addDays(-today.day()));  // the last day of the month before, not the first of this one
     DTP[1]->SetValue(today);
     if (settings_.maintenance) commands_.Action(u"Menu_Weihu"_s).setEnabled(IsAdministrator());
-    FillUnits();
+    FillUnits(*Cmb, LabDW->text(), LB >= 1);
     unit_.clear();
     Build();
-}
-
-void LedgerForm::FillUnits() {
-    Cmb->AddItem(allUnits + LabDW->text());
-    auto names =
-        Db->OpenRecordset(LB < 1 ? u"select F2 from M03 order by F1"_s : u"select F2 from M01 order by F1"_s);
-    for (; !names.Eof(); names.MoveNext()) Cmb->AddItem(names.Fields(0).Text());
-    names.Close();
-    Cmb->SetListIndex(0);
 }
 
 /// It is read before it is narrowed down.
@@ -247,9 +239,7 @@ void LedgerForm::Choose(const QString& name, int index) {
 }
 
 void LedgerForm::Generate() {
-    QString unit = Cmb->Text();
-    CleanText(unit);
-    if (unit.startsWith(allUnits)) unit.clear();
+    const QString unit = ChosenUnit(*Cmb);
     const qsizetype point = unit.indexOf(u'.');
     unit_ = settings_.cutsAtPoint && point > 0 ? unit.left(point) : unit;
     BuildUnderPanel();
@@ -267,8 +257,7 @@ void LedgerForm::ShowUnit(const QString& unit, QDate from, QDate to) {
     Cmb->SetText(unit);
     DTP[0]->SetValue(from);
     DTP[1]->SetValue(to);
-    unit_ = unit;
-    CleanText(unit_);
+    unit_ = PatternOf(unit);
     BuildUnderPanel();
 }
 
@@ -293,15 +282,17 @@ void LedgerForm::Build() {
 /// After a build and a click: the last line, which sums up, cannot be the current one.
 void LedgerForm::ShowStatus() {
     if (GD->Row() == GD->Rows() - 1) GD->SetRow(1);
-    PlayRow();
+    ShowPosition();
 }
 
-void LedgerForm::PlayRow() {
+/// Keys reach the last line, which is no record.
+void LedgerForm::ShowPosition() {
     const bool blank = GD->Rows() == 2 && text::Trim(GD->TextMatrix(1, Name2)).isEmpty();
-    TheFrame().SetPanel(MForm::PositionPanel, blank ? u"无信息"_s
-                                                    : u"进出流水帐：共 "_s + QString::number(GD->Rows() - 2) +
-                                                          u" 条记录 当前为第 "_s +
-                                                          QString::number(GD->Row()) + u" 条"_s);
+    TheFrame().SetPanel(MForm::PositionPanel,
+                        blank ? u"无信息"_s
+                              : u"进出流水帐：共 "_s + QString::number(GD->Rows() - 2) +
+                                    u" 条记录 当前为第 "_s +
+                                    QString::number(std::min(GD->Row(), GD->Rows() - 2)) + u" 条"_s);
 }
 
 void LedgerForm::Print() {

@@ -34,7 +34,8 @@ class LedgerForm : public ChildForm {
   public:
     void Load() override;
     void Activated() override;
-    /// Builds the ledger of one counterparty, its name whole, over a period, and shows both in the boxes.
+    /// Builds the ledger of one counterparty, its name whole and without wildcards, over a period, and shows
+    /// both in the boxes.
     void ShowUnit(const QString& unit, QDate from, QDate to);
 
   protected:
@@ -46,14 +47,13 @@ class LedgerForm : public ChildForm {
     void SetCommands();
     QWidget* MakeStrip();
     void MakePanel();
-    void FillUnits();
     void DressGrid();
     void Choose(const QString& name, int index);
     void Generate();
     void BuildUnderPanel();
     void Build();
     void ShowStatus();
-    void PlayRow();
+    void ShowPosition();
     void Print();
     void Maintain();
 

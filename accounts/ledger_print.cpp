@@ -12,10 +12,6 @@ using namespace Qt::StringLiterals;
 namespace accounts {
 namespace {
 
-QString Formula(const QString& name, const QString& value) {
-    return name + u"='"_s + value + u'\'';
-}
-
 QString Period(const LedgerPrint& print, const QString& between) {
     return Formula(u"rq"_s, text::DateText(print.from) + between + text::DateText(print.to));
 }

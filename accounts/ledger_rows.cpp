@@ -106,6 +106,13 @@ void WriteBalances(LedgerLines& lines, int line, const Balances& sums) {
 
 }  // namespace
 
+QString PatternOf(const QString& unit) {
+    QString pattern = unit;
+    for (QChar& c : pattern)
+        if (QStringView(u"'*?#[]!").contains(c)) c = u'?';
+    return pattern;
+}
+
 QString DetailStatement(const LedgerScope& scope) {
     return u"select TB1.F3,'' as mc,TB1.F1,TB1.LB,'','',TB1.QC,TB1.YF,TB1.FK,TB1.QM,TB1.S2 as yewu FROM TB1  WHERE TB1.LB"_s +
            (scope.LB == 10 ? u">0 "_s : u"<0 "_s) + Conditions(scope);

@@ -25,6 +25,10 @@ struct LedgerScope {
     QString unit;  ///< the counterparty's name, with the wildcards of `like`; blank for all
 };
 
+/// A name as a pattern of `like` that matches names with the same letters; others may match it too. It holds
+/// no apostrophe.
+QString PatternOf(const QString& unit);
+
 /// The two derive the side from LB in different ways; required by the business.
 QString DetailStatement(const LedgerScope& scope);
 QString SummaryStatement(const LedgerScope& scope);

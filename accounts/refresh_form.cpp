@@ -119,19 +119,19 @@ void ReKuanFrm::RefreshOne() {
 }
 
 void ReKuanFrm::Refresh(const QStringList& names) {
+    // Also where the operator gives the command up because the file is busy.
+    const auto restored = qScopeGuard([this] {
+        setEnabled(true);
+        setWindowTitle(caption);
+    });
     setEnabled(false);
     {
-        // Also where the operator gives the command up because the file is busy.
-        const auto restored = qScopeGuard([this] {
-            setEnabled(true);
-            setWindowTitle(caption);
-        });
         const controls::WaitPointer wait;
         Progress progress(*this);
         accounts::RefreshChains(*Db, names, [&](const QString& name) { progress(name); });
     }
     setWindowTitle(u"刷新完成！"_s);
+    setEnabled(true);
     Command1->SetFocus();  // it lost the focus when the form was disabled
     sys::Inform(u"刷新完成！"_s, {});
-    setWindowTitle(caption);
 }

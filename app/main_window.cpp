@@ -379,7 +379,10 @@ ChildForm& MForm::State::Show(const QString& name, const MenuRow* row) {
     tools->hide();
     const bool fresh = !form;
     if (fresh) form = Make(name);
-    if (row && row->LB != 0) form->LB = row->LB;
+    if (row && row->LB != 0) {
+        form->LB = row->LB;
+        form->setWindowTitle(row->formCaption.toString());  // its load names controls by it
+    }
     if (fresh) {
         try {
             form->Load();
@@ -388,7 +391,6 @@ ChildForm& MForm::State::Show(const QString& name, const MenuRow* row) {
             throw;
         }
     }
-    if (row && row->LB != 0) form->setWindowTitle(row->formCaption.toString());
     if (std::ranges::find(open, form) == open.end()) return *form;  // its load has closed it again
     const bool comes = fresh || open.back() != form;
     std::erase(open, form);

@@ -176,14 +176,14 @@ void ToExcel::WriteRows(const QString& path) {
     for (int row = 0; row < GD->Rows(); ++row) {
         book.NextRow();
         for (const int col : columns) book.Add(GD->TextMatrix(row, col));
-        PlayRow(row);
+        ShowProgress(row);
     }
     setWindowTitle(u"读取数据完毕,准备导出到Excel文件 "_s);
     controls::ShowProgress();
     book.Save(path);
 }
 
-void ToExcel::PlayRow(int row) {
+void ToExcel::ShowProgress(int row) {
     if (reported_.isValid() && !reported_.hasExpired(RowPause)) return;
     reported_.start();
     setWindowTitle(u"正在读取第 "_s + QString::number(row) + u" 行"_s);

@@ -36,7 +36,7 @@ class ToExcel : public controls::ModalForm {
     bool WriteFile();
     void WriteRows(const QString& path);
     void OpenFile();
-    void PlayRow(int row);
+    void ShowProgress(int row);
 
     controls::ComboBox* Cmb = nullptr;
     controls::LineBox* Txt = nullptr;

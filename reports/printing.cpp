@@ -72,6 +72,10 @@ void RunReport(const QString& layout, const QStringList& formulas) {
     control.SetAction(1);
 }
 
+QString Formula(const QString& name, const QString& value) {
+    return name + u"='"_s + value + u'\'';
+}
+
 bool LayoutIsThere(const QString& layout, const QString& lost) {
     const bool there = sys::IsThere(AppFolder + layout);
     if (!there) sys::Inform(u"报表文件"_s + layout + lost, MsgTitle);

@@ -33,5 +33,8 @@ class Prnt : public ChildForm {
 /// meanwhile. Raises what the report control raises.
 void RunReport(const QString& layout, const QStringList& formulas);
 
+/// One formula as text.
+QString Formula(const QString& name, const QString& value);
+
 /// Whether the layout is beside the program; else a message box shows those words behind its name.
 bool LayoutIsThere(const QString& layout, const QString& lost);

@@ -214,9 +214,7 @@ void B01::PrintExplanation() {
                                     Quoted(row.look == ExplainedRow::Look::Sum ? u"1"_s : u"0"_s)};
         Db->Execute(u"insert into PRNTB01 (F1,F2,F3,F4) VALUES ("_s + values.join(u',') + u')');
     }
-    const auto formula = [](const QString& name, QString value) {
-        return name + u"='"_s + CleanText(value) + u'\'';
-    };
+    const auto formula = [](const QString& name, QString value) { return Formula(name, CleanText(value)); };
     RunReport(Layout, {formula(u"DH"_s, BoxText(Number)), formula(u"RQ"_s, BoxText(SendDate)),
                        formula(u"KH"_s, BoxText(CustomerCode)), formula(u"QY"_s, BoxText(ServiceZoneCode)),
                        formula(u"DD"_s, BoxText(Destination)), formula(u"BJ"_s, charge.day)});

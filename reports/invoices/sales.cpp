@@ -66,10 +66,6 @@ QStringList LineOf(const dao::Recordset& rows) {
     return line;
 }
 
-QString Formula(const QString& name, const QString& value) {
-    return name + u"='"_s + value + u"'"_s;
-}
-
 QString FieldOf(const QString& field, const QString& customer) {
     return GetStr(u"select "_s + field + u" from TA2 where F1="_s + Quoted(customer));
 }

@@ -241,6 +241,9 @@ TEST_F(Entry, PaymentsFollowTheChainAndKeepTheirOwnColumn) {
     EXPECT_EQ(Journal(),
               (QStringList{u"7.75|10|付款|YS7|2024-03-04|环洋|0|30|0|-30||管理员|管理员|"_s,
                            u"31|9|<null>|YF1|2024-03-05|环洋|100|0|-30|70|<null>|<null>|x|<null>"_s}));
+    desk.script.Question(u"真的要删除[YS7]吗？"_s, u"提示"_s, false);
+    AltKey(u'D');
+    EXPECT_EQ(Journal().size(), 2);
     desk.script.Question(u"真的要删除[YS7]吗？"_s, u"提示"_s, true);
     AltKey(u'D');
     EXPECT_EQ(Journal().size(), 1) << "the rest keeps its balances";

@@ -1,5 +1,7 @@
 // A long script of back-dated entries, edits and deletes over several counterparties, typed into the entry
-// forms, against what a second implementation of the journal says (script/reference.py).
+// forms, against what a second implementation of the journal says (script/reference.py); and the refresh of a
+// large journal that nobody keeps in order.
+#include "accounts/refresh.h"
 #include "demo/keyboard.h"
 #include "tests/support/program.h"
 
@@ -7,8 +9,11 @@
 #include <QFile>
 #include <QRadioButton>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
+#include <numeric>
+#include <random>
 
 namespace tests {
 namespace {
@@ -107,6 +112,55 @@ TEST(JournalScript, ComesOutAsTheSecondImplementationSays) {
     clerk.Refresh(u"D8"_s);
     clerk.Refresh(u"D6"_s);
     EXPECT_EQ(clerk.Journal(), LinesOf(u"after.txt"_s));
+}
+
+/// 10,000 rows in no order with balances that are wrong; a few are not posted, and some names are in no
+/// master. No two have one `SN`.
+void FillAtRandom(dao::Database& db, const QStringList& names) {
+    std::mt19937 random(17);
+    std::vector<int> places(10'000);
+    std::iota(places.begin(), places.end(), 1);
+    std::shuffle(places.begin(), places.end(), random);
+    const auto under = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
+    for (const int place : places) {
+        const bool charge = under(3) > 0;
+        const QString amount = QString::number(under(100'000) / 100.0);
+        db.Execute(
+            u"insert into TB1 (SN,LB,F1,F2,F3,%1,QC,QM,F6) values (%2,%3,'K%4','2024-03-0%5','%6',%7,7,7,'%8')"_s
+                .arg(charge ? u"YF"_s : u"FK"_s, QString::number(place / 8.0), charge ? u"-9"_s : u"-10"_s,
+                     QString::number(place), QString::number(1 + under(9)),
+                     names[under(static_cast<int>(names.size()))], amount,
+                     under(50) == 0 ? QString() : u"甲"_s));
+    }
+    db.CloseGroup();
+}
+
+TEST(Refresh, ClosesTheChainOfEveryNameInTheMastersAndNoOther) {
+    Company company;
+    const QStringList masters = Customers + QStringList{u"环洋"_s};
+    const QStringList others{u"恒"_s, u"已删"_s};  // 恒.南 cut at its point; of a deleted master
+    FillAtRandom(company.Db(), masters + others);
+    QStringList reported;
+    accounts::RefreshChains(company.Db(), masters, [&](const QString& name) { reported += name; });
+    EXPECT_EQ(reported, masters);
+    auto rows = company.Db().OpenRecordset(u"select F3,QC,YF,FK,QM from TB1 order by F3,SN"_s);
+    QString name;
+    double balance = 0;
+    int broken = 0;
+    int seen = 0;
+    for (; !rows.Eof(); rows.MoveNext(), ++seen) {
+        const QString next = rows.Fields(0).Text();
+        if (std::exchange(name, next) != next) balance = 0;
+        const double opening = rows.Fields(1).Number();
+        const double closing = rows.Fields(4).Number();
+        const bool kept = others.contains(name);
+        const double moved = opening + rows.Fields(2).Number() - rows.Fields(3).Number();
+        broken += kept ? opening != 7 || closing != 7 : opening != balance || closing != moved;
+        balance = moved;
+    }
+    rows.Close();
+    EXPECT_EQ(seen, 10'000);
+    EXPECT_EQ(broken, 0);
 }
 
 }  // namespace

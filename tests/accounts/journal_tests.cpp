@@ -211,6 +211,15 @@ TEST_F(Journal, RowsWithoutSecondMarkDoNotOpenButAreRewritten) {
     }
 }
 
+TEST_F(Journal, CustomerAndChannelOfOneNameShareAChain) {
+    Add(u"YS1"_s, 5, 100, u"顺达"_s);
+    Add(u"YF1"_s, 5, 30, u"顺达"_s, LedgerKind::Payable);
+    Add(u"SK1"_s, 6, 120, u"顺达"_s, LedgerKind::Receipt);
+    EXPECT_EQ(Chain(u"顺达"_s), "YS1|0|100 YF1|100|130 SK1|130|10");
+    Add(u"SK2"_s, 2, 30, u"顺达"_s, LedgerKind::Receipt);
+    EXPECT_EQ(Chain(u"顺达"_s), "SK2|0|-30 YS1|-30|70 YF1|70|100 SK1|100|-20") << "paid before the charge";
+}
+
 TEST_F(Journal, AWaybillPostsUnderItsBareNumber) {
     auto& db = company_.Db();
     Add(u"YS8000"_s, 5, 1);
