@@ -112,6 +112,8 @@ void Offer() {
     } catch (const PlatformError& error) {
         EndGroup();
         sys::Inform(u"恢复失败！"_s + error.Text(), MsgTitle);
+    } catch (const sys::CommandGivenUp&) {
+        sys::Inform(u"恢复失败！数据文件正忙"_s, MsgTitle);
     }
 }
 
