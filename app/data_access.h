@@ -3,7 +3,7 @@
 // numbers bare (text::GeneralText); nothing is escaped, so a value with an apostrophe breaks its statement.
 //
 // Always holds: a failure that took the whole command with it (DatabaseError::GroupLost) is passed on by all
-// of them; no other failure leaves them.
+// of them; no other failure leaves GetStr, GetStrQuiet, GetVal and the names, which ask by GetStr.
 #pragma once
 
 #include "platform/dao/database.h"
@@ -48,5 +48,5 @@ QString CodePart(const QString& comboText);
 /// B011). Raises DatabaseError.
 void DeleteStepsWithoutWaybill();
 
-/// The true number of rows; the set is at its first row again, if it has one.
+/// The true number of rows; the set is at its first row again, if it has one. Raises DatabaseError.
 int CountRows(dao::Recordset& rows);

@@ -1,7 +1,8 @@
 // The entries of the history: what a command has done to one record, with the record as it was before and
 // after. Read from the mirrors (schema/history.h); nothing here writes.
 //
-// Always holds: a null value is a null QString, an empty text an empty one.
+// Always holds: a null value is a null QString, an empty text an empty one. What is asked of a database
+// raises DatabaseError.
 #pragma once
 
 #include "history/objects.h"

@@ -112,6 +112,8 @@ void Offer() {
     } catch (const PlatformError& error) {
         EndGroup();
         sys::Inform(u"恢复失败！"_s + error.Text(), MsgTitle);
+    } catch (const sys::CommandGivenUp&) {
+        sys::Inform(u"恢复失败！数据文件正忙"_s, MsgTitle);
     }
 }
 
@@ -126,7 +128,11 @@ void SayWhatWasLost() {
     const qint64 failed = WholeOf(u"select Failed from HNow"_s);
     if (failed == 0) return;
     const std::vector<Entry> missing = MissingOf(failed);
-    Db->ExecuteEngine(u"update HNow set Failed=null"_s);
+    try {
+        Db->ExecuteEngine(u"update HNow set Failed=null"_s);
+    } catch (const sys::CommandGivenUp&) {
+        return;  // the program starts all the same, and the next login says it
+    }
     Db->CloseGroup();
     if (missing.empty()) return;
     TheFrame().SetPanel(MForm::PositionPanel,

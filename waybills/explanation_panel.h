@@ -17,20 +17,21 @@ class ExplanationPanel : public QWidget {
   public:
     explicit ExplanationPanel(QWidget* parent);
 
-    /// The edges of a half of the card in the parent's coordinates, so that captions and words begin where
-    /// those of the card do.
+    /// The edges of a half of the card in pixels of the parent's coordinates, so that captions and words
+    /// begin where those of the card do.
     struct HalfPlace {
         int left;   ///< of the captions
         int words;  ///< of the first text box
         int right;
         int tip;  ///< centre of the text box that is explained
     };
-    /// Shows one side or both above that y, which is the upper edge of the text boxes, with the keys that can
-    /// be used at the foot. Where the height is not enough the rows get lower, then the first ones are left
-    /// out; without a place for one row, and with text boxes out of sight, the panel is hidden.
+    /// Shows one side or both above that y (pixels, in the parent), the upper edge of the text boxes, with
+    /// the keys that can be used at the foot. Where the height is not enough the rows get lower, then the
+    /// first ones are left out; without a place for one row, and with text boxes out of sight, the panel is
+    /// hidden.
     void Explain(QList<waybills::ExplainedSide> sides, QList<HalfPlace> places, int bottom, QString keys);
 
-    /// Above the text boxes, for all rows at their lowest.
+    /// Above the text boxes, for all rows at their lowest; pixels.
     static int LeastHeight(const QList<waybills::ExplainedSide>& sides);
 
     /// Fills the context menu.

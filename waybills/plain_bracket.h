@@ -20,10 +20,10 @@ constexpr std::int16_t ParcelContinued = 3;
 
 /// The bracket of one weight in a set of brackets.
 struct Bracket {
-    std::int16_t index;     ///< `BracketIndex`
+    std::int16_t index;     ///< of the price that applies, one of `bracket`
     std::int16_t fallback;  ///< the bracket to use if a heavy segment has no price
-    float firstWeight;      ///< `FirstWeight`, kg; single precision determines the number of steps
-    float stepWeight;       ///< `StepWeight`, kg; may be 0
+    float firstWeight;      ///< kg; single precision determines the number of steps
+    float stepWeight;       ///< kg; may be 0
 };
 
 /// Fields 0 to 3 of the row are first weight and step of documents, then of small parcels; a weight that is

@@ -9,7 +9,7 @@
 
 namespace waybills {
 
-/// Raises DatabaseError.
+/// Neither side where none are stored. All three raise DatabaseError, also for an apostrophe in the number.
 BothSides ReadSteps(dao::Database& db, const QString& number);
 /// Replaces what is stored under the number.
 void StoreSteps(dao::Database& db, const QString& number, const BothSides& sides);

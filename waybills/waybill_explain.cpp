@@ -1,8 +1,9 @@
 // The explanation of a waybill's charge and cost: F1 in their text boxes, and on the card that is only read.
 //
-// Always holds: explaining writes nothing, changes no text box and shows no message box; what the computation
-// would ask or refuse is a row of the panel. The steps shown are those that gave the amount in the text box,
-// where they are known.
+// Always holds: showing an explanation writes nothing, changes no text box and shows no message box of its
+// own; what the computation would ask or refuse is a row of the panel. Only its print writes, to a work
+// table, and may be refused. The steps shown are those that gave the amount in the text box, where they are
+// known.
 #include "app/data_access.h"
 #include "app/session.h"
 #include "platform/controls/card.h"

@@ -54,6 +54,8 @@ void Call(const std::function<void()>& hook) {
         if (hook) hook();
     } catch (const ProgramEnded&) {
         throw;
+    } catch (const CommandGivenUp&) {
+        // The hook has written nothing, and whoever gave it up knows.
     } catch (const std::exception&) {
         // The failure that is being reported is the one that counts.
     }

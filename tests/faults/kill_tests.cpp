@@ -188,4 +188,47 @@ TEST(Kill, LeavesAllOfACommandOrNothing) {
     EXPECT_GT(tally.within, tally.kills / 10) << "the moments miss what they are meant for";
 }
 
+/// The program at its work with nothing but that command, or with none; gives all that it says.
+QByteArray WorkAt(const QString& folder, const QStringList& commands, int killAfter = -1) {
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(QStringLiteral(SAVE_LOOP), QStringList{folder, u"0"_s, {}, {}} + commands);
+    QByteArray said;
+    while (killAfter >= 0 && !said.contains("offered") && process.waitForReadyRead(kPatience))
+        said += process.readAll();
+    if (killAfter >= 0) {
+        QThread::usleep(static_cast<unsigned long>(killAfter));
+        process.kill();
+    }
+    EXPECT_TRUE(process.waitForFinished(kPatience));
+    return said + process.readAll();
+}
+
+TEST(Kill, InsideTheOfferLeavesTheRecordLostOrPutBack) {
+    const Company company;
+    const QString start = Company::File(company.Whole()), file = Company::File(company.Killed());
+    QStringList lost = company.StateAfter(0);
+    lost.removeIf([](const QString& row) {
+        return row.contains(u"W1") && (row.startsWith(u"B01:") || row.startsWith(u"TB1:"));
+    });
+    QStringList restored;
+    int found[2] = {};
+    const int kills = tests::FromEnvironment("KILLS", 25) / 2;
+    for (int kill = -1; kill < kills; ++kill) {
+        // The first run is left alone, the next killed before the answer, the others around it.
+        QFile::remove(file);
+        QFile::remove(file + u"-wal"_s);
+        QFile::copy(start, file);
+        WorkAt(company.Killed(), {u"offer"_s}, kill <= 0 ? kill : 19'500 + kill * 200);
+        const QStringList state = tests::StateOf(tests::CopyAsLeft(file, company.States()));
+        if (kill < 0) restored = state;
+        ASSERT_TRUE(state == lost || state == restored) << Difference(state, lost).toStdString();
+        EXPECT_EQ(WorkAt(company.Killed(), {}).contains("速递单W1"), state == lost) << "at the next login";
+        ++found[state == lost ? 0 : 1];
+    }
+    std::printf("%d kills: %d lost, %d put back\n", kills, found[0], found[1] - 1);
+    EXPECT_NE(restored, lost);
+    EXPECT_GT(found[0], 0);
+}
+
 }  // namespace

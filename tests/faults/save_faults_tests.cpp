@@ -3,8 +3,10 @@
 // of the command or nothing, and the operator must have been informed.
 #include "app/data_access.h"
 #include "history/failed_command.h"
+#include "platform/dao/busy.h"
 #include "tests/faults/commands.h"
 #include "tests/faults/recorded_program.h"
+#include "tests/support/data_file.h"
 #include "tests/support/failing_vfs.h"
 
 #include <QScopeGuard>
@@ -247,6 +249,30 @@ TEST(TheOffer, PutsBackAllOrSaysThatItFailed) {
         if (HasFailure()) return;
     }
     EXPECT_GT(failedToPutBack, 3);
+}
+
+TEST(TheOffer, SaysThatTheFileIsBusyWhereTheOperatorGivesUp) {
+    const auto off = qScopeGuard([] {
+        sys::onFailure() = {};
+        dao::whenBusy() = {};
+    });
+    const tests::FailingStorage storage;
+    tests::RecordedProgram program(tests::CommandMasters(), Failing(Memory::Ample));
+    history::WatchFailures();
+    dao::whenBusy().handle = [](const auto&) { throw sys::CommandGivenUp{}; };
+    std::unique_ptr<tests::Connection> other;
+    QStringList lost;
+    program.whileBox = [&] {
+        if (program.boxes.size() != 1) return;
+        lost = program.StateLeft();
+        other = std::make_unique<tests::Connection>(program.File());
+        other->Run(u"begin immediate"_s);
+    };
+    FailAndAcceptTheOffer();
+    other.reset();
+    EXPECT_EQ(program.status, 1);
+    EXPECT_EQ(program.boxes.back().text, u"恢复失败！数据文件正忙"_s);
+    EXPECT_EQ(program.StateLeft(), lost);
 }
 
 // Two boxes are in the middle of a save, which goes on behind them. Whoever is called away while one of

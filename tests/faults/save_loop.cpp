@@ -4,12 +4,15 @@
 //
 //   save-loop FOLDER FIRST STATES FILE COMMAND...
 //
-// Commands are those of commands.h, "before:" with one of them, "backup" and "end". Begins with that of
-// number FIRST (0 is the first); with STATES, a folder or "", it writes what the data file holds after each
-// into a file of that folder. FILE is what the file dialog answers. Ends with status 3 when a report comes.
+// Commands are those of commands.h, "before:" with one of them, "backup", "end", and "offer", which fails and
+// says when what it deleted is about to be put back. Without commands it says what the login shows. Begins
+// with that of number FIRST (0 is the first); with STATES, a folder or "", it writes what the data file holds
+// after each into a file of that folder. FILE is what the file dialog answers. Ends with status 3 when a
+// report comes.
 #include "app/main_window.h"
 #include "app/session.h"
 #include "platform/controls/look.h"
+#include "platform/system/guard.h"
 #include "platform/system/seams.h"
 #include "tests/faults/commands.h"
 #include "tests/faults/company_state.h"
@@ -17,6 +20,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QThread>
 
 #include <cstdio>
 #include <unistd.h>
@@ -35,8 +39,28 @@ void Say(const QString& line) {
     std::fflush(stdout);
 }
 
+/// An offer asks only where a command has failed; any other report ends the program.
+sys::BoxAnswer Answer(const sys::BoxRequest& request, bool mayFail) {
+    if (request.icon == sys::BoxIcon::Critical && !mayFail) GiveUp(request.text + u'\n' + request.detail);
+    if (request.buttons != sys::BoxButtons::YesNo) return sys::BoxAnswer::Ok;
+    if (mayFail) {
+        Say(u"offered"_s);
+        QThread::msleep(20);  // until whoever reads that is ready to kill
+    }
+    return sys::BoxAnswer::Yes;
+}
+
+void FailBehindADeletion(tests::Desk&) {
+    sys::Guarded([] {
+        Db->Execute(u"delete from TB1 where F1='YSW1' or F1='YFW1'"_s);
+        Db->Execute(u"delete from B01 where F1='W1'"_s);
+        Db->Execute(u"insert into B01 (F1) VALUES ('a'b')"_s);
+    });
+}
+
 tests::Command Named(const QString& name) {
     if (name == u"end") return {"end", "", "", {}, [](tests::Desk& desk) { desk.Frame().close(); }};
+    if (name == u"offer") return {"offer", "", "", {}, FailBehindADeletion};
     const QString before = u"before:"_s;
     if (name.startsWith(before)) {
         const std::string command = name.mid(before.size()).toStdString();
@@ -78,15 +102,15 @@ int main(int argc, char** argv) {
     controls::DressApplication(app);
     const QStringList arguments = QApplication::arguments();
     const QStringList commands = arguments.mid(5);
-    sys::seams().showBox = [](const sys::BoxRequest& request) -> sys::BoxAnswer {
-        if (request.icon == sys::BoxIcon::Critical) GiveUp(request.text + u'\n' + request.detail);
-        return request.buttons == sys::BoxButtons::YesNo ? sys::BoxAnswer::Yes : sys::BoxAnswer::Ok;
+    sys::seams().showBox = [&](const sys::BoxRequest& request) {
+        return Answer(request, commands.contains(u"offer"_s));
     };
     sys::seams().askFile = [&](const sys::FileRequest&) { return arguments.value(4); };
     try {
         const auto frame = tests::StartAndLogIn(arguments.value(1));
         if (!frame) GiveUp(u"did not start"_s);
         frame->setUpdatesEnabled(false);  // nobody looks
+        if (commands.isEmpty()) Say(frame->Panel(MForm::PositionPanel));
         for (int number = arguments.value(2).toInt(); number < commands.size(); ++number) {
             Do(number, commands[number]);
             if (!arguments[3].isEmpty()) WriteState(arguments[3], number);

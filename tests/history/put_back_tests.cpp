@@ -4,6 +4,7 @@
 #include "app/main_window.h"
 #include "history/failed_command.h"
 #include "history/put_back.h"
+#include "platform/dao/busy.h"
 #include "platform/errors.h"
 #include "tests/faults/commands.h"
 #include "tests/faults/recorded_program.h"
@@ -407,6 +408,21 @@ TEST_F(FailedEdit, IsSaidOnceAtTheNextStart) {
     EXPECT_EQ(Status(), QString());
     PutBack(history::OfGroup(*Db, One(u"select max(N) from H_B01"_s).toLongLong()).front());
     EXPECT_EQ(KeptState(false), before);
+}
+
+TEST_F(FailedEdit, IsLeftToTheNextStartWhereTheFileIsBusy) {
+    Fail(false);
+    const auto off = qScopeGuard([] { dao::whenBusy() = {}; });
+    dao::whenBusy().handle = [](const auto&) { throw sys::CommandGivenUp{}; };
+    const QString panel = Status();
+    {
+        Connection other(File());
+        other.Run(u"begin immediate"_s);
+        history::SayWhatWasLost();
+        EXPECT_EQ(Status(), panel);
+    }
+    history::SayWhatWasLost();
+    EXPECT_TRUE(Status().contains(u"速递单W1"_s));
 }
 
 TEST_F(FailedEdit, OffersNothingForACommandThatTookNothing) {

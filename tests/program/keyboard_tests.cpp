@@ -194,7 +194,7 @@ class Menus : public testing::TestWithParam<MenuRow> {};
 
 TEST_P(Menus, AreUsedWithoutAMouseAndReadOut) {
     Tour tour(GetParam());
-    if (!tour.IsImplemented()) GTEST_SKIP() << "not built yet";
+    ASSERT_TRUE(tour.IsImplemented());
     tour.Take();
 }
 
