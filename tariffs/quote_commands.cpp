@@ -64,37 +64,16 @@ void QuotePanel::WireEntry() {
 
 void QuotePanel::OpenDownList() {
     FinishCell();
-    if (DownListOpen()) {
+    if (GdDownList->IsOpen()) {
         TxtHPBM->SetFocus();
         return;
     }
-    FillDownList();
-    PlaceDownList();
-    GdDownList->show();
-    GdDownList->raise();
-    GdDownList->SetFocus();
-}
-
-void QuotePanel::FillDownList() {
-    const QStringList headers{u"区域编码"_s, u"区域名称"_s, u"英文名称"_s};
-    auto zones = Db->OpenRecordset(u"select M02.F1,M02.F2,M02.F4 from M02  WHERE M02.F1 LIKE "_s +
-                                   Quoted(text::Trim(TxtHPBM->Text()) + u'*') + u" order by M02.F1"_s);
-    const int found = CountRows(zones);
-    GdDownList->Clear();
-    for (int col = 0; col < headers.size(); ++col) GdDownList->SetTextMatrix(0, col, headers[col]);
-    GdDownList->ShareWidths();
-    GdDownList->BeginLoad(found);
-    for (int row = 0; row < found; ++row, zones.MoveNext())
-        for (int col = 0; col < headers.size(); ++col)
-            GdDownList->LoadCell(row, col, zones.Fields(col).Text());
-    GdDownList->EndLoad();
-    FitDownList(found);
-    zones.Close();
-    if (found > 0) SetBatchJob(true);
+    if (GdDownList->Fill(text::Trim(TxtHPBM->Text())) > 0) SetBatchJob(true);
+    GdDownList->Open();
 }
 
 void QuotePanel::PickFromDownList() {
-    TxtHPBM->SetText(text::Trim(GdDownList->TextMatrix(GdDownList->Row(), ZoneColumn)));
+    TxtHPBM->SetText(GdDownList->Code());
     TxtSL->SetFocus();
 }
 
@@ -111,7 +90,7 @@ bool QuotePanel::BatchJob() const {
 void QuotePanel::PressEnter() {
     FinishCell();
     // With the drop-down open it looks for zones whose codes begin with the chosen zone's name, not its code.
-    if (BatchJob()) TxtHPBM->SetText(text::Trim(GdDownList->TextMatrix(GdDownList->Row(), NameColumn)));
+    if (BatchJob()) TxtHPBM->SetText(GdDownList->Name());
     AddQuotes();
     TxtHPBM->SetFocus();
 }

@@ -1,4 +1,4 @@
-// How the panel below the card is laid out: its bar, folding, and where the drop-down opens.
+// How the panel below the card is laid out: its bar and folding.
 #include "tariffs/quote_panel.h"
 
 #include "app/session.h"
@@ -6,11 +6,8 @@
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 using controls::Button;
-using controls::FlexGrid;
 using controls::LineBox;
 
 namespace {
@@ -19,8 +16,6 @@ constexpr int BarHeight = 40;
 constexpr int BarMargin = 8;
 constexpr int CodeWidth = 76;
 constexpr int CoefficientWidth = 76;
-constexpr int DownListWidth = 576;
-constexpr int DownListRows = 10;  // before it scrolls
 
 QLabel* BarLabel(const QString& text, const QString& role) {
     auto* label = new QLabel(text);
@@ -46,7 +41,7 @@ QuotePanel::QuotePanel(QWidget* form, Host host)
     row->setContentsMargins(BarMargin, 0, BarMargin, 0);
     row->setSpacing(6);
     BuildBar(row);
-    BuildDownList(form);
+    GdDownList = new ZoneDropDown(form, TxtHPBM);
     WireEntry();
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -107,15 +102,6 @@ void QuotePanel::BuildEntry() {
     row->addWidget(CmdDel);
 }
 
-void QuotePanel::BuildDownList(QWidget* form) {
-    GdDownList = Named(new FlexGrid(form), u"GdDownList"_s);
-    GdDownList->setAccessibleName(u"区域"_s);
-    GdDownList->SetFramed(true);
-    GdDownList->SetCols(3);
-    FitDownList(DownListRows);
-    GdDownList->hide();
-}
-
 std::vector<QWidget*> QuotePanel::TabOrder() const {
     // The list comes before the button whose job it changes, so that Tab leads from the one to the other.
     return {CmdUpDown,     TxtHPBM, TxtSL,        CmdEnter,
@@ -167,7 +153,7 @@ void QuotePanel::Unfold() {
 }
 
 void QuotePanel::CloseDownList() {
-    if (!DownListOpen()) return;
+    if (!GdDownList->IsOpen()) return;
     GdDownList->hide();
     SetBatchJob(false);
 }
@@ -207,23 +193,7 @@ void QuotePanel::SaveQuotes(const QString& customer) {
     GdMx->SaveQuotes(customer);
 }
 
-// ---------------------------------------------------------------- the drop-down's place
-
 void QuotePanel::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    if (DownListOpen()) PlaceDownList();
-}
-
-/// As high as its rows; an empty one keeps the blank row of an empty grid.
-void QuotePanel::FitDownList(int rows) {
-    GdDownList->resize(DownListWidth, GdDownList->HeightOf(std::clamp(rows, 1, DownListRows)));
-}
-
-/// Under its box, or above it where the panel is folded at the foot of the form.
-void QuotePanel::PlaceDownList() {
-    const QWidget* form = GdDownList->parentWidget();
-    const QPoint below = TxtHPBM->mapTo(form, QPoint(0, TxtHPBM->height() + 2));
-    const QPoint above = TxtHPBM->mapTo(form, QPoint(0, -2 - GdDownList->height()));
-    const bool fits = below.y() + GdDownList->height() <= form->height();
-    GdDownList->move(fits || above.y() < 0 ? below : above);
+    if (GdDownList->IsOpen()) GdDownList->Place();
 }

@@ -1,5 +1,5 @@
 // The quotes below a customer's card: the bar with the entry line, which adds, floats and removes quotes of
-// zones, and the grid of prices (quote_grid.h), which unfolds below the bar.
+// zones, its drop-down (zone_drop_down.h), and the grid of prices (quote_grid.h), which unfolds below the bar.
 //
 // Always holds: nothing is written to the table before the customer is saved; the save then writes all quotes
 // anew. The caption of CmdDel determines what it does; it is 批量增加 only while the drop-down is open.
@@ -7,6 +7,7 @@
 
 #include "platform/controls/box.h"
 #include "tariffs/quote_grid.h"
+#include "tariffs/zone_drop_down.h"
 
 #include <QBoxLayout>
 
@@ -56,18 +57,13 @@ class QuotePanel : public QWidget {
   private:
     void BuildBar(QBoxLayout* bar);
     void BuildEntry();
-    void BuildDownList(QWidget* form);
 
     void ShowEntry(bool shown);
     void ShowChange();
-    void FitDownList(int rows);
-    void PlaceDownList();
-    bool DownListOpen() const { return !GdDownList->isHidden(); }
 
     // The entry line and the buttons (quote_commands.cpp).
     void WireEntry();
     void OpenDownList();
-    void FillDownList();
     void PickFromDownList();
     void PressEnter();
     void PressDelete();
@@ -83,7 +79,7 @@ class QuotePanel : public QWidget {
     Host host_;
 
     QuoteGrid* GdMx;
-    controls::FlexGrid* GdDownList;
+    ZoneDropDown* GdDownList;
     controls::Button* CmdUpDown;
     controls::Button* CmdReNewPrice;
     controls::Button* CmdGdMxclear;

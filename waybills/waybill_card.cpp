@@ -7,6 +7,7 @@
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 #include "waybills/customer_charge.h"
+#include "waybills/price_explanation.h"
 #include "waybills/release.h"
 #include "waybills/shipping_cost.h"
 #include "waybills/waybill_form.h"
@@ -206,7 +207,7 @@ void B01::WireCard() {
     Txt[TotalCharge]->GotFocus = [this] { EnterTotal(); };
     Txt[ShippingCost]->GotFocus = [this] { EnterCost(); };
     Txt[ReleaseMark]->Change = [this] { MirrorRelease(); };
-    WireExplanation();
+    MakeExplanation();
     ChkChuHuo->KeyPressed = controls::EnterMovesOn;
     ChkChuHuo->Click = [this] { ClickRelease(); };
 }
@@ -217,8 +218,8 @@ void B01::ShowCombo(Box box, bool shown) {
 }
 
 void B01::OpenCard() {
-    CloseExplanation();
-    runs_ = {};
+    explanation_->Close();
+    explanation_->ForgetRuns();
     const controls::CardAtRest rest(*Txt[Number]->Widget()->parentWidget());
     // The number is unlocked by the commands themselves; maker and release mark are never typed.
     for (int i = SendDate; i < BoxCount; ++i)
@@ -236,9 +237,9 @@ void B01::OpenCard() {
 }
 
 void B01::CloseCard() {
-    CloseExplanation();
+    explanation_->Close();
     ShowNumberRefusal({});
-    runs_ = {};
+    explanation_->ForgetRuns();
     const controls::CardAtRest rest(*Txt[Number]->Widget()->parentWidget());
     for (auto* box : Txt)
         if (!box->Locked()) box->SetLocked(true);
@@ -285,7 +286,7 @@ void B01::CombosTakeBoxes() {
 }
 
 void B01::RowToCard() {
-    CloseExplanation();
+    explanation_->Close();
     if (CurRow == 0) CurRow = 1;
     auto row = Db->OpenRecordset(u"select * from B01 where F1="_s + Quoted(text::Trim(CurrentCell(0))));
     if (row.Eof()) {
@@ -403,7 +404,7 @@ void B01::Compute(Side side, Box box, const std::function<Computed(Steps&)>& com
     if (result.fuelFactorDefaulted) Txt[ChannelFuelRate]->SetText(u"1"_s);
     switch (result.kind) {
         case Computed::Kind::Amount:
-            runs_[static_cast<std::size_t>(side)] = std::move(run);
+            explanation_->Keep(side, std::move(run));
             target.SetText(result.amount);
             break;
         case Computed::Kind::Refused:
@@ -436,4 +437,49 @@ void B01::EnterTotal() {
     }
     Txt[TotalCharge]->SetText(
         ChargeTotal(BoxText(AdditionalCharge), BoxText(BasicCharge), BoxText(FuelRate), BoxText(OtherFees)));
+}
+
+void B01::MakeExplanation() {
+    explanation_ = new PriceExplanation(
+        this,
+        {.frame = Frm,
+         .box = [this](Box box) -> controls::TextBox& { return *Txt[box]; },
+         .label = [this](Box box) -> QLabel& { return *Lab[box]; },
+         .cardText = ShownText(),
+         .browsing = [this] { return FormMode == Browsing; },
+         .adding = [this] { return FormMode == Adding; },
+         .cardShown = [this] { return TabS->SelectedItem() == CardTab; },
+         .storedNumber = [this] { return text::Trim(FormMode == Browsing ? BoxText(Number) : OldKey()); }});
+    TabS->Click = [this, select = TabS->Click] {
+        if (TabS->SelectedItem() == ListTab) explanation_->Close();
+        select();
+    };
+}
+
+QString B01::CardText(Box box) const {
+    const auto combo = Cmb.find(box);
+    return FormMode >= Adding && combo != Cmb.end() ? combo->second->Text() : BoxText(box);
+}
+
+waybills::CardText B01::ShownText() const {
+    return [this](Box box) { return CardText(box); };
+}
+
+/// While the card is only read its text boxes have no focus; the keys come from the tabs.
+void B01::keyPressEvent(QKeyEvent* event) {
+    controls::KeyPress key{event->key(), event->modifiers(), event->text(), event->isAutoRepeat()};
+    sys::Guarded([&] {
+        if (FormMode == Browsing) explanation_->Key(key);
+    });
+    if (key.taken)
+        event->accept();
+    else
+        RecordForm::keyPressEvent(event);
+}
+
+void B01::resizeEvent(QResizeEvent* event) {
+    RecordForm::resizeEvent(event);
+    // Behind the layout of the card.
+    QMetaObject::invokeMethod(
+        this, [this] { sys::Guarded([this] { explanation_->Refresh(); }); }, Qt::QueuedConnection);
 }

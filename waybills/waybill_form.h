@@ -15,9 +15,8 @@
 #include <QDate>
 
 #include <map>
-#include <vector>
 
-class ExplanationPanel;
+class PriceExplanation;
 
 /// 速递单: the waybills.
 class B01 : public RecordForm {
@@ -82,27 +81,10 @@ class B01 : public RecordForm {
     void EnterTotal();
     void EnterCost();
 
-    // The explanation (waybill_explain.cpp).
-    struct Explained {
-        waybills::Side side;
-        waybills::Priced priced;
-        waybills::Origin origin;
-    };
-    void WireExplanation();
-    void ExplanationKey(controls::KeyPress& key);
+    void MakeExplanation();
     /// What the card shows for a text box, the combo's text in add and edit state.
     QString CardText(waybills::Box box) const;
     waybills::CardText ShownText() const;
-    void ExplainPrice();
-    Explained ExplainedOf(waybills::Side side, const waybills::BothSides& stored) const;
-    QList<waybills::ExplainedSide> ExplainedSides() const;
-    void MakeExplanationPanel();
-    void ScrollForExplanation();
-    void ShowExplanation();
-    void CloseExplanation();
-    void FillExplanationMenu(QMenu& menu);
-    void CopyExplanation() const;
-    void PrintExplanation();
 
     // The commands.
     void Menu_Add() override;
@@ -136,9 +118,7 @@ class B01 : public RecordForm {
     std::map<waybills::Box, controls::ComboBox*> Cmb;  ///< over the text boxes of the same index
     controls::DTPicker* DTP = nullptr;                 ///< over Txt[SendDate]
     controls::CheckBox* ChkChuHuo = nullptr;
-    QString panelBeforeRefusal_;        ///< the position panel's text while the number is marked as in use
-    QString customerAtEntry_;           ///< trimmed text of Cmb(31) when it got the focus
-    waybills::BothSides runs_;          ///< what the computations last gave in this add or edit state
-    std::vector<Explained> explained_;  ///< by the panel; empty while it is closed
-    ExplanationPanel* explanation_ = nullptr;
+    QString panelBeforeRefusal_;  ///< the position panel's text while the number is marked as in use
+    QString customerAtEntry_;     ///< trimmed text of Cmb(31) when it got the focus
+    PriceExplanation* explanation_ = nullptr;
 };

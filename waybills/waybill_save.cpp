@@ -9,6 +9,7 @@
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
+#include "waybills/price_explanation.h"
 #include "waybills/stored_steps.h"
 #include "waybills/waybill_form.h"
 
@@ -192,14 +193,15 @@ void B01::Post() {
 
 waybills::BothSides B01::StepsToStore(const QString& old) const {
     // An amount that this edit did not compute anew keeps the steps that it was computed by.
+    const BothSides& runs = explanation_->Runs();
     BothSides steps = old.isEmpty() ? BothSides{} : waybills::ReadSteps(*Db, old);
     for (std::size_t side = 0; side < steps.size(); ++side)
-        if (runs_[side]) steps[side] = runs_[side];
+        if (runs[side]) steps[side] = runs[side];
     return steps;
 }
 
 void B01::Menu_save() {
-    CloseExplanation();
+    explanation_->Close();
     const QString old = text::Trim(OldKey());
     for (const Box box : {Length, Width, Height})
         Txt[box]->SetText(text::GeneralText(text::Val(BoxText(box))));
