@@ -69,6 +69,7 @@ class EntryForm : public ChildForm, public QueryCaller {
     void GoTo(int row, int col);
     void OpenEditor(int row, int col);
     void Commit(int row, int col, const QString& before);
+    QString AmountText(const QString& typed, const QString& before);
     void CommitKey(int row, QString key, const QString& before);
     void DropRow(int row);
     bool KeyIsTaken(int row, const QString& key) const;

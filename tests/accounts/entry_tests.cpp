@@ -226,6 +226,17 @@ TEST_F(Entry, AnEditWhoseKeyIsEmptiedTouchesNoOtherRecord) {
     EXPECT_EQ(desk.Rows(u"select SN,F1,YF from TB1 order by SN"_s), (QStringList{u"1|YS1|5"_s, u"3||7"_s}));
 }
 
+TEST_F(Entry, AnAmountThatIsTooLargeIsRefused) {
+    Open();
+    AltKey(u'A');
+    EnterRow({u"A"_s, u""_s, u"华兴"_s, u"7"_s});
+    Press(Qt::Key_Tab, Qt::ShiftModifier);
+    ExpectBox(u"溢出"_s);
+    Enter(u"12E4567"_s);
+    EXPECT_EQ(Where(), u"1,6"_s) << "entering goes on";
+    EXPECT_EQ(desk.Grid().TextMatrix(1, 5), u"7"_s);
+}
+
 TEST_F(Entry, PaymentsFollowTheChainAndKeepTheirOwnColumn) {
     desk.Execute(
         u"insert into TB1 (SN,LB,F1,F2,F3,YF,QC,QM,F6) values "

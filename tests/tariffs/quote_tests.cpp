@@ -246,6 +246,11 @@ TEST(Quotes, APriceIsEditedByMouseAndByKeys) {
     EXPECT_EQ(FocusName(), u"GdMx"_s);
     EXPECT_EQ(form.Quote(3, 2, 3), u"7|0"_s) << "what is no number is 0";
     EXPECT_EQ(form.Quote(2, 2, 3), u"12.3|33"_s);
+    form.EditByKeys(2, 3);
+    form.script.Box(u"溢出"_s, Title);
+    Type(u"1e999"_s);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(form.Quote(2, 2, 3), u"12.3|33"_s) << "too large a price is refused";
     // The save takes an edit that is still open; its keys do not leave the editor.
     form.EditByKeys(2, 20);
     Type(u"88"_s);
