@@ -154,6 +154,7 @@ QString EntryForm::AmountText(const QString& typed, const QString& before) {
     try {
         return text::GeneralText(text::Val(typed));
     } catch (const RuntimeError& error) {
+        refused_ = true;
         sys::Inform(error.Text(), {});
         return before;
     }
@@ -162,7 +163,8 @@ QString EntryForm::AmountText(const QString& typed, const QString& before) {
 void EntryForm::CommitKey(int row, QString key, const QString& before) {
     if (key.isEmpty()) return DropRow(row);
     GD->SetTextMatrix(row, Key, before);
-    if (KeyIsTaken(row, key)) return;
+    refused_ = KeyIsTaken(row, key);
+    if (refused_) return;
     GD->SetTextMatrix(row, Key, key);
     if (row == CurRowLimit()) GD->AddItem({});
 }

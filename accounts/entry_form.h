@@ -106,6 +106,7 @@ class EntryForm : public ChildForm, public QueryCaller {
     QString oldKey_;      ///< of the row being edited
     QString oldParty_;
     double oldSequence_ = 0;
+    bool refused_ = false;        ///< what was typed last into a cell
     bool editedRowGone_ = false;  ///< its key was emptied, and it was removed from the grid
 };
 

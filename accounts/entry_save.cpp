@@ -28,7 +28,9 @@ QDate DateOf(const LedgerEntry& entry) {
 }  // namespace
 
 void EntryForm::Menu_save() {
+    refused_ = false;
     GD->CommitEditor();
+    if (refused_) return GoTo(GD->Row(), GD->Col());  // the operator has typed another row than he would get
     if (FormMode == Editing) return SaveEdited();
     if (TestBlock()) SaveBlock();
 }
