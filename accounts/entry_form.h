@@ -80,7 +80,8 @@ class EntryForm : public ChildForm, public QueryCaller {
     void KeyInGrid(controls::KeyPress& key);
     void ShowProgress();
 
-    // The save.
+    // The save, and what it begins from.
+    bool ReadAgain(int row);
     bool TestBlock() const;
     void SaveBlock();
     void SaveEdited();

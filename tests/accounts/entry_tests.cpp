@@ -231,6 +231,23 @@ TEST_F(Entry, AnEditWhoseKeyIsEmptiedTouchesNoOtherRecord) {
     EXPECT_EQ(desk.Rows(u"select SN,F1,YF from TB1 order by SN"_s), (QStringList{u"1|YS1|5"_s, u"3||7"_s}));
 }
 
+TEST_F(Entry, AnEditBeginsWithTheRowAsItIsInTheFile) {
+    desk.Execute(
+        u"insert into TB1 (SN,LB,F1,F2,F3,YF,F6) values (31,-9,'YS1','2024-03-01','华兴',100,'x')"_s);
+    Open();
+    desk.Execute(u"update TB1 set YF=150,SN=33"_s);
+    AltKey(u'E');
+    EnterRow({{}, {}, {}, {}, {}, u"催"_s});
+    Press(Qt::Key_Escape);
+    AltKey(u'S');
+    EXPECT_EQ(desk.Rows(u"select F1,YF,F10 from TB1"_s), QStringList{u"YS1|150|催"_s});
+    desk.Execute(u"delete from TB1"_s);
+    ExpectBox(u"记录已被删除。"_s);
+    AltKey(u'E');
+    EXPECT_FALSE(EditInProgress);
+    EXPECT_EQ(desk.Lines(), QStringList{u"|||||||||"_s});
+}
+
 TEST_F(Entry, AnAmountThatIsTooLargeIsRefused) {
     Open();
     AltKey(u'A');
