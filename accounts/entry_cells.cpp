@@ -3,6 +3,7 @@
 #include "accounts/entry_form.h"
 #include "app/data_access.h"
 #include "app/session.h"
+#include "platform/errors.h"
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
@@ -139,8 +140,7 @@ void EntryForm::Commit(int row, int col, const QString& before) {
             if (!text::ReadDate(typed)) typed = text::DateText(sys::Today());
             break;
         case Amount:
-            GD->SetTextMatrix(row, col, before);  // where the number is too large
-            typed = text::GeneralText(text::Val(typed));
+            typed = AmountText(typed, before);
             break;
         default:
             break;
@@ -149,10 +149,22 @@ void EntryForm::Commit(int row, int col, const QString& before) {
     ShowProgress();
 }
 
+/// What was there before where the number is too large.
+QString EntryForm::AmountText(const QString& typed, const QString& before) {
+    try {
+        return text::GeneralText(text::Val(typed));
+    } catch (const RuntimeError& error) {
+        refused_ = true;
+        sys::Inform(error.Text(), {});
+        return before;
+    }
+}
+
 void EntryForm::CommitKey(int row, QString key, const QString& before) {
     if (key.isEmpty()) return DropRow(row);
     GD->SetTextMatrix(row, Key, before);
-    if (KeyIsTaken(row, key)) return;
+    refused_ = KeyIsTaken(row, key);
+    if (refused_) return;
     GD->SetTextMatrix(row, Key, key);
     if (row == CurRowLimit()) GD->AddItem({});
 }

@@ -208,6 +208,10 @@ void EntryForm::Menu_Add() {
 void EntryForm::Menu_edit() {
     if (!MayEditLedger()) return;
     if (CurRow == 0 || Cell(CurRow, Key).isEmpty()) return sys::Inform(u"请选择要修改的行！"_s, {});
+    if (!ReadAgain(CurRow)) {
+        sys::Inform(u"记录已被删除。"_s, {});
+        return LoadGrid(remembered_);
+    }
     first_ = CurRow;
     FormMode = Editing;
     EnterEdit();

@@ -70,6 +70,7 @@ class EntryForm : public ChildForm, public QueryCaller {
     void GoTo(int row, int col);
     void OpenEditor(int row, int col);
     void Commit(int row, int col, const QString& before);
+    QString AmountText(const QString& typed, const QString& before);
     void CommitKey(int row, QString key, const QString& before);
     void DropRow(int row);
     bool KeyIsTaken(int row, const QString& key) const;
@@ -80,7 +81,8 @@ class EntryForm : public ChildForm, public QueryCaller {
     void KeyInGrid(controls::KeyPress& key);
     void ShowProgress();
 
-    // The save.
+    // The save, and what it begins from.
+    bool ReadAgain(int row);
     bool TestBlock() const;
     void SaveBlock();
     void SaveEdited();
@@ -106,6 +108,7 @@ class EntryForm : public ChildForm, public QueryCaller {
     QString oldKey_;      ///< of the row being edited
     QString oldParty_;
     double oldSequence_ = 0;
+    bool refused_ = false;        ///< what was typed last into a cell
     bool editedRowGone_ = false;  ///< its key was emptied, and it was removed from the grid
 };
 

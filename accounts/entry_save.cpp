@@ -1,6 +1,8 @@
-// How entered rows reach the journal. The two ways differ on purpose: adding is checked and takes the whole
-// counterparty, editing is checked by nothing and cuts it at a point.
+// How entered rows reach the journal, and how a row is read again before it is edited. The two ways differ on
+// purpose: adding is checked and takes the whole counterparty, editing is checked by nothing and cuts it at a
+// point.
 #include "accounts/entry_form.h"
+#include "app/data_access.h"
 #include "app/session.h"
 #include "platform/errors.h"
 #include "platform/system/seams.h"
@@ -20,6 +22,21 @@ QString CutAtPoint(const QString& name) {
     return point > 0 ? name.left(point) : name;
 }
 
+/// Whether a text that was written from the grid reads so in the file.
+bool IsStoredAs(int col, const QString& cell, const QString& stored) {
+    switch (col) {
+        case Date:
+            return cell == stored || (text::ReadDate(cell) && text::ReadDate(cell) == text::ReadDate(stored));
+        case Party:
+            return cell == stored || CutAtPoint(cell) == stored;
+        case Amount:
+        case Sequence:
+            return text::Val(cell) == text::Val(stored);
+        default:
+            return cell == stored;
+    }
+}
+
 QDate DateOf(const LedgerEntry& entry) {
     if (const auto date = text::ReadDate(entry.date)) return *date;
     throw RuntimeError(u"类型不匹配"_s);  // only the last row, which no check looks at, can be without a date
@@ -27,8 +44,24 @@ QDate DateOf(const LedgerEntry& entry) {
 
 }  // namespace
 
+/// The save of an edit writes all fields, and a waybill may have written its row since the list was loaded.
+/// False if the row has gone; rows that share a key stay as they are in the list.
+bool EntryForm::ReadAgain(int row) {
+    auto rows = Db->OpenRecordset(settings_.search.base + u"Where TB1.F1="_s + Quoted(Cell(row, Key)) +
+                                  u" and TB1.lb="_s + text::GeneralText(static_cast<int>(Side().kind)));
+    const int found = CountRows(rows);
+    for (int col = 0; found == 1 && col < EntryColumns; ++col) {
+        const QString stored = rows.Fields(col).Text();
+        if (!IsStoredAs(col, Cell(row, col), stored)) GD->SetTextMatrix(row, col, stored);
+    }
+    rows.Close();
+    return found > 0;
+}
+
 void EntryForm::Menu_save() {
+    refused_ = false;
     GD->CommitEditor();
+    if (refused_) return GoTo(GD->Row(), GD->Col());  // the operator has typed another row than he would get
     if (FormMode == Editing) return SaveEdited();
     if (TestBlock()) SaveBlock();
 }

@@ -54,7 +54,7 @@ QuoteGrid::QuoteGrid() {
                   [this] { EditPrice(Row(), std::max<int>(Col(), FirstPrice)); });
     };
     CellLeft = [this](controls::CellMove& move) { GoOn(move); };
-    CellEdited = [this](int row, int col, const QString&) { PriceEdited(row, col); };
+    CellEdited = [this](int row, int col, const QString& before) { PriceEdited(row, col, before); };
 }
 
 // ---------------------------------------------------------------- from the table and back
@@ -182,8 +182,14 @@ void QuoteGrid::EditPrice(int row, int col) {
     EditCell(row, col);
 }
 
-void QuoteGrid::PriceEdited(int row, int col) {
-    SetTextMatrix(row, col, text::GeneralText(text::Val(TextMatrix(row, col))));
+void QuoteGrid::PriceEdited(int row, int col, const QString& before) {
+    const QString typed = TextMatrix(row, col);
+    SetTextMatrix(row, col, before);  // where the number is too large
+    try {
+        SetTextMatrix(row, col, text::GeneralText(text::Val(typed)));
+    } catch (const RuntimeError& error) {
+        sys::Inform(error.Text(), MsgTitle);
+    }
     FitColumns();
 }
 

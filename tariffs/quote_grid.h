@@ -62,7 +62,7 @@ class QuoteGrid : public controls::FlexGrid {
     void Clicked();
     void GoOn(controls::CellMove& move);
     void EditPrice(int row, int col);
-    void PriceEdited(int row, int col);
+    void PriceEdited(int row, int col, const QString& before);
 
     const QString& LongestText(int col) const;
     int NeededWidth(int col, const QFontMetrics& captions) const;

@@ -144,6 +144,7 @@ void CellCover::EmitEdited() {
 }
 
 void CellCover::Leave() {
+    if (editing_) InputOrder::Get().CommitComposition();  // while the editor has the focus
     if (!editing_) return;
     const Typed typed{row_, col_, TextLine()->text()};
     Write(true);

@@ -35,8 +35,8 @@ struct CellMove {
     bool taken = false;
 };
 
-/// Which characters open an editor over the current cell; Enter and F2 always do. With all of them Delete and
-/// Backspace open it too, emptied.
+/// Which characters open an editor over the current cell; Enter and F2 always do. A point and a minus count
+/// as digits. With all characters Delete and Backspace open it too, emptied.
 enum class EditStart { Digits, Characters };
 
 class FlexGrid : public QTableView, public FocusEvents {

@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QToolButton>
 #include <QWindow>
@@ -77,6 +78,14 @@ void DeliverPastPopup(QKeyEvent& key) {
     // Typed before a message box or a modal form had the focus.
     if (!active || !active->windowHandle() || (modal && modal != active)) return;
     QCoreApplication::sendEvent(active->windowHandle(), &key);
+}
+
+/// A press inside the box in which a text is composed places the cursor there.
+bool IsInside(const QObject* box, const QObject& window, const QMouseEvent& press) {
+    const auto* widget = qobject_cast<const QWidget*>(box);
+    const QWidget* top = WidgetOf(static_cast<const QWindow&>(window));
+    const QWidget* under = top ? top->childAt(press.position().toPoint()) : nullptr;
+    return widget && under && (under == widget || widget->isAncestorOf(under));
 }
 
 /// The second press of a double click must not run the command of the first once more.
@@ -161,6 +170,7 @@ bool InputOrder::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::MouseButtonPress:
             if (!watched->isWindowType()) return false;
             keyRepeats_ = false;
+            if (!IsInside(composing_, *watched, *static_cast<QMouseEvent*>(event))) CommitComposition();
             return FlushOpensWindow();
         case QEvent::Close:
             if (IsPopup(watched)) return HidePopup(*static_cast<QWindow*>(watched), *event);

@@ -145,6 +145,11 @@ TEST_F(Entry, TheCheckNamesTheRowOfTheGridAndWritesNothing) {
     Enter(u"ys1"_s);
     EXPECT_EQ(desk.Grid().TextMatrix(2, 0), u"YS240315100000"_s);
     Press(Qt::Key_Tab, Qt::ShiftModifier);
+    ExpectBox(Taken.arg(u"YS1"_s));
+    TypeOver(u"YS1"_s);
+    AltKey(u'S');
+    EXPECT_TRUE(desk.script.Done()) << "a refused key ends the save before its checks";
+    EXPECT_EQ(desk.Grid().Editor()->selectedText(), u"YS240315100000"_s);
     EnterRow({u"A"_s, u""_s, u""_s});
     for (const auto& [text, name, column] : {std::tuple{u"第2行[关系单位]不能为空！"_s, u""_s, 2},
                                              {u"第2行[欠款金额]不能为0！"_s, u"华兴"_s, 5}}) {
@@ -224,6 +229,34 @@ TEST_F(Entry, AnEditWhoseKeyIsEmptiedTouchesNoOtherRecord) {
     Press(Qt::Key_Escape);  // else the empty key would be committed once more
     AltKey(u'S');
     EXPECT_EQ(desk.Rows(u"select SN,F1,YF from TB1 order by SN"_s), (QStringList{u"1|YS1|5"_s, u"3||7"_s}));
+}
+
+TEST_F(Entry, AnEditBeginsWithTheRowAsItIsInTheFile) {
+    desk.Execute(
+        u"insert into TB1 (SN,LB,F1,F2,F3,YF,F6) values (31,-9,'YS1','2024-03-01','华兴',100,'x')"_s);
+    Open();
+    desk.Execute(u"update TB1 set YF=150,SN=33"_s);
+    AltKey(u'E');
+    EnterRow({{}, {}, {}, {}, {}, u"催"_s});
+    Press(Qt::Key_Escape);
+    AltKey(u'S');
+    EXPECT_EQ(desk.Rows(u"select F1,YF,F10 from TB1"_s), QStringList{u"YS1|150|催"_s});
+    desk.Execute(u"delete from TB1"_s);
+    ExpectBox(u"记录已被删除。"_s);
+    AltKey(u'E');
+    EXPECT_FALSE(EditInProgress);
+    EXPECT_EQ(desk.Lines(), QStringList{u"|||||||||"_s});
+}
+
+TEST_F(Entry, AnAmountThatIsTooLargeIsRefused) {
+    Open();
+    AltKey(u'A');
+    EnterRow({u"A"_s, u""_s, u"华兴"_s, u"7"_s});
+    Press(Qt::Key_Tab, Qt::ShiftModifier);
+    ExpectBox(u"溢出"_s);
+    Enter(u"12E4567"_s);
+    EXPECT_EQ(Where(), u"1,6"_s) << "entering goes on";
+    EXPECT_EQ(desk.Grid().TextMatrix(1, 5), u"7"_s);
 }
 
 TEST_F(Entry, PaymentsFollowTheChainAndKeepTheirOwnColumn) {

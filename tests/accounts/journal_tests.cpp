@@ -258,7 +258,7 @@ TEST_F(Journal, AnEditedFirstRowOpensItsSuccessorWithItsOwnBalance) {
 }
 
 TEST_F(Journal, ARowEditedRightAfterItsEntryStays) {
-    // The grid does not know the new row's SN yet, so it hands 0: nothing is taken out, the row may stay.
+    // With 0 for its present place, as a form has that has lost it: nothing is taken out, the row may stay.
     Add(u"YS1"_s, 5, 100);
     Add(u"YS2"_s, 5, 50);
     EXPECT_EQ(accounts::MoveSequence(company_.Db(), LedgerKind::Receivable, u"YS1"_s, 0, u"甲"_s, Day(5)),

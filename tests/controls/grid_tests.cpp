@@ -8,6 +8,7 @@
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QClipboard>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
@@ -490,6 +491,30 @@ TEST_F(GridEditorTest, ACharacterOpensItAndAKeyGoesOn) {
     QTest::keyClick(&grid, Qt::Key_Return);
     QTest::keyClick(grid.Editor(), Qt::Key_Tab);
     EXPECT_TRUE(grid.hasFocus());
+}
+
+TEST_F(GridEditorTest, ACompositionIsCommittedWithTheCell) {
+    const std::function<void()> ways[] = {
+        [this] { grid.SetTopRow(5); },
+        [this] {
+            const QPoint cell = grid.CellRect(4, 0).center();
+            QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {},
+                              grid.viewport()->mapTo(&window, cell));
+        },
+    };
+    for (const auto& leave : ways) {
+        grid.SetTopRow(1);
+        Edit(u"8"_s);
+        QInputMethodEvent composing(u"yuan"_s, {});
+        QCoreApplication::sendEvent(grid.Editor(), &composing);
+        const QPoint inside = grid.Editor()->mapTo(&window, QPoint(grid.Editor()->width() - 2, 8));
+        QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, inside);
+        EXPECT_EQ(grid.Editor()->text(), u"8"_s) << "still being composed";
+        QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, inside);
+        leave();
+        tests::Settle();
+        EXPECT_EQ(grid.TextMatrix(2, 1), u"8yuan"_s);
+    }
 }
 
 TEST_F(GridEditorTest, AClickMeansTheRowUnderItEvenWhereTheCommitRemovesAnother) {

@@ -232,7 +232,7 @@ TEST(Quotes, APriceIsEditedByMouseAndByKeys) {
         EXPECT_FALSE(form.Quotes().Editing()) << "codes and names are not edited";
         EXPECT_EQ(form.Line(u"TxtHPBM"_s), u"B01"_s);
     }
-    // By keys: a digit begins, Tab and Up and Down go on to the next price.
+    // By keys: what a number can begin with begins, Tab and Up and Down go on to the next price.
     form.Quotes().SetCol(2);
     Type(u"7"_s);
     Press(Qt::Key_Tab);
@@ -246,12 +246,23 @@ TEST(Quotes, APriceIsEditedByMouseAndByKeys) {
     EXPECT_EQ(FocusName(), u"GdMx"_s);
     EXPECT_EQ(form.Quote(3, 2, 3), u"7|0"_s) << "what is no number is 0";
     EXPECT_EQ(form.Quote(2, 2, 3), u"12.3|33"_s);
+    for (const auto& [price, stored] : {std::pair{u".5"_s, u"0.5"_s}, {u"-2"_s, u"-2"_s}}) {
+        form.Quotes().SetRow(3);
+        form.Quotes().SetCol(4);
+        Type(price);
+        Press(Qt::Key_Return);
+        EXPECT_EQ(form.Quote(3, 4, 4), stored);
+    }
+    form.EditByKeys(2, 3);
+    form.script.Box(u"溢出"_s, Title);
+    Type(u"1e999"_s);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(form.Quote(2, 2, 3), u"12.3|33"_s) << "too large a price is refused";
     // The save takes an edit that is still open; its keys do not leave the editor.
     form.EditByKeys(2, 20);
     Type(u"88"_s);
     form.Save();
-    EXPECT_EQ(form.Stored(u"C2"_s),
-              (QStringList{u"A01|12.3|33|20|15.1|9.5|88"_s, u"B01|7|0|220|60|90|10"_s}));
+    EXPECT_EQ(form.Stored(u"C2"_s), (QStringList{u"A01|12.3|33|20|15.1|9.5|88"_s, u"B01|7|0|-2|60|90|10"_s}));
 }
 
 TEST(Quotes, DeletingAsksByNameAndFollowsTheCustomerList) {
