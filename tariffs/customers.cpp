@@ -359,7 +359,13 @@ void A03::Menu_save() {
     FrmBtm->Fold();
     Txt[Salesperson]->SetText(CmbYWY->Text());
     constexpr int Required = 2;
-    if (!RequireFilled(Required) || !CheckCode()) return;
+    if (!RequireFilled(Required)) return;
+    if (FormMode == Editing && FrmBtm->Unread()) {
+        // It would delete the stored quotes and write the empty grid.
+        sys::Inform(u"客户报价未能读出，不能保存!\r请先[取消]编辑，报价读出后再修改。"_s, MsgTitle);
+        return;
+    }
+    if (!CheckCode()) return;
     Db->Execute(InsertStatement());
     // Before the line is shown: choosing it is an event of its own, which would commit the customer alone.
     FrmBtm->SaveQuotes(text::Trim(BoxText(Code)));

@@ -177,10 +177,14 @@ void QuotePanel::BuildQuoteGrid() {
 
 void QuotePanel::LoadQuotes(const QString& customer) {
     const QString code = text::Trim(customer);
+    unread_ = true;
     try {
-        if (code.isEmpty()) return BuildQuoteGrid();
-        GdMx->LoadQuotes(code);
+        if (code.isEmpty())
+            GdMx->Empty();
+        else
+            GdMx->LoadQuotes(code);
         ShowChange();
+        unread_ = false;
     } catch (const PlatformError& error) {
         // Nothing is read here: what failed may be the standard, and would fail once more.
         GdMx->DropQuotes();

@@ -31,6 +31,8 @@ class QuotePanel : public QWidget {
     /// Reads a customer's quotes; without a code the grid stays empty. A message box reports a statement that
     /// fails.
     void LoadQuotes(const QString& customer);
+    /// Whether the last LoadQuotes failed: the grid is empty and does not show what is stored.
+    bool Unread() const { return unread_; }
     /// Writes the rows of the grid if the first row is a quote.
     void SaveQuotes(const QString& customer);
 
@@ -77,6 +79,7 @@ class QuotePanel : public QWidget {
     bool BatchJob() const;
 
     Host host_;
+    bool unread_ = false;
 
     QuoteGrid* GdMx;
     ZoneDropDown* GdDownList;

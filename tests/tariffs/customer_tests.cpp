@@ -213,6 +213,26 @@ TEST(A03, ALoadThatFailsIsReported) {
     EXPECT_EQ(form.Lines().size(), 1) << "the form opens with an empty list";
 }
 
+TEST(A03, QuotesThatWereNotReadAreNotReplaced) {
+    CustomerForm form;
+    const QString stored = u"select * from M031 where F0='C1' order by F1"_s;
+    const QStringList before = form.Rows(stored);
+    ASSERT_FALSE(before.isEmpty());
+    const QString standard = form.Rows(u"select F6 from MS1"_s)[0];
+    form.Execute(u"update MS1 set F6=1e300"_s);
+    form.script.BoxContaining(u"溢出"_s);
+    form.ShowCard();
+    AltKey(u'E');
+    form.RefusesToSave(u"客户报价未能读出，不能保存!\r请先[取消]编辑，报价读出后再修改。"_s);
+    EXPECT_EQ(form.Rows(stored), before);
+    form.Execute(u"update MS1 set F6="_s + standard);
+    AltKey(u'C');
+    AltKey(u'E');
+    AltKey(u'S');
+    EXPECT_FALSE(EditInProgress);
+    EXPECT_EQ(form.Stored(u"C1"_s), QStringList{u"B01|30|10|40|15.5|12|7.25"_s});
+}
+
 TEST(A03, AStandardThatCannotBeReadIsReported) {
     CustomerForm form;
     form.ShowCard();
