@@ -12,6 +12,7 @@
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 #include "records/export.h"
+#include "records/filter_strip.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -43,13 +44,6 @@ enum PriceColumn { PriceMark, Zone, Side, FirstPrice };
 struct ColumnWidth {
     int col, pixels;
 };
-
-QLabel* StripLabel(const QString& text, const QString& role) {
-    auto* label = new QLabel(text);
-    label->setTextFormat(Qt::PlainText);
-    label->setProperty("role", role);
-    return label;
-}
 
 QWidget* Strip(QHBoxLayout*& row) {
     auto* strip = new QWidget;
