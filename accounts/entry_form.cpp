@@ -9,6 +9,7 @@
 #include "platform/text/numbers.h"
 #include "records/export.h"
 #include "records/fill_grid.h"
+#include "records/filter_strip.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -25,13 +26,6 @@ constexpr int StripMargin = 16;
 
 constexpr int OldestDay = 60;  // before today, in the list of dates
 constexpr int ShownItems = 10;
-
-QLabel* StripLabel(const QString& text, const QString& role) {
-    auto* label = new QLabel(text);
-    label->setTextFormat(Qt::PlainText);
-    label->setProperty("role", role);
-    return label;
-}
 
 }  // namespace
 

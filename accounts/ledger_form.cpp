@@ -5,12 +5,12 @@
 #include "app/data_access.h"
 #include "app/main_window.h"
 #include "app/session.h"
-#include "platform/controls/keys.h"
 #include "platform/controls/paint.h"
 #include "platform/controls/wait.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 #include "records/export.h"
+#include "records/filter_strip.h"
 
 #include <QHBoxLayout>
 #include <QScopeGuard>
@@ -22,12 +22,6 @@ using namespace Qt::StringLiterals;
 using namespace accounts;
 
 namespace {
-
-constexpr int StripHeight = 40;
-constexpr int StripMargin = 16;
-constexpr int Gap = 14;
-constexpr int UnitWidth = 220;
-constexpr int DateWidth = 118;
 
 constexpr int LinesAtOnce = 256;  // by which the grid grows while totals come in
 
@@ -54,13 +48,6 @@ class GridLines : public LedgerLines {
     controls::FlexGrid& grid_;
     const int totalFrom_;
 };
-
-QLabel* StripLabel(const QString& text, const QString& role) {
-    auto* label = new QLabel(text);
-    label->setTextFormat(Qt::PlainText);
-    label->setProperty("role", role);
-    return label;
-}
 
 }  // namespace
 
@@ -145,41 +132,17 @@ void LedgerForm::SetCommands() {
 }
 
 QWidget* LedgerForm::MakeStrip() {
-    auto* strip = new QWidget;
-    strip->setProperty("role", u"strip"_s);
-    strip->setAttribute(Qt::WA_StyledBackground);
-    strip->setFixedHeight(StripHeight);
-    auto* row = new QHBoxLayout(strip);
-    row->setContentsMargins(StripMargin, 0, StripMargin, 0);
-    row->setSpacing(0);
-    const auto add = [&](const QString& caption, const QString& name, QWidget* box, int width) {
-        QLabel* label = controls::MakeCaption(caption, box, strip);
-        box->setObjectName(name);
-        box->setFixedWidth(width);
-        row->addWidget(label);
-        row->addWidget(box);
-        row->addSpacing(Gap);
-        return label;
-    };
+    auto* strip = new FilterStrip(*this);
     Cmb = new controls::ComboBox;
-    LabDW = add(u"关系单位"_s, u"Cmb"_s, Cmb, UnitWidth);
+    LabDW = strip->Add(u"关系单位"_s, u"Cmb"_s, Cmb, FilterStrip::kChoiceWidth);
     LabDW->setObjectName(u"LabDW"_s);
-    Cmb->KeyPressed = controls::EnterMovesOn;
     const QString captions[] = {u"由"_s, u"至"_s};
     for (std::size_t i = 0; i < DTP.size(); ++i) {
         DTP[i] = new controls::DTPicker;
-        DTP[i]->KeyPressed = controls::EnterMovesOn;
-        add(captions[i], u"DTP(%1)"_s.arg(i), DTP[i], DateWidth);
+        strip->Add(captions[i], u"DTP(%1)"_s.arg(i), DTP[i], FilterStrip::kDateWidth);
     }
-    Cmd = new controls::Button(u"生成报表"_s);
-    Cmd->setObjectName(u"Cmd"_s);
-    Cmd->setDefault(true);
+    Cmd = strip->AddButton(u"生成报表"_s);
     Cmd->Click = [this] { Generate(); };
-    row->addWidget(Cmd);
-    row->addStretch(1);
-    auto* caption = StripLabel(windowTitle(), u"form"_s);
-    connect(this, &QWidget::windowTitleChanged, caption, &QLabel::setText);
-    row->addWidget(caption);
     return strip;
 }
 

@@ -12,6 +12,7 @@
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 #include "records/export.h"
+#include "records/filter_strip.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -43,24 +44,6 @@ enum PriceColumn { PriceMark, Zone, Side, FirstPrice };
 struct ColumnWidth {
     int col, pixels;
 };
-
-QLabel* StripLabel(const QString& text, const QString& role) {
-    auto* label = new QLabel(text);
-    label->setTextFormat(Qt::PlainText);
-    label->setProperty("role", role);
-    return label;
-}
-
-QWidget* Strip(QHBoxLayout*& row) {
-    auto* strip = new QWidget;
-    strip->setProperty("role", u"strip"_s);
-    strip->setAttribute(Qt::WA_StyledBackground);
-    strip->setFixedHeight(StripHeight);
-    row = new QHBoxLayout(strip);
-    row->setContentsMargins(StripMargin, 0, StripMargin, 0);
-    row->setSpacing(0);
-    return strip;
-}
 
 controls::FlexGrid* Grid(const QString& name, const QString& spoken, const QStringList& headers,
                          const std::vector<ColumnWidth>& widths) {
@@ -161,7 +144,6 @@ History::History()
       CmbObject(new controls::ComboBox),
       CmbOperator(new controls::ComboBox),
       Txt(new controls::LineBox),
-      CmdFind(new controls::Button(u"查 找"_s)),
       LabEntry(StripLabel({}, u"subtitle"_s)),
       ChkChanged(new controls::CheckBox(u"只看改动的项"_s)),
       CmdBack(new controls::Button(u"恢 复"_s)) {
@@ -209,41 +191,29 @@ void History::MakeDetails() {
 }
 
 QWidget* History::MakeStrip() {
-    QHBoxLayout* row = nullptr;
-    QWidget* const strip = Strip(row);
-    const auto add = [&](const QString& caption, const QString& name, QWidget* box, int width) {
-        row->addWidget(controls::MakeCaption(caption, box, strip));
-        box->setObjectName(name);
-        box->setFixedWidth(width);
-        row->addWidget(box);
-        row->addSpacing(Gap);
-    };
+    auto* strip = new FilterStrip(*this);
     CmbObject->SetItemsOnly();
-    CmbObject->KeyPressed = controls::EnterMovesOn;
-    CmbOperator->KeyPressed = controls::EnterMovesOn;
-    add(u"对象"_s, u"Cmb(0)"_s, CmbObject, 130);
-    add(u"操作员"_s, u"Cmb(1)"_s, CmbOperator, 130);
+    strip->Add(u"对象"_s, u"Cmb(0)"_s, CmbObject, 130);
+    strip->Add(u"操作员"_s, u"Cmb(1)"_s, CmbOperator, 130);
     const QString captions[] = {u"由"_s, u"至"_s};
     for (std::size_t i = 0; i < DTP.size(); ++i) {
         DTP[i] = new controls::DTPicker;
-        DTP[i]->KeyPressed = controls::EnterMovesOn;
-        add(captions[i], u"DTP(%1)"_s.arg(i), DTP[i], 118);
+        strip->Add(captions[i], u"DTP(%1)"_s.arg(i), DTP[i], FilterStrip::kDateWidth);
     }
-    Txt->KeyPressed = controls::EnterMovesOn;
-    add(u"单号或名称"_s, u"Txt(0)"_s, Txt, 160);
-    CmdFind->setObjectName(u"Cmd(0)"_s);
-    CmdFind->setDefault(true);
-    CmdFind->Click = [this] { Search(); };
-    row->addWidget(CmdFind);
-    row->addStretch(1);
-    row->addWidget(StripLabel(windowTitle(), u"form"_s));
+    strip->Add(u"单号或名称"_s, u"Txt(0)"_s, Txt, 160);
+    strip->AddButton(u"查 找"_s, u"Cmd(0)"_s)->Click = [this] { Search(); };
     return strip;
 }
 
 QWidget* History::MakeSplit() {
-    QHBoxLayout* row = nullptr;
-    QWidget* const strip = Strip(row);
+    auto* strip = new QWidget;
+    strip->setProperty("role", u"strip"_s);
     strip->setProperty("edge", u"both"_s);
+    strip->setAttribute(Qt::WA_StyledBackground);
+    strip->setFixedHeight(StripHeight);
+    auto* row = new QHBoxLayout(strip);
+    row->setContentsMargins(StripMargin, 0, StripMargin, 0);
+    row->setSpacing(0);
     row->addWidget(StripLabel(u"改动前后"_s, u"group"_s));
     row->addSpacing(Gap);
     row->addWidget(LabEntry);

@@ -45,7 +45,6 @@ class History : public ChildForm {
     controls::ComboBox* CmbOperator;
     std::array<controls::DTPicker*, 2> DTP{};  ///< from, to
     controls::LineBox* Txt;
-    controls::Button* CmdFind;
     controls::FlexGrid* GD;
     QLabel* LabEntry;
     controls::CheckBox* ChkChanged;

@@ -10,6 +10,13 @@ constexpr int Gap = 14;
 
 }  // namespace
 
+QLabel* StripLabel(const QString& text, const QString& role) {
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setProperty("role", role);
+    return label;
+}
+
 FilterStrip::FilterStrip() : row_(new QHBoxLayout(this)) {
     setProperty("role", u"strip"_s);
     setAttribute(Qt::WA_StyledBackground);
@@ -20,9 +27,7 @@ FilterStrip::FilterStrip() : row_(new QHBoxLayout(this)) {
 }
 
 FilterStrip::FilterStrip(const QWidget& form) : FilterStrip() {
-    auto* title = new QLabel(form.windowTitle());
-    title->setTextFormat(Qt::PlainText);
-    title->setProperty("role", u"form"_s);
+    QLabel* title = StripLabel(form.windowTitle(), u"form"_s);
     connect(&form, &QWidget::windowTitleChanged, title, &QLabel::setText);
     row_->addWidget(title);
     ++behind_;

@@ -9,6 +9,9 @@
 #include <QLabel>
 #include <QWidget>
 
+/// A label that shows its text as it is; the role is its look: "form", "group", "subtitle", "badge".
+QLabel* StripLabel(const QString& text, const QString& role);
+
 class FilterStrip : public QWidget {
     Q_OBJECT
   public:

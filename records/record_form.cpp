@@ -9,6 +9,7 @@
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 #include "records/fill_grid.h"
+#include "records/filter_strip.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -25,13 +26,6 @@ namespace {
 constexpr int StripHeight = 34;
 constexpr int CardMargin = 16;
 
-QLabel* StripLabel(const QString& text, const QString& role) {
-    auto* label = new QLabel(text);
-    label->setProperty("role", role);
-    label->setAlignment(Qt::AlignCenter);
-    return label;
-}
-
 }  // namespace
 
 RecordForm::RecordForm(const RecordFormSettings& settings)
@@ -41,6 +35,7 @@ RecordForm::RecordForm(const RecordFormSettings& settings)
       Frm(new QWidget),
       settings_(settings),
       badge_(StripLabel({}, u"badge"_s)) {
+    badge_->setAlignment(Qt::AlignCenter);
     TabS->setObjectName(u"TabS"_s);
     TabS->setAccessibleName(settings.caption);
     GD->setObjectName(u"GD"_s);

@@ -1,5 +1,6 @@
 // What has to hold in the sample company's file, whatever its tables are changed to.
 #include "accounts/ledger_rows.h"
+#include "accounts/refresh.h"
 #include "schema/names.h"
 #include "tests/faults/company_state.h"
 #include "tests/support/data_file.h"
@@ -87,6 +88,31 @@ TEST(SampleCompany, MovesInBothLedgersWhatItsJournalMoves) {
         accounts::BuildSummary(again, summary);
         EXPECT_EQ(summary.Of(false), journal) << side;
     }
+}
+
+TEST(SampleCompany, AddsUpAgainAfterARefreshOfBothSides) {
+    const QTemporaryDir folder;
+    const QString file = tests::CopyAsLeft(
+        QStringLiteral(SAMPLE_COMPANY "/") + schema::kDatabaseFile.toString(), folder.path());
+    const QString others = u"select SN,QC,QM from TB1 where F3='已删'"_s;
+    QStringList counterparties, kept, masters;
+    {
+        tests::Connection company(file);
+        counterparties = company.Rows(u"select distinct F3 from TB1"_s);
+        company.Run(u"update TB1 set QC=1,QM=null"_s);
+        company.Run(
+            u"insert into TB1 (SN,LB,F1,F2,F3,FK,QC,QM,F6) values (0.5,-10,'SK1','2024-05-01','已删',5,12,7,'甲')"_s);
+        kept = company.Rows(others);
+        masters = company.Rows(u"select F2 from M03"_s) + company.Rows(u"select F2 from M01"_s);
+    }
+    {
+        const auto db = dao::Database::Open(file, schema::kConnect.toString());
+        accounts::RefreshChains(*db, masters, [](const QString&) {});
+        db->CloseGroup();
+    }
+    const QStringList contradictions = tests::ContradictionsIn(file, counterparties);
+    EXPECT_TRUE(contradictions.isEmpty()) << contradictions.join(u'\n').toStdString();
+    EXPECT_EQ(tests::Connection(file).Rows(others), kept) << "of a name in no master";
 }
 
 }  // namespace
