@@ -1,5 +1,6 @@
 #include "history/entries.h"
 
+#include "accounts/journal.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
 #include "schema/history.h"
@@ -436,6 +437,11 @@ bool Shown(const QByteArray& table, const QString& column) {
 
 QString Literal(const QString& text) {
     return text.isNull() ? u"null"_s : u'\'' + QString(text).replace(u"'"_s, u"''"_s) + u'\'';
+}
+
+QString PostingKeys(const QString& waybill) {
+    const auto [payable, receivable] = accounts::WaybillKeys(waybill);
+    return Literal(payable) + u',' + Literal(receivable);
 }
 
 QStringList ColumnsOf(dao::Database& db, const QByteArray& table) {

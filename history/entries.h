@@ -89,6 +89,8 @@ Range RowsOfGroup(dao::Database& db, const QByteArray& table, qint64 group);
 
 /// A text as a literal of the engine.
 QString Literal(const QString& text);
+/// The keys of a waybill's journal rows as a list of literals.
+QString PostingKeys(const QString& waybill);
 /// Whether a column is one that an operator looks at, and not kept by the journal for itself.
 bool Shown(const QByteArray& table, const QString& column);
 

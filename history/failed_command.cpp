@@ -40,10 +40,9 @@ bool LacksRows(const Entry& entry) {
                         QString::fromLatin1(family.table), now)))
             return true;
     return entry.object->table == "B01" &&
-           IsThere(
-               DeletedOf("TB1", entry.group) +
-               u"F1 in ('YS'||%1,'YF'||%1) and not exists(select 1 from TB1 t where t.F1=substr(h.F1,1,2)||%2)"_s
-                   .arg(key, now));
+           IsThere(DeletedOf("TB1", entry.group) +
+                   u"F1 in (%1) and not exists(select 1 from TB1 t where t.F1=substr(h.F1,1,2)||%2)"_s.arg(
+                       PostingKeys(entry.key), now));
 }
 
 /// What a group has deleted and what is not there now, or not whole.

@@ -21,8 +21,6 @@ using namespace Qt::StringLiterals;
 namespace history {
 namespace {
 
-constexpr double PayableAfterReceivable = 1;  // of a waybill's two rows, in SN
-
 QString TableOf(const Entry& entry) {
     return QString::fromLatin1(entry.object->table);
 }
@@ -87,11 +85,6 @@ bool IsKeyInUse(dao::Database& db, const Changes& changes) {
     QString others = TableOf(entry) + u" where F1 is "_s + Literal(entry.key);
     if (entry.action != Action::Deleted) others += u" and rowid<>"_s + QString::number(changes.Last().row);
     return IsThere(db, others);
-}
-
-/// The keys of a waybill's journal rows as a list of literals.
-QString PostingKeys(const QString& waybill) {
-    return Literal(u"YS"_s + waybill) + u',' + Literal(u"YF"_s + waybill);
 }
 
 /// The rows of the journal's mirror that a command has written for a waybill, as h.
@@ -161,9 +154,8 @@ bool IsRenamedAndUsed(dao::Database& db, const Changes& changes) {
 
 /// Whether the command has written the waybill as well that the journal row is of.
 bool IsOfWaybill(dao::Database& db, const Entry& entry) {
-    if (!entry.key.startsWith(u"YS"_s, Qt::CaseInsensitive) &&
-        !entry.key.startsWith(u"YF"_s, Qt::CaseInsensitive))
-        return false;
+    const auto isKey = [&](const QString& key) { return key.compare(entry.key, Qt::CaseInsensitive) == 0; };
+    if (std::ranges::none_of(accounts::WaybillKeys(entry.key.mid(2)), isKey)) return false;
     const Range range = RowsOfGroup(db, "B01", entry.group);
     return IsThere(db, u"H_B01 where rowid>=%1 and rowid<%2 and F1="_s.arg(range.first).arg(range.end) +
                            Literal(entry.key.mid(2)));
@@ -253,7 +245,7 @@ void AddPostings(dao::Database& db, const QStringList& taken) {
         const QString key = fields.Fields(0).Text(), unit = fields.Fields(2).Text();
         const QDate date = text::ReadDate(fields.Fields(1).Text()).value_or(QDate());
         sequence = row == taken.front() ? accounts::AllocateSequence(db, date, key)
-                                        : sequence + PayableAfterReceivable;
+                                        : sequence + accounts::PayableAfterReceivable;
         CopyPosting(db, row, sequence);
         accounts::RollBalanceChain(db, sequence, unit);
     }
