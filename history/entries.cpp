@@ -3,6 +3,7 @@
 #include "accounts/journal.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
+#include "platform/text/stored_key.h"
 #include "schema/history.h"
 #include "waybills/waybill_fields.h"
 
@@ -141,16 +142,12 @@ void Follow(Entry& deleted, const Entry& inserted) {
     deleted.afterKey = inserted.afterKey;
 }
 
-bool SameKey(const QString& a, const QString& b) {
-    return a.compare(b, Qt::CaseInsensitive) == 0;
-}
-
 /// What a command has deleted, inserted and deleted again is deleted; what it has inserted first is an entry
 /// of its own.
 void AddDeleted(std::vector<Entry>& entries, const Object& object, const Event& event) {
     const auto replaced = std::ranges::find_if(entries, [&](const Entry& each) {
         return each.action == Action::Changed && each.joined && each.row == event.row &&
-               SameKey(each.afterKey, event.key);
+               text::SameAsStored(each.afterKey, event.key);
     });
     if (replaced == entries.end()) return entries.push_back(EntryOf(object, event, Action::Deleted));
     replaced->action = Action::Deleted;
@@ -161,7 +158,7 @@ void AddDeleted(std::vector<Entry>& entries, const Object& object, const Event& 
 
 void AddInserted(std::vector<Entry>& entries, const Object& object, const Event& event) {
     const auto open = std::ranges::find_if(entries, [&](const Entry& each) {
-        return each.action == Action::Deleted && SameKey(each.key, event.key);
+        return each.action == Action::Deleted && text::SameAsStored(each.key, event.key);
     });
     if (open == entries.end()) return entries.push_back(EntryOf(object, event, Action::Added));
     Follow(*open, EntryOf(object, event, Action::Added));
@@ -251,7 +248,8 @@ bool Matches(const Entry& entry, const QString& text, const QStringList& custome
     const auto has = [&](const QString& where) { return where.contains(text, Qt::CaseInsensitive); };
     if (text.isEmpty() || has(entry.key) || has(entry.name) || has(entry.afterKey)) return true;
     return std::ranges::any_of(entry.parties, [&](const QString& party) {
-        return entry.object->table == "B01" ? customers.contains(party, Qt::CaseInsensitive) : has(party);
+        const auto is = [&](const QString& code) { return text::SameAsStored(code, party); };
+        return entry.object->table == "B01" ? std::ranges::any_of(customers, is) : has(party);
     });
 }
 

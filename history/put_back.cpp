@@ -11,6 +11,7 @@
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
+#include "platform/text/stored_key.h"
 #include "schema/history.h"
 #include "waybills/waybill_fields.h"
 
@@ -147,14 +148,14 @@ bool IsOfPasswordAlone(dao::Database& db, const Entry& entry, const Images& imag
 bool IsRenamedAndUsed(dao::Database& db, const Changes& changes) {
     const Entry& entry = changes.Chosen();
     const QString& now = changes.Last().afterKey;
-    if (entry.action == Action::Deleted || now.compare(entry.key, Qt::CaseInsensitive) == 0) return false;
+    if (entry.action == Action::Deleted || text::SameAsStored(now, entry.key)) return false;
     return std::ranges::any_of(entry.object->usedIn,
                                [&](const QString& used) { return IsThere(db, used + u'=' + Literal(now)); });
 }
 
 /// Whether the command has written the waybill as well that the journal row is of.
 bool IsOfWaybill(dao::Database& db, const Entry& entry) {
-    const auto isKey = [&](const QString& key) { return key.compare(entry.key, Qt::CaseInsensitive) == 0; };
+    const auto isKey = [&](const QString& key) { return text::SameAsStored(key, entry.key); };
     if (std::ranges::none_of(accounts::WaybillKeys(entry.key.mid(2)), isKey)) return false;
     const Range range = RowsOfGroup(db, "B01", entry.group);
     return IsThere(db, u"H_B01 where rowid>=%1 and rowid<%2 and F1="_s.arg(range.first).arg(range.end) +
@@ -288,14 +289,13 @@ bool HasWrittenSteps(dao::Database& db, const Entry& entry) {
 void CopySteps(dao::Database& db, const Changes& changes) {
     const Entry& entry = changes.Chosen();
     if (entry.object->table != "B01") return;
-    if (const QString& now = changes.Last().afterKey;
-        !now.isNull() && now.compare(entry.key, Qt::CaseInsensitive) != 0)
+    if (const QString& now = changes.Last().afterKey; !now.isNull() && !text::SameAsStored(now, entry.key))
         db.ExecuteEngine(u"delete from B011 where F1="_s + Literal(now));
     const auto writer =
         std::ranges::find_if(changes.All(), [&](const Entry& each) { return HasWrittenSteps(db, each); });
     if (writer == changes.All().end()) return;
     db.ExecuteEngine(u"delete from B011 where F1="_s + Literal(entry.key));
-    if (writer->key.compare(entry.key, Qt::CaseInsensitive) == 0)
+    if (text::SameAsStored(writer->key, entry.key))
         CopyFrom(db, "B011", DeletedWith(db, *writer, "B011", u"F1=%1"_s));
 }
 
