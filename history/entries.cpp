@@ -35,11 +35,6 @@ QString TextOf(const dao::Field& field) {
     return field.IsNull() ? QString() : QStringLiteral("") + field.Text();
 }
 
-qint64 WholeOf(dao::Database& db, const QString& select) {
-    auto rows = db.ReadEngine(select);
-    return rows.Eof() ? 0 : rows.Fields(0).Text().toLongLong();
-}
-
 Range AllRows(dao::Database& db, const QByteArray& table) {
     const QString from = u" from "_s + MirrorOf(table);
     const qint64 first = WholeOf(db, u"select min(rowid)"_s + from);
@@ -79,7 +74,7 @@ QString OfPeriod(dao::Database& db, const QByteArray& table, QDate from, QDate t
             return FirstRow(db, table, steady, u"At"_s, [&](const QString& at) { return at >= day; });
         };
         const Range rows{reaching(first), reaching(end)};
-        if (rows.first < rows.end) conditions += u"rowid>=%1 and rowid<%2"_s.arg(rows.first).arg(rows.end);
+        if (rows.first < rows.end) conditions += rows.Condition();
     };
     Range steady = all;
     for (auto steps = db.ReadEngine(u"select N from HClock order by rowid"_s); !steps.Eof();
@@ -433,6 +428,15 @@ bool Shown(const QByteArray& table, const QString& column) {
     return table != "TB1" || !hidden.contains(column);
 }
 
+qint64 WholeOf(dao::Database& db, const QString& select) {
+    auto rows = db.ReadEngine(select);
+    return rows.Eof() ? 0 : rows.Fields(0).Text().toLongLong();
+}
+
+bool IsThere(dao::Database& db, const QString& from) {
+    return !db.ReadEngine(u"select 1 from "_s + from + u" limit 1"_s).Eof();
+}
+
 QString Literal(const QString& text) {
     return text.isNull() ? u"null"_s : u'\'' + QString(text).replace(u"'"_s, u"''"_s) + u'\'';
 }
@@ -478,8 +482,7 @@ std::vector<Entry> Find(dao::Database& db, const Search& search, bool* cut) {
 std::vector<Entry> ChangesOf(dao::Database& db, const Object& object, qint64 group) {
     const Range range = RowsOfGroup(db, object.table, group);
     if (range.first >= range.end) return {};
-    return Paired(object,
-                  Events(db, object, u"rowid>=%1 and rowid<%2"_s.arg(range.first).arg(range.end), -1));
+    return Paired(object, Events(db, object, range.Condition(), -1));
 }
 
 std::vector<Entry> OfGroup(dao::Database& db, qint64 group) {
@@ -543,9 +546,7 @@ void ReadAfter(dao::Database& db, const QByteArray& table, const QString& where,
 std::vector<FamilyRow> FamilyOf(dao::Database& db, const Entry& entry, const Family& family) {
     const QStringList columns = ColumnsOf(db, family.table);
     const Range range = RowsOfGroup(db, family.table, entry.group);
-    const QString of = u" from %1 where rowid>=%2 and rowid<%3 and "_s.arg(MirrorOf(family.table))
-                           .arg(range.first)
-                           .arg(range.end);
+    const QString of = u" from %1 where %2 and "_s.arg(MirrorOf(family.table), range.Condition());
     const auto belongsTo = [&](const QString& key) { return QString(family.condition).arg(Literal(key)); };
     std::map<QString, FamilyRow> rows;
     auto deleted = db.ReadEngine(u"select F1,"_s + columns.join(u',') + of + u"Op='D' and "_s +
