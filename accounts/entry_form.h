@@ -26,7 +26,7 @@ class EntryForm : public ChildForm, public QueryCaller {
     void Load() override;
     bool QueryUnload() override;
 
-    std::int16_t FormMode = 0;  ///< one of records::FormModes
+    std::int16_t FormMode = 0;  ///< one of FormModes
     int CurRow = 1;
     int RecCount = 0;
 
@@ -34,8 +34,6 @@ class EntryForm : public ChildForm, public QueryCaller {
     explicit EntryForm(const accounts::EntrySettings& settings);
 
   private:
-    using enum records::FormModes;
-
     // Building and the list.
     void SetCommands();
     QWidget* MakeStrip();

@@ -3,9 +3,5 @@
 
 #include <cstdint>
 
-namespace records {
-
 /// The values of a form's FormMode; while the operator may type it is Adding or greater.
 enum FormModes : std::int16_t { Browsing = 0, Adding = 1, Editing = 2 };
-
-}  // namespace records

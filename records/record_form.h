@@ -49,12 +49,11 @@ class RecordForm : public ChildForm, public QueryCaller {
     bool QueryUnload() override;
     QWidget* FirstFocus() const override { return GD; }
 
-    std::int16_t FormMode = 0;  ///< one of records::FormModes
+    std::int16_t FormMode = 0;  ///< one of FormModes
     int CurRow = 1;
     int RecCount = 0;
 
   protected:
-    using enum records::FormModes;
     static constexpr int NoLimit = 32767;  ///< characters; what the toolkit's own boxes hold
     static constexpr int ListTab = 1;
     static constexpr int CardTab = 2;
