@@ -2,6 +2,7 @@
 
 #include "platform/errors.h"
 #include "platform/text/numbers.h"
+#include "platform/text/stored_key.h"
 
 #include <algorithm>
 #include <cmath>
@@ -40,14 +41,6 @@ QDate DayOf(int digits) {
 
 std::size_t BucketOf(int age) {
     return static_cast<std::size_t>(std::ranges::lower_bound(LastDayOfBucket, age) - LastDayOfBucket.begin());
-}
-
-bool SameUnit(const QString& a, const QString& b) {
-    if (a == b) return true;
-    return a.size() == b.size() && std::ranges::equal(a, b, [](QChar x, QChar y) {
-               const auto folded = [](QChar c) { return c >= u'A' && c <= u'Z' ? c.toLower() : c; };
-               return folded(x) == folded(y);
-           });
 }
 
 /// What raises the balance of one row: a charge, or a negative payment.
@@ -140,7 +133,7 @@ void ReadLines(dao::Recordset& rows, Chain& chain, const std::function<void()>& 
     bool begun = false;
     for (; !rows.Eof(); rows.MoveNext()) {
         QString unit = rows.Fields(FieldUnit).Text();
-        if (!begun || !SameUnit(unit, chain.Unit())) {
+        if (!begun || !text::SameAsStored(unit, chain.Unit())) {
             if (begun) finish();
             chain.Begin(std::move(unit));
             begun = true;
@@ -214,7 +207,7 @@ UnitAgeing AgeUnit(dao::Database& db, const AgeingScope& scope, const QString& u
     UnitAgeing ageing{.line = {.unit = unit}, .charges = {}};
     Chain chain(true);
     ReadLines(rows, chain, [&] {
-        if (!SameUnit(chain.Unit(), unit)) return;
+        if (!text::SameAsStored(chain.Unit(), unit)) return;
         ageing.line = chain.Finish(scope, [&](const Raise& raise, int age, Cents open) {
             ageing.charges.push_back({.voucher = chain.Voucher(raise),
                                       .date = DayOf(raise.date),

@@ -61,7 +61,7 @@ QString OverdueDays(const AgeingPrint& print) {
 Contacts::Contacts(dao::Database& db) {
     auto rows = db.OpenRecordset(u"select F2,F301,F401,F5,F6 from M03 order by F1"_s);
     for (; !rows.Eof(); rows.MoveNext()) {
-        const QString name = rows.Fields(0).Text().toLower();
+        const QString name = text::StoredKey(rows.Fields(0).Text());
         if (!byName_.contains(name))
             byName_.insert(name, {rows.Fields(1).Text(), rows.Fields(2).Text(), rows.Fields(3).Text(),
                                   rows.Fields(4).Text()});

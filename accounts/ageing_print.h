@@ -3,6 +3,7 @@
 #pragma once
 
 #include "accounts/ageing.h"
+#include "platform/text/stored_key.h"
 
 #include <QHash>
 #include <QString>
@@ -21,7 +22,7 @@ struct Contact {
 class Contacts {
   public:
     explicit Contacts(dao::Database& db);
-    Contact Of(const QString& unit) const { return byName_.value(unit.toLower()); }
+    Contact Of(const QString& unit) const { return byName_.value(text::StoredKey(unit)); }
 
   private:
     QHash<QString, Contact> byName_;

@@ -114,6 +114,11 @@ const LedgerKindInfo& InfoFor(LedgerKind kind) {
     throw std::invalid_argument("no such kind of ledger row");
 }
 
+std::array<QString, 2> WaybillKeys(const QString& waybill) {
+    return {InfoFor(LedgerKind::Payable).keyPrefix + waybill,
+            InfoFor(LedgerKind::Receivable).keyPrefix + waybill};
+}
+
 EntryDate ClassifyEntryDate(dao::Database& db, QDate date) {
     const auto newest = text::ReadDate(GetStr(db, u"select top 1 F2 from TB1 order by F2 desc "_s));
     if (!newest) return EntryDate::Newer;
@@ -205,8 +210,8 @@ void DeleteEntry(dao::Database& db, const QString& key) {
 }
 
 void DeleteWaybillEntries(dao::Database& db, const QString& waybill) {
-    db.Execute(u"DELETE FROM TB1 WHERE F1="_s + Quoted(u"YF"_s + waybill) + u" OR F1="_s +
-               Quoted(u"YS"_s + waybill));
+    const auto [payable, receivable] = WaybillKeys(waybill);
+    db.Execute(u"DELETE FROM TB1 WHERE F1="_s + Quoted(payable) + u" OR F1="_s + Quoted(receivable));
 }
 
 }  // namespace accounts

@@ -13,6 +13,8 @@
 #include <QDate>
 #include <QString>
 
+#include <array>
+
 namespace accounts {
 
 /// `LB`: the sign is the side, the magnitude distinguishes charge (9) from payment (10).
@@ -27,6 +29,11 @@ struct LedgerKindInfo {
     QString release;      ///< removes a row that is being edited from every chain; its `SN` is appended
 };
 const LedgerKindInfo& InfoFor(LedgerKind kind);
+
+/// The keys of a waybill's journal rows: the payable's, then the receivable's.
+std::array<QString, 2> WaybillKeys(const QString& waybill);
+/// What the `SN` of a waybill's payable is above its receivable's.
+inline constexpr double PayableAfterReceivable = 1;
 
 /// A row as it is written. `F6`, the second operator mark, always has the same name as `F5`.
 struct LedgerEntry {

@@ -1,7 +1,9 @@
 #include "history/entries.h"
 
+#include "accounts/journal.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
+#include "platform/text/stored_key.h"
 #include "schema/history.h"
 #include "waybills/waybill_fields.h"
 
@@ -31,11 +33,6 @@ QString MirrorOf(const QByteArray& table) {
 
 QString TextOf(const dao::Field& field) {
     return field.IsNull() ? QString() : QStringLiteral("") + field.Text();
-}
-
-qint64 WholeOf(dao::Database& db, const QString& select) {
-    auto rows = db.ReadEngine(select);
-    return rows.Eof() ? 0 : rows.Fields(0).Text().toLongLong();
 }
 
 Range AllRows(dao::Database& db, const QByteArray& table) {
@@ -77,7 +74,7 @@ QString OfPeriod(dao::Database& db, const QByteArray& table, QDate from, QDate t
             return FirstRow(db, table, steady, u"At"_s, [&](const QString& at) { return at >= day; });
         };
         const Range rows{reaching(first), reaching(end)};
-        if (rows.first < rows.end) conditions += u"rowid>=%1 and rowid<%2"_s.arg(rows.first).arg(rows.end);
+        if (rows.first < rows.end) conditions += rows.Condition();
     };
     Range steady = all;
     for (auto steps = db.ReadEngine(u"select N from HClock order by rowid"_s); !steps.Eof();
@@ -140,16 +137,12 @@ void Follow(Entry& deleted, const Entry& inserted) {
     deleted.afterKey = inserted.afterKey;
 }
 
-bool SameKey(const QString& a, const QString& b) {
-    return a.compare(b, Qt::CaseInsensitive) == 0;
-}
-
 /// What a command has deleted, inserted and deleted again is deleted; what it has inserted first is an entry
 /// of its own.
 void AddDeleted(std::vector<Entry>& entries, const Object& object, const Event& event) {
     const auto replaced = std::ranges::find_if(entries, [&](const Entry& each) {
         return each.action == Action::Changed && each.joined && each.row == event.row &&
-               SameKey(each.afterKey, event.key);
+               text::SameAsStored(each.afterKey, event.key);
     });
     if (replaced == entries.end()) return entries.push_back(EntryOf(object, event, Action::Deleted));
     replaced->action = Action::Deleted;
@@ -160,7 +153,7 @@ void AddDeleted(std::vector<Entry>& entries, const Object& object, const Event& 
 
 void AddInserted(std::vector<Entry>& entries, const Object& object, const Event& event) {
     const auto open = std::ranges::find_if(entries, [&](const Entry& each) {
-        return each.action == Action::Deleted && SameKey(each.key, event.key);
+        return each.action == Action::Deleted && text::SameAsStored(each.key, event.key);
     });
     if (open == entries.end()) return entries.push_back(EntryOf(object, event, Action::Added));
     Follow(*open, EntryOf(object, event, Action::Added));
@@ -250,7 +243,8 @@ bool Matches(const Entry& entry, const QString& text, const QStringList& custome
     const auto has = [&](const QString& where) { return where.contains(text, Qt::CaseInsensitive); };
     if (text.isEmpty() || has(entry.key) || has(entry.name) || has(entry.afterKey)) return true;
     return std::ranges::any_of(entry.parties, [&](const QString& party) {
-        return entry.object->table == "B01" ? customers.contains(party, Qt::CaseInsensitive) : has(party);
+        const auto is = [&](const QString& code) { return text::SameAsStored(code, party); };
+        return entry.object->table == "B01" ? std::ranges::any_of(customers, is) : has(party);
     });
 }
 
@@ -434,8 +428,22 @@ bool Shown(const QByteArray& table, const QString& column) {
     return table != "TB1" || !hidden.contains(column);
 }
 
+qint64 WholeOf(dao::Database& db, const QString& select) {
+    auto rows = db.ReadEngine(select);
+    return rows.Eof() ? 0 : rows.Fields(0).Text().toLongLong();
+}
+
+bool IsThere(dao::Database& db, const QString& from) {
+    return !db.ReadEngine(u"select 1 from "_s + from + u" limit 1"_s).Eof();
+}
+
 QString Literal(const QString& text) {
     return text.isNull() ? u"null"_s : u'\'' + QString(text).replace(u"'"_s, u"''"_s) + u'\'';
+}
+
+QString PostingKeys(const QString& waybill) {
+    const auto [payable, receivable] = accounts::WaybillKeys(waybill);
+    return Literal(payable) + u',' + Literal(receivable);
 }
 
 QStringList ColumnsOf(dao::Database& db, const QByteArray& table) {
@@ -474,8 +482,7 @@ std::vector<Entry> Find(dao::Database& db, const Search& search, bool* cut) {
 std::vector<Entry> ChangesOf(dao::Database& db, const Object& object, qint64 group) {
     const Range range = RowsOfGroup(db, object.table, group);
     if (range.first >= range.end) return {};
-    return Paired(object,
-                  Events(db, object, u"rowid>=%1 and rowid<%2"_s.arg(range.first).arg(range.end), -1));
+    return Paired(object, Events(db, object, range.Condition(), -1));
 }
 
 std::vector<Entry> OfGroup(dao::Database& db, qint64 group) {
@@ -539,9 +546,7 @@ void ReadAfter(dao::Database& db, const QByteArray& table, const QString& where,
 std::vector<FamilyRow> FamilyOf(dao::Database& db, const Entry& entry, const Family& family) {
     const QStringList columns = ColumnsOf(db, family.table);
     const Range range = RowsOfGroup(db, family.table, entry.group);
-    const QString of = u" from %1 where rowid>=%2 and rowid<%3 and "_s.arg(MirrorOf(family.table))
-                           .arg(range.first)
-                           .arg(range.end);
+    const QString of = u" from %1 where %2 and "_s.arg(MirrorOf(family.table), range.Condition());
     const auto belongsTo = [&](const QString& key) { return QString(family.condition).arg(Literal(key)); };
     std::map<QString, FamilyRow> rows;
     auto deleted = db.ReadEngine(u"select F1,"_s + columns.join(u',') + of + u"Op='D' and "_s +

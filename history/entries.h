@@ -84,11 +84,19 @@ std::vector<FamilyRow> FamilyOf(dao::Database& db, const Entry& entry, const Fam
 /// The rows of a mirror that a group has written: from the first, to before the end.
 struct Range {
     qint64 first = 0, end = 0;
+    QString Condition() const { return QStringLiteral("rowid>=%1 and rowid<%2").arg(first).arg(end); }
 };
 Range RowsOfGroup(dao::Database& db, const QByteArray& table, qint64 group);
 
+/// The first field of the first row as a whole number; 0 where there is no row.
+qint64 WholeOf(dao::Database& db, const QString& select);
+/// Whether there is a row; `from` is what follows "from".
+bool IsThere(dao::Database& db, const QString& from);
+
 /// A text as a literal of the engine.
 QString Literal(const QString& text);
+/// The keys of a waybill's journal rows as a list of literals.
+QString PostingKeys(const QString& waybill);
 /// Whether a column is one that an operator looks at, and not kept by the journal for itself.
 bool Shown(const QByteArray& table, const QString& column);
 

@@ -12,21 +12,10 @@ using namespace Qt::StringLiterals;
 namespace history {
 namespace {
 
-qint64 WholeOf(const QString& select) {
-    auto rows = Db->ReadEngine(select);
-    return rows.Eof() ? 0 : rows.Fields(0).Text().toLongLong();
-}
-
-bool IsThere(const QString& from) {
-    return WholeOf(u"select exists(select 1 from "_s + from + u')') != 0;
-}
-
 /// The rows of a mirror that the group has deleted, as h.
 QString DeletedOf(const QByteArray& table, qint64 group) {
-    const Range range = RowsOfGroup(*Db, table, group);
-    return u"H_%1 h where rowid>=%2 and rowid<%3 and Op='D' and "_s.arg(QString::fromLatin1(table))
-        .arg(range.first)
-        .arg(range.end);
+    return u"H_%1 h where %2 and Op='D' and "_s.arg(QString::fromLatin1(table),
+                                                    RowsOfGroup(*Db, table, group).Condition());
 }
 
 /// Whether the record is there again, but not all the places, quotes or journal rows that went with it.
@@ -35,15 +24,16 @@ bool LacksRows(const Entry& entry) {
     const QString key = Literal(entry.key), now = Literal(entry.afterKey);
     for (const Family& family : entry.object->family)
         if (!family.cascade &&
-            IsThere(DeletedOf(family.table, entry.group) + QString(family.condition).arg(key) +
-                    u" and not exists(select 1 from %1 t where t.F0 is %2 and t.F1 is h.F1)"_s.arg(
-                        QString::fromLatin1(family.table), now)))
+            IsThere(*Db, DeletedOf(family.table, entry.group) + QString(family.condition).arg(key) +
+                             u" and not exists(select 1 from %1 t where t.F0 is %2 and t.F1 is h.F1)"_s.arg(
+                                 QString::fromLatin1(family.table), now)))
             return true;
     return entry.object->table == "B01" &&
            IsThere(
+               *Db,
                DeletedOf("TB1", entry.group) +
-               u"F1 in ('YS'||%1,'YF'||%1) and not exists(select 1 from TB1 t where t.F1=substr(h.F1,1,2)||%2)"_s
-                   .arg(key, now));
+                   u"F1 in (%1) and not exists(select 1 from TB1 t where t.F1=substr(h.F1,1,2)||%2)"_s.arg(
+                       PostingKeys(entry.key), now));
 }
 
 /// What a group has deleted and what is not there now, or not whole.
@@ -52,7 +42,7 @@ std::vector<Entry> MissingOf(qint64 group) {
     std::erase_if(missing, [](const Entry& entry) {
         if (entry.action != Action::Deleted) return !LacksRows(entry);
         const QString table = QString::fromLatin1(entry.object->table);
-        return IsThere(HasKey(*entry.object) ? table + u" where F1 is "_s + Literal(entry.key) : table);
+        return IsThere(*Db, HasKey(*entry.object) ? table + u" where F1 is "_s + Literal(entry.key) : table);
     });
     return missing;
 }
@@ -75,7 +65,7 @@ qint64& FailedGroup() {
 void Notice() {
     FailedGroup() = 0;
     if (!Db || !Db->InGroup()) return;
-    const qint64 group = WholeOf(u"select N from HNow"_s);
+    const qint64 group = WholeOf(*Db, u"select N from HNow"_s);
     if (MissingOf(group).empty()) return;
     Db->ExecuteEngine(u"update HNow set Failed=N"_s);
     FailedGroup() = group;
@@ -125,7 +115,7 @@ void WatchFailures() {
 
 void SayWhatWasLost() {
     if (!Db) return;
-    const qint64 failed = WholeOf(u"select Failed from HNow"_s);
+    const qint64 failed = WholeOf(*Db, u"select Failed from HNow"_s);
     if (failed == 0) return;
     const std::vector<Entry> missing = MissingOf(failed);
     try {

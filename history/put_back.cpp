@@ -11,6 +11,7 @@
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
+#include "platform/text/stored_key.h"
 #include "schema/history.h"
 #include "waybills/waybill_fields.h"
 
@@ -21,14 +22,8 @@ using namespace Qt::StringLiterals;
 namespace history {
 namespace {
 
-constexpr double PayableAfterReceivable = 1;  // of a waybill's two rows, in SN
-
 QString TableOf(const Entry& entry) {
     return QString::fromLatin1(entry.object->table);
-}
-
-bool IsThere(dao::Database& db, const QString& from) {
-    return !db.ReadEngine(u"select 1 from "_s + from + u" limit 1"_s).Eof();
 }
 
 /// The top menu of the form that gave the command; that of the object for any other form.
@@ -89,16 +84,9 @@ bool IsKeyInUse(dao::Database& db, const Changes& changes) {
     return IsThere(db, others);
 }
 
-/// The keys of a waybill's journal rows as a list of literals.
-QString PostingKeys(const QString& waybill) {
-    return Literal(u"YS"_s + waybill) + u',' + Literal(u"YF"_s + waybill);
-}
-
 /// The rows of the journal's mirror that a command has written for a waybill, as h.
 QString WrittenPostings(dao::Database& db, const Entry& entry, const QString& keys) {
-    const Range range = RowsOfGroup(db, "TB1", entry.group);
-    return u"H_TB1 h where rowid>=%1 and rowid<%2 and F1 in (%3)"_s.arg(QString::number(range.first),
-                                                                        QString::number(range.end), keys);
+    return u"H_TB1 h where %1 and F1 in (%2)"_s.arg(RowsOfGroup(db, "TB1", entry.group).Condition(), keys);
 }
 
 /// The first of the changes that has written the waybill's journal rows; a deletion with its uses leaves
@@ -154,18 +142,16 @@ bool IsOfPasswordAlone(dao::Database& db, const Entry& entry, const Images& imag
 bool IsRenamedAndUsed(dao::Database& db, const Changes& changes) {
     const Entry& entry = changes.Chosen();
     const QString& now = changes.Last().afterKey;
-    if (entry.action == Action::Deleted || now.compare(entry.key, Qt::CaseInsensitive) == 0) return false;
+    if (entry.action == Action::Deleted || text::SameAsStored(now, entry.key)) return false;
     return std::ranges::any_of(entry.object->usedIn,
                                [&](const QString& used) { return IsThere(db, used + u'=' + Literal(now)); });
 }
 
 /// Whether the command has written the waybill as well that the journal row is of.
 bool IsOfWaybill(dao::Database& db, const Entry& entry) {
-    if (!entry.key.startsWith(u"YS"_s, Qt::CaseInsensitive) &&
-        !entry.key.startsWith(u"YF"_s, Qt::CaseInsensitive))
-        return false;
-    const Range range = RowsOfGroup(db, "B01", entry.group);
-    return IsThere(db, u"H_B01 where rowid>=%1 and rowid<%2 and F1="_s.arg(range.first).arg(range.end) +
+    const auto isKey = [&](const QString& key) { return text::SameAsStored(key, entry.key); };
+    if (std::ranges::none_of(accounts::WaybillKeys(entry.key.mid(2)), isKey)) return false;
+    return IsThere(db, u"H_B01 where "_s + RowsOfGroup(db, "B01", entry.group).Condition() + u" and F1="_s +
                            Literal(entry.key.mid(2)));
 }
 
@@ -200,6 +186,28 @@ QString FamilyRefusal(dao::Database& db, const Entry& entry) {
                             QString(family.condition).arg(Literal(entry.key))))
             return u"[%1]的附属资料已经存在，不能恢复!"_s.arg(entry.key);
     return {};
+}
+
+QString NothingBeforeRefusal(dao::Database& db, const Entry& entry) {
+    if (entry.action == Action::Added) return u"新增的记录没有改动前的内容，不能恢复!"_s;
+    if (!ImagesOf(db, entry).before) return u"该记录的内容已不在操作记录中，不能恢复!"_s;
+    return {};
+}
+
+QString RefusalOf(dao::Database& db, const Changes& changes) {
+    const Entry& entry = changes.Chosen();
+    for (const Entry& each : changes.All())
+        if (const QString why = RightRefusal(db, each, ImagesOf(db, each)); !why.isEmpty()) return why;
+    if (const QString why = SameRecordRefusal(db, changes); !why.isEmpty()) return why;
+    if (IsOfPasswordAlone(db, entry, ImagesOf(db, entry)))
+        return u"操作记录不保存密码，密码的改动不能恢复!"_s;
+    if (IsKeyInUse(db, changes)) return u"[%1]已经重新使用，不能恢复!"_s.arg(entry.key);
+    if (IsRenamedAndUsed(db, changes))
+        return u"[%1]已经使用，不能恢复为[%2]!"_s.arg(changes.Last().afterKey, entry.key);
+    if (entry.object->table == "TE1" && entry.key.contains(u'\''))
+        return u"操作员帐号含有单引号，不能恢复!"_s;
+    if (const QString why = FamilyRefusal(db, entry); !why.isEmpty()) return why;
+    return PostingRefusal(db, changes);
 }
 
 void CopyFrom(dao::Database& db, const QByteArray& table, const QString& condition) {
@@ -253,7 +261,7 @@ void AddPostings(dao::Database& db, const QStringList& taken) {
         const QString key = fields.Fields(0).Text(), unit = fields.Fields(2).Text();
         const QDate date = text::ReadDate(fields.Fields(1).Text()).value_or(QDate());
         sequence = row == taken.front() ? accounts::AllocateSequence(db, date, key)
-                                        : sequence + PayableAfterReceivable;
+                                        : sequence + accounts::PayableAfterReceivable;
         CopyPosting(db, row, sequence);
         accounts::RollBalanceChain(db, sequence, unit);
     }
@@ -280,14 +288,12 @@ void RemoveSuccessor(dao::Database& db, const Entry& entry, bool postings) {
 
 /// The condition for what a command has deleted of a table that belongs to its record.
 QString DeletedWith(dao::Database& db, const Entry& entry, const QByteArray& table, const QString& of) {
-    const Range range = RowsOfGroup(db, table, entry.group);
-    return u"rowid>=%1 and rowid<%2 and Op='D' and "_s.arg(range.first).arg(range.end) +
+    return RowsOfGroup(db, table, entry.group).Condition() + u" and Op='D' and "_s +
            QString(of).arg(Literal(entry.key));
 }
 
 bool HasWrittenSteps(dao::Database& db, const Entry& entry) {
-    const Range range = RowsOfGroup(db, "B011", entry.group);
-    return IsThere(db, u"H_B011 where rowid>=%1 and rowid<%2 and F1="_s.arg(range.first).arg(range.end) +
+    return IsThere(db, u"H_B011 where "_s + RowsOfGroup(db, "B011", entry.group).Condition() + u" and F1="_s +
                            Literal(entry.key));
 }
 
@@ -296,14 +302,13 @@ bool HasWrittenSteps(dao::Database& db, const Entry& entry) {
 void CopySteps(dao::Database& db, const Changes& changes) {
     const Entry& entry = changes.Chosen();
     if (entry.object->table != "B01") return;
-    if (const QString& now = changes.Last().afterKey;
-        !now.isNull() && now.compare(entry.key, Qt::CaseInsensitive) != 0)
+    if (const QString& now = changes.Last().afterKey; !now.isNull() && !text::SameAsStored(now, entry.key))
         db.ExecuteEngine(u"delete from B011 where F1="_s + Literal(now));
     const auto writer =
         std::ranges::find_if(changes.All(), [&](const Entry& each) { return HasWrittenSteps(db, each); });
     if (writer == changes.All().end()) return;
     db.ExecuteEngine(u"delete from B011 where F1="_s + Literal(entry.key));
-    if (writer->key.compare(entry.key, Qt::CaseInsensitive) == 0)
+    if (text::SameAsStored(writer->key, entry.key))
         CopyFrom(db, "B011", DeletedWith(db, *writer, "B011", u"F1=%1"_s));
 }
 
@@ -340,21 +345,8 @@ void Write(dao::Database& db, const Changes& changes) {
 }  // namespace
 
 QString Refusal(dao::Database& db, const Entry& entry) {
-    if (entry.action == Action::Added) return u"新增的记录没有改动前的内容，不能恢复!"_s;
-    const Images images = ImagesOf(db, entry);
-    if (!images.before) return u"该记录的内容已不在操作记录中，不能恢复!"_s;
-    const Changes changes(db, entry);
-    for (const Entry& each : changes.All())
-        if (const QString why = RightRefusal(db, each, ImagesOf(db, each)); !why.isEmpty()) return why;
-    if (const QString why = SameRecordRefusal(db, changes); !why.isEmpty()) return why;
-    if (IsOfPasswordAlone(db, entry, images)) return u"操作记录不保存密码，密码的改动不能恢复!"_s;
-    if (IsKeyInUse(db, changes)) return u"[%1]已经重新使用，不能恢复!"_s.arg(entry.key);
-    if (IsRenamedAndUsed(db, changes))
-        return u"[%1]已经使用，不能恢复为[%2]!"_s.arg(changes.Last().afterKey, entry.key);
-    if (entry.object->table == "TE1" && entry.key.contains(u'\''))
-        return u"操作员帐号含有单引号，不能恢复!"_s;
-    if (const QString why = FamilyRefusal(db, entry); !why.isEmpty()) return why;
-    return PostingRefusal(db, changes);
+    if (const QString why = NothingBeforeRefusal(db, entry); !why.isEmpty()) return why;
+    return RefusalOf(db, Changes(db, entry));
 }
 
 QString Question(dao::Database& db, const Entry& entry) {
@@ -386,8 +378,10 @@ QString PutBack(dao::Database& db, const Entry& entry, const QString& password) 
     // The first write of a group removes what is beyond the history's limits, and another program may have
     // written. The form in front can be the one whose command has failed.
     db.ExecuteEngine(u"update HNow set Command='History'"_s);
-    if (const QString why = Refusal(db, entry); !why.isEmpty()) return why;
-    Write(db, Changes(db, entry));
+    if (const QString why = NothingBeforeRefusal(db, entry); !why.isEmpty()) return why;
+    const Changes changes(db, entry);
+    if (const QString why = RefusalOf(db, changes); !why.isEmpty()) return why;
+    Write(db, changes);
     if (account)
         OperatorStatement(u"update TE1 set F3="_s)
             .Secret(password)

@@ -3,6 +3,7 @@
 #include "app/data_access.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
+#include "platform/text/stored_key.h"
 #include "waybills/waybill_fields.h"
 
 #include <QHash>
@@ -17,15 +18,12 @@ using namespace Qt::StringLiterals;
 namespace reconcile {
 namespace {
 
-/// Blanks of any width around it do not count, full-width characters are the usual ones, and letters compare
-/// as the data file's do: a to z alone.
+/// Blanks of any width around it do not count, and full-width characters are the usual ones.
 QString KeyOf(const QString& number) {
     QString key = number.trimmed();
-    for (QChar& c : key) {
+    for (QChar& c : key)
         if (c >= QChar(0xFF01) && c <= QChar(0xFF5E)) c = QChar(c.unicode() - (0xFF01 - u'!'));
-        if (c >= u'a' && c <= u'z') c = QChar(c.unicode() - (u'a' - u'A'));
-    }
-    return key;
+    return text::StoredKey(key);
 }
 
 /// A number too small for the digits of an amount is stored as 1E-05.

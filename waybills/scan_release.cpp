@@ -11,6 +11,7 @@
 #include "platform/system/seams.h"
 #include "platform/system/sound.h"
 #include "platform/text/numbers.h"
+#include "platform/text/stored_key.h"
 #include "records/export.h"
 #include "records/filter_strip.h"
 #include "reports/printing.h"
@@ -209,7 +210,7 @@ ScanRelease::Scanned ScanRelease::ReleaseOne(const QString& number) {
 
 QString ScanRelease::Reason(const Scanned& scanned, bool known) const {
     const QString refusal = known ? scanned.refusal : u"没有这个速递单"_s;
-    const QString first = firstAt_.value(scanned.waybill.number.toLower());
+    const QString first = firstAt_.value(text::StoredKey(scanned.waybill.number));
     if (!first.isEmpty()) return u"重复扫描（"_s + first + u"），"_s + refusal;
     const QString mark = text::Trim(scanned.waybill.releaseMark);
     return mark.isEmpty() ? refusal : refusal + u"（审核人："_s + mark + u'）';
@@ -227,7 +228,7 @@ void ScanRelease::Show(const Scanned& scanned) {
     GD->SetRow(1);
     scanned_.push_back(scanned);
     released_ += released;
-    const QString key = waybill.number.toLower();
+    const QString key = text::StoredKey(waybill.number);
     if (!firstAt_.contains(key)) firstAt_.insert(key, scanned.at);
     if (released) AddChannel(waybill);
     LabVerdict->setText(released ? u"%1　%2　%3"_s.arg(waybill.number, result, waybill.channelName).trimmed()

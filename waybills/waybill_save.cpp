@@ -184,7 +184,7 @@ void B01::Post() {
     // The counter does not move for the payable: the number after the receivable's is free on the newest day.
     // On an older one it may lie behind rows of the next.
     entry.kind = accounts::LedgerKind::Payable;
-    entry.sequence += 1;
+    entry.sequence += accounts::PayableAfterReceivable;
     entry.key = accounts::InfoFor(entry.kind).keyPrefix + number;
     entry.counterparty = nameOf(ChannelCode, u"M01"_s);
     entry.amount = text::Val(BoxText(ShippingCost));

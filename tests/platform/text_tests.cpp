@@ -1,6 +1,7 @@
 #include "platform/errors.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
+#include "platform/text/stored_key.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -90,6 +91,13 @@ TEST(Trim, TakesBlanksAndNothingElse) {
     EXPECT_EQ(text::Trim(u"  a b  "_s), u"a b"_s);
     EXPECT_EQ(text::Trim(u"\ta\u3000 "_s), u"\ta\u3000"_s);
     EXPECT_EQ(text::Trim(u"   "_s), u""_s);
+}
+
+TEST(StoredKey, FoldsTheLettersThatTheDataFileFolds) {
+    EXPECT_EQ(text::StoredKey(u"Ab Z[9É单"_s), u"ab z[9É单"_s);
+    EXPECT_TRUE(text::SameAsStored(u"w1A"_s, u"W1a"_s));
+    for (const auto& other : {u"é"_s, u"Éx"_s, u"K"_s, u""_s})
+        EXPECT_FALSE(text::SameAsStored(u"É"_s, other)) << other.toStdString();
 }
 
 TEST(Dates, AreReadLeniently) {
