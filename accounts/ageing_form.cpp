@@ -5,6 +5,7 @@
 #include "accounts/unit_choice.h"
 #include "app/main_window.h"
 #include "app/session.h"
+#include "platform/controls/numeric.h"
 #include "platform/controls/paint.h"
 #include "platform/controls/wait.h"
 #include "platform/errors.h"
@@ -110,6 +111,7 @@ QWidget* Ageing::MakeStrip() {
     strip->Add(u"关系单位"_s, u"Cmb(1)"_s, Cmb, UnitWidth);
     strip->Add(u"截止"_s, u"DTP"_s, DTP, FilterStrip::kDateWidth);
     Txt->SetMaxLength(4);
+    controls::SetNumeric(*Txt);
     strip->Add(u"逾期天数"_s, u"Txt(0)"_s, Txt, DaysWidth);
     strip->AddCheck(u"Chk(0)"_s, Chk);
     Cmd = strip->AddButton(u"生成报表"_s);

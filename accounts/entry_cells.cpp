@@ -3,6 +3,7 @@
 #include "accounts/entry_form.h"
 #include "app/data_access.h"
 #include "app/session.h"
+#include "platform/controls/numeric.h"
 #include "platform/errors.h"
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
@@ -68,6 +69,7 @@ void EntryForm::OpenEditor(int row, int col) {
     const bool combo = col >= Date && col <= Summary;
     GD->SetRow(row);
     GD->SetCol(col);
+    controls::SetNumeric(*GD->Editor(), col == Amount);
     GD->EditCell(row, col, combo ? CmbEnter[static_cast<std::size_t>(col - Date)] : nullptr);
 }
 

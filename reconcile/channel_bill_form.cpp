@@ -4,6 +4,7 @@
 #include "app/main_window.h"
 #include "app/session.h"
 #include "platform/controls/keys.h"
+#include "platform/controls/numeric.h"
 #include "platform/controls/paint.h"
 #include "platform/controls/wait.h"
 #include "platform/errors.h"
@@ -123,6 +124,7 @@ ChannelBill::ChannelBill()
         if (i != Channel) Cmb[i]->SetItemsOnly();
     }
     for (auto*& box : Txt) box = new controls::LineBox;
+    for (const auto number : {FirstRow, WeightTolerance, CostTolerance}) controls::SetNumeric(*Txt[number]);
     MakeResultGrid();
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);

@@ -1,5 +1,7 @@
 #include "reconcile/decimals.h"
 
+#include "platform/text/numbers.h"
+
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -18,18 +20,18 @@ bool HasDigit(const QString& text) {
     return std::ranges::any_of(text, [](QChar c) { return c >= u'0' && c <= u'9'; });
 }
 
-/// Full-width characters become the usual ones; "" where another character, as a raised one, would become a
-/// digit.
+/// Full-width and compatibility characters become the usual ones; "" where one of the latter, as a raised
+/// digit, would become a digit.
 QString Plain(const QString& text) {
     QString plain;
-    for (const QChar c : text) {
+    for (const QChar c : text::Narrow(text)) {
         if (c.unicode() < 0x80) {
             plain += c.toUpper();
             continue;
         }
         const QString usual = QString(c).normalized(QString::NormalizationForm_KC).toUpper();
-        if (HasDigit(usual) && c.decompositionTag() != QChar::Wide) return {};
-        plain += c == QChar(0x2212) ? u"-"_s : usual;
+        if (HasDigit(usual)) return {};
+        plain += usual;
     }
     return plain.trimmed();
 }
@@ -68,8 +70,7 @@ bool TakeSignAndUnit(QString& text) {
 }  // namespace
 
 std::optional<Decimal> ReadDecimal(const QString& text) {
-    static const QRegularExpression form(
-        u"^(?:([0-9]{1,3}(?:,[0-9]{3})+|[0-9]+)(?:\\.([0-9]*))?|\\.([0-9]+))$"_s);
+    static const QRegularExpression form(u"^(?:([0-9]+)(?:\\.([0-9]*))?|\\.([0-9]+))$"_s);
     QString rest = Plain(text);
     bool negative = TakeSignAndUnit(rest);
     if (!negative && rest.startsWith(u'(') && rest.endsWith(u')')) {
@@ -77,9 +78,9 @@ std::optional<Decimal> ReadDecimal(const QString& text) {
         if (TakeSignAndUnit(rest)) return std::nullopt;
         negative = true;
     }
-    const auto match = form.match(rest);
+    const auto match = form.match(text::WithoutGroups(rest));
     if (!match.hasMatch()) return std::nullopt;
-    QString whole = match.captured(1).remove(u',');
+    QString whole = match.captured(1);
     while (whole.size() > 1 && whole.startsWith(u'0')) whole.remove(0, 1);
     if (whole.size() > kMostWhole) return std::nullopt;
     const QString part = match.captured(2) + match.captured(3);

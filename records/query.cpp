@@ -4,6 +4,7 @@
 #include "app/dressing.h"
 #include "app/main_window.h"
 #include "platform/controls/keys.h"
+#include "platform/controls/numeric.h"
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
 
@@ -217,6 +218,7 @@ void Query::FieldChosen() {
     CmbGX->SetListIndex(0);
     DTP->setVisible(kind == Kind::Date);
     Txt->setVisible(kind != Kind::Date);
+    controls::SetNumeric(*Txt, kind == Kind::Number);
 }
 
 void Query::AddCondition() {

@@ -3,6 +3,7 @@
 #include "app/data_access.h"
 #include "app/session.h"
 #include "platform/controls/focus_tracker.h"
+#include "platform/controls/numeric.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 #include "records/export.h"
@@ -87,6 +88,7 @@ void A01::MakeBoxes() {
         controls::LineBox* line = &Line(box);
         line->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         line->setFixedWidth(NumberWidth);
+        controls::SetNumeric(*line);
         Lab[box]->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     }
     Txt[SegmentCount]->Widget()->setToolTip(u"0-10之间的整数"_s);

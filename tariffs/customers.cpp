@@ -2,6 +2,7 @@
 
 #include "app/data_access.h"
 #include "app/session.h"
+#include "platform/controls/numeric.h"
 #include "platform/controls/wait.h"
 #include "platform/text/numbers.h"
 #include "records/export.h"
@@ -108,6 +109,7 @@ void A03::BuildCard() {
     Lab[Coefficient]->setObjectName(u"Lab(10)"_s);
     Lab[Remark]->setObjectName(u"Lab(11)"_s);
     Line(Coefficient).setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    controls::SetNumeric(Line(Coefficient));
     for (const Box hidden : {Paid, Owed}) {
         Txt[hidden]->Widget()->hide();
         Lab[hidden]->hide();

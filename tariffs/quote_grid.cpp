@@ -3,6 +3,7 @@
 #include "app/data_access.h"
 #include "app/main_window.h"
 #include "app/session.h"
+#include "platform/controls/numeric.h"
 #include "platform/errors.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
@@ -47,6 +48,7 @@ QuoteGrid::QuoteGrid() {
     for (int col = 0; col < QuoteColumns; ++col) SetColAlignment(col, Qt::AlignCenter);
     Editor()->setObjectName(u"TxtEnter"_s);
     Editor()->setAccessibleName(u"报价"_s);
+    controls::SetNumeric(*Editor());
     RowChange = [this] { Moved(); };
     Click = [this] { Clicked(); };
     KeyPressed = [this](controls::KeyPress& key) {

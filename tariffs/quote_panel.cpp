@@ -2,6 +2,7 @@
 #include "tariffs/quote_panel.h"
 
 #include "app/session.h"
+#include "platform/controls/numeric.h"
 #include "platform/errors.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
@@ -82,6 +83,7 @@ void QuotePanel::BuildEntry() {
     TxtSL = Named(new LineBox, u"TxtSL"_s);
     TxtSL->setFixedWidth(CoefficientWidth);
     TxtSL->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    controls::SetNumeric(*TxtSL);
     TxtSL->SetText(u"1"_s);
     CmdEnter = Named(new Button(u"增加报价"_s), u"CmdEnter"_s);
     CmdDel = Named(new Button({}), u"CmdDel"_s);

@@ -3,6 +3,7 @@
 #include "app/dressing.h"
 #include "app/session.h"
 #include "platform/controls/keys.h"
+#include "platform/controls/numeric.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 #include "tariffs/brackets.h"
@@ -79,6 +80,7 @@ void S01::MakeBoxes() {
         box->setAccessibleName(i < FirstSegment ? names[i] : u"重包裹第%1段起点"_s.arg(i - FirstSegment + 1));
         box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         box->setFixedWidth(BoxWidth);
+        controls::SetNumeric(*box);
         box->SetText(Defaults[i].toString());
         box->KeyPressed = controls::EnterMovesOn;
         if (i > FirstSegment && i <= LastSegment) box->LostFocus = [this, i] { LeaveSegment(i); };

@@ -3,6 +3,7 @@
 #include "app/data_access.h"
 #include "app/session.h"
 #include "platform/controls/keys.h"
+#include "platform/controls/numeric.h"
 #include "platform/system/seams.h"
 #include "platform/text/numbers.h"
 #include "records/export.h"
@@ -76,8 +77,10 @@ void ZoneForm::MakeBoxes() {
         Lab[zone_.unused]->hide();
     }
     for (int box = 0; box <= zone_.lastPrice; ++box)
-        if (box == zone_.days || box >= zone_.firstPrice)
+        if (box == zone_.days || box >= zone_.firstPrice) {
             Line(box).setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            controls::SetNumeric(Line(box));
+        }
 }
 
 void ZoneForm::MakeChoice() {

@@ -3,6 +3,7 @@
 #include "app/data_access.h"
 #include "app/main_window.h"
 #include "app/session.h"
+#include "platform/controls/numeric.h"
 #include "platform/controls/paint.h"
 #include "platform/controls/wait.h"
 #include "platform/system/seams.h"
@@ -69,6 +70,7 @@ QWidget* Unreleased::MakeStrip() {
     auto* strip = new FilterStrip(*this);
     strip->Add(u"最近天数"_s, u"Txt(0)"_s, Txt, FilterStrip::kDateWidth);
     Txt->SetMaxLength(LongestPeriod);
+    controls::SetNumeric(*Txt);
     strip->AddButton(u"刷新数据"_s)->Click = [this] { Refresh(); };
     return strip;
 }

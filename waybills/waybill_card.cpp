@@ -2,6 +2,7 @@
 #include "app/data_access.h"
 #include "app/main_window.h"
 #include "app/session.h"
+#include "platform/controls/numeric.h"
 #include "platform/controls/wait.h"
 #include "platform/errors.h"
 #include "platform/system/seams.h"
@@ -139,7 +140,10 @@ void B01::BuildCard() {
         const bool number = row.box == Number || row.box == Forwarding;
         MakeBox(row.caption, number ? NumberLimit : BoxLimit);
         controls::LineBox* line = &Line(row.box);
-        if (row.kind == Kind::Number) line->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        if (row.kind == Kind::Number) {
+            line->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            controls::SetNumeric(*line);
+        }
         if (row.box == TotalCharge) line->setProperty("kind", u"total"_s);
     }
     for (const Box box : ComboBoxes) MakeCombo(box);

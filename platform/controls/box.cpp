@@ -43,7 +43,7 @@ void ClickAfterFocus(QWidget* control, const sys::Event<>& click) {
 
 LineBox::LineBox(QWidget* parent) : QLineEdit(parent) {
     FocusTracker::Get();
-    connect(this, &QLineEdit::textEdited, this, [this] { TidyLine(this); });
+    connect(this, &QLineEdit::textEdited, this, [this] { TidyLine(this, last_); });
     connect(this, &QLineEdit::textChanged, this, [this] { EmitChange(); });
 }
 

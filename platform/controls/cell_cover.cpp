@@ -1,6 +1,8 @@
 #include "platform/controls/cell_cover.h"
 
 #include "platform/controls/input_order.h"
+#include "platform/controls/key_offer.h"
+#include "platform/controls/numeric.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -17,10 +19,18 @@ constexpr int kTextShift = 3;  // from where a text box draws its text to where 
 /// Its context menu would take the focus, which leaves the cell.
 class CellLine : public QLineEdit {
   public:
-    using QLineEdit::QLineEdit;
+    explicit CellLine(QWidget* parent) : QLineEdit(parent) {
+        connect(this, &QLineEdit::textEdited, this, [this] {
+            if (IsNumeric(*this)) TidyLine(this, last_);
+        });
+        connect(this, &QLineEdit::textChanged, this, [this] { last_ = text(); });
+    }
 
   protected:
     void contextMenuEvent(QContextMenuEvent*) override {}
+
+  private:
+    QString last_;
 };
 
 std::optional<CellStep> StepOf(const QKeyEvent& key) {

@@ -1,16 +1,32 @@
 #include "platform/controls/key_offer.h"
 
 #include "platform/controls/focus_tracker.h"
+#include "platform/controls/numeric.h"
+#include "platform/text/numbers.h"
 
 #include <QPointer>
 
 using namespace Qt::StringLiterals;
 
 namespace controls {
+namespace {
+
+/// The text as the control takes it.
+QString Taken(const QObject& control, const QString& text) {
+    return IsNumeric(control) ? text::NarrowNumber(text) : text;
+}
+
+/// A key's code follows its character.
+int KeyOf(const QKeyEvent& key, const QString& taken) {
+    return taken != key.text() && taken.size() == 1 ? taken[0].toUpper().unicode() : key.key();
+}
+
+}  // namespace
 
 std::unique_ptr<QKeyEvent> OfferKey(QObject* control, const sys::Event<KeyPress&>& event,
                                     const QKeyEvent& key) {
-    KeyPress press{key.key(), key.modifiers(), key.text(), key.isAutoRepeat()};
+    const QString taken = Taken(*control, key.text());
+    KeyPress press{KeyOf(key, taken), key.modifiers(), taken, key.isAutoRepeat()};
     const QPointer<QObject> alive(control);
     event(press);
     if (!alive || press.taken || sys::HasEnded()) return nullptr;
@@ -20,7 +36,7 @@ std::unique_ptr<QKeyEvent> OfferKey(QObject* control, const sys::Event<KeyPress&
 }
 
 std::optional<QString> OfferText(QObject* control, const sys::Event<KeyPress&>& event, const QString& text) {
-    KeyPress press{.text = text};
+    KeyPress press{.text = Taken(*control, text)};
     const QPointer<QObject> alive(control);
     event(press);
     if (!alive || sys::HasEnded()) return std::nullopt;
@@ -59,11 +75,12 @@ QString OneRow(const QString& text) {
     return row;
 }
 
-void TidyLine(QLineEdit* line) {
+void TidyLine(QLineEdit* line, const QString& before) {
     QString row = line->text();
     // The length limit may have cut a surrogate pair in two.
     if (!row.isEmpty() && row.back().isHighSurrogate()) row.chop(1);
     row = OneRow(row);
+    if (IsNumeric(*line)) row = EditedNumber(row, before, line->cursorPosition());
     if (row == line->text()) return;
     const int fromEnd = static_cast<int>(line->text().size()) - line->cursorPosition();
     line->setText(row);

@@ -10,8 +10,9 @@
 
 namespace controls {
 
-/// Raises KeyPressed. Returns the key event for the control, with the text that the form left; null if the
-/// form took the key or emptied its text, the control was deleted or the program has ended.
+/// Raises KeyPressed, from a text box for numbers with the character narrowed. Returns the key event for the
+/// control, with the text that the form left; null if the form took the key or emptied its text, the control
+/// was deleted or the program has ended.
 std::unique_ptr<QKeyEvent> OfferKey(QObject* control, const sys::Event<KeyPress&>& event,
                                     const QKeyEvent& key);
 
@@ -38,8 +39,9 @@ QString WholeCharacters(QString text);
 /// Pasted text as one line: a line break or any other control character becomes a blank.
 QString OneRow(const QString& text);
 
-/// Reduces the edited text to one line without an unpaired surrogate; the cursor keeps its distance from the
-/// end.
-void TidyLine(QLineEdit* line);
+/// Reduces the edited text to one line without an unpaired surrogate, in a text box for numbers to what
+/// EditedNumber makes of it; the cursor keeps its distance from the end. `before` is the text before the
+/// edit.
+void TidyLine(QLineEdit* line, const QString& before = {});
 
 }  // namespace controls

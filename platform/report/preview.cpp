@@ -1,6 +1,7 @@
 #include "platform/report/preview.h"
 
 #include "platform/controls/look.h"
+#include "platform/controls/numeric.h"
 #include "platform/controls/paint.h"
 #include "platform/system/guard.h"
 #include "platform/text/numbers.h"
@@ -132,6 +133,7 @@ void Preview::BuildPaging(QHBoxLayout& bar) {
     page_->setFixedWidth(kPageBox);
     page_->setAlignment(Qt::AlignRight);
     page_->SetMaxLength(7);
+    controls::SetNumeric(*page_);
     page_->KeyPressed = [this](controls::KeyPress& key) {
         if (!key.IsEnter()) return;
         key.taken = true;

@@ -3,6 +3,7 @@
 #include "platform/errors.h"
 
 #include <QByteArray>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -11,6 +12,7 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -236,6 +238,29 @@ std::int32_t ToInteger32(double value) {
 float ToSingle(double value) {
     if (!(std::abs(value) <= std::numeric_limits<float>::max())) Overflow();
     return static_cast<float>(value);
+}
+
+QString Narrow(QString text) {
+    for (QChar& c : text) {
+        if (c >= QChar(0xFF01) && c <= QChar(0xFF5E)) {
+            c = QChar(c.unicode() - 0xFF01 + u'!');
+        } else if (c == QChar(0x3000) || c == QChar::Nbsp) {
+            c = u' ';
+        } else if (c == QChar(0x2212)) {
+            c = u'-';
+        }
+    }
+    return text;
+}
+
+QString NarrowNumber(QString text) {
+    return Narrow(std::move(text)).replace(QChar(0x3002), u'.').replace(QChar(0xFF61), u'.');
+}
+
+QString WithoutGroups(const QString& text) {
+    static const QRegularExpression grouped(u"^ *[-+]?[0-9]{1,3}(?:,[0-9]{3})+(?:\\.[0-9]*)? *$"_s);
+    QString plain = text;
+    return grouped.match(text).hasMatch() ? plain.remove(u',') : plain;
 }
 
 bool IsPlainNumber(QStringView value) {

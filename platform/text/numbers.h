@@ -34,6 +34,15 @@ std::int32_t ToInteger32(double value);
 /// The nearest single. Raises RuntimeError if the value is too large for a single.
 float ToSingle(double value);
 
+/// Full-width characters, blanks that do not break and the minus sign as their ASCII forms; the others stay.
+/// Has as many characters as before.
+QString Narrow(QString text);
+/// Narrow, and "。" is ".": an input method types it with the key of the point.
+QString NarrowNumber(QString text);
+/// A number whose digits before the point are parted by commas into groups of three, without the commas
+/// ("-1,234.50"); any other text as it is.
+QString WithoutGroups(const QString& text);
+
 /// True if the trimmed text is a plain decimal number: a sign, digits, at most one point, at least one digit.
 bool IsPlainNumber(QStringView value);
 

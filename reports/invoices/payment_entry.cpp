@@ -4,6 +4,7 @@
 #include "app/dressing.h"
 #include "app/session.h"
 #include "platform/controls/keys.h"
+#include "platform/controls/numeric.h"
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
@@ -48,6 +49,7 @@ D201::D201(QWidget* over) : ModalForm(u"D201"_s, u" 付款登记"_s, over) {
         Txt[i]->KeyPressed = controls::EnterMovesOn;
     }
     Txt[Amount]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    controls::SetNumeric(*Txt[Amount]);
     DTP = new controls::DTPicker(this);
     DTP->setObjectName(u"DTP"_s);
     DTP->KeyPressed = controls::EnterMovesOn;

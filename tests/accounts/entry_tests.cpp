@@ -71,7 +71,7 @@ TEST_F(Entry, RowsAreTypedByKeysAloneAndSaved) {
     Press(Qt::Key_Return);  // the second of the two customers
     Enter({});
     EXPECT_EQ(Where(), u"1,5"_s) << "past the hidden columns";
-    Enter(u"860.5元"_s);
+    Enter(u"８６０。５元"_s);
     Enter(u"o'Neil"_s);
     EXPECT_EQ(Where(), u"1,8"_s) << "the operator's name fills itself in";
     Enter(u"仓租"_s);

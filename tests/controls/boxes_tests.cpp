@@ -1,6 +1,7 @@
 // The boxes as the operator meets them: typing, pasting, choosing, and what the form hears of it.
 #include "platform/controls/box.h"
 #include "platform/controls/keys.h"
+#include "platform/controls/numeric.h"
 #include "platform/errors.h"
 #include "tests/support/gui.h"
 #include "tests/support/script.h"
@@ -168,6 +169,58 @@ TEST_F(Boxes, CommittedTextReachesTheFormFirst) {
     send(u"x"_s, {});
     send({}, u"x"_s);
     EXPECT_EQ(line.Text(), u"你好C"_s) << "the form has taken it";
+}
+
+TEST_F(Boxes, ANumberArrivesInTheCharactersThatAreRead) {
+    const auto commit = [this](const QString& text) {
+        QInputMethodEvent event;
+        event.setCommitString(text);
+        QCoreApplication::sendEvent(&line, &event);
+    };
+    const std::function<void(const QString&)> ways[] = {[](const QString& text) { tests::Type(text); },
+                                                        commit, [](const QString& text) { Paste(text); },
+                                                        [this](const QString& text) { Drop(line, text); }};
+    enum Way { Typed, Committed, Pasted, Dropped };
+    const struct {
+        QString text;
+        std::array<QString, 4> shown;
+    } cases[] = {
+        {u"－１０．５"_s, {u"-10.5"_s, u"-10.5"_s, u"-10.5"_s, u"-10.5"_s}},
+        {u"12。5"_s, {u"12.5"_s, u"12.5"_s, u"12.5"_s, u"12.5"_s}},
+        {u"1,234.50"_s, {u"1,234.50"_s, u"1234.50"_s, u"1234.50"_s, u"1234.50"_s}},
+        {u"１，２３４，５６７"_s, {u"1,234,567"_s, u"1234567"_s, u"1234567"_s, u"1234567"_s}},
+        {u"1,23"_s, {u"1,23"_s, u"1,23"_s, u"1,23"_s, u"1,23"_s}},
+        {u"十元"_s, {u"十元"_s, u"十元"_s, u"十元"_s, u"十元"_s}},
+    };
+    QString offered;
+    line.KeyPressed = [&](KeyPress& key) { offered += key.text; };
+    SetNumeric(line);
+    for (const auto& c : cases)
+        for (std::size_t way = Typed; way <= Dropped; ++way) {
+            for (const auto& before : {QString(), u"７"_s, u"1,2"_s}) {
+                line.SetText(before);
+                EXPECT_EQ(line.Text(), before) << "by program";
+                Enter(line);
+                line.selectAll();
+                if (way == Dropped) line.clear();  // a drop does not replace what is selected
+                offered.clear();
+                ways[way](c.text);
+                EXPECT_EQ(line.Text(), c.shown[way]) << way << c.text.toStdString();
+                if (way == Typed) {
+                    EXPECT_EQ(offered, c.shown[way]);
+                }
+            }
+        }
+    line.SetText(u"5"_s);
+    Enter(line);
+    line.home(false);
+    Paste(u"1,234\n"_s);
+    EXPECT_EQ(line.Text(), u"1234 5"_s) << "only what came in";
+    EXPECT_EQ(line.cursorPosition(), 5);
+    SetNumeric(line, false);
+    line.clear();
+    Paste(u"１,234"_s);
+    EXPECT_EQ(line.Text(), u"１,234"_s);
 }
 
 TEST_F(Boxes, AHandlerMayTakeTheBoxAway) {

@@ -28,6 +28,14 @@ TEST(Val, ReadsTheLeadingNumber) {
         EXPECT_THROW(text::Val(large), RuntimeError) << large.toStdString();
 }
 
+TEST(NarrowNumber, LeavesWhatValReads) {
+    EXPECT_EQ(text::NarrowNumber(u"\u3000－１，２３４．５０ｋｇ"_s), u" -1,234.50kg"_s);
+    EXPECT_EQ(text::NarrowNumber(u"\u22123。5｡²元"_s), u"-3.5.²元"_s);
+    EXPECT_EQ(text::WithoutGroups(u" +1,234,567.5 "_s), u" +1234567.5 "_s);
+    for (const QString& other : {u"1,23"_s, u"1234,567"_s, u"1,234.5,6"_s, u"1,234kg"_s, u",123"_s})
+        EXPECT_EQ(text::WithoutGroups(other), other);
+}
+
 TEST(GeneralText, ShowsAtMostFifteenDigits) {
     const struct {
         double value;
