@@ -165,8 +165,7 @@ QString EntryForm::AmountText(const QString& typed, const QString& before) {
 void EntryForm::CommitKey(int row, QString key, const QString& before) {
     if (key.isEmpty()) return DropRow(row);
     GD->SetTextMatrix(row, Key, before);
-    refused_ = KeyIsTaken(row, key);
-    if (refused_) return;
+    if (KeyIsTaken(row, key)) return;
     GD->SetTextMatrix(row, Key, key);
     if (row == CurRowLimit()) GD->AddItem({});
 }

@@ -105,7 +105,7 @@ class EntryForm : public ChildForm, public QueryCaller {
     QString oldKey_;      ///< of the row being edited
     QString oldParty_;
     double oldSequence_ = 0;
-    bool refused_ = false;        ///< what was typed last into a cell
+    bool refused_ = false;        ///< the amount that was typed last is too large
     bool editedRowGone_ = false;  ///< its key was emptied, and it was removed from the grid
 };
 

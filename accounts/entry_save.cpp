@@ -61,7 +61,7 @@ bool EntryForm::ReadAgain(int row) {
 void EntryForm::Menu_save() {
     refused_ = false;
     GD->CommitEditor();
-    if (refused_) return GoTo(GD->Row(), GD->Col());  // the operator has typed another row than he would get
+    if (refused_) return GoTo(GD->Row(), GD->Col());  // the amount is another one than was typed
     if (FormMode == Editing) return SaveEdited();
     if (TestBlock()) SaveBlock();
 }

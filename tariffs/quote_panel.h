@@ -1,5 +1,6 @@
 // The quotes below a customer's card: the bar with the entry line, which adds, floats and removes quotes of
-// zones, its drop-down (zone_drop_down.h), and the grid of prices (quote_grid.h), which unfolds below the bar.
+// zones, its drop-down (zone_drop_down.h), and the grid of prices (quote_grid.h), which unfolds below the
+// bar.
 //
 // Always holds: nothing is written to the table before the customer is saved; the save then writes all quotes
 // anew. The caption of CmdDel determines what it does; it is 批量增加 only while the drop-down is open.
