@@ -107,9 +107,15 @@ void WriteBalances(LedgerLines& lines, int line, const Balances& sums) {
 }  // namespace
 
 QString PatternOf(const QString& unit) {
-    QString pattern = unit;
-    for (QChar& c : pattern)
-        if (QStringView(u"'*?#[]!").contains(c)) c = u'?';
+    QString pattern;
+    for (const QChar c : unit) {
+        if (c == u'\'')
+            pattern += u'?';
+        else if (QStringView(u"*?#[").contains(c))
+            pattern += u'[' + QString(c) + u']';
+        else
+            pattern += c;
+    }
     return pattern;
 }
 

@@ -25,8 +25,8 @@ struct LedgerScope {
     QString unit;  ///< the counterparty's name, with the wildcards of `like`; blank for all
 };
 
-/// A name as a pattern of `like` that matches names with the same letters; others may match it too. It holds
-/// no apostrophe.
+/// A name as a pattern of `like` that matches this name, whatever its case. It holds no apostrophe: where the
+/// name has one, names with another character there match too.
 QString PatternOf(const QString& unit);
 
 /// The two derive the side from LB in different ways; required by the business.

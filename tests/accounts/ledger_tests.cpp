@@ -123,6 +123,7 @@ TEST_F(Ledger, OneCounterpartyIsShownByItsNameAndNotByWildcards) {
     const QString name = u"3#仓[南]"_s;
     desk.Execute(u"update TB1 set F3='"_s + name + u"' where F1='SK1'"_s);
     desk.Execute(u"update TB1 set F3='33仓南' where F1='YS2'"_s);
+    desk.Execute(u"update TB1 set F3='33仓[南]' where F1='SK2'"_s);
     auto& form = dynamic_cast<LedgerForm&>(desk.Open(u"D8"_s, u"KuanMx"_s));
     form.ShowUnit(name, QDate(2024, 3, 1), QDate(2024, 3, 31));
     EXPECT_EQ(Shown().value(0), name + u"|SK1|收款|140.01||30.00|110.01"_s);
