@@ -25,6 +25,7 @@ class EntryForm : public ChildForm, public QueryCaller {
     void Load() override;
     bool QueryUnload() override;
     bool InEdit() const override { return FormMode != Browsing; }
+    void DataChanged() override;
 
     std::int16_t FormMode = 0;  ///< 0 browsing, 1 adding, 2 editing
     int CurRow = 1;
