@@ -4,6 +4,7 @@
 #include "app/main_window.h"
 #include "app/session.h"
 #include "platform/controls/keys.h"
+#include "platform/errors.h"
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
@@ -162,6 +163,22 @@ void EntryForm::LoadGrid(const QString& sql) {
         ShowRow();
     }
     rows.Close();
+}
+
+void EntryForm::DataChanged() {
+    if (InEdit()) return;
+    const int row = CurRow;
+    const QString key = row > 0 ? Cell(row, Key) : QString();
+    try {
+        LoadGrid(remembered_);
+    } catch (const PlatformError& error) {
+        return sys::Inform(error.Text(), MsgTitle);
+    }
+    for (int line = CurRowLimit(); line > 0 && RecCount > 0; --line) {
+        if (Cell(line, Key) != key) continue;
+        CurRow = line;
+        return ShowRow();
+    }
 }
 
 void EntryForm::ShowRow() {

@@ -26,6 +26,7 @@ class EntryForm : public ChildForm, public QueryCaller {
     void Load() override;
     bool QueryUnload() override;
     bool InEdit() const override { return FormMode != Browsing; }
+    void DataChanged() override;
 
     std::int16_t FormMode = 0;  ///< one of FormModes
     int CurRow = 1;

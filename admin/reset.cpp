@@ -3,6 +3,7 @@
 #include "app/data_file.h"
 #include "app/dressing.h"
 #include "app/history_pause.h"
+#include "app/main_window.h"
 #include "app/session.h"
 #include "platform/controls/keys.h"
 #include "platform/controls/wait.h"
@@ -109,4 +110,5 @@ void S03::Clear() {
         history.Forget();
     }
     sys::Inform(u"数据清除成功!"_s, MsgTitle);
+    StoredDataChanged();
 }

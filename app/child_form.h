@@ -38,6 +38,9 @@ class ChildForm : public QWidget {
     virtual void Activated() {}
     /// Whether the form is in add or edit state.
     virtual bool InEdit() const { return false; }
+    /// Another window has changed or removed stored records. A form that is not in edit and writes what it
+    /// shows reads it anew.
+    virtual void DataChanged() {}
 
     /// Set by the frame that shows the form: removes the form from it.
     std::function<void()> LeaveFrame;

@@ -446,6 +446,12 @@ bool MForm::AnyInEdit() const {
     return std::ranges::any_of(state_->open, &ChildForm::InEdit);
 }
 
+void MForm::DataChanged() {
+    const QString position = Panel(PositionPanel);
+    for (ChildForm* form : std::vector(state_->open)) form->DataChanged();
+    SetPanel(PositionPanel, position);
+}
+
 /// When it unloads of itself.
 void MForm::State::RemoveChild(ChildForm& form) {
     if (std::ranges::find(open, &form) == open.end()) return;
@@ -489,6 +495,10 @@ bool WarnOfEdit() {
 
 bool WarnOfEdit(const ChildForm& form) {
     return WarnIf(EditInProgress || form.InEdit());
+}
+
+void StoredDataChanged() {
+    if (theFrame) theFrame->DataChanged();
 }
 
 MForm& TheFrame() {

@@ -392,5 +392,6 @@ void History::AskAndPutBack() {
     if (const QString why = history::PutBack(*Db, entry, password); !why.isEmpty())
         return sys::Inform(why, MsgTitle);
     sys::Inform(u"恢复完成!"_s, MsgTitle);
+    StoredDataChanged();
     Search();
 }

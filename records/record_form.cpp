@@ -133,6 +133,7 @@ void RecordForm::DressGrid() {
 }
 
 void RecordForm::LoadGrid(const QString& sql) {
+    loaded_ = sql;
     DressGrid();
     auto rows = Db->OpenRecordset(sql);
     RecCount = CountRows(rows);
@@ -150,6 +151,26 @@ void RecordForm::LoadGridOrReport(const QString& sql) {
     } catch (const PlatformError& error) {
         sys::Inform(error.Text(), MsgTitle);
     }
+}
+
+/// The current record remains current where it is still in the list. The card is of the list's line, and an
+/// edit would write it back.
+void RecordForm::DataChanged() {
+    if (InEdit()) return;
+    const int row = CurRow;
+    const QString key = row > 0 ? CurrentCell(0) : QString();
+    LoadGridOrReport(QString(loaded_));
+    const auto has = [&](int line) {
+        return line > 0 && line < GD->Rows() && GD->TextMatrix(line, 0) == key;
+    };
+    int line = row;
+    if (!has(line))
+        for (line = GD->Rows() - 1; line > 0 && !has(line);) --line;
+    if (line > 0 && RecCount > 0) {
+        CurRow = line;
+        ShowRow();
+    }
+    if (TabS->SelectedItem() == CardTab) RowToCard();
 }
 
 void RecordForm::ShowRow() {

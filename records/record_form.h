@@ -48,6 +48,7 @@ class RecordForm : public ChildForm, public QueryCaller {
   public:
     bool QueryUnload() override;
     bool InEdit() const override { return FormMode != Browsing; }
+    void DataChanged() override;
     QWidget* FirstFocus() const override { return GD; }
 
     std::int16_t FormMode = 0;  ///< one of FormModes
@@ -170,6 +171,7 @@ class RecordForm : public ChildForm, public QueryCaller {
     RecordFormSettings settings_;
     CommandBar commands_;
     QLabel* badge_;
+    QString loaded_;           ///< the statement of the list
     bool cardIsOpen_ = false;  ///< from EnterEdit, once it has filled the card, to LeaveEdit
 };
 

@@ -36,6 +36,7 @@ ComboBox::ComboBox(QWidget* parent) : QComboBox(parent) {
     // The toolkit would replace a typed text by an item that differs in case only.
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     disconnect(lineEdit(), &QLineEdit::returnPressed, this, nullptr);
+    lineEdit()->installEventFilter(this);
     connect(lineEdit(), &QLineEdit::textEdited, this, [this] {
         TidyLine(lineEdit());
         Change();
@@ -98,15 +99,23 @@ void ComboBox::SetListIndex(int index) {
 
 void ComboBox::SetItemsOnly() {
     lineEdit()->setReadOnly(true);
-    lineEdit()->installEventFilter(this);
 }
 
+/// What the mouse brings into the line needs the focus, or the form would not notice that the text changed.
 bool ComboBox::eventFilter(QObject* watched, QEvent* event) {
-    const bool opens = watched == lineEdit() && event->type() == QEvent::MouseButtonPress &&
-                       static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
-    if (!opens) return QComboBox::eventFilter(watched, event);
-    setFocus(Qt::MouseFocusReason);
-    showPopup();
+    if (watched != lineEdit()) return QComboBox::eventFilter(watched, event);
+    const auto isButton = [event](QEvent::Type type, Qt::MouseButton button) {
+        return event->type() == type && static_cast<QMouseEvent*>(event)->button() == button;
+    };
+    if (lineEdit()->isReadOnly() && isButton(QEvent::MouseButtonPress, Qt::LeftButton)) {
+        setFocus(Qt::MouseFocusReason);
+        showPopup();
+        return true;
+    }
+    const bool brings = event->type() == QEvent::Drop || event->type() == QEvent::ContextMenu ||
+                        isButton(QEvent::MouseButtonRelease, Qt::MiddleButton);
+    if (!brings || KeepsFocus(this)) return QComboBox::eventFilter(watched, event);
+    if (event->type() == QEvent::Drop) event->ignore();
     return true;
 }
 

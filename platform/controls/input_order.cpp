@@ -1,5 +1,6 @@
 #include "platform/controls/input_order.h"
 
+#include "platform/controls/box.h"
 #include "platform/system/guard.h"
 
 #include <QApplication>
@@ -88,8 +89,11 @@ bool IsInside(const QObject* box, const QObject& window, const QMouseEvent& pres
     return widget && under && (under == widget || widget->isAncestorOf(under));
 }
 
-/// The second press of a double click must not run the command of the first once more.
+/// The second press of a double click must not run the command of the first once more. A button that folds or
+/// drops something down is a switch, and goes on with every press.
 bool RunsCommands(const QObject* control) {
+    if (const auto* button = qobject_cast<const Button*>(control))
+        return button->property("role").toString() != u"fold";
     return qobject_cast<const QMenuBar*>(control) || qobject_cast<const QMenu*>(control) ||
            qobject_cast<const QToolButton*>(control);
 }

@@ -4,6 +4,7 @@
 #include "platform/system/guard.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QShortcutEvent>
@@ -69,6 +70,16 @@ class HotKeys : public QObject {
   private:
     using QObject::QObject;
 
+    /// The command that a key of a bar has run last.
+    struct LastKey {
+        QPointer<const QMenuBar> bar;
+        QKeySequence key;
+        QPointer<const QAction> command;
+        QElapsedTimer since;  ///< since it was done
+    };
+    static constexpr qint64 kTwoPresses = 400;  ///< milliseconds
+    static inline LastKey last_;
+
     /// Arrow keys and their like go on while they are held; letters and Enter run something.
     static bool SelectsWhileHeld(const QEvent& event) {
         if (event.type() != QEvent::KeyPress) return false;
@@ -103,8 +114,19 @@ class HotKeys : public QObject {
         const QList<QAction*> candidates = Of(bar, event.key(), true);
         if (candidates.isEmpty()) return true;
         if (candidates.size() > 1) return SelectNext(bar, candidates);
+        if (IsSecondOfTwo(bar, event.key(), candidates.front())) return true;
         Run(bar, candidates.front());
+        last_.since.start();
         return true;
+    }
+
+    /// The second of two quick presses of a key that meets another command of the bar than the first has run:
+    /// the state has changed between them, and the command that the key has now was not meant.
+    static bool IsSecondOfTwo(const QMenuBar& bar, const QKeySequence& key, const QAction* command) {
+        const bool second = last_.bar == &bar && last_.key == key && last_.command != command &&
+                            last_.since.isValid() && !last_.since.hasExpired(kTwoPresses);
+        if (!second) last_ = {&bar, key, command, {}};
+        return second;
     }
 
     /// A letter or Enter while the bar has the focus.

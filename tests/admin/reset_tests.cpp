@@ -26,7 +26,7 @@ class Reset : public Program {
     Reset() : Program(OneRowEach()) {}
 
     /// Opens the form, ticks these boxes and presses 清除, by keys alone; then leaves it.
-    void Clear(const QList<int>& ticks) {
+    void Clear(const QList<int>& ticks, bool byMenu = true) {
         ModalScript modals;
         modals.Next(u"S03"_s, [&](QWidget& form) {
             EXPECT_EQ(FocusName(), u"Chk(0)");
@@ -44,8 +44,12 @@ class Reset : public Program {
             Press(Qt::Key_Tab);
             Press(Qt::Key_Return);
         });
-        AltKey(u's');
-        AltKey(u'3');
+        if (byMenu) {
+            AltKey(u's');
+            AltKey(u'3');
+        } else {
+            Frame().ShowModal(u"S03"_s);  // as the command palette does over an open form
+        }
         EXPECT_TRUE(script.Done());
     }
     void Asked(bool yes) { script.Question(u"数据清除后将无法恢复!真的继续吗?"_s, u"警告"_s, yes); }
@@ -101,6 +105,19 @@ TEST(ResetForm, EmptiesItsTablesAndNoOthersAfterKeepingACopy) {
         const QString kept = QFileInfo(program.File()).path() + u'/' + program.Kept().front();
         EXPECT_EQ(dao::Number(dao::OpenEngine(kept, schema::kPassword).get(), "select count(*) from B01"), 1);
     }
+}
+
+TEST(ResetForm, AFormThatIsOpenShowsNothingOfWhatHasGone) {
+    Reset program;
+    program.Open(u"A5"_s, u"A03"_s);
+    program.Tabs().SelectItem(2);
+    ASSERT_EQ(program.Box(0), u"1"_s);
+    program.Asked(true);
+    program.script.Box(u"数据清除成功!"_s, Title);
+    program.Clear({1, 2}, false);
+    EXPECT_EQ(program.Box(0), u""_s);
+    program.script.Box(u"没有客户资料可修改!"_s, Title);
+    AltKey(u'E');
 }
 
 TEST(ResetForm, ClearsNothingWithoutACopyOrBesideAnotherProgram) {

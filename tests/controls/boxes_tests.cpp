@@ -321,6 +321,35 @@ TEST_F(Boxes, ABoxThatSendsTheOperatorAwayTakesNothing) {
     }
 }
 
+TEST_F(Boxes, AComboIsEnteredByWhatTheMouseBringsIntoIt) {
+    combo.SetText(u"旧"_s);
+    combo.GotFocus = [this] { reported << u"entered"_s; };
+    combo.LostFocus = [this] { reported << u"left"_s; };
+    Enter(button);
+    const auto drop = [this] {
+        QMimeData data;
+        data.setText(u"新"_s);
+        QDragEnterEvent enter(QPoint(2, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(combo.lineEdit(), &enter);
+        QDropEvent event(QPointF(2, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(combo.lineEdit(), &event);
+        tests::Settle();
+    };
+    drop();
+    EXPECT_TRUE(combo.hasFocus());
+    EXPECT_EQ(combo.Text(), u"新旧"_s);
+    Enter(button);
+    EXPECT_EQ(Emitted(), "entered typed left");
+    combo.GotFocus = [this] { button.SetFocus(); };
+    drop();
+    QTest::mouseRelease(combo.lineEdit(), Qt::MiddleButton);
+    QContextMenuEvent menu(QContextMenuEvent::Mouse, QPoint(5, 5), combo.mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(combo.lineEdit(), &menu);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_EQ(combo.Text(), u"新旧"_s);
+    EXPECT_TRUE(button.hasFocus());
+}
+
 TEST_F(Boxes, AMaskedBoxShowsAndGivesAwayNothing) {
     for (TextBox* box : texts) {
         Enter(button);

@@ -62,6 +62,7 @@ TEST_F(Commands, AltAndTheLetterRunWhatCanBeUsed) {
     add->setEnabled(false);
     tests::AltKey(u'A');
     EXPECT_EQ(Run(), "");
+    add->setEnabled(true);
     // Of two commands with one key the one that can be used is alone.
     const struct {
         bool checkEnabled, cancelEnabled, cancelVisible;
@@ -71,6 +72,8 @@ TEST_F(Commands, AltAndTheLetterRunWhatCanBeUsed) {
         check->setEnabled(row.checkEnabled);
         cancel->setEnabled(row.cancelEnabled);
         cancel->setVisible(row.cancelVisible);
+        tests::AltKey(u'A');  // else two quick presses in two states
+        EXPECT_EQ(Run(), "A.增加");
         tests::AltKey(u'C');
         EXPECT_EQ(Run(), row.run);
     }
@@ -135,6 +138,35 @@ TEST_F(Commands, ADoubleClickRunsACommandOnce) {
     QTest::mouseDClick(bar, Qt::LeftButton, {}, place);
     tests::Settle();
     EXPECT_EQ(Run(), "A.增加");
+    for (const auto& [caption, presses] : {std::pair{u"增加报价"_s, 1}, {u"6"_s, 2}}) {
+        Button button(caption, &form);
+        button.Click = [&] { run << caption; };
+        button.show();
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QTest::mouseDClick(&button, Qt::LeftButton);
+        QTest::mouseRelease(&button, Qt::LeftButton);
+        EXPECT_EQ(std::exchange(run, {}).size(), presses) << caption.toStdString();
+    }
+}
+
+TEST_F(Commands, AQuickSecondPressMeetsNoOtherCommand) {
+    check->setEnabled(false);
+    // As a cancel does, which leaves the edit.
+    QObject::connect(cancel, &QAction::triggered, &form, [this] {
+        cancel->setEnabled(false);
+        check->setEnabled(true);
+    });
+    tests::AltKey(u'C');
+    tests::AltKey(u'C');
+    EXPECT_EQ(Run(), "C.取消");
+    QTest::qWait(450);
+    for (int press = 0; press < 2; ++press) tests::AltKey(u'C');
+    EXPECT_EQ(Run(), "C.出货 C.出货");
+    check->setEnabled(false);
+    cancel->setEnabled(true);
+    tests::AltKey(u'A');
+    tests::AltKey(u'C');
+    EXPECT_EQ(Run(), "A.增加 C.取消") << "another command between";
 }
 
 /// The display sends what is typed to the menu's window until it learns that the menu is closed.

@@ -98,6 +98,28 @@ TEST_F(HistoryForm, PutsADeletedWaybillBackAfterAQuestion) {
     EXPECT_TRUE(Entries()[0].startsWith(u"管理员|新增|速递单|W1|"_s)) << Entries()[0].toStdString();
 }
 
+TEST_F(HistoryForm, AFormThatIsOpenReadsWhatWasPutBack) {
+    Open(u"A6"_s, u"A04"_s);
+    tests::Select(*this, u"甲"_s);
+    AltKey(u'E');
+    SetBox(1, u"新"_s);
+    AltKey(u'S');
+    Db->CloseGroup();
+    OpenForm();
+    script.Question(
+        u"外务员[甲]将恢复到 2024-03-15 10:00:00 由管理员修改之前的内容，现有内容将被替换。\r\r真的要恢复吗?"_s,
+        Title, true);
+    script.Box(u"恢复完成!"_s, Title);
+    Push(u"Cmd(1)"_s);
+    EXPECT_TRUE(Status().startsWith(u"操作记录：共 "_s)) << "of the form in front";
+    AltKey(u'R');
+    ASSERT_EQ(Frame().Front()->objectName(), u"A04"_s);
+    EXPECT_EQ(Box(0) + Box(1), u"甲一"_s);
+    AltKey(u'E');
+    AltKey(u'S');
+    EXPECT_EQ(Rows(u"select F2 from M04 where F1='甲'"_s), QStringList{u"一"_s});
+}
+
 TEST_F(HistoryForm, SummarizesEveryChangeAndFindsByCustomerAndCounterparty) {
     const auto run = [](const QStringList& statements) {
         Db->CloseGroup();
