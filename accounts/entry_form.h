@@ -12,6 +12,7 @@
 #include "platform/controls/box.h"
 #include "platform/controls/flex_grid.h"
 #include "records/command_bar.h"
+#include "records/form_mode.h"
 #include "records/query.h"
 
 #include <QLabel>
@@ -25,7 +26,7 @@ class EntryForm : public ChildForm, public QueryCaller {
     void Load() override;
     bool QueryUnload() override;
 
-    std::int16_t FormMode = 0;  ///< 0 browsing, 1 adding, 2 editing
+    std::int16_t FormMode = 0;  ///< one of FormModes
     int CurRow = 1;
     int RecCount = 0;
 
@@ -33,10 +34,6 @@ class EntryForm : public ChildForm, public QueryCaller {
     explicit EntryForm(const accounts::EntrySettings& settings);
 
   private:
-    static constexpr std::int16_t Browsing = 0;
-    static constexpr std::int16_t Adding = 1;
-    static constexpr std::int16_t Editing = 2;
-
     // Building and the list.
     void SetCommands();
     QWidget* MakeStrip();

@@ -185,7 +185,7 @@ void RecordForm::SelectTab() {
 
 void RecordForm::TurnPage(QWidget& from, QWidget& to) {
     const controls::CardAtRest rest(*this);
-    // Else the toolkit looks for the next stop through all forms.
+    // Else the toolkit looks for the next of the tab order in all forms.
     if (QWidget* focus = QApplication::focusWidget(); focus && from.isAncestorOf(focus)) TabS->setFocus();
     from.hide();
     to.show();

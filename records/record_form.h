@@ -14,6 +14,7 @@
 #include "platform/controls/tab_strip.h"
 #include "platform/system/seams.h"
 #include "records/command_bar.h"
+#include "records/form_mode.h"
 #include "records/query.h"
 
 #include <QLabel>
@@ -48,14 +49,11 @@ class RecordForm : public ChildForm, public QueryCaller {
     bool QueryUnload() override;
     QWidget* FirstFocus() const override { return GD; }
 
-    std::int16_t FormMode = 0;  ///< 0 browsing, 1 adding, 2 editing
+    std::int16_t FormMode = 0;  ///< one of FormModes
     int CurRow = 1;
     int RecCount = 0;
 
   protected:
-    static constexpr std::int16_t Browsing = 0;
-    static constexpr std::int16_t Adding = 1;
-    static constexpr std::int16_t Editing = 2;
     static constexpr int NoLimit = 32767;  ///< characters; what the toolkit's own boxes hold
     static constexpr int ListTab = 1;
     static constexpr int CardTab = 2;
