@@ -57,7 +57,7 @@ struct Mirror {
     Kept oldest, removeUpTo;
 };
 
-constexpr qint64 SmallStep = 3600;  // seconds; a group keeps the time of the one before it
+constexpr qint64 kSmallStep = 3600;  // seconds; a group keeps the time of the one before it
 
 QDateTime TimeOf(const QByteArray& at) {
     return QDateTime::fromString(QString::fromUtf8(at), u"yyyy-MM-dd HH:mm:ss"_s);
@@ -125,7 +125,7 @@ class HistoryGroup : public dao::GroupStart {
         bool step = false;
         if (lastAt != at_) lastTime_ = TimeOf(lastAt);
         if (const QDateTime last = lastTime_; last.isValid()) {
-            step = last.secsTo(now_) < -SmallStep || last.daysTo(now_) > schema::StepDays;
+            step = last.secsTo(now_) < -kSmallStep || last.daysTo(now_) > schema::kStepDays;
             if (!step && at < lastAt) at = lastAt;
             GoAhead(last.daysTo(now_));
         }
@@ -144,7 +144,7 @@ class HistoryGroup : public dao::GroupStart {
         ahead_ += caughtUp;
         days -= caughtUp;
         if (days < 0) ahead_ += days;
-        if (days > schema::StepDays) ahead_ += days - schema::StepDays;
+        if (days > schema::kStepDays) ahead_ += days - schema::kStepDays;
     }
 
     /// By the clock without steps.

@@ -16,7 +16,7 @@ void Number(Captions& captions, const QString& head, int first, int last, const 
     for (int i = first; i <= last; ++i) captions[head + QString::number(i)] = caption.arg(i - first + from);
 }
 
-const QString kHeavy = u"重包裹第%1段"_s;
+const QString Heavy = u"重包裹第%1段"_s;
 
 Captions Pair(const QString& key, const QString& note) {
     return {{u"F1"_s, key}, {u"F2"_s, note}};
@@ -28,7 +28,7 @@ Captions Prices(int firstHeavy, int lastHeavy) {
                       {u"F8"_s, u"备注信息"_s},       {u"P101"_s, u"文件首重"_s},
                       {u"P102"_s, u"文件续重"_s},     {u"P201"_s, u"小包裹首重"_s},
                       {u"P202"_s, u"小包裹续重"_s},   {u"P3"_s, u"重包裹分段数"_s}};
-    Number(captions, u"P"_s, firstHeavy, lastHeavy, kHeavy);
+    Number(captions, u"P"_s, firstHeavy, lastHeavy, Heavy);
     Number(captions, u"A3"_s, 0, 9, u"重包裹第%1段按首重续重"_s);
     return captions;
 }
@@ -77,7 +77,7 @@ Captions Customer() {
 Captions Quote() {
     Captions captions{{u"F0"_s, u"客户编码"_s}, {u"F1"_s, u"区域"_s},       {u"F2"_s, u"文件首重"_s},
                       {u"F3"_s, u"文件续重"_s}, {u"F4"_s, u"小包裹首重"_s}, {u"F5"_s, u"小包裹续重"_s}};
-    Number(captions, u"F"_s, 6, 20, kHeavy);
+    Number(captions, u"F"_s, 6, 20, Heavy);
     return captions;
 }
 

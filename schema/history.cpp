@@ -11,7 +11,7 @@ namespace schema {
 namespace {
 
 const QByteArray kGroup = "N,At,Operator,Command";
-constexpr int FirstVersion = 3;  // of a file with a history
+constexpr int kFirstVersion = 3;  // of a file with a history
 
 /// The first column of every row.
 QByteArrayList Column(sqlite3* db, const QByteArray& select, int column) {
@@ -183,7 +183,7 @@ QByteArray HClockSql() {
 void CompleteHistory(sqlite3* db) {
     const bool present = dao::Number(db, "select count(*) from sqlite_master where name='HNow'") != 0;
     // An older file gets the table by its upgrade.
-    if (!present && (dao::Number(db, "pragma user_version") < FirstVersion ||
+    if (!present && (dao::Number(db, "pragma user_version") < kFirstVersion ||
                      dao::Number(db, "select count(*) from sqlite_master where name='B01'") == 0))
         return;
     QByteArrayList statements;

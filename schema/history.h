@@ -15,7 +15,7 @@
 // no command of ours.
 //
 // The times of the groups ascend but for steps of the clock. HClock has a row for each group whose time is
-// more than an hour before that of the last one, or more than StepDays behind it: from that number on times
+// more than an hour before that of the last one, or more than kStepDays behind it: from that number on times
 // are Ahead days ahead of a clock that goes on from where it was. That clock counts for the age of a row, the
 // times as they were are what is shown and searched for.
 //
@@ -58,7 +58,7 @@ QByteArrayList TriggerStatements(const KeptTable& table, const QByteArrayList& c
 QByteArray HNowSql();
 QByteArray HClockSql();
 /// A longer pause of the company counts as that many days.
-constexpr int StepDays = 31;
+constexpr int kStepDays = 31;
 
 /// Creates what the file lacks of the history: HNow and its row, HClock, mirrors, columns, indexes, and
 /// triggers, which are created anew where they differ. A file that has everything is only read. A file
