@@ -1,4 +1,4 @@
-// The entry grid under the operator's hands: where the cursor may go, the editor over a cell, what each
+// What the operator does in the entry grid: where the cursor may go, the editor over a cell, what each
 // column makes of what was typed.
 #include "accounts/entry_form.h"
 #include "app/data_access.h"

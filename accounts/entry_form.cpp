@@ -60,7 +60,7 @@ void EntryForm::SetCommands() {
                                   {u"Menu_edit"_s, u"&E.修改"_s, When::Browsing, [this] { Menu_edit(); }},
                                   {u"Menu_del"_s, u"&D.删除"_s, When::Browsing, [this] { Menu_del(); }},
                                   {u"Menu_query"_s, u"&Q.查找"_s, When::Browsing, [this] { Menu_query(); }},
-                                  // Has never printed anything.
+                                  // Kept on purpose: nothing is printed.
                                   {u"Menu_print"_s, u"&P.打印"_s, When::Browsing, [] {}},
                                   {u"Menu_save"_s, u"&S.保存"_s, When::Editing, [this] { Menu_save(); }},
                                   {u"Menu_cancel"_s, u"&C.取消"_s, When::Editing, [this] { Menu_cancel(); }},

@@ -32,7 +32,7 @@ class ChildForm : public QWidget {
     virtual void Load() = 0;
     /// False refuses to close. The record forms warn while an edit is in progress.
     virtual bool QueryUnload() { return true; }
-    /// What has the focus when the form is first shown; null for its first stop of Tab.
+    /// What has the focus when the form is first shown; null for the first of its tab order.
     virtual QWidget* FirstFocus() const { return nullptr; }
     /// The form came to the front.
     virtual void Activated() {}

@@ -39,7 +39,7 @@ MForm* theFrame = nullptr;
 constexpr QSize kSmallest(960, 600);                     // the least that the card of a waybill can live with
 constexpr std::array<int, 4> kPanelEighths{3, 1, 1, 3};  // of the width
 
-/// The first control of a page that Tab would stop at; the page itself if there is none.
+/// The first control of a page's tab order; the page itself if there is none.
 QWidget* FirstInTabOrder(QWidget* page) {
     for (QWidget* w = page->nextInFocusChain(); w && w != page; w = w->nextInFocusChain()) {
         const bool stop = (w->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;

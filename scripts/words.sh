@@ -21,9 +21,10 @@ forbid '\b((?<!"Harbour )[Rr]oads?|[Ww]alk(s|ed|ing)?)\b' "data flow, call path;
 forbid '\b[Dd]oors?\b' "entry point, interface, seam"
 forbid '\b([Tt]ake|[Tt]akes|[Tt]aken|[Tt]ook) back\b|\bwhat ran\b' "commit group, transaction, roll back"
 forbid '\b([Ll]anded|[Ss]tands?|[Ss]tood)\b' "implemented; is, remains"
-forbid '\bstops\b' "tab order; ends"
+forbid '\bstops\b|\bstop (of|for|at)\b|\bnext stop\b|StopAt' "tab order; ends"
 forbid '\b([Tt]ells?|[Tt]old|[Tt]elling|Tell[A-Z][A-Za-z]*)\b' "emits, reports, says, as required"
-forbid '[Hh]as always been so|[Aa]s it always was' "kept on purpose, and what the operator sees"
+forbid '\b[Hh]as (always|never)\b|[Aa]s it always was' "kept on purpose, and what the operator sees"
+forbid "operator's hands" "what the operator does"
 forbid '(//|///) .*\b[Aa] box\b' "a text box, a message box, a combo"
 
 [ $found -eq 0 ] && say "Words: nothing to reword."

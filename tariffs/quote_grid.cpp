@@ -156,7 +156,7 @@ void QuoteGrid::ShowQuote(int row) {
                                  u" 条记录 当前为第 "_s + QString::number(row - 1) + u" 条"_s));
 }
 
-// ---------------------------------------------------------------- the operator's hands
+// ---------------------------------------------------------------- what the operator does
 
 void QuoteGrid::Moved() {
     ShowQuote(Row());

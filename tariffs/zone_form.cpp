@@ -55,7 +55,7 @@ ZoneForm::ZoneForm(const ZoneSettings& settings)
       zone_(settings) {
     SetUsualCommands({
         {u"Menu_ToExcel"_s, u"&T.导出数据"_s, When::Browsing, [this] { ExportGrid(*GD); }},
-        {u"Menu_print"_s, u"&P.打印"_s, When::Browsing, [] {}},  // has never printed anything
+        {u"Menu_print"_s, u"&P.打印"_s, When::Browsing, [] {}},  // kept on purpose: nothing is printed
     });
     MakeBoxes();
     MakeChoice();
@@ -178,7 +178,7 @@ void ZoneForm::OpenCard() {
     }
     ShowForEdit(true);
     LookLocked(false);
-    StopAtBoxes(true);
+    SetBoxesInTabOrder(true);
 }
 
 void ZoneForm::CloseCard() {
@@ -186,12 +186,12 @@ void ZoneForm::CloseCard() {
     for (int box = Code; box <= LastHandled; ++box) Txt[box]->SetLocked(true);
     ShowForEdit(false);
     LookLocked(true);
-    StopAtBoxes(false);
+    SetBoxesInTabOrder(false);
 }
 
 /// While browsing Tab goes straight to the places; the boxes would only send it back.
-void ZoneForm::StopAtBoxes(bool stop) {
-    for (auto* box : Txt) box->Widget()->setFocusPolicy(stop ? Qt::StrongFocus : Qt::ClickFocus);
+void ZoneForm::SetBoxesInTabOrder(bool inOrder) {
+    for (auto* box : Txt) box->Widget()->setFocusPolicy(inOrder ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 void ZoneForm::EnterBox(int box) {

@@ -58,7 +58,7 @@ class ZoneForm : public RecordForm {
     void WireCard();
     std::vector<QWidget*> TabOrder() const;
     void ShowForEdit(bool shown);
-    void StopAtBoxes(bool stop);
+    void SetBoxesInTabOrder(bool inOrder);
 
     void EnterBox(int box);
     void ProposeFor(int box);

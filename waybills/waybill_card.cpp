@@ -289,7 +289,7 @@ void B01::RowToCard() {
     if (CurRow == 0) CurRow = 1;
     auto row = Db->OpenRecordset(u"select * from B01 where F1="_s + Quoted(text::Trim(CurrentCell(0))));
     if (row.Eof()) {
-        // The other fees keep what they held; so the card has always done.
+        // Kept on purpose: the other fees show those of the waybill seen before.
         EmptyBoxes(Number, DeliveryTime);
         EmptyBoxes(Length, Height);
         row.Close();

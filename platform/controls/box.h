@@ -139,8 +139,8 @@ class ComboBox : public QComboBox, public FocusEvents {
     void WidenList();
 };
 
-/// A date box with a calendar, yyyy-MM-dd; one stop for Tab. Typed digits fill year, month and day one after
-/// the other; "-", "." and "/" end the section that is typed. A pasted or dropped date ("2024-1-5",
+/// A date box with a calendar, yyyy-MM-dd; one place in the tab order. Typed digits fill year, month and day
+/// one after the other; "-", "." and "/" end the section that is typed. A pasted or dropped date ("2024-1-5",
 /// "2024/01/05", "2024.1.5") replaces the whole date, any other text is ignored.
 class DTPicker : public QDateEdit, public FocusEvents {
     Q_OBJECT

@@ -40,7 +40,7 @@ class Card : public QWidget {
     /// so that the box is under the others.
     void Field(Half half, int row, int pair, int span, QLabel* caption, QWidget* box);
     /// A second widget on the same place (a combo or a picker over its box). While the cover is shown the box
-    /// is hidden and no stop of the focus; hiding the cover shows the box.
+    /// is hidden and out of the tab order; hiding the cover shows the box.
     void Over(QWidget* box, QWidget* cover);
     /// The same for a control that takes several rows of the card; the caption is on the first.
     void TallField(Half half, int row, int rows, int pair, int span, QLabel* caption, QWidget* box);

@@ -17,7 +17,7 @@ namespace {
 
 const QString Hint = u"Enter->增加条件   Ctrl+Enter->开始查找   Esc->取消"_s;
 
-/// The dialog under the operator's hands.
+/// The dialog as the operator uses it.
 struct Dialog {
     QWidget& form;
 

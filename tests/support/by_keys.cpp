@@ -24,7 +24,7 @@ namespace {
 
 constexpr int kLongestTabOrder = 120;
 
-/// Buttons whose own key is another control's, so that Tab need not stop at them.
+/// Buttons whose own key is another control's, so that they need not be in the tab order.
 const QStringList kReachedOtherwise = {u"CmdDownList"_s};  // Down in the text box beside it
 
 QWidget* FocusedControl() {

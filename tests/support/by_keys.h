@@ -1,5 +1,5 @@
 // What an operator without a mouse, and one without a screen, needs of a window: every control that takes
-// input is a stop of Tab, and every control has a name and a role for who has it read out.
+// input is in the tab order, and every control has a name and a role for who has it read out.
 #pragma once
 
 #include <QAction>
@@ -14,8 +14,8 @@ namespace tests {
 /// Presses Tab until a control comes for the second time; the controls in their order, each once.
 std::vector<QWidget*> ControlsInTabOrder();
 
-/// The controls of a form that take input and are no stop of Tab, by their names. While browsing the boxes of
-/// a card take none.
+/// The controls of a form that take input and are not in the tab order, by their names. While browsing the
+/// boxes of a card take none.
 QStringList NotReachedByTab(QWidget& form, bool browsing = false);
 
 /// What the accessibility tree of a window holds that can be seen and used and lacks a name or a role.
