@@ -292,12 +292,13 @@ const Entry* History::Chosen() const {
 }
 
 void History::ShowStatus() {
-    TheFrame().SetPanel(MForm::PositionPanel,
-                        entries_.empty()
-                            ? u"无操作记录"_s
-                            : u"操作记录：共 "_s + QString::number(entries_.size()) +
-                                  (cut_ ? u" 条最近的记录 当前为第 "_s : u" 条记录 当前为第 "_s) +
-                                  QString::number(GD->Row()) + u" 条"_s);
+    // Where older entries were not looked at, nothing found does not mean that there is none.
+    QString words = cut_ ? u"操作记录：最近的记录中没有找到，请缩小日期范围"_s : u"无操作记录"_s;
+    if (!entries_.empty())
+        words = u"操作记录：共 "_s + QString::number(entries_.size()) +
+                (cut_ ? u" 条最近的记录 当前为第 "_s : u" 条记录 当前为第 "_s) + QString::number(GD->Row()) +
+                u" 条"_s;
+    TheFrame().SetPanel(MForm::PositionPanel, words);
 }
 
 void History::ShowEntry() {

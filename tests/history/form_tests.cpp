@@ -59,6 +59,22 @@ TEST_F(HistoryForm, ListsWhatWasDoneAndShowsBothSides) {
     EXPECT_TRUE(Status().startsWith(u"操作记录：共 "_s));
 }
 
+TEST_F(HistoryForm, SaysWhereOlderEntriesWereNotSearched) {
+    const auto run = [](const QString& statement) {
+        Db->ExecuteEngine(statement);
+        Db->CloseGroup();
+    };
+    run(u"with recursive n(i) as (select 1 union all select i+1 from n where i<3000) "
+        u"insert into M04 (F1) select 'Z'||i from n"_s);
+    OpenForm();
+    SetBox(0, u"没有"_s);
+    Push(u"Cmd(0)"_s);
+    EXPECT_EQ(Status(), u"无操作记录"_s);
+    run(u"update M04 set F2='新' where F1>='Z1' and F1<'Z2'"_s);  // 1111 of them
+    Push(u"Cmd(0)"_s);
+    EXPECT_EQ(Status(), u"操作记录：最近的记录中没有找到，请缩小日期范围"_s);
+}
+
 TEST_F(HistoryForm, HidesFiguresAndObjectsWithoutTheirRight) {
     Give("B01_Edit");
     CanSeeFigures = false;
