@@ -471,7 +471,8 @@ create table PRNTC023 (
 );
 
 -- Monthly table / margin table: two reports share it, each with its own columns. So do the three prints of
--- the ageing, whose columns accounts/ageing_print.cpp gives.
+-- the ageing, whose columns accounts/ageing_print.cpp gives, and the list of what is not released, in its own
+-- columns.
 create table PRNTC04 (
     F1 TEXT COLLATE NOCASE,   -- day of the month / customer
     F2 TEXT COLLATE NOCASE,   -- customer / cash, yuan

@@ -11,6 +11,8 @@
 #include "platform/text/numbers.h"
 #include "records/export.h"
 #include "records/filter_strip.h"
+#include "reports/printing.h"
+#include "reports/report_rows.h"
 #include "waybills/waybill_form.h"
 
 #include <QScopeGuard>
@@ -20,6 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString ListLayout = u"prntunrel.rpt"_s;
 constexpr int LongestPeriod = 4;  // digits of the days
 
 enum Column { Number, SendDate, Customer, Consignee, Channel, Weight, Mark, Missing, Columns };
@@ -63,6 +66,7 @@ Unreleased::Unreleased()
     commands_.Fill(MenuBar(),
                    {{u"Menu_Open"_s, u"&O.打开速递单"_s, When::Always, [this] { OpenWaybill(); }},
                     {u"Menu_ToExcel"_s, u"&T.导出数据"_s, When::Always, [this] { ExportGrid(*GD); }},
+                    {u"Menu_P"_s, u"&P.打印"_s, When::Always, [this] { Print(); }},
                     {u"Menu_Return"_s, u"&R.返回"_s, When::Always, [this] { Unload(); }}});
 }
 
@@ -151,4 +155,23 @@ void Unreleased::OpenWaybill() {
     const QString number = GD->TextMatrix(qMax(1, GD->Row()), Number);
     if (number.isEmpty() || WarnOfEdit()) return;
     dynamic_cast<B01&>(TheFrame().ShowChild(u"B01"_s)).ShowWaybill(number);
+}
+
+/// The list as it is shown. The work table is that of the monthly table.
+void Unreleased::Print() {
+    if (RecCount == 0) return sys::Inform(u"无数据可打印"_s, MsgTitle);
+    if (!LayoutIsThere(ListLayout, u"丢失!"_s)) return;
+    const controls::WaitPointer wait;
+    const reports::WorkTable work{
+        .name = u"PRNTC04"_s,
+        .insert = u"insert into PRNTC04 (F1,F2,F3,F4,F5,F6,F7,F8) VALUES("_s,
+        .columns = {Number, SendDate, Customer, Consignee, Channel, Weight, Mark, Missing}};
+    int unchecked = 0;
+    reports::FillWorkTable(*Db, work, RecCount, [&](int row, int col) {
+        QString cell = GD->TextMatrix(row + 1, col);
+        if (col == Mark && cell == waybills::NotChecked) ++unchecked;
+        return CleanText(cell);  // an apostrophe would break the insert
+    });
+    RunReport(ListLayout, {u"TJ='最近 %1 天，未审核 %2 票，未出货 %3 票'"_s.arg(days_).arg(unchecked).arg(
+                              RecCount - unchecked)});
 }

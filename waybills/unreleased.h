@@ -33,6 +33,7 @@ class Unreleased : public ChildForm {
     void Fill(dao::Recordset& rows);
     void ShowStatus();
     void OpenWaybill();
+    void Print();
 
     controls::LineBox* Txt;
     controls::FlexGrid* GD;

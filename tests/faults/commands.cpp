@@ -333,6 +333,7 @@ std::vector<Command> Made() {
              Type(u"w2"_s);
              Press(Qt::Key_Return);
          }},
+        {"Unreleased_Print", "", "", Shown(u"Unreleased"_s), Print},
         {"zhLst_Add", "D2", "zhLst",
          TypedRows({}, {{u"YS8"_s, u"2024-03-15"_s, u"华兴"_s, u"12.5"_s, u"张三"_s, u"仓租"_s},
                         {u"YS9"_s, u"2024-03-16"_s, u"恒丰"_s, u"3"_s, u""_s, u""_s}}),

@@ -63,6 +63,10 @@ QStringList Rows(const QString& layout, int rows) {
         } else if (layout == u"prntscan.rpt") {
             all += Insert(u"PRNTC05"_s, u"F1,F2,F3,F4,F5,F6,F7"_s,
                           u"'09:15:00','%1','新华','环洋','%2','未出货','没有这个速递单'"_s.arg(no, amount));
+        } else if (layout == u"prntunrel.rpt") {
+            all += Insert(
+                u"PRNTC04"_s, u"F1,F2,F3,F4,F5,F6,F7,F8"_s,
+                u"'%1','2024-03-14','华兴','新华','环洋','%2','未审核','区域、成本'"_s.arg(no, amount));
         } else if (layout == u"kuanmx.rpt") {
             all += Insert(
                 u"Plist"_s, u"F1,F3,F4,F7,F8,F9,F10,V1"_s,
@@ -115,6 +119,7 @@ const QList<Paper>& Papers() {
          QStringList{u"Cpt='客户月结单'"_s, u"myName='甲公司'"_s, u"khbm='客户编码： C1   华兴'"_s} +
              InvoiceHeads},
         {u"prntscan.rpt"_s, {u"TJ='已出货 3，未出货 1'"_s}},
+        {u"prntunrel.rpt"_s, {u"TJ='最近 7 天，未审核 3 票，未出货 1 票'"_s}},
         {u"prntzl1.rpt"_s, {u"Cpt='应收帐款帐龄分析表'"_s, u"yu='预收'"_s, u"rq='2024-03-15'"_s}},
         {u"prntzl2.rpt"_s, {u"Cpt='逾期应收帐款名单'"_s, u"rq='2024-03-15'"_s, u"ts='30'"_s}},
         {u"prntzl3.rpt"_s,

@@ -18,6 +18,10 @@ TEST(SampleRelease, IsAsExpected) {
     QStringList numbers;
     for (const QString& line : desk.Lines().first(8)) numbers += line.section(u'|', 0, 0);
     numbers << numbers[2].toLower() << u"YL24112101"_s << u"NO'WHERE"_s;
+    desk.PrintList();
+    lines += QStringList{desk.Layout()} + desk.Formulas() + desk.Rows(u"select F1,F6,F7,F8 from PRNTC04"_s);
+    lines += desk.PdfLines();
+    AltKey(u'R');
     AltKey(u'R');
 
     desk.Frame().ShowChild(u"ScanRelease"_s);

@@ -173,6 +173,8 @@ TEST(Unreleased, ListsTheOldestFirstWithWhatIsMissingAndOpensTheWaybill) {
     EXPECT_EQ(form.Status(), u"未出货、未审核：无单据信息"_s);
     form.Enter(u"GD"_s);
     Press(Qt::Key_Return);  // on the blank line
+    form.script.Box(u"无数据可打印"_s, Title);
+    AltKey(u'P');
 }
 
 }  // namespace

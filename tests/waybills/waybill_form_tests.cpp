@@ -216,8 +216,8 @@ TEST(B01, ChargeIsAskedByEnteringItsBox) {
     form.SetCombo(ServiceType, u"S"_s);
     EXPECT_EQ(enter(), u"115"_s);
     Press(Qt::Key_A, Qt::ControlModifier);
-    Type(u"99"_s);
-    EXPECT_EQ(form.Box(BasicCharge), u"99"_s) << "the operator may type another amount";
+    Type(u"９９。５"_s);
+    EXPECT_EQ(form.Box(BasicCharge), u"99.5"_s) << "the operator may type another amount";
     form.SetBox(AdditionalCharge, u"5"_s);
     form.SetBox(FuelRate, u"1.1"_s);
     form.SetBox(OtherFees, u"2"_s);
