@@ -50,6 +50,7 @@ class MForm : public QMainWindow {
     ChildForm* Front() const;
     /// Whether any open child form is in add or edit state.
     bool AnyInEdit() const;
+    /// Calls DataChanged of all open forms; the position panel keeps its text.
     void DataChanged();
 
   protected:
@@ -63,11 +64,10 @@ class MForm : public QMainWindow {
 /// While a record is being edited in any form: shows the operator a warning and returns true. Otherwise
 /// returns false.
 bool WarnOfEdit();
-
 /// For a form's QueryUnload: the same, but where EditInProgress is not set only the form's own edit counts.
 bool WarnOfEdit(const ChildForm& form);
-/// Lets all open forms notice that stored records were changed behind their lists; the position panel keeps
-/// its text. Nothing without a main window.
+/// Lets the open forms notice that stored records were changed behind their lists. Nothing without a main
+/// window.
 void StoredDataChanged();
 
 /// The main window of this run. Raises RuntimeError when there is none.
