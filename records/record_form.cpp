@@ -158,10 +158,10 @@ void RecordForm::LoadGridOrReport(const QString& sql) {
 void RecordForm::DataChanged() {
     if (InEdit()) return;
     const int row = CurRow;
-    const QString key = row > 0 ? CurrentCell(0) : QString();
+    const QString key = row > 0 ? CurrentCell(KeyCol()) : QString();
     LoadGridOrReport(QString(loaded_));
     const auto has = [&](int line) {
-        return line > 0 && line < GD->Rows() && GD->TextMatrix(line, 0) == key;
+        return line > 0 && line < GD->Rows() && GD->TextMatrix(line, KeyCol()) == key;
     };
     int line = row;
     if (!has(line))

@@ -2,9 +2,10 @@
 // boxes of the current row on the other, and one protocol of commands.
 //
 // Always holds: the grid is a copy and not bound to the database; every save and delete runs its own
-// statement and repeats the change on the grid by hand. CurRow counts from 1 (row 0 is the header) and is 0
-// only after the last record was deleted, and that not in every form. EditInProgress is true from EnterEdit
-// to LeaveEdit.
+// statement and repeats the change on the grid by hand; DataChanged alone reads the list again. CurRow counts
+// from 1 (row 0 is the header) and is 0 only after the last record was deleted, and that not in every form.
+// EditInProgress is true from EnterEdit to LeaveEdit, unless another form's edit ends meanwhile; InEdit says
+// it then.
 #pragma once
 
 #include "app/child_form.h"
@@ -79,6 +80,8 @@ class RecordForm : public ChildForm, public QueryCaller {
     virtual void DressCell(int /*col*/, QString& /*text*/) const {}
     /// How many columns a load fills, from the first on.
     virtual int LoadedCols() const { return GD->Cols(); }
+    /// The column of the list that tells its records apart.
+    virtual int KeyCol() const { return 0; }
     virtual void RowToCard() = 0;
     /// Unlocks (and, when adding, empties) the boxes as this form does it; and the way back.
     virtual void OpenCard() = 0;

@@ -32,6 +32,7 @@ class ZoneForm : public RecordForm {
 
     QStringList Headers() const override { return zone_.headers; }
     int LoadedCols() const override { return zone_.loadedCols; }
+    int KeyCol() const override { return zone_.codeCol; }
     void OpenCard() override;
     void CloseCard() override;
 

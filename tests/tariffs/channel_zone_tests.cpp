@@ -59,6 +59,19 @@ class ChannelZones : public ZoneProgram {
     QString Segments() { return At<controls::LineBox>(u"TxtD"_s).Text(); }
 };
 
+TEST(A011, AListReadAnewKeepsItsZoneAmongThoseOfOneChannel) {
+    ChannelZones form(TwoChannels() +
+                      QStringList{u"insert into M011 (F1,F2,F3) VALUES ('H12','美西','H1')"_s,
+                                  u"insert into M011 (F1,F2,F3) VALUES ('H13','中部','H1')"_s});
+    ASSERT_EQ(form.Lines().size(), 3);
+    form.Grid().SetRow(2);
+    form.ShowCard();
+    form.Execute(u"delete from M011 where F1='H11'"_s);
+    StoredDataChanged();
+    EXPECT_EQ(form.Grid().TextMatrix(form.Grid().Row(), 1), u"H12"_s);
+    EXPECT_EQ(form.Boxes(0, 1), u"H12|美西"_s);
+}
+
 TEST(A011, ListsTheZonesOfLivingChannelsAndShowsTheirCard) {
     ChannelZones form;
     EXPECT_EQ(form.Lines(), QStringList{u"环洋|H11|美东|4|注|H1|East|20|8.25|30|12|9|7|5|||||||-1|2"_s});
