@@ -80,7 +80,7 @@ class RecordForm : public ChildForm, public QueryCaller {
     virtual void DressCell(int /*col*/, QString& /*text*/) const {}
     /// How many columns a load fills, from the first on.
     virtual int LoadedCols() const { return GD->Cols(); }
-    /// The column of the list that tells its records apart.
+    /// The column of the list that no two records share.
     virtual int KeyCol() const { return 0; }
     virtual void RowToCard() = 0;
     /// Unlocks (and, when adding, empties) the boxes as this form does it; and the way back.
