@@ -3,8 +3,8 @@
 //
 // Always holds: the grid is a copy and not bound to the database. The entry block begins at first_: in add
 // state it is all rows from there on, of which the last is blank or being typed, in edit state that one row;
-// the cursor does not leave it. EditInProgress is true from EnterEdit to LeaveEdit, unless another form's edit
-// ends meanwhile; InEdit says it then. CurRow counts from 1; it is 0 only after the last row was deleted.
+// the cursor does not leave it. EditInProgress is true from EnterEdit to LeaveEdit, unless another form's
+// edit ends meanwhile; InEdit says it then. CurRow counts from 1, 0 only after the last row was deleted.
 #pragma once
 
 #include "accounts/entry_settings.h"
