@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QRegularExpression>
+#include <QVarLengthArray>
 
 #include <algorithm>
 #include <array>
@@ -137,27 +138,26 @@ QString Trim(QStringView value) {
 
 double Val(QStringView value) {
     qsizetype i = 0;
-    QByteArray number;
-    number.reserve(value.size());
+    QVarLengthArray<char, 64> number;  // as from_chars takes it
     const auto at = [&](qsizetype k) { return k < value.size() ? value[k] : QChar(); };
     const auto digits = [&] {
-        while (IsDigit(at(i))) number += value[i++].toLatin1();
+        while (IsDigit(at(i))) number.append(value[i++].toLatin1());
     };
     while (at(i) == u' ') ++i;
     const bool negative = at(i) == u'-';
     if (at(i) == u'-' || at(i) == u'+') ++i;
     digits();
     if (at(i) == u'.') {
-        number += '.';
+        number.append('.');
         ++i;
         digits();
     }
-    if (number.isEmpty() || number == ".") return 0;
+    if (number.isEmpty() || (number.size() == 1 && number[0] == '.')) return 0;
     if (at(i) == u'e' || at(i) == u'E') {
         const bool sign = at(i + 1) == u'-' || at(i + 1) == u'+';
         if (IsDigit(at(i + (sign ? 2 : 1)))) {
-            number += 'e';
-            if (at(i + 1) == u'-') number += '-';
+            number.append('e');
+            if (at(i + 1) == u'-') number.append('-');
             i += sign ? 2 : 1;
             digits();
         }
@@ -167,7 +167,7 @@ double Val(QStringView value) {
     if (error == std::errc::result_out_of_range) {
         // from_chars reports the same error for both ends of the range and leaves the result unchanged. A
         // number that is too small is 0; a number that is too large is an overflow.
-        result = IsLarge(number) ? HUGE_VAL : 0;
+        result = IsLarge(QByteArray(number.constData(), number.size())) ? HUGE_VAL : 0;
     }
     if (!std::isfinite(result)) Overflow();
     return negative ? -result : result;
