@@ -22,6 +22,11 @@ bool IsLetter(char c) {
            static_cast<unsigned char>(c) >= 0x80;
 }
 
+/// Signs that no longer one begins with, as most are.
+bool StandsAlone(char c) {
+    return c == ',' || c == '(' || c == ')' || c == '.' || c == '+' || c == '*';
+}
+
 class Cutter {
   public:
     explicit Cutter(std::string_view statement) : text_(statement) {
@@ -140,6 +145,7 @@ class Cutter {
     }
 
     void Sign() {
+        if (StandsAlone(At(at_))) return Push(TokenKind::Sign, at_ + 1);
         const std::string_view rest = text_.substr(at_);
         if (rest[0] == ';') {
             ++at_;
@@ -152,7 +158,7 @@ class Cutter {
             if (rest.starts_with(two)) return Push(TokenKind::Sign, at_ + 2);
         if (rest.starts_with("==") || rest.starts_with("<<") || rest.starts_with(">>"))
             RefuseCharacter(QString::fromLatin1(rest.data(), qsizetype{2}));
-        if (std::string_view("=<>+-*/(),.").find(rest[0]) == std::string_view::npos)
+        if (std::string_view("=<>-/").find(rest[0]) == std::string_view::npos)
             RefuseCharacter(CharacterAt(at_));
         Push(TokenKind::Sign, at_ + 1);
     }
