@@ -4,6 +4,7 @@
 #include "platform/controls/paint.h"
 #include "platform/errors.h"
 
+#include <QAccessible>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -223,6 +224,12 @@ void FlexGrid::Highlight() {
     viewport()->update();
 }
 
+/// Highlight repaints all rows; the toolkit would lay the whole list out at once to find one cell. A screen
+/// reader hears of it from the toolkit.
+void FlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    if (!state_->highlighting || QAccessible::isActive()) QTableView::currentChanged(current, previous);
+}
+
 void FlexGrid::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QTableView::selectionChanged(selected, deselected);
     if (state_->highlighting || state_->model->Loading() || selected.isEmpty()) return;
@@ -387,9 +394,10 @@ void FlexGrid::BeginLoad(int dataRows) {
 }
 
 void FlexGrid::LoadCell(int dataRow, int col, QString text) {
-    if (dataRow < 0 || dataRow >= Rows() - FixedRows()) throw RuntimeError(u"下标越界"_s);
-    CheckCol(col);
-    state_->model->LoadCell(dataRow + FixedRows(), col, std::move(text));
+    GridModel& model = *state_->model;
+    if (dataRow < 0 || dataRow >= model.Rows() - model.FixedRows() || col < 0 || col >= model.Cols())
+        throw RuntimeError(u"下标越界"_s);
+    model.LoadCell(dataRow + model.FixedRows(), col, std::move(text));
 }
 
 void FlexGrid::EndLoad() {

@@ -57,7 +57,9 @@ void GridColumns::Refit() {
 
 void GridColumns::Show() {
     const bool shares = Shares();
-    view_->setHorizontalScrollBarPolicy(shares ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+    const auto policy = shares ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded;
+    // The toolkit lays the grid out anew for the same policy too.
+    if (view_->horizontalScrollBarPolicy() != policy) view_->setHorizontalScrollBarPolicy(policy);
     const QScopedValueRollback quiet(showing_, true);
     for (int col = 0; col < static_cast<int>(widths_.size()); ++col) {
         const int pixels = (widths_[col] + kUnits / 2) / kUnits;

@@ -7,12 +7,12 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_set>
 
 namespace controls {
 namespace {
 
-constexpr int kSpaceForLines = 256;
 constexpr std::size_t kRecent = 64;      // texts remembered for each column while loading
 constexpr int kTrial = 512;              // cells after which a column without repeats is no longer searched
 constexpr int kWorthwhile = kTrial / 8;  // repeats among them that keep the search going
@@ -38,7 +38,7 @@ void GridModel::SetRows(int rows) {
     if (!loading_) grows ? beginInsertRows({}, first, last) : beginRemoveRows({}, first, last);
     cells_.resize(Cells(rows));
     rows_ = rows;
-    marks_.erase(marks_.lower_bound(rows_), marks_.end());
+    DropMarksFrom(rows_);
     if (!loading_) grows ? endInsertRows() : endRemoveRows();
 }
 
@@ -52,7 +52,7 @@ void GridModel::SetCols(int cols) {
         std::move(from, from + kept, moved.begin() + static_cast<std::ptrdiff_t>(row) * cols);
     }
     cells_ = std::move(moved);
-    for (auto& [row, marks] : marks_) marks.cells.erase(marks.cells.lower_bound(cols), marks.cells.end());
+    for (RowMarks& marks : marks_) marks.cells.erase(marks.cells.lower_bound(cols), marks.cells.end());
     cols_ = cols;
     recent_.resize(loading_ ? static_cast<std::size_t>(cols) : 0);
     if (!loading_) endResetModel();
@@ -109,16 +109,24 @@ void GridModel::Remove(int row) {
     const auto at = cells_.begin() + static_cast<std::ptrdiff_t>(At(row, 0));
     cells_.erase(at, at + cols_);
     --rows_;
-    marks_.erase(row);
+    marks_.erase(MarksFrom(row), MarksFrom(row + 1));
     ShiftMarks(row + 1, -1);
     if (!loading_) endRemoveRows();
 }
 
+std::vector<GridModel::RowMarks>::const_iterator GridModel::MarksFrom(int row) const {
+    return std::ranges::lower_bound(marks_, row, {}, &RowMarks::row);
+}
+
+/// A load marks its rows from the top down, so nothing has to move for them.
+GridModel::RowMarks& GridModel::MarksOf(int row) {
+    const auto at = marks_.begin() + (MarksFrom(row) - marks_.cbegin());
+    return at != marks_.end() && at->row == row ? *at : *marks_.insert(at, {.row = row, .cells = {}});
+}
+
 void GridModel::ShiftMarks(int from, int by) {
-    if (marks_.lower_bound(from) == marks_.end()) return;
-    std::map<int, RowMarks> moved;
-    for (auto& [row, marks] : marks_) moved.emplace(row < from ? row : row + by, std::move(marks));
-    marks_ = std::move(moved);
+    for (auto at = marks_.begin() + (MarksFrom(from) - marks_.cbegin()); at != marks_.end(); ++at)
+        at->row += by;
 }
 
 void GridModel::SetAlignment(int col, Qt::Alignment alignment) {
@@ -134,20 +142,19 @@ Qt::Alignment GridModel::Alignment(int col) const {
 }
 
 void GridModel::SetBack(int row, int col, const QColor& back) {
-    MarkAt(row, col).back = back;
+    MarksOf(row).cells[col].back = back;
     EmitCellEdited(row, col);
 }
 
 void GridModel::SetBold(int row, int col, bool bold) {
-    MarkAt(row, col).bold = bold;
+    MarksOf(row).cells[col].bold = bold;
     EmitCellEdited(row, col);
 }
 
 void GridModel::SetRowStyle(int row, int fromCol, const QColor& back, bool bold) {
-    // A load styles its rows from the top down, so each comes behind those before it.
-    const auto marks = marks_.try_emplace(marks_.end(), row);
-    marks->second.styledFrom = fromCol;
-    marks->second.style = {.back = back, .bold = bold};
+    RowMarks& marks = MarksOf(row);
+    marks.styledFrom = fromCol;
+    marks.style = {.back = back, .bold = bold};
     if (loading_ || row < fixed_) return;
     Q_EMIT dataChanged(index(row - fixed_, fromCol), index(row - fixed_, cols_ - 1));
 }
@@ -165,12 +172,11 @@ void GridModel::SetWordColor(int col, const QString& word, const QColor& ink) {
 }
 
 const GridModel::Mark* GridModel::MarkOf(int row, int col) const {
-    const auto marks = marks_.find(row);
-    if (marks == marks_.end()) return nullptr;
-    const RowMarks& inRow = marks->second;
-    const auto mark = inRow.cells.find(col);
-    if (mark != inRow.cells.end()) return &mark->second;
-    return col >= inRow.styledFrom ? &inRow.style : nullptr;
+    const auto marks = MarksFrom(row);
+    if (marks == marks_.end() || marks->row != row) return nullptr;
+    const auto mark = marks->cells.find(col);
+    if (mark != marks->cells.end()) return &mark->second;
+    return col >= marks->styledFrom ? &marks->style : nullptr;
 }
 
 void GridModel::BeginLoad(int dataRows) {
@@ -181,11 +187,9 @@ void GridModel::BeginLoad(int dataRows) {
     // never holds the list twice.
     cells_.resize(Cells(fixed_));
     rows_ = fixed_ + dataRows;
-    if (cells_.capacity() > 2 * Cells(rows_ + kSpaceForLines)) cells_.shrink_to_fit();
-    // Capacity for the lines of a working day, so that the first of them does not move the whole list.
-    cells_.reserve(Cells(rows_ + kSpaceForLines));
+    cells_.reserve(RoomFor(rows_));
     cells_.resize(Cells(rows_));
-    marks_.erase(marks_.lower_bound(fixed_), marks_.end());
+    DropMarksFrom(fixed_);
     recent_.assign(static_cast<std::size_t>(cols_), Recent());
 }
 
@@ -217,6 +221,12 @@ void GridModel::EndLoad() {
     beginResetModel();
     loading_ = false;
     recent_.clear();
+    if (cells_.capacity() > 2 * RoomFor(rows_)) {  // left by a longer list
+        std::vector<QString> fitting;
+        fitting.reserve(RoomFor(rows_));
+        std::ranges::move(cells_, std::back_inserter(fitting));
+        cells_ = std::move(fitting);
+    }
     endResetModel();
 }
 

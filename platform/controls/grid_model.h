@@ -76,6 +76,7 @@ class GridModel : public QAbstractTableModel {
         int hits = 0;
     };
     struct RowMarks {
+        int row = 0;
         std::map<int, Mark> cells;  // by column
         int styledFrom = std::numeric_limits<int>::max();
         Mark style;
@@ -86,8 +87,13 @@ class GridModel : public QAbstractTableModel {
                static_cast<std::size_t>(col);
     }
     std::size_t Cells(int rows) const { return At(rows, 0); }
+    /// With capacity for the lines of a working day, so that the first of them does not move the whole list.
+    std::size_t RoomFor(int rows) const { return Cells(rows + 256); }
     const Mark* MarkOf(int row, int col) const;
-    Mark& MarkAt(int row, int col) { return marks_[row].cells[col]; }
+    /// The marks of the first row from this one on that has any.
+    std::vector<RowMarks>::const_iterator MarksFrom(int row) const;
+    RowMarks& MarksOf(int row);
+    void DropMarksFrom(int row) { marks_.erase(MarksFrom(row), marks_.end()); }
     void ShiftMarks(int from, int by);
     void EmitCellEdited(int row, int col);
     void Share(int col, QString& text);
@@ -99,7 +105,7 @@ class GridModel : public QAbstractTableModel {
     int fixed_ = 1;
     bool loading_ = false;
     std::vector<Qt::Alignment> alignments_;
-    std::map<int, RowMarks> marks_;
+    std::vector<RowMarks> marks_;  // from the top down
     std::unordered_map<int, std::vector<std::pair<QString, QColor>>> words_;
     std::vector<Recent> recent_;
     std::map<int, QColor> headMarks_;  // by column
