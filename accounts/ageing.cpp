@@ -146,7 +146,8 @@ void ReadLines(dao::Recordset& rows, Chain& chain, const std::function<void()>& 
 dao::Recordset RowsOf(dao::Database& db, const QString& fields, const AgeingScope& scope,
                       const QString& unit) {
     return db.OpenRecordset(
-        LedgerRowsStatement(fields, {.LB = scope.LB, .from = {}, .to = scope.day, .unit = unit}));
+        LedgerRowsStatement(fields, {.LB = scope.LB, .from = {}, .to = scope.day, .unit = unit}),
+        dao::RecordsetType::ForwardOnly);
 }
 
 }  // namespace

@@ -23,20 +23,20 @@ using namespace accounts;
 
 namespace {
 
-constexpr int LinesAtOnce = 256;  // by which the grid grows while totals come in
+constexpr int FirstLines = 256;
 
 /// Lines go straight into the grid's load. Their number is known at the end only.
 class GridLines : public LedgerLines {
   public:
-    GridLines(controls::FlexGrid& grid, int rows, int totalFrom) : grid_(grid), totalFrom_(totalFrom) {
-        grid_.BeginLoad(rows);
+    GridLines(controls::FlexGrid& grid, int totalFrom) : grid_(grid), totalFrom_(totalFrom) {
+        grid_.BeginLoad(room_);
     }
     ~GridLines() override { grid_.EndLoad(); }
     GridLines(const GridLines&) = delete;
     GridLines& operator=(const GridLines&) = delete;
 
     void Cell(int line, int col, QString text) override {
-        if (line >= grid_.Rows() - 1) grid_.SetRows(line + 1 + LinesAtOnce);
+        if (line >= room_) grid_.SetRows((room_ *= 2) + 1);
         grid_.LoadCell(line, col, std::move(text));
     }
 
@@ -47,6 +47,7 @@ class GridLines : public LedgerLines {
   private:
     controls::FlexGrid& grid_;
     const int totalFrom_;
+    int room_ = FirstLines;
 };
 
 }  // namespace
@@ -181,8 +182,8 @@ void LedgerForm::Activated() {
 
 void LedgerForm::DressGrid() {
     const QString side = LB == 10 ? u"付"_s : u"收"_s;
-    GD->Clear();
     GD->SetRows(2);
+    GD->Clear();
     const std::pair<int, QString> headers[] = {
         {Unit, LabDW->text()},         {Name2, LabDW->text()},        {Voucher, u"单据号"_s},
         {Business, u"业务类型"_s},     {Opening, u"期初应"_s + side}, {Raised, settings_.raisedHeader + side},
@@ -229,10 +230,11 @@ void LedgerForm::Build() {
     const auto hidden = qScopeGuard([this] { cancelfrm->hide(); });
     const controls::WaitPointer wait;
     auto rows = Db->OpenRecordset(
-        settings_.statement({.LB = LB, .from = DTP[0]->Value(), .to = DTP[1]->Value(), .unit = unit_}));
-    if (const int count = CountRows(rows); count > 0) {
+        settings_.statement({.LB = LB, .from = DTP[0]->Value(), .to = DTP[1]->Value(), .unit = unit_}),
+        dao::RecordsetType::ForwardOnly);
+    if (!rows.Eof()) {
         {
-            GridLines lines(*GD, count + 1, settings_.totalFrom);
+            GridLines lines(*GD, settings_.totalFrom);
             lines.Cut(settings_.build(rows, lines));
         }
         ShowStatus();

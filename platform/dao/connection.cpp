@@ -301,6 +301,8 @@ void Connection::Run(const char* sql, const QString& statement) {
 
 void Connection::Checkpoint() {
     if (!engine_) return;
+    // Nothing is read after it, and what is still being read would keep the log.
+    for (sqlite3_stmt* each = nullptr; (each = sqlite3_next_stmt(engine_, each));) sqlite3_reset(each);
     const int code =
         sqlite3_wal_checkpoint_v2(engine_, nullptr, SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
     // Whoever else has the file open brings the rest into it when he goes.

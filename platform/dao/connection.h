@@ -57,7 +57,8 @@ class Connection {
     /// Raises what the engine says of its last call, and gives the group up where the engine did or must.
     [[noreturn]] void Fail(int code, const QString& statement);
 
-    /// Brings everything into the one file, as far as other programs that have it open let it.
+    /// Before the file is closed, or the program ends: brings everything into the one file, as far as other
+    /// programs that have it open let it.
     void Checkpoint();
     /// As Database::IsAlone.
     bool IsAlone();

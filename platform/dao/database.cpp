@@ -68,12 +68,10 @@ void Database::Execute(const QString& statement, const QString& reported) {
 
 Recordset Database::OpenRecordset(const QString& statement, RecordsetType type) {
     const bool dynaset = type == RecordsetType::Dynaset;
-    Prepared prepared(*impl_->connection, statement, dynaset ? Wording::SystemDynaset : Wording::System,
-                      statement);
-    if (prepared.Translation().verb != dialect::Verb::Select)
-        throw DatabaseError(u"无效的操作。"_s, statement);
-    prepared.Prepare();
-    return Recordset(ReadRows(impl_->connection, prepared, statement));
+    auto reader = std::make_unique<RowReader>(impl_->connection, statement,
+                                              dynaset ? Wording::SystemDynaset : Wording::System);
+    if (reader->Verb() != dialect::Verb::Select) throw DatabaseError(u"无效的操作。"_s, statement);
+    return Recordset(ReadRows(std::move(reader), type == RecordsetType::ForwardOnly));
 }
 
 void Database::ExecuteEngine(const QString& statement) {
@@ -87,9 +85,8 @@ void Database::ExecuteEngine(const QString& statement) {
 }
 
 Recordset Database::ReadEngine(const QString& select) {
-    Prepared prepared(*impl_->connection, select, Wording::Engine, select);
-    prepared.Prepare();
-    return Recordset(ReadRows(impl_->connection, prepared, select));
+    return Recordset(
+        ReadRows(std::make_unique<RowReader>(impl_->connection, select, Wording::Engine), false));
 }
 
 void Database::CloseGroup() {

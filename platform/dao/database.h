@@ -38,7 +38,7 @@ class Database {
     void Execute(const QString& statement) { Execute(statement, statement); }
     /// The same; `reported` is what an error shows in place of the statement, for one that holds a secret.
     void Execute(const QString& statement, const QString& reported);
-    /// Runs a SELECT. A snapshot is a copy of the rows at that moment; a dynaset can be written to.
+    /// Runs a SELECT. Raises DatabaseError; a forward-only set may do so at each move.
     Recordset OpenRecordset(const QString& statement, RecordsetType type = RecordsetType::Snapshot);
 
     // The same two in the engine's own words, untranslated, for what belongs to this program and not to the

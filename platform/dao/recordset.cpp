@@ -22,6 +22,12 @@ RecordsetData& Require(const std::unique_ptr<RecordsetData>& data) {
     return *data;
 }
 
+RecordsetData& RequireCopied(const std::unique_ptr<RecordsetData>& data) {
+    RecordsetData& required = Require(data);
+    if (required.forwardOnly) throw RuntimeError(u"无效的操作。"_s);
+    return required;
+}
+
 const RowWriter::Value* PendingValue(const RecordsetData& data, int column) {
     const auto found = std::find_if(data.pending.begin(), data.pending.end(),
                                     [&](const RowWriter::Value& value) { return value.column == column; });
@@ -36,40 +42,37 @@ void LeaveEdit(RecordsetData& data) {
 }  // namespace
 
 bool Field::IsNull() const {
-    const Cell& cell = data_->CurrentCell(column_);
-    return cell.kind == CellKind::Null && !PendingValue(*data_, column_);
+    return data_->Current(column_).kind == CellKind::Null && !PendingValue(*data_, column_);
 }
 
 QString Field::Text() const {
-    const Cell& cell = data_->CurrentCell(column_);
+    const Value value = data_->Current(column_);
     if (const auto* pending = PendingValue(*data_, column_)) return text::GeneralText(pending->value);
-    switch (cell.kind) {
+    switch (value.kind) {
         case CellKind::Null:
             break;
-        case CellKind::Text: {
-            const std::string_view text = data_->TextOf(cell);
-            return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-        }
+        case CellKind::Text:
+            return QString::fromUtf8(value.text.data(), static_cast<qsizetype>(value.text.size()));
         case CellKind::Real:
-            return text::GeneralText(cell.real);
+            return text::GeneralText(value.real);
         case CellKind::Whole:
-            return WholeText(cell.whole);
+            return WholeText(value.whole);
     }
     return {};
 }
 
 double Field::Number() const {
-    const Cell& cell = data_->CurrentCell(column_);
+    const Value value = data_->Current(column_);
     if (const auto* pending = PendingValue(*data_, column_)) return pending->value;
-    switch (cell.kind) {
+    switch (value.kind) {
         case CellKind::Null:
             break;
         case CellKind::Text:
             return text::Val(Text());
         case CellKind::Real:
-            return cell.real;
+            return value.real;
         case CellKind::Whole:
-            return static_cast<double>(cell.whole);
+            return static_cast<double>(value.whole);
     }
     return 0;
 }
@@ -86,7 +89,7 @@ bool Recordset::Eof() const {
 }
 
 void Recordset::MoveFirst() {
-    RecordsetData& data = Require(data_);
+    RecordsetData& data = RequireCopied(data_);
     data.row = 0;
     data.RequireRow();
     LeaveEdit(data);
@@ -95,12 +98,15 @@ void Recordset::MoveFirst() {
 void Recordset::MoveNext() {
     RecordsetData& data = Require(data_);
     data.RequireRow();
-    ++data.row;
+    if (data.forwardOnly)
+        data.ReadOn();
+    else
+        ++data.row;
     LeaveEdit(data);
 }
 
 void Recordset::MoveLast() {
-    RecordsetData& data = Require(data_);
+    RecordsetData& data = RequireCopied(data_);
     data.row = std::max(0, data.rows - 1);
     data.RequireRow();
     data.reachedLast = true;
@@ -108,7 +114,7 @@ void Recordset::MoveLast() {
 }
 
 int Recordset::RecordCount() const {
-    const RecordsetData& data = Require(data_);
+    const RecordsetData& data = RequireCopied(data_);
     return data.reachedLast ? data.rows : std::min(data.rows, 1);
 }
 

@@ -12,7 +12,10 @@
 namespace dao {
 
 /// Snapshot: a copy of the rows at that moment. Dynaset: can be written to with Edit, SetValue, Update.
-enum class RecordsetType { Dynaset = 2, Snapshot = 4 };
+/// ForwardOnly: rows that are read once and not copied, from the first on by MoveNext; the other moves and
+/// RecordCount raise RuntimeError. The file is being read until its end; where the file is closed before, the
+/// rows are gone and reading raises DatabaseError.
+enum class RecordsetType { Dynaset = 2, Snapshot = 4, ForwardOnly = 8 };
 
 struct RecordsetData;
 

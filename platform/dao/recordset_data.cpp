@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -18,58 +19,83 @@ std::vector<bool> BooleanColumns(sqlite3_stmt* statement, int columns) {
     return boolean;
 }
 
-Cell RealCell(double value) {
-    return {.real = value, .kind = CellKind::Real};
+}  // namespace
+
+RowReader::RowReader(std::shared_ptr<Connection> connection, const QString& statement, Wording wording)
+    : connection_(std::move(connection)),
+      statement_(statement),
+      prepared_(*connection_, statement_, wording, statement_) {
 }
 
-Cell WholeCell(std::int64_t value) {
-    return {.whole = value, .kind = CellKind::Whole};
+void RowReader::Begin() {
+    prepared_.Prepare();
+    columns_ = sqlite3_column_count(prepared_) - (Writable() ? 1 : 0);
+    boolean_ = BooleanColumns(prepared_, columns_);
 }
 
-Cell ReadCell(RecordsetData& data, sqlite3_value* value, bool boolean) {
+std::vector<QString> RowReader::Names() const {
+    std::vector<QString> names(static_cast<size_t>(columns_));
+    for (int i = 0; i < columns_; ++i)
+        names[static_cast<size_t>(i)] = QString::fromUtf8(sqlite3_column_name(prepared_, i));
+    return names;
+}
+
+std::unique_ptr<RowWriter> RowReader::Writer() const {
+    if (!Writable()) return nullptr;
+    return std::make_unique<RowWriter>(connection_, prepared_.Translation().table, statement_);
+}
+
+bool RowReader::Next() {
+    connection_->Engine(statement_);  // the file may have been closed since the last row
+    const int code = sqlite3_step(prepared_);
+    if (code == SQLITE_ROW) return true;
+    if (code != SQLITE_DONE) connection_->Fail(code, statement_);
+    prepared_.Done();
+    return false;
+}
+
+Value RowReader::Read(int column) const {
+    if (!connection_->IsOpen()) connection_->Engine(statement_);  // raises
+    sqlite3_value* const value = sqlite3_column_value(prepared_, column);
+    const bool boolean = boolean_[static_cast<size_t>(column)];
     switch (sqlite3_value_type(value)) {
         case SQLITE_NULL:
             return {};
         case SQLITE_INTEGER: {
             const std::int64_t whole = sqlite3_value_int64(value);
-            return WholeCell(boolean && whole != 0 ? -1 : whole);
+            return {.kind = CellKind::Whole, .whole = boolean && whole != 0 ? -1 : whole};
         }
         case SQLITE_FLOAT: {
             const double real = sqlite3_value_double(value);
-            return boolean ? WholeCell(real == 0 ? 0 : -1) : RealCell(real);
+            if (boolean) return {.kind = CellKind::Whole, .whole = real == 0 ? 0 : -1};
+            return {.kind = CellKind::Real, .real = real};
         }
         default: {
             const auto* text = static_cast<const char*>(sqlite3_value_blob(value));
-            return data.TextCell({text ? text : "", static_cast<size_t>(sqlite3_value_bytes(value))});
+            return {.kind = CellKind::Text,
+                    .text = {text ? text : "", static_cast<size_t>(sqlite3_value_bytes(value))}};
         }
     }
 }
 
-}  // namespace
-
-std::unique_ptr<RecordsetData> ReadRows(const std::shared_ptr<Connection>& connection, Prepared& prepared,
-                                        const QString& statement) {
-    const std::string& table = prepared.Translation().table;
+std::unique_ptr<RecordsetData> ReadRows(std::unique_ptr<RowReader> reader, bool forwardOnly) {
     auto data = std::make_unique<RecordsetData>();
-    const bool writable = !table.empty();
-    const int columns = sqlite3_column_count(prepared) - (writable ? 1 : 0);
-    // Most sets have one row; reserving its cells avoids repeated growth.
-    data->names.reserve(static_cast<size_t>(columns));
-    data->cells.reserve(static_cast<size_t>(columns));
-    for (int i = 0; i < columns; ++i)
-        data->names.push_back(QString::fromUtf8(sqlite3_column_name(prepared, i)));
-    const std::vector<bool> boolean = BooleanColumns(prepared, columns);
-    int code = SQLITE_ROW;
-    while ((code = sqlite3_step(prepared)) == SQLITE_ROW) {
-        for (int i = 0; i < columns; ++i)
-            data->cells.push_back(
-                ReadCell(*data, sqlite3_column_value(prepared, i), boolean[static_cast<size_t>(i)]));
-        if (writable) data->rowNumbers.push_back(sqlite3_column_int64(prepared, columns));
-        ++data->rows;
+    reader->Begin();
+    data->names = reader->Names();
+    if (forwardOnly) {
+        data->forwardOnly = true;
+        data->reader = std::move(reader);
+        data->ReadOn();
+        return data;
     }
-    if (code != SQLITE_DONE) connection->Fail(code, statement);
-    prepared.Done();
-    if (writable) data->writer = std::make_unique<RowWriter>(connection, table, statement);
+    data->writer = reader->Writer();
+    const int columns = data->ColumnCount();
+    // Most sets have one row; reserving its cells avoids repeated growth.
+    data->cells.reserve(data->names.size());
+    for (; reader->Next(); ++data->rows) {
+        for (int i = 0; i < columns; ++i) data->cells.push_back(data->Copied(reader->Read(i)));
+        if (data->writer) data->rowNumbers.push_back(reader->RowNumber());
+    }
     return data;
 }
 
@@ -84,17 +110,50 @@ void RecordsetData::RequireRow() const {
     if (row >= rows) throw RuntimeError(u"无当前记录。"_s);
 }
 
-const Cell& RecordsetData::CurrentCell(int column) const {
-    RequireRow();
-    return cells[static_cast<size_t>(row) * names.size() + static_cast<size_t>(column)];
+void RecordsetData::ReadOn() {
+    rows = 0;
+    if (reader->Next())
+        rows = 1;
+    else
+        reader.reset();
 }
 
-Cell RecordsetData::TextCell(std::string_view value) {
-    constexpr size_t kLargest = std::numeric_limits<std::uint32_t>::max();
-    if (arena.size() + value.size() > kLargest) throw std::bad_alloc();
-    const auto offset = static_cast<std::uint32_t>(arena.size());
-    arena.append(value);
-    return {.offset = offset, .kind = CellKind::Text, .length = static_cast<std::uint32_t>(value.size())};
+Value RecordsetData::Current(int column) const {
+    RequireRow();
+    if (forwardOnly) return reader->Read(column);
+    const Cell& cell = cells[static_cast<size_t>(row) * names.size() + static_cast<size_t>(column)];
+    switch (cell.kind) {
+        case CellKind::Null:
+            break;
+        case CellKind::Text:
+            return {.kind = cell.kind, .text = std::string_view(arena).substr(cell.offset, cell.length)};
+        case CellKind::Real:
+            return {.kind = cell.kind, .real = cell.real};
+        case CellKind::Whole:
+            return {.kind = cell.kind, .whole = cell.whole};
+    }
+    return {};
+}
+
+Cell RecordsetData::Copied(const Value& value) {
+    switch (value.kind) {
+        case CellKind::Null:
+            break;
+        case CellKind::Text: {
+            constexpr size_t kLargest = std::numeric_limits<std::uint32_t>::max();
+            if (arena.size() + value.text.size() > kLargest) throw std::bad_alloc();
+            const auto offset = static_cast<std::uint32_t>(arena.size());
+            arena.append(value.text);
+            return {.offset = offset,
+                    .kind = CellKind::Text,
+                    .length = static_cast<std::uint32_t>(value.text.size())};
+        }
+        case CellKind::Real:
+            return {.real = value.real, .kind = CellKind::Real};
+        case CellKind::Whole:
+            return {.whole = value.whole, .kind = CellKind::Whole};
+    }
+    return {};
 }
 
 RowWriter::RowWriter(std::shared_ptr<Connection> connection, std::string table, QString statement)

@@ -16,7 +16,17 @@ namespace dao {
 
 enum class CellKind : std::uint32_t { Null, Text, Real, Whole };
 
-/// One value. A text is UTF-8 in the arena.
+/// One value of the current row. A text is UTF-8 and is there until the cursor moves.
+struct Value {
+    CellKind kind = CellKind::Null;
+    union {
+        double real = 0;
+        std::int64_t whole;
+    };
+    std::string_view text{};
+};
+
+/// One value of a copied row. A text is UTF-8 in the arena.
 struct Cell {
     union {
         std::uint32_t offset = 0;
@@ -48,6 +58,34 @@ class RowWriter {
     std::unique_ptr<Prepared> prepared_;
 };
 
+/// A SELECT as it runs.
+class RowReader {
+  public:
+    /// `statement` is also what an error report shows. Raises DatabaseError, as Next does.
+    RowReader(std::shared_ptr<Connection> connection, const QString& statement, Wording wording);
+
+    dialect::Verb Verb() const { return prepared_.Translation().verb; }
+    /// Call before the first row.
+    void Begin();
+    std::vector<QString> Names() const;
+    /// Goes to the next row. False behind the last one.
+    bool Next();
+    Value Read(int column) const;
+
+    /// For a dynaset: what updates its table, and the number of the row in it.
+    std::unique_ptr<RowWriter> Writer() const;
+    std::int64_t RowNumber() const { return sqlite3_column_int64(prepared_, columns_); }
+
+  private:
+    bool Writable() const { return !prepared_.Translation().table.empty(); }
+
+    std::shared_ptr<Connection> connection_;
+    const QString statement_;
+    Prepared prepared_;
+    int columns_ = 0;            ///< without the row number of a dynaset
+    std::vector<bool> boolean_;  ///< which columns are declared BOOLEAN
+};
+
 struct RecordsetData {
     std::vector<QString> names;
     int rows = 0;
@@ -56,6 +94,10 @@ struct RecordsetData {
     bool closed = false;
     std::vector<Cell> cells;
     std::string arena;
+
+    // A forward-only set has the reader's row as its only one; the reader goes behind the last row.
+    bool forwardOnly = false;
+    std::unique_ptr<RowReader> reader;
 
     // Only for a writable dynaset.
     std::unique_ptr<RowWriter> writer;
@@ -66,20 +108,16 @@ struct RecordsetData {
     int ColumnCount() const { return static_cast<int>(names.size()); }
     /// The column of that name. Raises RuntimeError if there is none.
     int ColumnOf(QStringView name) const;
-    /// A cell of the current row. Raises RuntimeError if there is no current row.
-    const Cell& CurrentCell(int column) const;
+    /// A value of the current row. Raises RuntimeError if there is no current row.
+    Value Current(int column) const;
     void RequireRow() const;
-
-    /// Puts the text into the arena.
-    Cell TextCell(std::string_view value);
-
-    std::string_view TextOf(const Cell& cell) const {
-        return std::string_view(arena).substr(cell.offset, cell.length);
-    }
+    /// Of a forward-only set.
+    void ReadOn();
+    /// A cell that holds the value, its text in the arena.
+    Cell Copied(const Value& value);
 };
 
-/// Runs a SELECT and reads all its rows.
-std::unique_ptr<RecordsetData> ReadRows(const std::shared_ptr<Connection>& connection, Prepared& prepared,
-                                        const QString& statement);
+/// Runs a SELECT and reads all its rows, or the first of a forward-only set.
+std::unique_ptr<RecordsetData> ReadRows(std::unique_ptr<RowReader> reader, bool forwardOnly);
 
 }  // namespace dao

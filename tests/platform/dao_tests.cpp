@@ -282,6 +282,60 @@ TEST(Rows, AreReadAsTheFormsShowThem) {
     EXPECT_THROW(empty.MoveLast(), RuntimeError);
 }
 
+TEST(ForwardOnly, ReadsOnceWhatASnapshotReads) {
+    const tests::DataFile file(kTables);
+    auto db = Open(file);
+    for (const QString& values :
+         {u"'5.0','甲',True,5.0"_s, u"'','乙',false,1E+15"_s, u"null,null,null,-0.25"_s})
+        db->Execute(u"insert into M04 (F1,F2,A30,D0) values ("_s + values + u')');
+    const QString all = u"select F1,F2,A30,D0,1 from M04"_s;
+    auto copied = db->OpenRecordset(all);
+    auto rows = db->OpenRecordset(all, dao::RecordsetType::ForwardOnly);
+    for (; !copied.Eof(); copied.MoveNext(), rows.MoveNext()) {
+        ASSERT_FALSE(rows.Eof());
+        for (int i = 0; i < copied.FieldCount(); ++i) {
+            EXPECT_EQ(rows.Fields(i).Text(), copied.Fields(i).Text());
+            EXPECT_EQ(rows.Fields(i).IsNull(), copied.Fields(i).IsNull());
+        }
+        EXPECT_EQ(rows.Fields(u"D0").Number(), copied.Fields(u"D0").Number());
+    }
+    EXPECT_TRUE(rows.Eof());
+    EXPECT_EQ(rows.FieldName(1), u"F2"_s);
+    EXPECT_THROW(rows.MoveNext(), RuntimeError);
+    EXPECT_THROW(rows.Fields(0).Text(), RuntimeError);
+
+    auto again = db->OpenRecordset(all, dao::RecordsetType::ForwardOnly);
+    EXPECT_EQ(again.Fields(0).Text(), u"5.0"_s);
+    EXPECT_THROW(again.MoveFirst(), RuntimeError);
+    EXPECT_THROW(again.MoveLast(), RuntimeError);
+    EXPECT_THROW(again.RecordCount(), RuntimeError);
+    EXPECT_THROW(again.Edit(), RuntimeError);
+    EXPECT_TRUE(db->OpenRecordset(all + u" where F1='none'"_s, dao::RecordsetType::ForwardOnly).Eof());
+}
+
+TEST(ForwardOnly, FailsWhereItsRowsEndBeforeTheirTime) {
+    const tests::DataFile file(kTables);
+    auto db = Open(file);
+    for (const QString& day : {u"2024-03-01"_s, u"no date"_s, u"2024-03-03"_s})
+        db->Execute(u"insert into M04 (F1) values ('%1')"_s.arg(day));
+    auto failing =
+        db->OpenRecordset(u"select datediff('d',F1,F1) from M04"_s, dao::RecordsetType::ForwardOnly);
+    EXPECT_EQ(failing.Fields(0).Number(), 0);
+    EXPECT_THROW(failing.MoveNext(), DatabaseError);
+    EXPECT_TRUE(failing.Eof());
+
+    auto closed = db->OpenRecordset(u"select F1 from M04"_s, dao::RecordsetType::ForwardOnly);
+    auto reopened = db->OpenRecordset(u"select F1 from M04"_s, dao::RecordsetType::ForwardOnly);
+    db->WhileClosed([&] {
+        EXPECT_THROW(closed.Fields(0).Text(), DatabaseError);
+        EXPECT_THROW(closed.MoveNext(), DatabaseError);
+    });
+    EXPECT_THROW(reopened.MoveNext(), DatabaseError);
+    EXPECT_EQ(db->OpenRecordset(u"select F1 from M04"_s).Fields(0).Text(), u"2024-03-01"_s);
+    db->Close();
+    EXPECT_EQ(file.Files(), QStringList{u"test.dat"_s});
+}
+
 /// Statements are kept ready; that must show in nothing but the time.
 TEST(Statements, ThatComeAgainAreAsNew) {
     const tests::DataFile file(kTables);
