@@ -133,7 +133,7 @@ void MeasureLedger(Bench& bench, Office& office, const std::string& name, const 
         Choose(form, period);
         bench.Run({.name = name + what,
                    .limit = 1.3,
-                   .runsInRound = 3,
+                   .runsInRound = 10,
                    .ours = [&] { generate.click(); },
                    .bare = [&, &p = period] { bare(office.Bare(), p); },
                    .makeOursReady = Office::Settle});  // else the lines of the run before are painted in it
