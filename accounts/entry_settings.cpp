@@ -1,13 +1,12 @@
 #include "accounts/entry_settings.h"
 
+#include "accounts/unit_choice.h"
+
 using namespace Qt::StringLiterals;
 using search::Kind;
 
 namespace accounts {
 namespace {
-
-const QString channels = u"select F2 from M01 order by F1"_s;
-const QString customers = u"select F2 from M03 order by F1"_s;
 
 /// What is searched: the headers go by column. 相关单据 searches the counterparty; required by the business.
 std::vector<SearchField> Fields(const QString& amount) {
@@ -38,8 +37,8 @@ const EntrySettings ChargeEntry = {
     .load = u"select TOP 1000 TB1.F1,TB1.F2,TB1.F3,'','',TB1.YF,TB1.S1,TB1.F5,TB1.F10,TB1.SN FROM TB1  "_s,
     .search = {.base = u"select TB1.F1,TB1.F2,TB1.F3,'','',TB1.YF,TB1.S1,TB1.F5,TB1.F10,TB1.SN FROM TB1  "_s,
                .fields = Fields(u"TB1.YF"_s)},
-    .payable = {LedgerKind::Payable, channels, charge},
-    .receivable = {LedgerKind::Receivable, customers, charge},
+    .payable = {LedgerKind::Payable, kChannelNames, charge},
+    .receivable = {LedgerKind::Receivable, kCustomerNames, charge},
 };
 
 const EntrySettings PaymentEntry = {
@@ -48,8 +47,8 @@ const EntrySettings PaymentEntry = {
     .load = u"select TOP 1000 TB1.F1,TB1.F2,TB1.F3,'','',TB1.FK,TB1.S1,TB1.F5,TB1.F10,TB1.SN FROM TB1  "_s,
     .search = {.base = u"select TB1.F1,TB1.F2,TB1.F3,'','',TB1.FK,TB1.S1,TB1.F5,TB1.F10,TB1.SN FROM TB1  "_s,
                .fields = Fields(u"TB1.FK"_s)},
-    .payable = {LedgerKind::Payment, channels, payment},
-    .receivable = {LedgerKind::Receipt, customers, receipt},
+    .payable = {LedgerKind::Payment, kChannelNames, payment},
+    .receivable = {LedgerKind::Receipt, kCustomerNames, receipt},
 };
 
 }  // namespace accounts

@@ -15,8 +15,7 @@ const QString all = u"所有"_s;
 void FillUnits(controls::ComboBox& combo, const QString& called, bool payable) {
     combo.Clear();
     combo.AddItem(all + called);
-    auto names = Db->OpenRecordset(payable ? u"select F2 from M01 order by F1"_s
-                                           : u"select F2 from M03 order by F1"_s);
+    auto names = Db->OpenRecordset(payable ? kChannelNames : kCustomerNames);
     for (; !names.Eof(); names.MoveNext()) combo.AddItem(names.Fields(0).Text());
     names.Close();
     combo.SetListIndex(0);
