@@ -174,10 +174,9 @@ void EntryForm::DataChanged() {
     } catch (const PlatformError& error) {
         return sys::Inform(error.Text(), MsgTitle);
     }
-    for (int line = CurRowLimit(); line > 0 && RecCount > 0; --line) {
-        if (Cell(line, Key) != key) continue;
+    if (const int line = GD->RowOf(Key, key, row); line > 0 && RecCount > 0) {
         CurRow = line;
-        return ShowRow();
+        ShowRow();
     }
 }
 

@@ -160,13 +160,7 @@ void RecordForm::DataChanged() {
     const int row = CurRow;
     const QString key = row > 0 ? CurrentCell(KeyCol()) : QString();
     LoadGridOrReport(QString(loaded_));
-    const auto has = [&](int line) {
-        return line > 0 && line < GD->Rows() && GD->TextMatrix(line, KeyCol()) == key;
-    };
-    int line = row;
-    if (!has(line))
-        for (line = GD->Rows() - 1; line > 0 && !has(line);) --line;
-    if (line > 0 && RecCount > 0) {
+    if (const int line = GD->RowOf(KeyCol(), key, row); line > 0 && RecCount > 0) {
         CurRow = line;
         ShowRow();
     }

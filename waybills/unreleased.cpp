@@ -106,10 +106,11 @@ void Unreleased::Load() {
 
 /// A waybill that was opened from here may be released by now.
 void Unreleased::Activated() {
-    const QString chosen = GD->TextMatrix(qMax(1, GD->Row()), Number);
+    const int before = qMax(1, GD->Row());
+    const QString chosen = GD->TextMatrix(before, Number);
     List();
-    for (int row = 1; row < GD->Rows() && !chosen.isEmpty(); ++row)
-        if (GD->TextMatrix(row, Number) == chosen) return GD->SetRow(row);
+    const int row = chosen.isEmpty() ? 0 : GD->RowOf(Number, chosen, before);
+    if (row > 0) GD->SetRow(row);
 }
 
 int Unreleased::DaysBack() const {

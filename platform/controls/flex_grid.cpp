@@ -224,8 +224,8 @@ void FlexGrid::Highlight() {
     viewport()->update();
 }
 
-/// Highlight repaints all rows; the toolkit would lay the whole list out at once to find one cell. A screen
-/// reader hears of it from the toolkit.
+/// Highlight repaints all rows by itself. The toolkit would lay the whole list out for one cell, so it is
+/// asked only where a screen reader has to hear of it.
 void FlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     if (!state_->highlighting || QAccessible::isActive()) QTableView::currentChanged(current, previous);
 }
@@ -248,7 +248,7 @@ int FlexGrid::RowsInSight() const {
 
 int FlexGrid::TopRow() const {
     if (state_->topOnShow) return std::min(*state_->topOnShow, Rows() - 1);
-    return verticalScrollBar()->value() + FixedRows();
+    return std::min(verticalScrollBar()->value() + FixedRows(), Rows() - 1);
 }
 
 void FlexGrid::SetTopRow(int row) {
@@ -362,6 +362,15 @@ const QString& FlexGrid::TextMatrix(int row, int col) const {
     CheckRow(row, 0);
     CheckCol(col);
     return state_->model->Text(row, col);
+}
+
+int FlexGrid::RowOf(int col, const QString& text, int likely) const {
+    CheckCol(col);
+    const GridModel& model = *state_->model;
+    if (likely >= FixedRows() && likely < Rows() && model.Text(likely, col) == text) return likely;
+    for (int row = Rows() - 1; row >= FixedRows(); --row)
+        if (model.Text(row, col) == text) return row;
+    return 0;
 }
 
 void FlexGrid::SetTextMatrix(int row, int col, const QString& text) {

@@ -73,6 +73,8 @@ class FlexGrid : public QTableView, public FocusEvents {
     void SetTopRow(int row);
 
     const QString& TextMatrix(int row, int col) const;
+    /// The data row that has the text in the column: `likely` if it does, else the last one; 0 if none has.
+    int RowOf(int col, const QString& text, int likely) const;
     void SetTextMatrix(int row, int col, const QString& text);
     /// Empties every cell, header and data, and takes cell colours and bold away; the counts stay.
     void Clear();

@@ -7,7 +7,6 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <iterator>
 #include <unordered_set>
 
 namespace controls {
@@ -221,12 +220,7 @@ void GridModel::EndLoad() {
     beginResetModel();
     loading_ = false;
     recent_.clear();
-    if (cells_.capacity() > 2 * RoomFor(rows_)) {  // left by a longer list
-        std::vector<QString> fitting;
-        fitting.reserve(RoomFor(rows_));
-        std::ranges::move(cells_, std::back_inserter(fitting));
-        cells_ = std::move(fitting);
-    }
+    if (cells_.capacity() > 2 * RoomFor(rows_)) cells_.shrink_to_fit();  // left by a longer list
     endResetModel();
 }
 

@@ -65,6 +65,8 @@ class GridModel : public QAbstractTableModel {
     bool setHeaderData(int section, Qt::Orientation orientation, const QVariant& value, int role) override;
 
   private:
+    static constexpr int kSpaceForLines = 256;
+
     struct Mark {
         QColor back;
         bool bold = false;
@@ -88,7 +90,7 @@ class GridModel : public QAbstractTableModel {
     }
     std::size_t Cells(int rows) const { return At(rows, 0); }
     /// With capacity for the lines of a working day, so that the first of them does not move the whole list.
-    std::size_t RoomFor(int rows) const { return Cells(rows + 256); }
+    std::size_t RoomFor(int rows) const { return Cells(rows + kSpaceForLines); }
     const Mark* MarkOf(int row, int col) const;
     /// The marks of the first row from this one on that has any.
     std::vector<RowMarks>::const_iterator MarksFrom(int row) const;
