@@ -31,23 +31,26 @@ class GridLines : public LedgerLines {
     GridLines(controls::FlexGrid& grid, int totalFrom) : grid_(grid), totalFrom_(totalFrom) {
         grid_.BeginLoad(room_);
     }
-    ~GridLines() override { grid_.EndLoad(); }
+    ~GridLines() override {
+        grid_.SetRows(std::max(lines_, 1) + 1);
+        grid_.EndLoad();
+    }
     GridLines(const GridLines&) = delete;
     GridLines& operator=(const GridLines&) = delete;
 
     void Cell(int line, int col, QString text) override {
         if (line >= room_) grid_.SetRows((room_ *= 2) + 1);
+        lines_ = std::max(lines_, line + 1);
         grid_.LoadCell(line, col, std::move(text));
     }
 
     void Total(int line) override { grid_.SetRowStyle(line + 1, totalFrom_, controls::paint::kTotal, true); }
 
-    void Cut(int lines) { grid_.SetRows(lines + 1); }
-
   private:
     controls::FlexGrid& grid_;
     const int totalFrom_;
     int room_ = FirstLines;
+    int lines_ = 0;
 };
 
 }  // namespace
@@ -235,7 +238,7 @@ void LedgerForm::Build() {
     if (!rows.Eof()) {
         {
             GridLines lines(*GD, settings_.totalFrom);
-            lines.Cut(settings_.build(rows, lines));
+            settings_.build(rows, lines);
         }
         ShowStatus();
     }

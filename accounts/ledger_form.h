@@ -23,7 +23,7 @@ struct LedgerSettings {
     QString raisedHeader;  ///< without the side's word at its end
     std::vector<int> hidden;
     QString (*statement)(const accounts::LedgerScope& scope);
-    int (*build)(dao::Recordset& rows, accounts::LedgerLines& lines);
+    void (*build)(dao::Recordset& rows, accounts::LedgerLines& lines);
     void (*print)(const accounts::LedgerPrint& print);
     /// The columns of a total line that have its colour. They are bold too.
     int totalFrom;

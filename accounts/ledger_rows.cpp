@@ -48,9 +48,14 @@ class Detail {
         ++count_;
     }
 
-    int Finish() {
-        CloseGroup();
-        return count_;
+    void CloseGroup() {
+        lines_.Cell(count_, Unit, unit_);
+        lines_.Cell(count_, Business, u" 合  计 "_s);
+        lines_.Cell(count_, Opening, opening_);
+        lines_.Cell(count_, Raised, Money(raised_));
+        lines_.Cell(count_, Lowered, Money(lowered_));
+        lines_.Cell(count_, Closing, closing_);
+        lines_.Total(count_++);
     }
 
   private:
@@ -69,16 +74,6 @@ class Detail {
         const double read = text::Val(shown);
         if (read != 0) lines_.Cell(count_, col, shown);
         return read;
-    }
-
-    void CloseGroup() {
-        lines_.Cell(count_, Unit, unit_);
-        lines_.Cell(count_, Business, u" 合  计 "_s);
-        lines_.Cell(count_, Opening, opening_);
-        lines_.Cell(count_, Raised, Money(raised_));
-        lines_.Cell(count_, Lowered, Money(lowered_));
-        lines_.Cell(count_, Closing, closing_);
-        lines_.Total(count_++);
     }
 
     LedgerLines& lines_;
@@ -133,13 +128,13 @@ QString LedgerRowsStatement(const QString& fields, const LedgerScope& scope) {
            Conditions(scope);
 }
 
-int BuildDetail(dao::Recordset& rows, LedgerLines& lines) {
+void BuildDetail(dao::Recordset& rows, LedgerLines& lines) {
     Detail detail(lines);
     for (; !rows.Eof(); rows.MoveNext()) detail.Add(rows);
-    return detail.Finish();
+    detail.CloseGroup();
 }
 
-int BuildSummary(dao::Recordset& rows, LedgerLines& lines) {
+void BuildSummary(dao::Recordset& rows, LedgerLines& lines) {
     QString unit;
     Balances one, all;
     int line = 0;
@@ -164,7 +159,6 @@ int BuildSummary(dao::Recordset& rows, LedgerLines& lines) {
     write();
     WriteBalances(lines, line, all);
     lines.Total(line);
-    return line + 1;
 }
 
 }  // namespace accounts

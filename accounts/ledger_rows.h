@@ -44,10 +44,10 @@ class LedgerLines {
     virtual void Total(int line) = 0;
 };
 
-/// A line for each row, a total behind each counterparty. Gives the number of lines.
-int BuildDetail(dao::Recordset& rows, LedgerLines& lines);
+/// A line for each row, a total behind each counterparty.
+void BuildDetail(dao::Recordset& rows, LedgerLines& lines);
 /// A line for each counterparty, then the sums over all of them, which add opening and closing balances as
-/// well as movements. The set must not be empty. Gives the number of lines.
-int BuildSummary(dao::Recordset& rows, LedgerLines& lines);
+/// well as movements. The set must not be empty.
+void BuildSummary(dao::Recordset& rows, LedgerLines& lines);
 
 }  // namespace accounts
