@@ -299,10 +299,14 @@ void Connection::Run(const char* sql, const QString& statement) {
     if (code != SQLITE_OK) Fail(code, statement);
 }
 
+/// What is still being read would keep the log.
+void Connection::EndReads() {
+    for (sqlite3_stmt* each = nullptr; (each = sqlite3_next_stmt(engine_, each));) sqlite3_reset(each);
+}
+
 void Connection::Checkpoint() {
     if (!engine_) return;
-    // Nothing is read after it, and what is still being read would keep the log.
-    for (sqlite3_stmt* each = nullptr; (each = sqlite3_next_stmt(engine_, each));) sqlite3_reset(each);
+    EndReads();
     const int code =
         sqlite3_wal_checkpoint_v2(engine_, nullptr, SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
     // Whoever else has the file open brings the rest into it when he goes.
@@ -312,6 +316,7 @@ void Connection::Checkpoint() {
 bool Connection::IsAlone() {
     if (!engine_) return true;
     CloseGroup();
+    EndReads();
     // The engine gives up its log only when nobody else has the file open.
     return GiveUpLog(engine_);
 }

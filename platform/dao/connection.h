@@ -1,4 +1,5 @@
-// The engine's handle with its commit group, shared by the Database and the dynasets that write through it.
+// The engine's handle with its commit group, shared by the Database and the sets that read and write through
+// it.
 //
 // Always holds: at most one transaction is open, and it is the commit group. After a group was lost, every
 // statement of the same command fails like the one that lost it, so that no half of a command is kept.
@@ -76,6 +77,7 @@ class Connection {
     int TryToBegin();
     int WaitAndBegin();
     void StartGroup(const QString& statement);
+    void EndReads();
     void Run(const char* sql, const QString& statement);
     void DropEngine();
 

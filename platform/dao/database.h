@@ -58,7 +58,7 @@ class Database {
     void Close();
 
     /// Closes the file, runs work, which must not raise, and opens the file again, as Close and Open do. Rows
-    /// read before stay readable. Where the file does not open any more it stays closed.
+    /// copied before stay readable. Where the file does not open any more it stays closed.
     void WhileClosed(const std::function<void()>& work);
 
     struct Impl;

@@ -13,8 +13,8 @@ namespace dao {
 
 /// Snapshot: a copy of the rows at that moment. Dynaset: can be written to with Edit, SetValue, Update.
 /// ForwardOnly: rows that are read once and not copied, from the first on by MoveNext; the other moves and
-/// RecordCount raise RuntimeError. The file is being read until its end; where the file is closed before, the
-/// rows are gone and reading raises DatabaseError.
+/// RecordCount raise RuntimeError. Until it is closed or behind its last row its statement runs: nothing is
+/// to be written meanwhile, and where the file is closed, reading raises DatabaseError.
 enum class RecordsetType { Dynaset = 2, Snapshot = 4, ForwardOnly = 8 };
 
 struct RecordsetData;
@@ -49,7 +49,7 @@ class Recordset {
     void MoveFirst();
     void MoveNext();
     void MoveLast();
-    /// 0 for an empty set; the true number only after MoveLast, 1 before it.
+    /// 0 for an empty set; the true number only after MoveLast, 1 before it; not for a forward-only set.
     int RecordCount() const;
 
     int FieldCount() const;
@@ -59,8 +59,8 @@ class Recordset {
     Field Fields(QStringView name) const;
 
     /// Changing the current row of a dynaset of one table: Edit, SetValue for each field, Update, which
-    /// writes. Out of this order, in a snapshot, and for a value that is infinite or no number they raise
-    /// RuntimeError; Update raises DatabaseError too.
+    /// writes. Out of this order, in a set that is no dynaset, and for a value that is infinite or no number
+    /// they raise RuntimeError; Update raises DatabaseError too.
     void Edit();
     void SetValue(QStringView name, double value);
     void Update();

@@ -47,6 +47,9 @@ std::unique_ptr<RowWriter> RowReader::Writer() const {
 
 bool RowReader::Next() {
     connection_->Engine(statement_);  // the file may have been closed since the last row
+    // Taken up again, the engine would begin anew.
+    if (std::exchange(begun_, true) && sqlite3_stmt_busy(prepared_) == 0)
+        throw DatabaseError(u"对象无效或不再被设置。"_s, statement_);
     const int code = sqlite3_step(prepared_);
     if (code == SQLITE_ROW) return true;
     if (code != SQLITE_DONE) connection_->Fail(code, statement_);

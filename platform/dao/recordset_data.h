@@ -1,5 +1,5 @@
-// The data of a Recordset: all rows with their texts in one arena, and for a dynaset the writer that updates
-// its table.
+// The data of a Recordset: its rows, copied with their texts in one arena or read as they come, and for a
+// dynaset the writer that updates its table.
 #pragma once
 
 #include "platform/dao/connection.h"
@@ -16,7 +16,7 @@ namespace dao {
 
 enum class CellKind : std::uint32_t { Null, Text, Real, Whole };
 
-/// One value of the current row. A text is UTF-8 and is there until the cursor moves.
+/// One value of the current row. A text is UTF-8 and is there until the cursor moves or the file is closed.
 struct Value {
     CellKind kind = CellKind::Null;
     union {
@@ -82,6 +82,7 @@ class RowReader {
     std::shared_ptr<Connection> connection_;
     const QString statement_;
     Prepared prepared_;
+    bool begun_ = false;
     int columns_ = 0;            ///< without the row number of a dynaset
     std::vector<bool> boolean_;  ///< which columns are declared BOOLEAN
 };
@@ -95,7 +96,7 @@ struct RecordsetData {
     std::vector<Cell> cells;
     std::string arena;
 
-    // A forward-only set has the reader's row as its only one; the reader goes behind the last row.
+    // A forward-only set has the reader's row as its only one; which is let go behind the last row.
     bool forwardOnly = false;
     std::unique_ptr<RowReader> reader;
 
@@ -111,7 +112,7 @@ struct RecordsetData {
     /// A value of the current row. Raises RuntimeError if there is no current row.
     Value Current(int column) const;
     void RequireRow() const;
-    /// Of a forward-only set.
+    /// Goes to the next row of a forward-only set.
     void ReadOn();
     /// A cell that holds the value, its text in the arena.
     Cell Copied(const Value& value);

@@ -199,7 +199,7 @@ class Engine {
         try {
             if (reads) {
                 auto rows = company_.Db().OpenRecordset(
-                    text, dynaset ? RecordsetType::Dynaset : RecordsetType::Snapshot);
+                    text, dynaset ? RecordsetType::Dynaset : RecordsetType::ForwardOnly);
                 for (; !rows.Eof(); rows.MoveNext())
                     for (int i = 0; i < rows.FieldCount(); ++i) rows.Fields(i).Text();
             } else {

@@ -331,6 +331,11 @@ TEST(ForwardOnly, FailsWhereItsRowsEndBeforeTheirTime) {
         EXPECT_THROW(closed.MoveNext(), DatabaseError);
     });
     EXPECT_THROW(reopened.MoveNext(), DatabaseError);
+    auto ended = db->OpenRecordset(u"select F1 from M04"_s, dao::RecordsetType::ForwardOnly);
+    EXPECT_TRUE(db->IsAlone());
+    EXPECT_THROW(ended.MoveNext(), DatabaseError);
+    db->Close();
+    db = Open(file);
     EXPECT_EQ(db->OpenRecordset(u"select F1 from M04"_s).Fields(0).Text(), u"2024-03-01"_s);
     db->Close();
     EXPECT_EQ(file.Files(), QStringList{u"test.dat"_s});

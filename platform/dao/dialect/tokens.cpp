@@ -22,7 +22,7 @@ bool IsLetter(char c) {
            static_cast<unsigned char>(c) >= 0x80;
 }
 
-/// Signs that no longer one begins with, as most are.
+/// Signs that begin no longer one; most are such.
 bool StandsAlone(char c) {
     return c == ',' || c == '(' || c == ')' || c == '.' || c == '+' || c == '*';
 }
