@@ -98,6 +98,14 @@ bool RunsCommands(const QObject* control) {
            qobject_cast<const QToolButton*>(control);
 }
 
+/// Alt and a character that is the key of no command: the toolkit would type the character into a text box,
+/// over what is selected in it.
+bool TypesByAlt(const QObject& control, const QKeyEvent& key) {
+    const bool alt = (key.modifiers() & (Qt::AltModifier | Qt::ControlModifier)) == Qt::AltModifier;
+    return alt && !key.text().isEmpty() && key.text().front().isPrint() && control.isWidgetType() &&
+           static_cast<const QWidget&>(control).testAttribute(Qt::WA_InputMethodEnabled);
+}
+
 }  // namespace
 
 InputOrder& InputOrder::Get() {
@@ -164,8 +172,10 @@ InputOrder::OwnLoop::~OwnLoop() {
 
 bool InputOrder::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
-        case QEvent::ShortcutOverride:
         case QEvent::KeyPress:
+            if (TypesByAlt(*watched, *static_cast<QKeyEvent*>(event))) return true;
+            [[fallthrough]];
+        case QEvent::ShortcutOverride:
         case QEvent::KeyRelease:
             return watched->isWindowType() && OnKey(*watched, *static_cast<QKeyEvent*>(event));
         case QEvent::MouseButtonDblClick:

@@ -90,9 +90,9 @@ TEST(Entry, TwoProposedKeysOfOneSecondAreRefusedAndTypingGoesOn) {
     run.Play(LogIn() + OpenCharges() + Script{Alt('a')});
     for (int row = 0; row < enough && !run.HasWindow(untitled); ++row)
         run.Play(TypeRow({}, u"Acme"_s, u"1"_s, u"first"_s) + Script{ExpectIdle()});
-    // The refused row goes on at its date; it gets a key of its own.
-    run.Play(Script{Answer(untitled), ExpectWindow(u"Korvane"_s), MoveBack()} +
-             TypeRow(u"R900"_s, u"Acme"_s, u"2"_s, u"second"_s) + Save() +
+    // The refused row goes on at its date; it gets a key of its own. Alt+X is no command and types nothing.
+    run.Play(Script{Answer(untitled), ExpectWindow(u"Korvane"_s), MoveBack(), Type(u"R900"_s), Alt('x')} +
+             TypeRow({}, u"Acme"_s, u"2"_s, u"second"_s) + Save() +
              Script{ExpectRows(
                  u"select F1,cast(YF as int),F10 from TB1 where F3='Acme' order by SN desc limit 1"_s,
                  {u"R900|2|second"_s})});
