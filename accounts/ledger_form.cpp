@@ -140,11 +140,7 @@ QWidget* LedgerForm::MakeStrip() {
     Cmb = new controls::ComboBox;
     LabDW = strip->Add(u"关系单位"_s, u"Cmb"_s, Cmb, FilterStrip::kChoiceWidth);
     LabDW->setObjectName(u"LabDW"_s);
-    const QString captions[] = {u"由"_s, u"至"_s};
-    for (std::size_t i = 0; i < DTP.size(); ++i) {
-        DTP[i] = new controls::DTPicker;
-        strip->Add(captions[i], u"DTP(%1)"_s.arg(i), DTP[i], FilterStrip::kDateWidth);
-    }
+    strip->AddPeriod(DTP);
     Cmd = strip->AddButton(u"生成报表"_s);
     Cmd->Click = [this] { Generate(); };
     return strip;

@@ -195,11 +195,7 @@ QWidget* History::MakeStrip() {
     CmbObject->SetItemsOnly();
     strip->Add(u"对象"_s, u"Cmb(0)"_s, CmbObject, 130);
     strip->Add(u"操作员"_s, u"Cmb(1)"_s, CmbOperator, 130);
-    const QString captions[] = {u"由"_s, u"至"_s};
-    for (std::size_t i = 0; i < DTP.size(); ++i) {
-        DTP[i] = new controls::DTPicker;
-        strip->Add(captions[i], u"DTP(%1)"_s.arg(i), DTP[i], FilterStrip::kDateWidth);
-    }
+    strip->AddPeriod(DTP);
     strip->Add(u"单号或名称"_s, u"Txt(0)"_s, Txt, 160);
     strip->AddButton(u"查 找"_s, u"Cmd(0)"_s)->Click = [this] { Search(); };
     return strip;

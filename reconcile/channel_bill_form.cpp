@@ -146,11 +146,7 @@ ChannelBill::ChannelBill()
 QWidget* ChannelBill::MakeFileStrip() {
     auto* strip = new FilterStrip(*this);
     strip->Add(u"出货渠道"_s, u"Cmb(0)"_s, Cmb[Channel], 165);
-    const QString captions[] = {u"由"_s, u"至"_s};
-    for (std::size_t i = 0; i < DTP.size(); ++i) {
-        DTP[i] = new controls::DTPicker;
-        strip->Add(captions[i], u"DTP(%1)"_s.arg(i), DTP[i], FilterStrip::kDateWidth);
-    }
+    strip->AddPeriod(DTP);
     Txt[FileName]->SetLocked(true);
     strip->Add(u"帐单文件"_s, u"Txt(0)"_s, Txt[FileName], 160);
     auto* choose = strip->AddButton(u"浏 览"_s, u"Cmd(0)"_s);

@@ -48,6 +48,12 @@ QLabel* FilterStrip::Place(const QString& caption, const QString& name, QWidget*
     return label;
 }
 
+void FilterStrip::AddPeriod(std::array<controls::DTPicker*, 2>& pickers) {
+    for (controls::DTPicker*& picker : pickers) picker = new controls::DTPicker;
+    Add(u"由"_s, u"DTP(0)"_s, pickers[0], kDateWidth);
+    Add(u"至"_s, u"DTP(1)"_s, pickers[1], kDateWidth);
+}
+
 void FilterStrip::AddCheck(const QString& name, controls::CheckBox* box) {
     box->KeyPressed = controls::EnterMovesOn;
     box->setObjectName(name);

@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QWidget>
 
+#include <array>
+
 /// A label that shows its text as it is; the role is its look: "form", "group", "subtitle", "badge".
 QLabel* StripLabel(const QString& text, const QString& role);
 
@@ -23,6 +25,8 @@ class FilterStrip : public QWidget {
     /// Adds a combo or picker of that width behind the others; Enter in it acts as Tab. Returns its caption.
     template <class Box>
     QLabel* Add(const QString& caption, const QString& name, Box* box, int width);
+    /// Adds the two pickers of a period, which it makes: DTP(0) and DTP(1).
+    void AddPeriod(std::array<controls::DTPicker*, 2>& pickers);
     /// Adds a check box, which bears its caption itself.
     void AddCheck(const QString& name, controls::CheckBox* box);
     /// The button that builds.

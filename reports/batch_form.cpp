@@ -80,11 +80,7 @@ BatchStatements::BatchStatements()
 
 QWidget* BatchStatements::MakeStrip() {
     auto* strip = new FilterStrip(*this);
-    const QString captions[] = {u"由"_s, u"至"_s};
-    for (std::size_t i = 0; i < DTP.size(); ++i) {
-        DTP[i] = new controls::DTPicker;
-        strip->Add(captions[i], u"DTP(%1)"_s.arg(i), DTP[i], FilterStrip::kDateWidth);
-    }
+    strip->AddPeriod(DTP);
     strip->AddButton(u"刷新数据"_s)->Click = [this] { Refresh(); };
     return strip;
 }

@@ -100,11 +100,7 @@ QWidget* D3::MakeStrip() {
     auto* strip = new FilterStrip(*this);
     CmbKH = new controls::ComboBox;
     strip->Add(u"客户"_s, u"CmbKH"_s, CmbKH, CustomerWidth);
-    const QString captions[] = {u"由"_s, u"至"_s};
-    for (std::size_t i = 0; i < DTP.size(); ++i) {
-        DTP[i] = new controls::DTPicker;
-        strip->Add(captions[i], u"DTP(%1)"_s.arg(i), DTP[i], FilterStrip::kDateWidth);
-    }
+    strip->AddPeriod(DTP);
     Cmd = strip->AddButton(u"生成报表"_s);
     Cmd->Click = [this] { Generate(); };
     return strip;
