@@ -36,6 +36,22 @@ QStringList Masters() {
     return rows;
 }
 
+/// How often a widget was shown.
+class Shows : public QObject {
+  public:
+    explicit Shows(QWidget& widget) { widget.installEventFilter(this); }
+    int Count() const { return count_; }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Show) ++count_;
+        return false;
+    }
+
+  private:
+    int count_ = 0;
+};
+
 class Ledger : public testing::Test {
   protected:
     QStringList Shown() {
@@ -101,14 +117,15 @@ TEST_F(Ledger, AFilterHasWildcardsAndOnlyTheDetailCutsIt) {
     desk.Open(u"D8"_s, u"KuanMx"_s);
     desk.Grid().SetRow(3);
     const QString status = desk.Status();
-    for (const QString& unit : {u"恒.丰"_s, u".丰"_s}) {
-        Generate(unit);
-        EXPECT_EQ(Shown(), QStringList{u"||||||"_s}) << "up to the point it is 恒, or " << unit.toStdString();
-    }
+    const Shows panel(desk.At<QWidget>(u"cancelfrm"_s));
+    Generate(u".丰"_s);
+    EXPECT_EQ(Shown(), QStringList{u"||||||"_s}) << "a point in front cuts nothing";
     EXPECT_EQ(desk.Status(), status) << "nothing was built";
+    EXPECT_EQ(panel.Count(), 1);
     EXPECT_FALSE(desk.Shown(u"cancelfrm"_s));
     Generate(u"华兴.南"_s);
-    EXPECT_EQ(Shown().size(), 2);
+    EXPECT_EQ(Shown(), (QStringList{u"华兴|YS1|增加应收|40.00|100.01||140.01"_s,
+                                    u"华兴|| 合  计 |40.00|100.01|0.00|140.01"_s}));
     Generate(u"*兴*"_s);
     EXPECT_EQ(Shown().size(), 4);
     Generate(u"所有的"_s);
@@ -210,8 +227,9 @@ TEST_F(Ledger, TheRefreshRebuildsOneChainOrAllOfTheSide) {
                                                 u"103.504|325.504"_s, u"325.504|658.504"_s}))
         << "rows that the ledger leaves out are in the chain";
     maintain([&](QWidget& form) {
+        Press(Qt::Key_Tab, Qt::ShiftModifier);
         Press(Qt::Key_Up);
-        Find<QRadioButton>(form, u"Opt(0)"_s).setChecked(true);
+        EXPECT_TRUE(Find<QRadioButton>(form, u"Opt(0)"_s).isChecked());
         desk.script.Box(u"刷新完成！"_s, {});
         Click(Find<controls::Button>(form, u"Command1"_s));
     });
