@@ -8,7 +8,6 @@
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
-#include "records/export.h"
 #include "records/fill_grid.h"
 #include "records/filter_strip.h"
 
@@ -59,7 +58,7 @@ void EntryForm::SetCommands() {
                                   {u"Menu_print"_s, u"&P.打印"_s, When::Browsing, [] {}},
                                   {u"Menu_save"_s, u"&S.保存"_s, When::Editing, [this] { Menu_save(); }},
                                   {u"Menu_cancel"_s, u"&C.取消"_s, When::Editing, [this] { Menu_cancel(); }},
-                                  {u"Menu_TE"_s, u"&T.导出"_s, When::Always, [this] { ExportGrid(*GD); }},
+                                  {u"Menu_TE"_s, u"&T.导出"_s, When::Always, [this] { Menu_TE(); }},
                                   {u"Menu_Return"_s, u"&R.返回"_s, When::Browsing, [this] { Unload(); }},
                               });
 }

@@ -56,6 +56,7 @@ class EntryForm : public ChildForm, public QueryCaller {
     void Menu_query();
     void Menu_save();
     void Menu_cancel();
+    void Menu_TE();
     bool MayEditLedger() const;
     void EnterEdit();
     void LeaveEdit();

@@ -8,6 +8,7 @@
 #include "platform/system/seams.h"
 #include "platform/text/dates.h"
 #include "platform/text/numbers.h"
+#include "records/export.h"
 
 #include <algorithm>
 
@@ -45,10 +46,10 @@ QDate DateOf(const LedgerEntry& entry) {
 }  // namespace
 
 /// The save of an edit writes all fields, and a waybill may have written its row since the list was loaded.
-/// False if the row has gone; rows that share a key stay as they are in the list.
+/// False if the row has gone; rows that share a key stay as they are in the list. Of any kind, since a search
+/// with "或者" lists other kinds too.
 bool EntryForm::ReadAgain(int row) {
-    auto rows = Db->OpenRecordset(settings_.search.base + u"Where TB1.F1="_s + Quoted(Cell(row, Key)) +
-                                  u" and TB1.lb="_s + text::GeneralText(static_cast<int>(Side().kind)));
+    auto rows = Db->OpenRecordset(settings_.search.base + u"Where TB1.F1="_s + Quoted(Cell(row, Key)));
     const int found = CountRows(rows);
     for (int col = 0; found == 1 && col < EntryColumns; ++col) {
         const QString stored = rows.Fields(col).Text();
@@ -64,6 +65,14 @@ void EntryForm::Menu_save() {
     if (refused_) return GoTo(GD->Row(), GD->Col());  // the amount is another one than was typed
     if (FormMode == Editing) return SaveEdited();
     if (TestBlock()) SaveBlock();
+}
+
+/// Also while a cell is being typed: what is on the screen is exported.
+void EntryForm::Menu_TE() {
+    refused_ = false;
+    GD->CommitEditor();
+    if (!refused_) ExportGrid(*GD);
+    if (InEdit()) GoTo(GD->Row(), GD->Col());
 }
 
 /// The last row is not looked at: it is written if it is whole, and dropped if not.

@@ -335,6 +335,51 @@ TEST_F(Entry, ASearchKeepsTheKindAndFindsTheCounterpartyUnderTwoCaptions) {
     EXPECT_EQ(desk.Lines().size(), 1);
 }
 
+/// The kind is joined to the last condition alone.
+TEST_F(Entry, ASearchWithOrListsOtherKindsWhichAreEditedToo) {
+    for (const auto& values :
+         {u"(31,-9,'YS1','2024-03-05','华兴',100,'x')"_s, u"(33,9,'YF1','2024-03-06','环洋',8,'x')"_s})
+        desk.Execute(u"insert into TB1 (SN,LB,F1,F2,F3,YF,F6) values "_s + values);
+    Open();
+    ModalScript modals;
+    modals.Next(u"Query"_s, [](QWidget& query) {
+        Find<controls::ComboBox>(query, u"CmbF"_s).SetListIndex(2);
+        auto& value = Find<controls::LineBox>(query, u"Txt"_s);
+        for (const QString& party : {u"环洋"_s, u"华兴"_s}) {
+            value.SetText(party);
+            Click(Find<controls::Button>(query, u"CmdAdd"_s));
+            Find<controls::ComboBox>(query, u"CmbLG"_s).SetListIndex(1);
+        }
+        Click(Find<controls::Button>(query, u"CmdQuery"_s));
+    });
+    AltKey(u'Q');
+    ASSERT_EQ(desk.Lines().size(), 2);
+    desk.Grid().SetRow(desk.Grid().RowOf(0, u"YF1"_s, 1));
+    AltKey(u'E');
+    EnterRow({{}, {}, {}, u"9"_s});
+    AltKey(u'S');
+    EXPECT_EQ(desk.Rows(u"select F1,LB,YF from TB1 order by F1"_s),
+              (QStringList{u"YF1|9|9"_s, u"YS1|-9|100"_s}));
+}
+
+TEST_F(Entry, KeysOfOtherCommandsLeaveTheCellAndAnExportHasWhatIsTyped) {
+    Open();
+    AltKey(u'A');
+    EnterRow({u"A"_s, u""_s, u"华兴"_s});
+    TypeOver(u"12"_s);
+    for (const Qt::Key other : {Qt::Key_B, Qt::Key_7})
+        QTest::keyClick(QApplication::focusWidget(), other, Qt::AltModifier);
+    EXPECT_EQ(desk.Grid().Editor()->text(), u"12"_s);
+    ModalScript modals;
+    modals.Next(u"ToExcel"_s, [this](QWidget& form) {
+        EXPECT_EQ(desk.Grid().TextMatrix(1, 5), u"12"_s);
+        Click(Find<controls::Button>(form, u"Cmd(1)"_s));
+    });
+    AltKey(u'T');
+    EXPECT_EQ(Where(), u"1,5"_s);
+    EXPECT_TRUE(desk.Grid().Editing()) << "typing goes on";
+}
+
 TEST_F(Entry, TheEditorIsCommittedByScrollingAndByTheMouse) {
     for (int i = 1; i <= 60; ++i)
         desk.Execute(
