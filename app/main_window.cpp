@@ -7,6 +7,7 @@
 #include "app/session.h"
 #include "app/wallpaper.h"
 #include "platform/controls/box.h"
+#include "platform/controls/focus_tracker.h"
 #include "platform/controls/keys.h"
 #include "platform/controls/look.h"
 #include "platform/errors.h"
@@ -51,6 +52,9 @@ QWidget* FirstInTabOrder(QWidget* page) {
 /// A page that comes to the front goes on where it was left.
 void FocusPage(ChildForm* page) {
     const auto usable = [page](const QWidget* w) { return w && w->isVisibleTo(page) && w->isEnabled(); };
+    // Else a price would be computed over what was typed, and a customer that was typed would count as known.
+    if (page->InEdit() && usable(page->focusWidget()))
+        return controls::FocusTracker::Get().Resume(page->focusWidget());
     for (QWidget* wanted : {page->focusWidget(), page->FirstFocus()})
         if (usable(wanted)) return controls::MoveFocus(wanted);
     controls::MoveFocus(FirstInTabOrder(page));

@@ -73,6 +73,14 @@ void FocusTracker::Asked(QWidget* control) {
     Schedule();
 }
 
+void FocusTracker::Resume(QWidget* control) {
+    Window& known = Of(control->window());
+    known.current = ControlOf(control);
+    known.notEmitted = nullptr;
+    known.left = false;
+    control->setFocus(Qt::OtherFocusReason);
+}
+
 void FocusTracker::LeaveOut(QWidget& overlay) {
     overlay.setProperty(kLeftOut, true);
 }

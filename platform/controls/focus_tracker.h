@@ -30,6 +30,10 @@ class FocusTracker : public QObject {
     /// moved the focus there.
     void Asked(QWidget* control);
 
+    /// The focus goes back to a control that it left without an event, as its page was hidden. That is no
+    /// entering: nothing is raised, and LostFocus is when the operator leaves it.
+    void Resume(QWidget* control);
+
     /// What has the focus in this widget is no change for its window either, as with a menu: for what is laid
     /// over a window for a moment.
     void LeaveOut(QWidget& overlay);

@@ -265,7 +265,8 @@ TEST(B01, CostIsAskedByEnteringItsBox) {
 }
 
 TEST(B01, CombosFollowWhatWasChosen) {
-    WaybillForm form;
+    WaybillForm form({u"insert into M011 (F1,F2,F3) VALUES ('A0','别家','H2')"_s,
+                      u"insert into M021 (F0,F1) VALUES ('Z2','利马')"_s});
     AltKey(u'A');
     EXPECT_EQ(FocusName(), u"Cmb(31)"_s);
     EXPECT_EQ(form.Combo(PaymentMode), u"月结.Account"_s);
@@ -291,6 +292,30 @@ TEST(B01, CombosFollowWhatWasChosen) {
     Press(Qt::Key_Return);
     EXPECT_EQ(form.ComboAt(ChannelZoneCode).ListCount(), 2)
         << "left empty it keeps the zones of the one before";
+    AltKey(u'C');
+}
+
+/// Another form was looked at meanwhile.
+TEST(B01, ComingBackToTheCardEntersNoBoxAnew) {
+    WaybillForm form({u"insert into M03 (F1,F2,F301) VALUES ('C7','恒丰','恒丰公司')"_s});
+    const auto lookElsewhere = [&] {
+        form.Frame().ShowChild(u"A06"_s);
+        Settle();
+        form.Frame().ShowChild(u"B01"_s);
+        Settle();
+    };
+    AltKey(u'A');
+    TypeOver(u"C7"_s);
+    lookElsewhere();
+    EXPECT_EQ(FocusName(), u"Cmb(31)"_s);
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(form.Box(ShipperCompany), u"恒丰公司"_s) << "the customer is left now, and not before";
+    form.SetCombo(ServiceType, u"D.文件(File)"_s);
+    form.EnterBox(TotalCharge);
+    TypeOver(u"88"_s);
+    lookElsewhere();
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(form.Box(TotalCharge), u"88"_s) << "what was typed stays";
     AltKey(u'C');
 }
 
