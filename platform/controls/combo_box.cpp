@@ -148,15 +148,18 @@ void ComboBox::WidenList() {
 void ComboBox::keyPressEvent(QKeyEvent* event) {
     const auto left = OfferKey(this, KeyPressed, *event);
     if (!left) return event->accept();
-    const bool plain = !(left->modifiers() & (Qt::AltModifier | Qt::ControlModifier));
-    const bool upOrDown = left->key() == Qt::Key_Down || left->key() == Qt::Key_Up;
-    if (!upOrDown || !plain) {
+    const bool down = left->key() == Qt::Key_Down || left->key() == Qt::Key_PageDown;
+    const bool up = left->key() == Qt::Key_Up || left->key() == Qt::Key_PageUp;
+    const bool opens = left->key() == Qt::Key_Down && left->modifiers() & Qt::AltModifier;
+    if (opens || !(up || down)) {
         QComboBox::keyPressEvent(left.get());
         return event->setAccepted(left->isAccepted());
     }
     event->accept();
+    if (left->modifiers() & (Qt::AltModifier | Qt::ControlModifier)) return;
+    // The toolkit would step from the item that was chosen last, whatever the text says.
     const int from = CurrentItem();
-    const int to = from < 0 ? FirstMatch() : from + (left->key() == Qt::Key_Down ? 1 : -1);
+    const int to = from < 0 ? FirstMatch() : from + (down ? 1 : -1);
     if (to < 0 || to >= count()) return;
     Choose(to);
     lineEdit()->selectAll();

@@ -51,6 +51,7 @@ bool IsSeparator(const QKeyEvent& key) {
 
 DTPicker::DTPicker(QWidget* parent) : QDateEdit(parent) {
     FocusTracker::Get();
+    setFocusPolicy(Qt::StrongFocus);  // not by the wheel
     setLocale(QLocale(QLocale::Chinese, QLocale::China));
     setDisplayFormat(u"yyyy-MM-dd"_s);
     setCalendarPopup(true);

@@ -100,10 +100,12 @@ class Boxes : public testing::Test {
         return opened != nullptr;
     }
 
+    /// As from the operator's mouse: the toolkit gives the focus for it.
     static void Wheel(QWidget& target) {
         QWheelEvent wheel(QPointF(5, 5), target.mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, -120),
                           Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(&target, &wheel);
+        QSpontaneKeyEvent::setSpontaneous(&wheel);
+        qApp->notify(&target, &wheel);
     }
 
     std::string Emitted() { return std::exchange(reported, {}).join(u' ').toStdString(); }
@@ -432,6 +434,10 @@ TEST_F(Boxes, ComboItemsAreChosenByKeys) {
     tests::Press(Qt::Key_Down);
     tests::Press(Qt::Key_Down);
     EXPECT_EQ(Emitted(), "chosen:HY01.环洋 chosen:HY02.海源") << "from a typed piece to what begins with it";
+    combo.SetText(u"一"_s);
+    tests::Press(Qt::Key_Up, Qt::AltModifier);
+    tests::Press(Qt::Key_PageDown);
+    EXPECT_EQ(Emitted(), "chosen:二") << "a page is an item too, counted from what the text says";
     combo.SetText(u"三"_s);
     EachOpeningKey([&] {
         EXPECT_EQ(Emitted(), "") << "opening chooses nothing";
@@ -455,6 +461,13 @@ TEST_F(Boxes, DatesAreTypedDigitByDigit) {
     EXPECT_EQ(date.text(), u"2025-03-08"_s);
     Emitted();
     Wheel(date);
+    Enter(line);
+    for (QWidget* turned : std::array<QWidget*, 2>{&date, &combo}) {
+        Wheel(*turned);
+        EXPECT_EQ(QApplication::focusWidget(), &line) << "the wheel takes no focus";
+    }
+    Enter(date);
+    Emitted();
     date.SetValue(QDate());
     EXPECT_EQ(date.Value(), QDate(2025, 3, 8));
     EXPECT_EQ(Emitted(), "");
