@@ -155,7 +155,7 @@ void FlexGrid::EditCell(int row, int col, ComboBox* combo) {
 
 void FlexGrid::EditByKey(KeyPress& key, EditStart start, const std::function<void()>& open) {
     const bool opens = key.IsEnter() || key.key == Qt::Key_F2;
-    const bool chord = key.modifiers & (Qt::ControlModifier | Qt::AltModifier);
+    const bool chord = key.modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     const bool number = (key.key >= Qt::Key_0 && key.key <= Qt::Key_9) || key.key == Qt::Key_Period ||
                         key.key == Qt::Key_Minus;
     const bool printable = !key.text.isEmpty() && key.text.front().isPrint();

@@ -8,6 +8,7 @@
 #include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
@@ -98,12 +99,19 @@ bool RunsCommands(const QObject* control) {
            qobject_cast<const QToolButton*>(control);
 }
 
-/// Alt and a character that is the key of no command: the toolkit would type the character into a text box,
-/// over what is selected in it.
-bool TypesByAlt(const QObject& control, const QKeyEvent& key) {
-    const bool alt = (key.modifiers() & (Qt::AltModifier | Qt::ControlModifier)) == Qt::AltModifier;
-    return alt && !key.text().isEmpty() && key.text().front().isPrint() && control.isWidgetType() &&
-           static_cast<const QWidget&>(control).testAttribute(Qt::WA_InputMethodEnabled);
+bool IsTextBox(const QObject& control) {
+    return qobject_cast<const QLineEdit*>(&control) ||
+           (control.isWidgetType() &&
+            static_cast<const QWidget&>(control).testAttribute(Qt::WA_InputMethodEnabled));
+}
+
+/// A chord that is the key of no command. The toolkit would type its character into a text box, over what is
+/// selected in it; of those with Ctrl it refuses all but the keypad's.
+bool TypesByChord(const QObject& control, const QKeyEvent& key) {
+    const Qt::KeyboardModifiers held = key.modifiers();
+    const bool chord = held & (Qt::AltModifier | Qt::MetaModifier) ||
+                       (held & Qt::ControlModifier && held & Qt::KeypadModifier);
+    return chord && !key.text().isEmpty() && key.text().front().isPrint() && IsTextBox(control);
 }
 
 }  // namespace
@@ -173,7 +181,7 @@ InputOrder::OwnLoop::~OwnLoop() {
 bool InputOrder::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
         case QEvent::KeyPress:
-            if (TypesByAlt(*watched, *static_cast<QKeyEvent*>(event))) return true;
+            if (TypesByChord(*watched, *static_cast<QKeyEvent*>(event))) return true;
             [[fallthrough]];
         case QEvent::ShortcutOverride:
         case QEvent::KeyRelease:

@@ -80,6 +80,11 @@ TEST(ScanRelease, ReleasesOrSaysWhyNotWithoutAQuestion) {
     EXPECT_EQ(FocusName(), u"Cmb"_s);
     form.Scan(u"W4"_s);
     form.Enter(u"GD"_s);
+    for (const QString& at : {u"Txt(0)"_s, u"GD"_s}) {
+        form.Enter(at);
+        AltKey(u'1');
+        EXPECT_EQ(form.Box(0), u""_s) << "no command, and no part of a number";
+    }
     form.Frame().SetMenuVisible(u"Menu_b"_s, false);
     form.Scan(u"W5"_s);
     EXPECT_EQ(form.Lines().value(0), u"10:01:00|W5||||未出货|您没有速递单据的权限"_s);
