@@ -3,6 +3,7 @@
 #include "platform/text/dates.h"
 #include "tests/support/program.h"
 
+#include <QLabel>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -48,6 +49,13 @@ class Entry : public testing::Test {
         return cells.join(u'|');
     }
 
+    /// What is said of the rows that are being typed.
+    QString Progress() {
+        for (const auto* label : desk.Frame().Front()->findChildren<QLabel*>())
+            if (label->text().startsWith(u"本次录入"_s)) return label->text();
+        return {};
+    }
+
     QStringList Journal() {
         return desk.Rows(u"select SN,LB,S2,F1,F2,F3,YF,FK,QC,QM,S1,F5,F6,F10 from TB1 order by SN,F1"_s);
     }
@@ -85,8 +93,10 @@ TEST_F(Entry, RowsAreTypedByKeysAloneAndSaved) {
     EnterRow({u"ys-2"_s, u"昨天"_s, u"华兴"_s, u"-12.5"_s, u""_s});
     EXPECT_EQ(Line(2), u"YS-2|2024-03-15|华兴|-12.5||管理员|"_s) << "no date is today";
     EXPECT_EQ(Journal(), QStringList()) << "nothing is written before the save";
+    EXPECT_EQ(Progress(), u"本次录入 2 行，合计 848"_s);
     AltKey(u'S');
     EXPECT_FALSE(EditInProgress);
+    EXPECT_EQ(Progress(), QString());
     EXPECT_EQ(desk.Grid().Rows(), 3) << "the blank row at the end is dropped";
     EXPECT_EQ(
         Journal(),
@@ -182,7 +192,7 @@ TEST_F(Entry, TheCheckNamesTheRowOfTheGridAndWritesNothing) {
 TEST_F(Entry, AnEditIsCheckedByNothingAndCutsTheCounterparty) {
     desk.Execute(
         u"insert into TB1 (SN,LB,S2,F1,F2,F3,FK,QC,QM,F5,F6) values "
-        u"(31,-10,'收款','SK1','2024-03-01','华兴',5,0,-5,'甲','甲')"_s);
+        u"(31,-10,'收款','sk1','2024-03-01','华兴',5,0,-5,'甲','甲')"_s);
     desk.Execute(u"update SysInfo set Setval=31 where ID=100"_s);
     Open(u"D4"_s, u"PayLst"_s);
     EXPECT_EQ(desk.Grid().TextMatrix(0, 2), u"付款单位"_s);
@@ -235,12 +245,35 @@ TEST_F(Entry, AnEditBeginsWithTheRowAsItIsInTheFile) {
     EnterRow({{}, {}, {}, {}, {}, u"催"_s});
     Press(Qt::Key_Escape);
     AltKey(u'S');
-    EXPECT_EQ(desk.Rows(u"select F1,YF,F10 from TB1"_s), QStringList{u"YS1|150|催"_s});
+    // The place that it leaves is the one in the file; behind no other row its new one is the first.
+    EXPECT_EQ(desk.Rows(u"select F1,SN,YF,F10 from TB1"_s), QStringList{u"YS1|30|150|催"_s});
     desk.Execute(u"delete from TB1"_s);
     ExpectBox(u"记录已被删除。"_s);
     AltKey(u'E');
     EXPECT_FALSE(EditInProgress);
     EXPECT_EQ(desk.Lines(), QStringList{u"|||||||||"_s});
+}
+
+TEST_F(Entry, AnEditOfAReceiptKeepsTheAmountThatIsNotTyped) {
+    desk.Execute(
+        u"insert into TB1 (SN,LB,F1,F2,F3,FK,F6) values (31,-10,'SK1','2024-03-01','华兴',30,'x')"_s);
+    Open(u"D4"_s, u"PayLst"_s);
+    AltKey(u'E');
+    EnterRow({{}, {}, {}, {}, {}, u"补"_s});
+    Press(Qt::Key_Escape);
+    AltKey(u'S');
+    EXPECT_EQ(desk.Rows(u"select F1,YF,FK,F10 from TB1"_s), QStringList{u"SK1|0|30|补"_s});
+    // It is searched by the amount that it shows.
+    ModalScript modals;
+    modals.Next(u"Query"_s, [](QWidget& query) {
+        Find<controls::ComboBox>(query, u"CmbF"_s).SetListIndex(4);
+        Find<controls::ComboBox>(query, u"CmbGX"_s).SetListIndex(2);
+        Find<controls::LineBox>(query, u"Txt"_s).SetText(u"30"_s);
+        Click(Find<controls::Button>(query, u"CmdAdd"_s));
+        Click(Find<controls::Button>(query, u"CmdQuery"_s));
+    });
+    AltKey(u'Q');
+    EXPECT_EQ(desk.Grid().TextMatrix(1, 0), u"SK1"_s);
 }
 
 TEST_F(Entry, AnAmountThatIsTooLargeIsRefused) {
@@ -269,6 +302,9 @@ TEST_F(Entry, PaymentsFollowTheChainAndKeepTheirOwnColumn) {
     EXPECT_EQ(desk.Frame().Front()->windowTitle(), u"付款"_s);
     AltKey(u'A');
     EXPECT_EQ(desk.Grid().Editor()->text(), u"FK240315100000"_s);
+    auto& parties = desk.At<controls::ComboBox>(u"CmbEnter(2)"_s);
+    EXPECT_EQ(parties.ListCount(), 1);
+    EXPECT_EQ(parties.List(0), u"环洋"_s) << "channels are paid";
     EnterRow({u"YS7"_s, u"2024-03-04"_s, u"环洋"_s, u"30"_s, u""_s, u""_s});
     Press(Qt::Key_Escape);  // else the key of the next row would be committed too
     AltKey(u'S');
@@ -280,7 +316,9 @@ TEST_F(Entry, PaymentsFollowTheChainAndKeepTheirOwnColumn) {
     EXPECT_EQ(Journal().size(), 2);
     desk.script.Question(u"真的要删除[YS7]吗？"_s, u"提示"_s, true);
     AltKey(u'D');
-    EXPECT_EQ(Journal().size(), 1) << "the rest keeps its balances";
+    EXPECT_EQ(Journal(),
+              QStringList{u"31|9|<null>|YF1|2024-03-05|环洋|100|0|-30|70|<null>|<null>|x|<null>"_s})
+        << "the rest keeps its balances";
     EXPECT_EQ(desk.Lines(), QStringList{u"|||||||||"_s});
     AltKey(u'D');
     ExpectBox(u"请选择要修改的行！"_s);
@@ -367,8 +405,11 @@ TEST_F(Entry, KeysOfOtherCommandsLeaveTheCellAndAnExportHasWhatIsTyped) {
     AltKey(u'A');
     EnterRow({u"A"_s, u""_s, u"华兴"_s});
     TypeOver(u"12"_s);
-    for (const Qt::Key other : {Qt::Key_B, Qt::Key_7})
-        QTest::keyClick(QApplication::focusWidget(), other, Qt::AltModifier);
+    const std::pair<Qt::Key, Qt::KeyboardModifiers> others[] = {
+        {Qt::Key_B, Qt::AltModifier},
+        {Qt::Key_7, Qt::MetaModifier},
+        {Qt::Key_Minus, Qt::ControlModifier | Qt::KeypadModifier}};
+    for (const auto& [key, held] : others) QTest::keyClick(QApplication::focusWidget(), key, held);
     EXPECT_EQ(desk.Grid().Editor()->text(), u"12"_s);
     ModalScript modals;
     modals.Next(u"ToExcel"_s, [this](QWidget& form) {

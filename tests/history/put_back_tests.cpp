@@ -488,6 +488,13 @@ TEST_F(PuttingBack, NeedsTheRightOfTheFormAndTheAdministratorForWhatIsReleased) 
     const Entry open = EntryFor("B01", u"W2"_s);
     Run(u"delete from TE1 where F1='乙'"_s);
     const Entry account = EntryFor("TE1", u"乙"_s);
+    Run(u"insert into TB1 (SN,LB,F1,F2,F3,YF,QC,QM,F6) values (200,-9,'A','2024-03-16','新',10,0,10,'甲')"_s);
+    Run(u"delete from TB1 where F1='A'"_s);
+    const Entry ledger = EntryFor("TB1", u"A"_s);
+    CanEditLedger = false;
+    EXPECT_EQ(RefusalOf(ledger), u"你没有权限恢复帐款记录!"_s);
+    CanEditLedger = true;
+    EXPECT_EQ(RefusalOf(ledger), QString());
     OperatorCode = u"8"_s;
     Frame().SetMenuVisible(u"Menu_A"_s, false);
     EXPECT_EQ(RefusalOf(open), QString()) << "no form has given the command";

@@ -95,6 +95,18 @@ TEST_F(ChannelBillForm, KeepsTheColumnsOfAChannelByTheirHeadings) {
     EXPECT_EQ(Columns(), u"运单号|无|无|无|2|0.00|0.00"_s);
 }
 
+TEST_F(ChannelBillForm, SaysByForwardingNumberWhereAWaybillIs) {
+    Execute(u"insert into B01 (F1,F101,F102,F202,F604) values ('WX1','2024-11-12','ZD77','Q2','甲')"_s);
+    const QString path = folder_.filePath(u"a.csv"_s);
+    Write(path, u"转单号,金额\nzd77,5\n"_s.toUtf8());
+    SetCombo(0, u"Q1"_s);
+    ChooseFile(path);
+    Push(u"Cmd(1)"_s);
+    const QString where =
+        u"我方 WX1，2024-11-12，渠道 Q2."_s + Rows(u"select F2 from M01 where F1='Q2'"_s)[0];
+    EXPECT_TRUE(Lines().filter(u"渠道独有"_s).join(u'\n').endsWith(where));
+}
+
 TEST_F(ChannelBillForm, RefusesWithAMessageAndStaysUsable) {
     const auto refuses = [&](const QString& message) {
         script.Box(message, Title);
@@ -131,6 +143,12 @@ TEST_F(ChannelBillForm, RefusesWithAMessageAndStaysUsable) {
     SetBox(1, u"4"_s);
     SetPeriod(QDate(2024, 11, 2), QDate(2024, 11, 1));
     refuses(u"起始日期晚于截止日期!"_s);
+    SetPeriod(QDate(2024, 11, 1), QDate(2024, 11, 2));
+    ComboAt(3).SetListIndex(0);
+    refuses(u"请选择单号列!"_s);
+    ComboAt(3).SetListIndex(2);
+    for (const int column : {4, 5}) ComboAt(column).SetListIndex(0);
+    refuses(u"请选择重量列或费用列!"_s);
     EXPECT_EQ(Rows(u"select F1 from M012"_s), QStringList());
 }
 

@@ -69,9 +69,11 @@ TEST_F(SampleAgeing, RefusesWhatItCannotAnswer) {
     desk.Enter(u"GD"_s);
     Press(Qt::Key_Down);
     const QString unit = desk.Grid().TextMatrix(desk.Grid().Row(), 0);
+    const QString oldest = desk.Grid().TextMatrix(desk.Grid().Row(), 10);
     Press(Qt::Key_Return);
     EXPECT_EQ(desk.Frame().Front()->windowTitle(), u"应付帐款明细"_s);
     EXPECT_EQ(desk.At<controls::ComboBox>(u"Cmb"_s).Text(), unit);
+    EXPECT_EQ(desk.At<controls::DTPicker>(u"DTP(0)"_s).Value(), QDate::fromString(oldest, Qt::ISODate));
     EXPECT_EQ(desk.At<controls::DTPicker>(u"DTP(1)"_s).Value(), QDate(2024, 11, 23));
     EXPECT_GT(desk.Lines().filter(unit).size(), 1);
     AltKey(u'R');

@@ -13,13 +13,13 @@ QStringList Masters() {
         u"insert into TA2 (F1,F2) VALUES ('C2','恒丰')"_s,
         u"insert into TD1 (F1,F2,F3,F9) VALUES ('N1','2024-03-01','C1',100.5)"_s,
         u"insert into TD1 (F1,F2,F3,F9,F91) VALUES ('N2','2024-03-02','C2',80,80)"_s,
-        u"insert into TD2 (F1,F2,F3,F4,F5) VALUES ('C2','N2','2024-03-05 09:00:00',30,50)"_s,
+        u"insert into TD2 (F1,F2,F3,F4,F5) VALUES ('C2','N2','2024-03-05 09:00:00',60,50)"_s,
         u"insert into TD2 (F1,F2,F3,F4,F5) VALUES ('C9','N9','2024-03-04',50,0)"_s,
         u"insert into TD2 (F1,F2,F3,F4,F5) VALUES ('C1','N8','2024-03-06',40,null)"_s,
     };
 }
 
-const QString First = u"C2|恒丰|N2|80.00|2024-03-05|30.00|50.00"_s;
+const QString First = u"C2|恒丰|N2|80.00|2024-03-05|60.00|50.00"_s;
 const QString Second = u"C9||N9||2024-03-04|50.00|0.00"_s;  // neither customer nor note is known any more
 const QString Third = u"C1|华兴|N8||2024-03-06|40.00|"_s;
 
@@ -63,7 +63,7 @@ TEST_F(PaymentList, IsSortedByEachEntryOfItsMenu) {
         QStringList lines;
     } sorts[] = {{u'1', {Second, First, Third}},
                  {u'2', {Third, First, Second}},
-                 {u'3', {First, Third, Second}},
+                 {u'3', {Third, Second, First}},
                  {u'4', {First, Third, Second}}};
     for (const auto& sort : sorts) {
         AltKey(u'S');
