@@ -163,8 +163,8 @@ QWidget* ScanRelease::FirstFocus() const {
 
 /// A scanner types on whatever has the focus.
 void ScanRelease::GoToNumber(controls::KeyPress& key) {
-    const bool command = key.modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    if (key.taken || command || key.text.isEmpty() || !key.text[0].isPrint() || key.text[0] == u' ') return;
+    if (key.taken || key.IsChord() || key.text.isEmpty() || !key.text[0].isPrint() || key.text[0] == u' ')
+        return;
     key.taken = true;
     Txt->SetFocus();
     Txt->insert(key.text);

@@ -38,6 +38,8 @@ struct KeyPress {
     bool IsEnter() const { return key == Qt::Key_Return || key == Qt::Key_Enter; }
     /// Enter without auto-repeat: a command on Enter runs once for a key that is held down.
     bool IsFirstEnter() const { return IsEnter() && !repeats; }
+    /// With a key held that makes it a command's, whether there is one or not: its text is not to be typed.
+    bool IsChord() const { return modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier); }
 };
 
 }  // namespace controls

@@ -31,7 +31,7 @@ class FocusTracker : public QObject {
     void Asked(QWidget* control);
 
     /// The focus goes back to a control that it left without an event, as its page was hidden. That is no
-    /// entering: nothing is raised, and LostFocus is when the operator leaves it.
+    /// entering: nothing is raised until the operator leaves the control.
     void Resume(QWidget* control);
 
     /// What has the focus in this widget is no change for its window either, as with a menu: for what is laid

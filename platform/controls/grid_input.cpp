@@ -155,13 +155,12 @@ void FlexGrid::EditCell(int row, int col, ComboBox* combo) {
 
 void FlexGrid::EditByKey(KeyPress& key, EditStart start, const std::function<void()>& open) {
     const bool opens = key.IsEnter() || key.key == Qt::Key_F2;
-    const bool chord = key.modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     const bool number = (key.key >= Qt::Key_0 && key.key <= Qt::Key_9) || key.key == Qt::Key_Period ||
                         key.key == Qt::Key_Minus;
     const bool printable = !key.text.isEmpty() && key.text.front().isPrint();
     const bool empties = key.key == Qt::Key_Delete || key.key == Qt::Key_Backspace;
     const bool any = start == EditStart::Characters;
-    const bool types = !chord && ((printable && (number || any)) || (empties && any));
+    const bool types = !key.IsChord() && ((printable && (number || any)) || (empties && any));
     if (!opens && !types) return;
     key.taken = true;
     const std::optional<CellCover::Typed> scrolled = state_->cover.TakeScrolled();
